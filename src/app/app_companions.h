@@ -1,0 +1,23 @@
+#pragma once
+
+#include "session/companions.h"
+
+namespace commtest {
+
+// The routines above the session's floor. What is not built yet says so in the status bar, and only here.
+class AppCompanions : public Companions {
+  public:
+    void SwitchCapture(MainForm& form) override;
+    void SwitchReplay(MainForm& form) override;
+    void CaptureExchange(MainForm& form) override;
+    void ReplayReply(MainForm& form) override;
+    bool NextSearchStep(MainForm& form) override;
+    void ImportParameterList(MainForm& form) override;
+    void ExportParameterLists(MainForm& form) override;
+    void OpenToolWindow(MainForm& form) override;
+    void Leave(MainForm& form) override;
+    void LoadRecording(MainForm& form, int row) override;
+    void ShowChipRecord(MainForm& form, int row) override;
+};
+
+}  // namespace commtest

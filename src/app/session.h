@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/app_companions.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+// A whole session: the form over its outside world, its handlers wired.
+class Session {
+  public:
+    explicit Session(const Outside& outside);
+
+    MainForm& Form() { return form_; }
+
+  private:
+    AppCompanions companions_;
+    MainForm form_;
+};
+
+// What every start needs of an open catalogue: protocol list, data types, layout of the parameter grid.
+void LoadCatalogueLists(MainForm& form);
+
+}  // namespace commtest

@@ -1,0 +1,80 @@
+#include "catalogue/catalogue_lists.h"
+
+#include "catalogue/instrument_catalogue.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kInstrumentTab = 2;
+constexpr int kRecordingTab = 3;
+
+Text WithoutTable(const Text& column) {
+    const auto dot = column.rfind(u'.');
+    return dot == Text::npos ? column : column.substr(dot + 1);
+}
+
+// Column 0 of the grid numbers the rows; the result's columns follow. An empty result leaves the grid.
+void Bind(Grid& grid, const StoreRows& result) {
+    if (result.rows.empty()) return;
+    const auto rows = result.rows.size();
+    const auto columns = result.columns.size();
+    grid.Redraw = false;
+    grid.SetSize(static_cast<int>(rows) + 1, static_cast<int>(columns) + 1);
+    grid.SetCell(0, 0, u"序号");
+    for (std::size_t c = 0; c < columns; ++c) {
+        grid.SetCell(0, static_cast<int>(c) + 1, WithoutTable(result.columns[c]));
+    }
+    for (std::size_t r = 0; r < rows; ++r) {
+        const int row = static_cast<int>(r) + 1;
+        Text number = WholeText(row);
+        if (Len(number) < 3) FitTextWidth(number, 3);
+        grid.SetCell(row, 0, number);
+        for (std::size_t c = 0; c < columns; ++c) grid.SetCell(row, static_cast<int>(c) + 1, result.At(r, c));
+    }
+    grid.Redraw = true;
+}
+
+}  // namespace
+
+void LoadProtocolList(MainForm& form) {
+    const StoreRows protocols = InstrumentCatalogue(form.store).ProtocolList();
+    for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
+        const Text name = Trim(protocols.At(row, 0));
+        form.ProtocolCodeOfType.push_back(ToWhole16(protocols.At(row, 1)));
+        form.ConCommTypeList.Add(name);
+        form.ConMeterType.Captions.push_back(name);
+    }
+}
+
+void LoadDataTypes(MainForm& form) {
+    const StoreRows types = InstrumentCatalogue(form.store).DataTypeList();
+    for (std::size_t row = 0; row < types.rows.size(); ++row) form.ConDataTypeList.Add(Trim(types.At(row, 0)));
+}
+
+void LoadGridLayout(MainForm& form) {
+    const StoreRows layout = InstrumentCatalogue(form.store).GridLayout();
+    const auto valueOf = [&layout](std::size_t row, TextView column) {
+        return layout.At(row, static_cast<std::size_t>(layout.ColumnOf(column)));
+    };
+    Grid& grid = form.ParameterGrid();
+    for (std::size_t row = 0; row < layout.rows.size(); ++row) {
+        const int number = ToWhole32(valueOf(row, u"列号"));
+        GridColumn& column = grid.Column(number);
+        column.width = ToWhole32(valueOf(row, u"宽度"));
+        column.merge = ToWhole32(valueOf(row, u"合并"));
+        column.alignment = ToWhole32(valueOf(row, u"对齐"));
+        grid.SetCell(0, number, valueOf(row, u"字段"));
+    }
+}
+
+void SSTab2_Click(MainForm& form) {
+    const InstrumentCatalogue catalogue(form.store);
+    if (form.SSTab2.IsChosen(kInstrumentTab)) Bind(form.MSHFlexGrid1[1], catalogue.CatalogueList());
+    if (form.SSTab2.IsChosen(kRecordingTab)) Bind(form.MSHFlexGrid1[2], catalogue.RecordingsList());
+}
+
+}  // namespace commtest

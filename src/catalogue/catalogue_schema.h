@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "host/store.h"
+
+namespace commtest {
+
+// What a store must hold to be taken for a catalogue: the seven tables and the view 仪表参数.
+const std::vector<Text>& CatalogueTables();
+
+// Makes the tables, the view and the indexes in an open store that has none of them. On SQL Server the
+// database needs a Chinese collation: the statements hold plain literals.
+void CreateCatalogueTables(Store& store);
+
+}  // namespace commtest

@@ -1,0 +1,140 @@
+#include "catalogue/instrument_catalogue.h"
+
+#include "catalogue/statements.h"
+
+namespace commtest {
+
+namespace {
+
+const Statements& PageOf(const Store& store) {
+    return StatementsOf(store.Engine());
+}
+
+Text NumberOf(int number) {
+    return FromUtf8(std::to_string(number));
+}
+
+}  // namespace
+
+StoreRows InstrumentCatalogue::ProtocolList() const {
+    return store_.Query(PageOf(store_).protocolList);
+}
+
+StoreRows InstrumentCatalogue::DataTypeList() const {
+    return store_.Query(PageOf(store_).dataTypeList);
+}
+
+StoreRows InstrumentCatalogue::GridLayout() const {
+    return store_.Query(PageOf(store_).gridLayout);
+}
+
+StoreRows InstrumentCatalogue::Replacements() const {
+    return store_.Query(PageOf(store_).replacements);
+}
+
+StoreRows InstrumentCatalogue::InstrumentsOfProtocol(const Text& protocol) const {
+    return store_.Query(StatementWith(PageOf(store_).instrumentsOfProtocol, {protocol}));
+}
+
+StoreRows InstrumentCatalogue::ParametersOfInstrument(const Text& name) const {
+    return store_.Query(StatementWith(PageOf(store_).parametersOfInstrument, {name}));
+}
+
+StoreRows InstrumentCatalogue::ToolbarParameters(ParameterListForm form, const Text& name) const {
+    const Statements& page = PageOf(store_);
+    const bool apart = form == ParameterListForm::LengthApart;
+    return store_.Query(
+        StatementWith(apart ? page.parametersLengthApart : page.parametersLengthInFront, {name}));
+}
+
+StoreRows InstrumentCatalogue::InstrumentCode(const Text& protocol, const Text& name) const {
+    return store_.Query(StatementWith(PageOf(store_).instrumentCode, {protocol, name}));
+}
+
+StoreRows InstrumentCatalogue::InstrumentsByCode(const Text& protocol) const {
+    return store_.Query(StatementWith(PageOf(store_).instrumentsByCode, {protocol}));
+}
+
+StoreRows InstrumentCatalogue::CatalogueList() const {
+    return store_.Query(PageOf(store_).catalogueList);
+}
+
+StoreRows InstrumentCatalogue::ChipList() const {
+    return store_.Query(PageOf(store_).chipList);
+}
+
+StoreRows InstrumentCatalogue::ChipRecord(const Text& name, const Text& file) const {
+    return store_.Query(StatementWith(PageOf(store_).chipRecord, {name, file}));
+}
+
+StoreRows InstrumentCatalogue::RecordingsList() const {
+    return store_.Query(PageOf(store_).recordingsList);
+}
+
+StoreRows InstrumentCatalogue::RecordedInstruments(const Text& protocol) const {
+    return store_.Query(StatementWith(PageOf(store_).recordedInstruments, {protocol}));
+}
+
+StoreRows InstrumentCatalogue::FramesOfRecording(const Text& name, const Text& note) const {
+    return store_.Query(StatementWith(PageOf(store_).framesOfRecording, {name, note}));
+}
+
+StoreRows InstrumentCatalogue::NotesOfInstrument(const Text& name) const {
+    return store_.Query(StatementWith(PageOf(store_).notesOfInstrument, {name}));
+}
+
+StoreRows InstrumentCatalogue::RecordedPair(const Text& name, const Text& reply, const Text& note) const {
+    return store_.Query(StatementWith(PageOf(store_).recordedPair, {name, reply, note}));
+}
+
+void InstrumentCatalogue::RenameRecordedInstrument(const Text& newName, const Text& oldName) {
+    store_.Execute(StatementWith(PageOf(store_).renameRecordedInstrument, {newName, oldName}));
+}
+
+void InstrumentCatalogue::ChangeNote(const Text& newNote, const Text& oldNote) {
+    store_.Execute(StatementWith(PageOf(store_).changeNote, {newNote, oldNote}));
+}
+
+void InstrumentCatalogue::DeleteRecording(const Text& name, const Text& note) {
+    store_.Execute(StatementWith(PageOf(store_).deleteRecording, {name, note}));
+}
+
+void InstrumentCatalogue::ClearCatalogue() {
+    store_.Execute(PageOf(store_).clearCatalogue);
+}
+
+StoreRows InstrumentCatalogue::Classes() const {
+    return store_.Query(PageOf(store_).classes);
+}
+
+StoreRows InstrumentCatalogue::AllInstruments() const {
+    return store_.Query(PageOf(store_).allInstruments);
+}
+
+StoreRows InstrumentCatalogue::AllParameters() const {
+    return store_.Query(PageOf(store_).allParameters);
+}
+
+void InstrumentCatalogue::AddClass(const Text& name, int id) {
+    store_.AddRow(u"仪表_类别", {u"类别", u"类别ID"}, {name, NumberOf(id)});
+}
+
+void InstrumentCatalogue::AddInstrument(const InstrumentRecord& instrument) {
+    store_.AddRow(u"仪表_名称", {u"仪表ID", u"仪表名称", u"编号", u"协议", u"编码", u"类别", u"类别ID"},
+                  {NumberOf(instrument.id), instrument.name, instrument.code, instrument.protocol,
+                   instrument.sortKey, instrument.className, instrument.classId});
+}
+
+void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {
+    store_.AddRow(u"仪表_参数",
+                  {u"ID", u"仪表ID", u"参数名称", u"地址", u"长度", u"属性", u"小数点", u"下限值", u"上限值"},
+                  {NumberOf(parameter.id), NumberOf(parameter.instrumentId), parameter.name,
+                   parameter.address, parameter.length, parameter.attribute, parameter.decimalPoint,
+                   parameter.lowerLimit, parameter.upperLimit});
+}
+
+StoreRows InstrumentCatalogue::ExportRows() const {
+    return store_.Query(PageOf(store_).exportRows);
+}
+
+}  // namespace commtest

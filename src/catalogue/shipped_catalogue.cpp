@@ -1,0 +1,240 @@
+#include "catalogue/shipped_catalogue.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_catalogue.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+
+std::string_view Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// One line that says something: neither empty nor a remark.
+struct Line {
+    std::string_view file;
+    int number = 0;  // from 1
+    std::string_view text;
+};
+
+[[noreturn]] void Refuse(const Line& line, const std::string& expected) {
+    throw CatalogueFileError(std::string(line.file) + ":" + std::to_string(line.number) + ": expected " +
+                             expected + ", found \"" + std::string(line.text) + "\"");
+}
+
+std::vector<Line> LinesOf(const CatalogueFile& file) {
+    std::vector<Line> lines;
+    std::string_view rest = file.content;
+    for (int number = 1; !rest.empty(); ++number) {
+        const auto end = rest.find('\n');
+        const std::string_view text = Trimmed(rest.substr(0, end));
+        if (!text.empty() && text.front() != '#') lines.push_back({file.name, number, text});
+        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+    }
+    return lines;
+}
+
+using Fields = std::vector<std::string_view>;
+
+// The fields of a line, as many as `expected` names (the names stand with " | " between them).
+Fields FieldsOf(const Line& line, const std::string& expected) {
+    const auto bars = [](std::string_view text) { return std::count(text.begin(), text.end(), '|'); };
+    if (bars(line.text) != bars(expected)) Refuse(line, expected);
+    Fields fields;
+    std::string_view rest = line.text;
+    for (auto bar = rest.find('|'); bar != std::string_view::npos; bar = rest.find('|')) {
+        fields.push_back(Trimmed(rest.substr(0, bar)));
+        rest = rest.substr(bar + 1);
+    }
+    fields.push_back(Trimmed(rest));
+    return fields;
+}
+
+void RequireField(const Line& line, bool good, const std::string& expected) {
+    if (!good) Refuse(line, expected);
+}
+
+bool IsOneOf(std::string_view text, std::string_view characters) {
+    return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
+}
+
+bool IsDigits(std::string_view text) {
+    return IsOneOf(text, "0123456789");
+}
+bool IsHex(std::string_view text) {
+    return IsOneOf(text, "0123456789ABCDEF");
+}
+
+bool IsLimit(std::string_view text) {
+    double limit = 0;
+    const char* end = text.data() + text.size();
+    return text.empty() || std::from_chars(text.data(), end, limit).ptr == end;
+}
+
+// Reads the files one by one into the store. The settings come first: an instrument names its protocol and
+// its class by their numbers.
+class Filler {
+  public:
+    explicit Filler(Store& store) : store_(store), catalogue_(store) {}
+
+    void AddProtocols(const std::vector<Line>& lines) {
+        for (const Line& line : lines) {
+            const Fields fields = FieldsOf(line, "code | name");
+            RequireField(line, IsDigits(fields[0]) && fields[0].size() == 2, "a code of two digits");
+            AddSetting(u"协议规定", fields[1], fields[0]);
+            protocols_[std::string(fields[0])] = FromUtf8(fields[1]);
+        }
+    }
+
+    void AddDataTypes(const std::vector<Line>& lines) {
+        for (const Line& line : lines) AddSetting(u"数据类型", line.text, "0");
+    }
+
+    void AddGridColumns(const std::vector<Line>& lines) {
+        for (const Line& line : lines) {
+            const Fields fields = FieldsOf(line, "heading | width | merge | alignment");
+            RequireField(line, IsDigits(fields[1]) && IsDigits(fields[2]) && IsDigits(fields[3]),
+                         "numbers for width, merge and alignment");
+            AddSetting(u"仪表通信", fields[0], fields[1], fields[2], fields[3]);
+        }
+    }
+
+    void AddReplacements(const std::vector<Line>& lines) {
+        for (const Line& line : lines) {
+            const Fields fields = FieldsOf(line, "text to find | text to put");
+            store_.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {FromUtf8(fields[0]), FromUtf8(fields[1])});
+        }
+    }
+
+    void AddClasses(const std::vector<Line>& lines) {
+        for (const Line& line : lines) {
+            const Fields fields = FieldsOf(line, "number | name");
+            RequireField(line, IsDigits(fields[0]) && fields[0].size() == 2, "a number of two digits");
+            catalogue_.AddClass(FromUtf8(fields[1]), std::stoi(std::string(fields[0])));
+            classes_[std::string(fields[0])] = FromUtf8(fields[1]);
+        }
+    }
+
+    void AddInstrument(const std::vector<Line>& lines) {
+        if (lines.empty()) return;
+        InstrumentRecord instrument = InstrumentOf(lines.front());
+        instrument.id = ++lastInstrument_;
+        catalogue_.AddInstrument(instrument);
+        for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
+            ParameterRecord parameter = ParameterOf(*line);
+            parameter.id = ++lastParameter_;
+            parameter.instrumentId = instrument.id;
+            catalogue_.AddParameter(parameter);
+        }
+    }
+
+  private:
+    void AddSetting(const Text& use, std::string_view field, std::string_view width,
+                    std::string_view merge = "0", std::string_view alignment = "0") {
+        store_.AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
+                      {use, FromUtf8(std::to_string(settingRows_[use]++)), FromUtf8(field), FromUtf8(width),
+                       FromUtf8(merge), FromUtf8(alignment)});
+    }
+
+    InstrumentRecord InstrumentOf(const Line& line) const {
+        const Fields fields = FieldsOf(line, "code | name");
+        const std::string code(fields[0]);
+        RequireField(line, IsDigits(code) && code.size() >= 6, "a code of at least six digits");
+        const auto protocol = protocols_.find(code.substr(0, 2));
+        RequireField(line, protocol != protocols_.end(), "a code that begins with that of a protocol");
+        const auto itsClass = classes_.find(code.substr(4, 2));
+        RequireField(line, itsClass != classes_.end(),
+                     "a code with the number of a class behind four digits");
+
+        InstrumentRecord instrument;
+        instrument.name = FromUtf8(fields[1]);
+        instrument.code = FromUtf8(code);
+        instrument.protocol = protocol->second;
+        instrument.sortKey = FromUtf8(protocol->first);
+        instrument.className = itsClass->second;
+        instrument.classId = FromUtf8(itsClass->first);
+        return instrument;
+    }
+
+    static ParameterRecord ParameterOf(const Line& line) {
+        const Fields fields =
+            FieldsOf(line, "name | address | length | attribute | decimal point | lower limit | upper limit");
+        RequireField(line, !fields[0].empty(), "a name");
+        RequireField(line, IsHex(fields[1]) && fields[1].size() == 4,
+                     "an address of four hexadecimal digits");
+        RequireField(line, IsDigits(fields[2]) && fields[2].size() == 1, "a length of one digit");
+        RequireField(line, IsOneOf(fields[3], "DRSW"), "an attribute of the letters D, R, S and W");
+        RequireField(line, IsHex(fields[4]), "a decimal point in hexadecimal digits");
+        RequireField(line, IsLimit(fields[5]) && IsLimit(fields[6]), "limits that are numbers or nothing");
+
+        ParameterRecord parameter;
+        parameter.name = FromUtf8(fields[0]);
+        parameter.address = FromUtf8(fields[1]);
+        parameter.length = FromUtf8(fields[2]);
+        parameter.attribute = FromUtf8(fields[3]);
+        parameter.decimalPoint = FromUtf8(fields[4]);
+        parameter.lowerLimit = FromUtf8(fields[5]);
+        parameter.upperLimit = FromUtf8(fields[6]);
+        return parameter;
+    }
+
+    Store& store_;
+    InstrumentCatalogue catalogue_;
+    std::map<std::string, Text> protocols_;  // by code
+    std::map<std::string, Text> classes_;    // by number
+    std::map<Text, int> settingRows_;        // rows so far, by 使用
+    int lastInstrument_ = 0;
+    int lastParameter_ = 0;
+};
+
+// Adds the file of that name, which must be there.
+template <typename AddLines>
+void AddFile(std::span<const CatalogueFile> files, std::string_view name, AddLines&& addLines) {
+    for (const CatalogueFile& file : files) {
+        if (file.name == name) return addLines(LinesOf(file));
+    }
+    throw CatalogueFileError(std::string(name) + ": expected a file of this name, found none");
+}
+
+void AddFiles(Store& store, std::span<const CatalogueFile> files) {
+    Filler filler(store);
+    AddFile(files, "protocols.txt", [&](const auto& lines) { filler.AddProtocols(lines); });
+    AddFile(files, "data_types.txt", [&](const auto& lines) { filler.AddDataTypes(lines); });
+    AddFile(files, "grid_columns.txt", [&](const auto& lines) { filler.AddGridColumns(lines); });
+    AddFile(files, "replacements.txt", [&](const auto& lines) { filler.AddReplacements(lines); });
+    AddFile(files, "classes.txt", [&](const auto& lines) { filler.AddClasses(lines); });
+    for (const CatalogueFile& file : files) {
+        if (file.name.starts_with("instruments/")) filler.AddInstrument(LinesOf(file));
+    }
+}
+
+}  // namespace
+
+void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
+    store.BeginTransaction();
+    try {
+        CreateCatalogueTables(store);
+        AddFiles(store, files);
+        store.Commit();
+    } catch (...) {
+        store.Rollback();
+        throw;
+    }
+}
+
+void FillWithShippedCatalogue(Store& store) {
+    FillCatalogue(store, ShippedCatalogueFiles());
+}
+
+}  // namespace commtest

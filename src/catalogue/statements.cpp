@@ -1,0 +1,124 @@
+#include "catalogue/statements.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr TextView kParameterJoin = u"仪表_名称 INNER JOIN 仪表_参数 ON 仪表_名称.仪表ID = 仪表_参数.仪表ID";
+constexpr TextView kChipJoin = u"仪表_芯片 RIGHT JOIN 仪表_名称 ON 仪表_芯片.编号 = 仪表_名称.编号";
+constexpr TextView kListColumns =
+    u"协议,类别,仪表名称,文件名, 日期, 功能简述,实例,属性,仪表_名称.编号,仪表_名称.仪表ID,仪表_芯片.芯片ID";
+
+Text Joined(std::initializer_list<TextView> parts) {
+    Text text;
+    for (const TextView part : parts) text += part;
+    return text;
+}
+
+void AddSettings(Statements& page) {
+    page.protocolList = u"SELECT 字段,宽度 From 表格_设置 Where 使用 ='协议规定' Order By 列号";
+    page.dataTypeList = u"SELECT 字段 FROM 表格_设置 Where 使用 ='数据类型' Order By 列号";
+    page.gridLayout = u"SELECT * From 表格_设置 Where 使用 ='仪表通信' Order By 列号";
+    page.replacements = u"SELECT 原字符,新字符 From 字符_替换";
+}
+
+void AddInstruments(Statements& page, StoreEngine engine) {
+    page.instrumentsOfProtocol = Joined({u"SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  ",
+                                         kParameterJoin, u"  Where 协议 ='?' ORDER BY 仪表名称"});
+    page.parametersOfInstrument = Joined(
+        {u"SELECT 参数名称, 地址,长度,属性,小数点,上限值,下限值,仪表_名称.仪表ID,协议,编号,下限值 From ",
+         kParameterJoin, u" Where  仪表名称 = '?' ORDER BY ID"});
+    page.parametersLengthApart =
+        Joined({u"SELECT 参数名称,地址 As 参数地址,长度,小数点,属性,下限值,上限值 From  ", kParameterJoin,
+                u"  Where  仪表名称 = '?' ORDER BY ID"});
+    page.parametersLengthInFront = Joined({u"SELECT 参数名称,", LengthInFrontOfAddress(engine),
+                                           u" As 参数地址,小数点,属性,下限值,上限值 From  ", kParameterJoin,
+                                           u"  Where  仪表名称 = '?' ORDER BY ID"});
+    page.instrumentCode = u"SELECT 仪表名称,编号 From 仪表_名称 Where 协议 ='?' And 仪表名称 = '?'";
+    page.instrumentsByCode =
+        u"SELECT DISTINCT 仪表名称,协议,编号 From 仪表_名称 Where 协议 ='?' ORDER BY 编号";
+}
+
+void AddLists(Statements& page) {
+    page.catalogueList = Joined(
+        {u"SELECT ", kListColumns, u" From ", kChipJoin, u"  Order By 仪表_名称.编号,类别ID,仪表名称"});
+    page.chipList =
+        Joined({u"SELECT ", kListColumns, u" From ", kChipJoin, u" Order By 编码,类别ID,仪表名称"});
+    page.chipRecord =
+        Joined({u"SELECT 仪表名称,仪表_名称.编号,文件名, 日期, "
+                u"实例,属性,功能简述,仪表_名称.仪表ID,仪表_芯片.芯片ID From ",
+                kChipJoin, u" Where 仪表名称 = '?' And 文件名 = '?' Order By 编码,类别ID,仪表名称"});
+}
+
+void AddRecordings(Statements& page) {
+    page.recordingsList =
+        u"SELECT DISTINCT 协议,仪表名称,说明,采集日期 From 通讯_仿真 Where 有效 = 1 "
+        u"Order By 协议,仪表名称,说明,采集日期";
+    page.recordedInstruments =
+        u"SELECT DISTINCT 仪表名称,协议 From 通讯_仿真 Where 协议 ='?' ORDER BY 仪表名称";
+    page.framesOfRecording =
+        u"SELECT DISTINCT 指令,回送,地址,编码,ID From 通讯_仿真 Where 仪表名称 ='?' And 说明 = '?' Order By "
+        u"ID";
+    page.notesOfInstrument = u"SELECT DISTINCT 说明 From 通讯_仿真 Where 仪表名称 ='?' ORDER BY 说明";
+    page.recordedPair = u"SELECT * From 通讯_仿真 Where 仪表名称 = '?' And 回送 = '?' And 说明 = '?'";
+    page.renameRecordedInstrument = u"Update 通讯_仿真 Set 仪表名称 = '?' Where 仪表名称 ='?'";
+    page.changeNote = u"Update 通讯_仿真 Set 说明 = '?' Where 说明 ='?'";
+    page.deleteRecording = u"Update 通讯_仿真 Set 有效 = 0 Where 仪表名称 = '?' And 说明 = '?'";
+}
+
+void AddImportAndExport(Statements& page) {
+    page.clearCatalogue = u"Delete From 仪表_名称";
+    page.classes = u"SELECT * From 仪表_类别 Order By 类别ID";
+    page.allInstruments = u"SELECT * From 仪表_名称";
+    page.allParameters = u"SELECT * From 仪表_参数";
+    page.exportRows =
+        u"SELECT 参数名称,合成地址,长度,小数点,属性,下限值,上限值,仪表名称,编号 From 仪表参数 Order By "
+        u"排序,仪表ID,ID";
+}
+
+Statements PageOf(StoreEngine engine) {
+    Statements page;
+    AddSettings(page);
+    AddInstruments(page, engine);
+    AddLists(page);
+    AddRecordings(page);
+    AddImportAndExport(page);
+    return page;
+}
+
+}  // namespace
+
+const Statements& StatementsOf(StoreEngine engine) {
+    static const Statements sqlite = PageOf(StoreEngine::Sqlite);
+    static const Statements sqlServer = PageOf(StoreEngine::SqlServer);
+    static const Statements postgreSql = PageOf(StoreEngine::PostgreSql);
+    switch (engine) {
+        case StoreEngine::SqlServer:
+            return sqlServer;
+        case StoreEngine::PostgreSql:
+            return postgreSql;
+        case StoreEngine::Sqlite:
+            break;
+    }
+    return sqlite;
+}
+
+Text LengthInFrontOfAddress(StoreEngine engine) {
+    const TextView join = engine == StoreEngine::SqlServer ? u" + " : u" || ";
+    return Joined({u"COALESCE(长度,'')", join, u"COALESCE(地址,'')"});
+}
+
+Text StatementWith(TextView statement, std::initializer_list<TextView> values) {
+    Text sql;
+    auto value = values.begin();
+    for (const char16_t character : statement) {
+        if (character == u'?' && value != values.end()) {
+            sql += *value++;
+        } else {
+            sql += character;
+        }
+    }
+    return sql;
+}
+
+}  // namespace commtest

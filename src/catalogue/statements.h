@@ -1,0 +1,60 @@
+#pragma once
+
+#include <initializer_list>
+
+#include "host/store.h"
+
+namespace commtest {
+
+// The SQL of the catalogue for one engine. A "?" stands where a value is joined in (StatementWith); the
+// statements without one are complete.
+struct Statements {
+    // Settings tables
+    Text protocolList;
+    Text dataTypeList;
+    Text gridLayout;
+    Text replacements;
+
+    // Instruments and parameters
+    Text instrumentsOfProtocol;    // protocol
+    Text parametersOfInstrument;   // instrument
+    Text parametersLengthApart;    // instrument
+    Text parametersLengthInFront;  // instrument
+    Text instrumentCode;           // protocol, instrument
+    Text instrumentsByCode;        // protocol
+
+    // Lists of the pages
+    Text catalogueList;
+    Text chipList;
+    Text chipRecord;  // instrument, file
+
+    // Recorded traffic
+    Text recordingsList;
+    Text recordedInstruments;       // protocol
+    Text framesOfRecording;         // instrument, note
+    Text notesOfInstrument;         // instrument
+    Text recordedPair;              // instrument, reply, note
+    Text renameRecordedInstrument;  // new name, old name
+    Text changeNote;                // new note, old note
+    Text deleteRecording;           // instrument, note
+
+    // Import and export
+    Text clearCatalogue;
+    Text classes;
+    Text allInstruments;
+    Text allParameters;
+    Text exportRows;
+};
+
+// The page of an engine.
+const Statements& StatementsOf(StoreEngine engine);
+
+// The length of a parameter and its address joined to one text, as an expression of the engine; a null counts
+// as empty.
+Text LengthInFrontOfAddress(StoreEngine engine);
+
+// Joins the values into a statement, one for each "?" in turn. Nothing is escaped: a value with a single
+// quote in it breaks its statement, and the engine's error reaches the user.
+Text StatementWith(TextView statement, std::initializer_list<TextView> values);
+
+}  // namespace commtest

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "controls/value_controls.h"
+#include "runtime/text.h"
+
+namespace commtest {
+
+// Colours as blue-green-red words, and the one that stands for the window's own background.
+using Colour = std::uint32_t;
+inline constexpr Colour kWindowBackground = 0x80000005;
+inline constexpr Colour kLightRed = 0xC0C0FF;
+
+struct GridColumn {
+    int width = 0;  // in twentieths of a point
+    int merge = 0;
+    int alignment = 0;
+};
+
+// Rows by columns of text, row 0 holding the headings. The cells are the data model of the parameters. Rows and
+// columns count from 0; a cell outside the grid raises error 9. `Row` and `Col` are the current cell, the user's;
+// the polling's row is MainForm::CurrentRow.
+class Grid : public Control {
+  public:
+    int Row = 0;
+    int Col = 0;
+    int TopRow = 1;      // first row below the headings that is in view
+    bool Redraw = true;  // a flag, not a counter
+
+    int Rows() const { return rows_; }
+    int Cols() const { return cols_; }
+
+    // Cells that fall away are lost, new ones are empty.
+    void SetSize(int rows, int cols);
+    void SetRows(int rows) { SetSize(rows, cols_); }
+
+    const Text& Cell(int row, int col) const;
+    void SetCell(int row, int col, Text text);
+
+    // Empties every cell and takes the colours off; the size stays.
+    void Clear();
+
+    // Moves the current cell; error 9 outside the grid.
+    void Select(int row, int col);
+
+    Colour CellColour(int row, int col) const;
+    void SetCellColour(int row, int col, Colour colour);
+    const std::map<std::pair<int, int>, Colour>& Colours() const { return colours_; }
+
+    GridColumn& Column(int col);
+    const GridColumn& Column(int col) const;
+
+  private:
+    std::size_t IndexOf(int row, int col) const;
+
+    int rows_ = 0;
+    int cols_ = 0;
+    std::vector<Text> cells_;
+    std::vector<GridColumn> columns_;
+    std::map<std::pair<int, int>, Colour> colours_;  // only cells that differ from the window's background
+};
+
+}  // namespace commtest

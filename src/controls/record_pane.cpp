@@ -1,0 +1,28 @@
+#include "controls/record_pane.h"
+
+namespace commtest {
+
+void RecordPane::PutOnTop(Text block) {
+    blocks_.push_front(std::move(block));
+    MarkDirty();
+    if (BlockFinished) BlockFinished(blocks_.front());
+}
+
+void RecordPane::Clear() {
+    blocks_.clear();
+    ++epoch_;
+    MarkDirty();
+}
+
+void RecordPane::Replace(Text text) {
+    Clear();
+    if (!text.empty()) blocks_.push_front(std::move(text));
+}
+
+Text RecordPane::WholeText() const {
+    Text whole;
+    for (const Text& block : blocks_) whole += block;
+    return whole;
+}
+
+}  // namespace commtest

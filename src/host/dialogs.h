@@ -1,0 +1,23 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+// Boxes that the user answers. All are modal; while one stands the event pump goes on.
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+
+    virtual void ShowMessage(const Text& text) = 0;
+
+    // The standard message of a run-time error, and its number.
+    virtual void ShowError(int number, const Text& standardMessage) = 0;
+
+    virtual bool AskYesNo(const Text& text) = 0;
+
+    // The answer; empty if the user cancelled.
+    virtual Text AskText(const Text& title, const Text& prompt, const Text& proposal) = 0;
+};
+
+}  // namespace commtest

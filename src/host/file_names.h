@@ -1,0 +1,14 @@
+#pragma once
+
+#include "runtime/text.h"
+
+// Names of the files in the program folder.
+namespace commtest {
+
+inline constexpr TextView kErrorFileName = u"ErrorComm.ini";
+inline constexpr TextView kRecordFolderName = u"自动保存通讯记录";
+inline constexpr TextView kCatalogueFileName = u"通讯数据.mdb";
+inline constexpr TextView kServerFileName = u"Setup.ini";
+inline constexpr TextView kHelpFileName = u"使用说明.ini";
+
+}  // namespace commtest

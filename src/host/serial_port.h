@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+// The port of the instruments' line. What arrives is announced by the event PortReceives (session/events.h).
+class SerialPort {
+  public:
+    virtual ~SerialPort() = default;
+
+    // Number of the port, 1 for "COM1". Written only while the port is closed.
+    virtual std::int16_t CommPort() const = 0;
+    virtual void SetCommPort(std::int16_t number) = 0;
+
+    // Baud rate, parity letter, data bits, stop bits: "9600,N,8,1".
+    virtual Text Settings() const = 0;
+    virtual void SetSettings(Text settings) = 0;
+
+    // Opening a port that cannot be had leaves it closed and raises nothing.
+    virtual bool PortOpen() const = 0;
+    virtual void SetPortOpen(bool open) = 0;
+
+    virtual void Output(const std::string& bytes) = 0;
+
+    // The bytes that wait, in the order of their arrival; they are taken out of the buffer.
+    virtual std::string Input() = 0;
+};
+
+}  // namespace commtest

@@ -1,0 +1,31 @@
+#include "host/store.h"
+
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+int StoreRows::ColumnOf(TextView name) const {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const TextView column = columns[i];
+        const auto dot = column.rfind(u'.');
+        if ((dot == TextView::npos ? column : column.substr(dot + 1)) == name) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+Text StoreRows::At(std::size_t row, std::size_t column) const {
+    if (row >= rows.size() || column >= rows[row].size()) throw RuntimeError(RuntimeError::kSubscript);
+    return rows[row][column].value_or(Text());
+}
+
+void RequireTables(Store& store, const std::vector<Text>& tables) {
+    for (const Text& table : tables) {
+        try {
+            store.Query(u"SELECT * From " + table + u" Where 1 = 0");
+        } catch (const RuntimeError& error) {
+            throw RuntimeError::OfStore(u"不是仪表通讯数据库，未作任何改动（" + error.Message() + u"）");
+        }
+    }
+}
+
+}  // namespace commtest

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+enum class StoreEngine { Sqlite, SqlServer, PostgreSql };
+
+// Where a store is: a file of the embedded engine, or the connection string of a server.
+struct StoreAddress {
+    enum class Kind { LocalFile, Server };
+    Kind kind = Kind::LocalFile;
+    Text location;             // path of the file, or the connection string
+    std::vector<Text> tables;  // what a store must hold to be taken; empty takes any
+};
+
+using StoreValue = std::optional<Text>;  // nothing for a null
+
+// The result of one query, read to its end. Columns and rows count from 0.
+struct StoreRows {
+    std::vector<Text> columns;
+    std::vector<std::vector<StoreValue>> rows;
+
+    // Index of a column by its name without its table, -1 if there is none.
+    int ColumnOf(TextView name) const;
+
+    // A value as text, a null as the empty text; error 9 outside the result.
+    Text At(std::size_t row, std::size_t column) const;
+};
+
+// One connection to the catalogue's store. A statement that fails raises the store's run-time error with the
+// engine's text (RuntimeError::OfStore); so does every statement while the store is closed.
+class Store {
+  public:
+    virtual ~Store() = default;
+
+    // Never makes a file. Counts as open only after one statement has run; a store without the tables of the
+    // address is refused, and its file is not written. A server is given up after 5 seconds.
+    virtual void Open(const StoreAddress& address) = 0;
+    virtual void Close() = 0;
+    virtual bool IsOpen() const = 0;
+
+    virtual StoreEngine Engine() const = 0;
+
+    virtual StoreRows Query(const Text& sql) = 0;
+    virtual void Execute(const Text& sql) = 0;
+
+    // Adds one row; values go in as data, not as part of the statement.
+    virtual void AddRow(const Text& table, const std::vector<Text>& columns,
+                        const std::vector<StoreValue>& values) = 0;
+
+    virtual void BeginTransaction() = 0;
+    virtual void Commit() = 0;
+    virtual void Rollback() = 0;
+};
+
+// Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,
+// which says that this is no catalogue and holds the engine's text.
+void RequireTables(Store& store, const std::vector<Text>& tables);
+
+}  // namespace commtest

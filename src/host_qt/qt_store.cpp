@@ -1,0 +1,181 @@
+#include "host_qt/qt_store.h"
+
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <QStringList>
+#include <QUrl>
+#include <QUuid>
+#include <QVariant>
+
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A statement waits for a lock of another process, and a silent server is waited for, this long.
+constexpr int kPatienceSeconds = 5;
+
+QString ToQt(const Text& text) {
+    return QString::fromStdU16String(text);
+}
+
+[[noreturn]] void Raise(const QSqlError& error) {
+    const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    throw RuntimeError::OfStore(text.toStdU16String());
+}
+
+void RaiseUnless(bool done, const QSqlDatabase& connection) {
+    if (!done) Raise(connection.lastError());
+}
+
+StoreEngine EngineOf(const QSqlDriver& driver) {
+    switch (driver.dbmsType()) {
+        case QSqlDriver::SQLite:
+            return StoreEngine::Sqlite;
+        case QSqlDriver::PostgreSQL:
+            return StoreEngine::PostgreSql;
+        default:
+            return StoreEngine::SqlServer;
+    }
+}
+
+StoreValue ValueOf(const QVariant& value) {
+    if (value.isNull()) return std::nullopt;
+    return value.toString().toStdU16String();
+}
+
+QVariant VariantOf(const StoreValue& value) {
+    return value ? QVariant(ToQt(*value)) : QVariant(QMetaType::fromType<QString>());
+}
+
+}  // namespace
+
+QtStore::QtStore() : connectionName_(QUuid::createUuid().toString(QUuid::Id128)) {}
+
+QtStore::~QtStore() {
+    Close();
+}
+
+void QtStore::Open(const StoreAddress& address) {
+    Close();
+    try {
+        if (address.kind == StoreAddress::Kind::LocalFile) {
+            OpenFile(address);
+        } else {
+            Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
+        }
+        RequireTables(*this, address.tables);
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+void QtStore::OpenFile(const StoreAddress& address) {
+    const QFileInfo file(ToQt(address.location));
+    if (!file.isFile()) throw RuntimeError::OfStore(address.location + u"：数据库文件不存在");
+    // The first look changes nothing: an immutable file is read without locks, journals and recovery.
+    const QUrl uri = QUrl::fromLocalFile(file.absoluteFilePath());
+    Connect(u"QSQLITE"_s, QString::fromLatin1(uri.toEncoded()) + u"?immutable=1"_s,
+            u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
+    try {
+        RequireTables(*this, address.tables);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError::OfStore(address.location + u"：" + error.Message());
+    }
+    Close();
+    Connect(u"QSQLITE"_s, file.absoluteFilePath(), u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kPatienceSeconds * 1000));
+    Execute(u"PRAGMA foreign_keys=ON");
+}
+
+void QtStore::Connect(const QString& driver, const QString& database, const QString& options) {
+    QSqlDatabase connection = QSqlDatabase::addDatabase(driver, connectionName_);
+    connection.setDatabaseName(database);
+    connection.setConnectOptions(options);
+    RaiseUnless(connection.open(), connection);
+    engine_ = EngineOf(*connection.driver());
+    open_ = true;
+}
+
+void QtStore::Close() {
+    preparedRow_.reset();
+    preparedSql_.clear();
+    open_ = false;
+    if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
+}
+
+StoreRows QtStore::Query(const Text& sql) {
+    QSqlQuery query = Run(sql);
+    StoreRows result;
+    const QSqlRecord record = query.record();
+    for (int i = 0; i < record.count(); ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
+    while (query.next()) {
+        std::vector<StoreValue> row;
+        for (int i = 0; i < record.count(); ++i) row.push_back(ValueOf(query.value(i)));
+        result.rows.push_back(std::move(row));
+    }
+    if (query.lastError().isValid()) Raise(query.lastError());
+    return result;
+}
+
+void QtStore::Execute(const Text& sql) {
+    Run(sql);
+}
+
+QSqlQuery QtStore::Run(const Text& sql) {
+    QSqlQuery query(Connection());
+    query.setForwardOnly(true);
+    if (!query.exec(ToQt(sql))) Raise(query.lastError());
+    return query;
+}
+
+void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
+                     const std::vector<StoreValue>& values) {
+    QStringList names;
+    QStringList marks;
+    for (const Text& column : columns) {
+        names += ToQt(column);
+        marks += u"?"_s;
+    }
+    const QString sql =
+        u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
+    if (!preparedRow_ || preparedSql_ != sql) {
+        preparedRow_.emplace(Connection());
+        preparedSql_.clear();
+        if (!preparedRow_->prepare(sql)) Raise(preparedRow_->lastError());
+        preparedSql_ = sql;
+    }
+    for (std::size_t i = 0; i < values.size(); ++i)
+        preparedRow_->bindValue(static_cast<int>(i), VariantOf(values[i]));
+    const bool added = preparedRow_->exec();
+    const QSqlError error = preparedRow_->lastError();
+    preparedRow_->finish();
+    if (!added) Raise(error);
+}
+
+void QtStore::BeginTransaction() {
+    QSqlDatabase connection = Connection();
+    RaiseUnless(connection.transaction(), connection);
+}
+
+void QtStore::Commit() {
+    QSqlDatabase connection = Connection();
+    RaiseUnless(connection.commit(), connection);
+}
+
+void QtStore::Rollback() {
+    QSqlDatabase connection = Connection();
+    RaiseUnless(connection.rollback(), connection);
+}
+
+QSqlDatabase QtStore::Connection() const {
+    if (!open_) throw RuntimeError::OfStore(u"数据库没有打开");
+    return QSqlDatabase::database(connectionName_, false);
+}
+
+}  // namespace commtest

@@ -1,0 +1,51 @@
+#include "numbers/bcd.h"
+
+#include <cmath>
+
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kNegative = 8;
+constexpr int kDigits = 8;
+
+double PowerOfTen(int exponent) {
+    return std::pow(10.0, exponent);
+}
+
+}  // namespace
+
+void ValueToBcd(Text& text) {
+    const double whole = std::floor(ToNumber(text));
+    // All of 0 to below 1 is zero in this format, whatever the fraction.
+    if (whole == 0) {
+        text = u"0000000000";
+        return;
+    }
+    int sign = 0;
+    if (whole < 0) {
+        sign = kNegative;
+        text.erase(0, 1);
+    }
+    int decimals = 0;
+    if (Contains(text, u".")) {
+        decimals = Len(Behind(text, u'.'));
+        text = NumberText(Finite(ToNumber(text) * PowerOfTen(decimals)));
+    }
+    FitTextWidth(text, kDigits);
+    text = u"0" + HexOf(sign + decimals) + text;
+}
+
+void BcdToValue(Text& text) {
+    // Read as a decimal digit: the instruments' format has no letters here, although ValueToBcd writes some.
+    const int signAndDecimals = ToWhole16(Mid(text, 2, 1));
+    const int decimals = signAndDecimals % kNegative;
+    const double value = ToNumber(Mid(text, 3)) / PowerOfTen(decimals);
+    text = FixedTextWithZero(value, decimals);
+    if (signAndDecimals >= kNegative) text.insert(0, u"-");
+}
+
+}  // namespace commtest

@@ -1,0 +1,25 @@
+#include "numbers/reading_length.h"
+
+#include <cmath>
+
+#include "runtime/number.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kNeedsNoCut = 5;
+
+}  // namespace
+
+void ShortenReading(Text& text, const ReadingLength& room) {
+    if (Len(text) > kNeedsNoCut) {
+        text = NumberText(std::floor(ToNumber(text) * room.factor));
+        text = NumberText(ToNumber(text) / room.factor);
+        text = Left(text, room.length);
+    }
+    if (text.starts_with(u".")) text.insert(0, u"0");
+    if (text.starts_with(u"-.")) text.insert(1, u"0");
+}
+
+}  // namespace commtest

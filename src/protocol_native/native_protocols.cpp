@@ -1,0 +1,44 @@
+#include "protocol_native/native_protocols.h"
+
+#include "protocol_native/check_words.h"
+#include "protocol_native/read_requests.h"
+#include "protocol_native/reply_parser.h"
+#include "protocol_native/write_requests.h"
+#include "session/address.h"
+#include "session/frame_end.h"
+
+namespace commtest {
+
+std::vector<Protocol> NativeProtocols() {
+    Protocol plain;
+    plain.code = 11;
+    plain.name = u"TQ仪表协议";
+    plain.buildRead = BuildTqReadRequest;
+    plain.buildWrite = BuildTqWriteRequest;
+    plain.replyIsComplete = EndsWithLineEnd;
+    plain.continuesOnLineFeed = true;
+    plain.parseReply = ParseTqReply;
+    plain.displayMode = DisplayMode::Ascii;
+    plain.menu = OperationMenu::Native;
+    plain.composeAddress = ComposeAsciiAddress;
+    plain.showFrameAddress = ShowAsciiFrameAddress;
+    plain.appendCheckWord = MakeCRCWordTq;
+
+    Protocol sum = plain;
+    sum.code = 12;
+    sum.name = u"TQ仪表协议-定制累加和";
+    sum.buildRead = BuildTqGroupReadRequest;
+    sum.buildWrite = BuildTqWriteRequestTwo;
+    sum.appendCheckWord = MakeCRCWordTqTwo;
+
+    // Takes no part in the composing of addresses: it keeps what another protocol left.
+    Protocol filled = plain;
+    filled.code = 13;
+    filled.name = u"TQ仪表协议-定制异或和";
+    filled.buildWrite = nullptr;
+    filled.composeAddress = nullptr;
+    filled.showFrameAddress = nullptr;
+    return {plain, sum, filled};
+}
+
+}  // namespace commtest

@@ -1,0 +1,225 @@
+#include "runtime/number.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <locale>
+#include <sstream>
+#include <string>
+
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+namespace {
+
+int HexDigitValue(char16_t c) {
+    if (c >= u'0' && c <= u'9') return c - u'0';
+    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
+    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
+    return -1;
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// A number in decimal: 0.d1d2d3... times 10 to the power of `point`, rounded to its significant digits.
+struct Decimal {
+    bool negative = false;
+    std::string digits;  // no zeros at the end; empty for zero
+    int point = 0;       // position of the decimal point in `digits`
+};
+
+Decimal DecimalOf(double value, int significant) {
+    char printed[40];
+    std::snprintf(printed, sizeof printed, "%.*e", significant - 1, std::fabs(value));
+    const std::string text = printed;
+    const auto e = text.find('e');
+    Decimal decimal;
+    decimal.negative = std::signbit(value);
+    decimal.point = std::atoi(text.c_str() + e + 1) + 1;
+    for (char c : text.substr(0, e)) {
+        if (IsDigit(c)) decimal.digits += c;
+    }
+    const auto last = decimal.digits.find_last_not_of('0');
+    decimal.digits.resize(last == std::string::npos ? 0 : last + 1);
+    return decimal;
+}
+
+std::string ExponentForm(const Decimal& decimal) {
+    const int exponent = decimal.point - 1;
+    std::string text = decimal.digits.substr(0, 1);
+    if (decimal.digits.size() > 1) text += '.' + decimal.digits.substr(1);
+    const std::string magnitude = std::to_string(std::abs(exponent));
+    return text + (exponent < 0 ? "E-" : "E+") + (magnitude.size() < 2 ? "0" : "") + magnitude;
+}
+
+std::string PlainForm(const Decimal& decimal) {
+    const int count = static_cast<int>(decimal.digits.size());
+    if (decimal.point <= 0) return '.' + std::string(static_cast<std::size_t>(-decimal.point), '0') + decimal.digits;
+    if (decimal.point >= count) {
+        return decimal.digits + std::string(static_cast<std::size_t>(decimal.point - count), '0');
+    }
+    const auto whole = static_cast<std::size_t>(decimal.point);
+    return decimal.digits.substr(0, whole) + '.' + decimal.digits.substr(whole);
+}
+
+Text NumberTextOf(double value, int significant) {
+    const Decimal decimal = DecimalOf(value, significant);
+    if (decimal.digits.empty()) return u"0";
+    const bool plain = decimal.point <= significant && decimal.point >= -3;
+    const std::string text = plain ? PlainForm(decimal) : ExponentForm(decimal);
+    return FromUtf8(decimal.negative ? '-' + text : text);
+}
+
+// Adds one to the last of the digits; a carry out of the first one makes the text longer.
+void RoundUp(std::string& digits) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (*digit != '9') {
+            ++*digit;
+            return;
+        }
+        *digit = '0';
+    }
+    digits.insert(digits.begin(), '1');
+}
+
+struct FixedParts {
+    bool negative;
+    std::string whole;  // empty below 1
+    std::string fraction;
+};
+
+FixedParts FixedPartsOf(double value, int decimals) {
+    constexpr int kSignificantDigits = 15;
+    const Decimal decimal = DecimalOf(value, kSignificantDigits);
+    // All digits from the first whole one to the last decimal wanted, and the one behind it that decides.
+    std::string digits = decimal.point < 0 ? std::string(static_cast<std::size_t>(-decimal.point), '0') : "";
+    digits += decimal.digits;
+    const auto whole = static_cast<std::size_t>(decimal.point > 0 ? decimal.point : 0);
+    const auto wanted = whole + static_cast<std::size_t>(decimals);
+    digits.resize(std::max(digits.size(), wanted + 1), '0');
+    const bool up = digits[wanted] >= '5';
+    digits.resize(wanted);
+    if (up) RoundUp(digits);
+    const auto point = digits.size() - static_cast<std::size_t>(decimals);
+    return {decimal.negative && !decimal.digits.empty(), digits.substr(0, point), digits.substr(point)};
+}
+
+Text Joined(const FixedParts& parts, const std::string& whole) {
+    std::string text = parts.negative ? "-" + whole : whole;
+    if (!parts.fraction.empty()) text += '.' + parts.fraction;
+    return FromUtf8(text);
+}
+
+// A number too small for a double is 0, one too large an error. The point is a point in every locale.
+double NumberBeyondRange(const std::string& text) {
+    std::istringstream reader(text);
+    reader.imbue(std::locale::classic());
+    double value = 0;
+    if (!(reader >> value)) throw RuntimeError(RuntimeError::kOverflow);
+    return value;
+}
+
+}  // namespace
+
+double ToNumber(TextView text) {
+    const std::string trimmed = ToUtf8(Trim(text));
+    const char* begin = trimmed.data();
+    const char* const end = begin + trimmed.size();
+    if (begin != end && *begin == '+') ++begin;
+    const char* const first = begin != end && begin == trimmed.data() && *begin == '-' ? begin + 1 : begin;
+    // The number reader would also take "inf" and "nan".
+    const bool startsLikeNumber = first != end && (IsDigit(*first) || *first == '.');
+    double value = 0;
+    const auto [stop, error] = std::from_chars(begin, end, value);
+    if (!startsLikeNumber || stop != end || error == std::errc::invalid_argument) {
+        throw RuntimeError(RuntimeError::kTypeMismatch);
+    }
+    return error == std::errc::result_out_of_range ? NumberBeyondRange({begin, stop}) : value;
+}
+
+int LeadingWholeNumber(TextView text) {
+    const std::string trimmed = ToUtf8(Trim(text));
+    int value = 0;
+    std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), value);
+    return value;
+}
+
+std::int16_t ToWhole16(TextView text) { return Whole16(ToNumber(text)); }
+std::int32_t ToWhole32(TextView text) { return Whole32(ToNumber(text)); }
+
+std::int32_t HexParse(TextView text) {
+    std::uint32_t value = 0;
+    std::size_t digits = 0;
+    for (; digits < text.size() && HexDigitValue(text[digits]) >= 0; ++digits) {
+        value = (value << 4) | static_cast<std::uint32_t>(HexDigitValue(text[digits]));
+    }
+    if (digits <= 4) return static_cast<std::int16_t>(value);
+    return static_cast<std::int32_t>(value);
+}
+
+std::optional<int> HexPairValue(TextView pair) {
+    int value = 0;
+    std::size_t digits = 0;
+    for (; digits < pair.size() && HexDigitValue(pair[digits]) >= 0; ++digits) {
+        value = value * 16 + HexDigitValue(pair[digits]);
+    }
+    if (digits == 0 || pair.find_first_not_of(u' ', digits) != TextView::npos) return std::nullopt;
+    return value;
+}
+
+Text NumberText(double value) { return NumberTextOf(value, 15); }
+Text SingleText(float value) { return NumberTextOf(static_cast<double>(value), 7); }
+Text WholeText(std::int64_t value) { return FromUtf8(std::to_string(value)); }
+
+Text HexOf(double value) {
+    char printed[16];
+    std::snprintf(printed, sizeof printed, "%X", static_cast<unsigned>(Whole32(value)));
+    return FromUtf8(printed);
+}
+
+Text HexOf(TextView text) { return HexOf(ToNumber(text)); }
+
+Text FixedText(double value, int decimals) {
+    const FixedParts parts = FixedPartsOf(value, decimals);
+    return Joined(parts, parts.whole);
+}
+
+Text FixedTextWithZero(double value, int decimals) {
+    const FixedParts parts = FixedPartsOf(value, decimals);
+    return Joined(parts, parts.whole.empty() ? "0" : parts.whole);
+}
+
+Text GroupedText(double value, int decimals) {
+    const FixedParts parts = FixedPartsOf(value, decimals);
+    std::string whole = parts.whole.empty() ? "0" : parts.whole;
+    for (auto at = whole.size(); at > 3; at -= 3) whole.insert(at - 3, ",");
+    return Joined(parts, whole);
+}
+
+double RoundHalfEven(double value) { return std::nearbyint(value); }
+
+std::int16_t Whole16(double value) {
+    const double rounded = RoundHalfEven(value);
+    if (!(rounded >= -32768.0 && rounded <= 32767.0)) throw RuntimeError(RuntimeError::kOverflow);
+    return static_cast<std::int16_t>(rounded);
+}
+
+std::int32_t Whole32(double value) {
+    const double rounded = RoundHalfEven(value);
+    if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) throw RuntimeError(RuntimeError::kOverflow);
+    return static_cast<std::int32_t>(rounded);
+}
+
+std::int16_t Add16(std::int16_t a, int b) { return Whole16(static_cast<double>(a) + b); }
+std::int32_t Add32(std::int32_t a, std::int32_t b) { return Whole32(static_cast<double>(a) + b); }
+std::int32_t Multiply32(std::int32_t a, std::int32_t b) { return Whole32(static_cast<double>(a) * b); }
+
+double Finite(double value) {
+    if (!std::isfinite(value)) throw RuntimeError(RuntimeError::kOverflow);
+    return value;
+}
+
+}  // namespace commtest

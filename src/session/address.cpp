@@ -1,0 +1,57 @@
+#include "session/address.h"
+
+#include <cmath>
+
+#include "runtime/number.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kAddressOffset = 128;
+
+// A recorded frame may stand as plain characters.
+HexText AsHexText(const HexText& frame) {
+    return Contains(frame, u" ") ? frame : HexTextOfReadable(frame);
+}
+
+}  // namespace
+
+void ConMeterAddr_Change(MainForm& form) {
+    form.ConSendOutString[0].Clear();
+    const Protocol& protocol = form.ProtocolInUse();
+    if (protocol.composeAddress != nullptr) protocol.composeAddress(form);
+}
+
+void ComposeAsciiAddress(MainForm& form) {
+    Text digits = HexOf(form.ConMeterAddr.Value());
+    if (Len(digits) == 1) FitTextWidth(digits, 2);
+    form.AddressText = HexTextOfReadable(digits);
+}
+
+void ComposeTwoDigitAddress(MainForm& form) {
+    Text digits = HexOf(form.ConMeterAddr.Value());
+    if (Len(digits) < 2) FitTextWidth(digits, 2);
+    form.AddressText = digits;
+}
+
+void ComposeDoubledAddress(MainForm& form) {
+    const double sum = std::floor(ToNumber(form.ConMeterAddr.Value())) + kAddressOffset;
+    const Text digits = HexOf(sum);
+    // Setting the field runs this routine once more for address 1; this outer run then still leaves its own too
+    // large sum behind, until the next change.
+    if (sum > 255) form.ConMeterAddr.Set(u"1");
+    form.AddressText = u" " + digits + u" " + digits;
+}
+
+void ShowAsciiFrameAddress(MainForm& form, const HexText& frame) {
+    const HexText digits = Mid(AsHexText(frame), 4, 6);
+    form.ConMeterAddr.Set(WholeText(HexParse(ReadableOf(digits))));
+}
+
+void ShowByteFrameAddress(MainForm& form, const HexText& frame) {
+    form.ConMeterAddr.Set(WholeText(HexParse(Mid(AsHexText(frame), 2, 2))));
+}
+
+}  // namespace commtest

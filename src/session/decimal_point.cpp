@@ -1,0 +1,78 @@
+#include "session/decimal_point.h"
+
+#include <cmath>
+
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+#include "session/grid_rows.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kFormats = 5;  // 0 to 4 decimals
+
+// The first row at the address in column 5 of `row` that has a value, 0 if there is none.
+int ReferenceRow(const Grid& grid, int row) {
+    const auto address = HexParse(grid.Cell(row, column::kDecimals));
+    for (int r = 1; r < grid.Rows(); ++r) {
+        const bool isThere = HexParse(grid.Cell(r, column::kAddress)) == address;
+        if (isThere && !grid.Cell(r, column::kValue).empty()) return r;
+    }
+    return 0;
+}
+
+bool NamesDecimals(const Text& name) { return Contains(name, u"小数点") || Contains(name, u"虚拟"); }
+
+Text Scaled(const Text& value, int decimals, bool divide) {
+    const double factor = std::pow(10.0, decimals);
+    const double number = ToNumber(value);
+    return NumberText(Finite(divide ? number / factor : number * factor));
+}
+
+Text Formatted(const Text& value, int decimals) {
+    if (decimals < 0 || decimals >= kFormats) throw RuntimeError(RuntimeError::kSubscript);
+    return decimals == 0 ? NumberText(ToNumber(value)) : FixedText(ToNumber(value), decimals);
+}
+
+void ScaleByReference(const Text& decimalsText, Text& value, bool divide) {
+    const double wanted = ToNumber(decimalsText);
+    if (wanted < kFormats) {
+        const int decimals = Whole32(wanted);
+        value = Scaled(value, decimals, divide);
+        value = Formatted(value, decimals);
+    } else {
+        value = Scaled(value, 0, divide);
+    }
+}
+
+void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
+    const int decimals = HexParse(decimalsText);
+    if (decimals >= kFormats) return;
+    value = Scaled(value, decimals, divide);
+    value = Formatted(value, decimals);
+}
+
+void RepairMissingZero(Text& value) {
+    if (value.starts_with(u".")) value.insert(0, u"0");
+    if (value.starts_with(u"-.")) value.replace(0, 1, u"-0");
+}
+
+}  // namespace
+
+void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide) {
+    if (value.empty()) return;
+    Grid& grid = form.ParameterGrid();
+    grid.Redraw = false;
+    const int reference = ReferenceRow(grid, row);
+    if (reference > 0 && NamesDecimals(grid.Cell(reference, column::kName))) {
+        ScaleByReference(grid.Cell(reference, column::kValue), value, divide);
+    } else {
+        ScaleDirectly(grid.Cell(row, column::kDecimals), value, divide);
+    }
+    RepairMissingZero(value);
+    grid.Redraw = true;
+}
+
+}  // namespace commtest

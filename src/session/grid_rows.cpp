@@ -1,0 +1,67 @@
+#include "session/grid_rows.h"
+
+#include <array>
+
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kRowsInView = 14;
+
+constexpr std::array<TextView, column::kCount> kHeadings = {
+    u"序号",    u"参数名称",   u"地址",   u"长度",         u"属性",  u"小数点",
+    u"RE 读值", u"RR/RD 读值", u"计算值", u"小数点修正值", u"修改值"};
+
+constexpr int kNumberWidth = 530;
+constexpr int kNameWidth = 3200;
+constexpr int kNameWidthOfShortGrid = 3450;
+
+void NumberRows(MainForm& form) {
+    Grid& grid = form.ParameterGrid();
+    bool found = false;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        Text number = WholeText(row);
+        if (Len(number) < 3) FitTextWidth(number, 3);
+        grid.SetCell(row, column::kNumber, number + u" ");
+        if (!found && grid.Cell(row, column::kAttribute) == u"RW") {
+            form.FirstDataRow = Whole16(row);
+            found = true;
+        }
+    }
+}
+
+}  // namespace
+
+int LastRow(const Grid& grid) { return grid.Rows() - 1; }
+
+void SetUpParameterGrid(MainForm& form) {
+    Grid& grid = form.ParameterGrid();
+    grid.Redraw = false;
+    const bool isShort = grid.Rows() < kRowsInView;
+    if (isShort) grid.SetRows(kRowsInView - 1);
+    grid.Column(column::kName).width = isShort ? kNameWidthOfShortGrid : kNameWidth;
+    grid.Select(0, 0);
+    grid.Column(column::kNumber).width = kNumberWidth;
+    NumberRows(form);
+    for (int col = 0; col < column::kCount; ++col) {
+        grid.SetCell(0, col, Text(kHeadings[static_cast<std::size_t>(col)]));
+    }
+    grid.Redraw = true;
+}
+
+void KeepRowInView(MainForm& form) {
+    if (form.ConSelChange.Value()) return;
+    Grid& grid = form.ParameterGrid();
+    grid.Redraw = false;
+    if (form.CurrentRow >= grid.TopRow + kRowsInView || form.CurrentRow < grid.TopRow) {
+        const int lastTop = grid.Rows() - kRowsInView;
+        grid.TopRow = form.CurrentRow > lastTop ? lastTop : form.CurrentRow - 1;
+    }
+    grid.Redraw = true;
+}
+
+}  // namespace commtest

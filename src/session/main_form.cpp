@@ -1,0 +1,43 @@
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+template <std::size_t N>
+void Offer(ListControl& list, const std::array<TextView, N>& items) {
+    for (TextView item : items) list.Add(Text(item));
+}
+
+}  // namespace
+
+MainForm::MainForm(const Outside& outside, const ProtocolTable& protocolTable, Companions& companionRoutines,
+                   const Texts& faceTexts)
+    : MSComm1(outside.port),
+      dialogs(outside.dialogs),
+      clock(outside.clock),
+      files(outside.files),
+      store(outside.store),
+      settings(outside.settings),
+      protocols(protocolTable),
+      companions(companionRoutines),
+      texts(faceTexts) {
+    InputText.SetVisible(false);
+    FindFrame.SetVisible(false);
+    StatusBar1[0].Set(u"衡岫仪器公司");
+    StatusBar1[1].Set(u"    欢迎使用本软件");
+    Offer<4>(ConCommSetting[0], {u"COM1", u"COM2", u"COM3", u"COM4"});
+    Offer<8>(ConCommSetting[1],
+             {u"1200 ", u"2400 ", u"4800 ", u"9600 ", u"19200 ", u"28800 ", u"38400 ", u"57600 "});
+    Offer<4>(ConCommSetting[2], {u"5", u"6", u"7", u"8"});
+    Offer<3>(ConCommSetting[3], {u"无校验", u"奇校验", u"偶校验"});
+    Offer<3>(ConCommSetting[4], {u"1", u"1.5", u"2"});
+    ConCommSetting[0].Set(u"COM1");
+    ConCommSetting[1].Set(u"9600");
+    ConCommSetting[2].Set(u"8");
+    ConCommSetting[3].Set(u"无校验");
+    ConCommSetting[4].Set(u"1");
+    ParameterGrid().SetSize(15, 11);
+}
+
+}  // namespace commtest

@@ -1,0 +1,79 @@
+#include "session/port_settings.h"
+
+#include "runtime/number.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+struct Parity {
+    TextView name;
+    TextView letter;
+};
+
+constexpr std::array<Parity, 3> kParities = {{{u"无校验", u"N"}, {u"奇校验", u"O"}, {u"偶校验", u"E"}}};
+
+Text ComposedSettings(const MainForm& form) {
+    const auto field = [&form](std::size_t index) { return Trim(form.ConCommSetting[index].Value()); };
+    for (const Parity& parity : kParities) {
+        if (form.ConCommSetting[3].Value() != parity.name) continue;
+        return field(1) + u"," + Text(parity.letter) + u"," + field(2) + u"," + field(4);
+    }
+    return {};
+}
+
+// Changes a port that may be open: closed first, open again behind the change.
+template <typename Change>
+void ChangeClosedPort(SerialPort& port, Change&& change) {
+    const bool wasOpen = port.PortOpen();
+    if (wasOpen) port.SetPortOpen(false);
+    change();
+    if (wasOpen) port.SetPortOpen(true);
+}
+
+std::int16_t PortNumber(TextView portName) { return ToWhole16(Trim(Mid(portName, 4))); }
+
+}  // namespace
+
+void ConCommSetting_LostFocus(MainForm& form) {
+    const Text composed = ComposedSettings(form);
+    ChangeClosedPort(form.MSComm1, [&] {
+        form.MSComm1.SetSettings(composed);
+        form.MSComm1.SetCommPort(PortNumber(form.ConCommSetting[0].Value()));
+    });
+    ShowPortStatus(form);
+    form.settings.Save(u"CommPort", composed + u" " + UCase(Trim(form.ConCommSetting[0].Value())));
+}
+
+void ShowStoredPortSettings(MainForm& form, TextView stored) {
+    const Text trimmed = Trim(stored);
+    const Text settings = Before(trimmed, u' ');
+    const Text portName = Trim(Behind(trimmed, u' '));
+    ChangeClosedPort(form.MSComm1, [&] {
+        form.MSComm1.SetSettings(settings);
+        form.MSComm1.SetCommPort(PortNumber(portName));
+    });
+    const Text behindBaud = Behind(settings, u',');
+    const Text behindParity = Behind(behindBaud, u',');
+    for (const Parity& parity : kParities) {
+        if (Left(behindBaud, 1) == parity.letter) form.ConCommSetting[3].Set(Text(parity.name));
+    }
+    form.ConCommSetting[1].Set(Before(settings, u','));
+    form.ConCommSetting[2].Set(Before(behindParity, u','));
+    form.ConCommSetting[4].Set(Behind(behindParity, u','));
+    form.ConCommSetting[0].Set(portName);
+}
+
+void ShowPortStatus(MainForm& form) {
+    const Texts& texts = form.texts;
+    Text status(texts.beforePort);
+    status += WholeText(form.MSComm1.CommPort());
+    status += u"  ";
+    status += UCase(form.MSComm1.Settings());
+    status += texts.beforePortState;
+    status += form.MSComm1.PortOpen() ? texts.portOpen : texts.portClosed;
+    form.StatusBar1[1].Set(status);
+}
+
+}  // namespace commtest

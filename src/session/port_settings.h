@@ -1,0 +1,19 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+class MainForm;
+
+// Applies the five port fields: settings text, port number, an open port reopened, the choice remembered. A
+// parity that is none of the three leaves the settings empty. Error 13 for a port name without a number.
+void ConCommSetting_LostFocus(MainForm& form);
+
+// Fills the port and the five fields from a stored text "9600,N,8,1 COM1".
+void ShowStoredPortSettings(MainForm& form, TextView stored);
+
+// Rewrites the second panel of the status bar.
+void ShowPortStatus(MainForm& form);
+
+}  // namespace commtest

@@ -1,0 +1,20 @@
+#include "session/protocol.h"
+
+#include "session/main_form.h"
+
+namespace commtest {
+
+const Protocol& ProtocolTable::Of(int code) const {
+    for (const Protocol& row : rows) {
+        if (row.code == code) return row;
+    }
+    return defaultRow;
+}
+
+void MakeCRCWord(const MainForm& form, HexText& frame) {
+    EnsureLeadingBlank(frame);
+    const Protocol& protocol = form.protocols.Of(form.ProtocolCode);
+    if (protocol.appendCheckWord != nullptr) protocol.appendCheckWord(frame);
+}
+
+}  // namespace commtest

@@ -1,0 +1,61 @@
+#include "session/records.h"
+
+#include "host/file_names.h"
+#include "runtime/code_page.h"
+#include "runtime/number.h"
+#include "session/main_form.h"
+#include "session/wall_clock.h"
+
+namespace commtest {
+
+namespace {
+
+// Two records of one second: the later one gets "-2" behind its digits.
+Text FreeRecordName(const MainForm& form) {
+    const Text stem = Text(kRecordFolderName) + u"/记录" + RecordDigits(form.clock.Now());
+    Text name = stem + u".rtf";
+    for (int turn = 2; form.files.Exists(name); ++turn) name = stem + u"-" + WholeText(turn) + u".rtf";
+    return name;
+}
+
+}  // namespace
+
+void LogCommError(MainForm& form) {
+    if (!form.ConAutoSave[1].Value()) return;
+    const Text lineEnd(kLineEnd);
+    form.files.WriteToErrorFile(ToCodePage(TimeStampText(form.clock.Now())));
+    form.files.WriteToErrorFile(ToCodePage(form.LogLine + u"        串口设置: " + form.MSComm1.Settings() +
+                                           lineEnd + lineEnd));
+}
+
+void SaveRecord(MainForm& form) {
+    form.files.SaveRichText(FreeRecordName(form), form.ConCommString[1].WholeText());
+}
+
+void ConCommMessage_DblClick(MainForm& form) {
+    form.SendCount = 0;
+    form.IncompleteCount = 0;
+    form.CheckErrorCount = 0;
+    form.NoReplyCount = 0;
+}
+
+void ConCommString_Click(MainForm& form, int index) {
+    if (index == 1) form.ConCommString[1].Clear();
+}
+
+void ConShowCommand_Click(MainForm& form) {
+    form.ShowTypeStep = Add16(form.ShowTypeStep, 1);
+    if (form.ShowTypeStep != 1 && form.ShowTypeStep != 2) form.ShowTypeStep = 0;
+    form.ConCommString[0].SetVisible(form.ShowTypeStep != 0);
+    form.ConCommString[1].SetVisible(form.ShowTypeStep != 2);
+    form.settings.Save(u"ShowType", WholeText(form.ShowTypeStep));
+}
+
+void ClearFileCommand_Click(MainForm& form, int index) {
+    if (index == 0) form.files.EmptyErrorFile();
+    if (index == 1 && !form.IsRunning()) {
+        form.RichTextBox2.Replace(form.files.ReadText(Text(kErrorFileName)));
+    }
+}
+
+}  // namespace commtest

@@ -1,0 +1,20 @@
+#include "session/texts.h"
+
+namespace commtest {
+
+const Texts kChineseTexts = {
+    .start = u"开始通讯",
+    .stop = u"停止通讯",
+    .beforeSendCount = u"第 ",
+    .beforeInstrument = u" 次, 向 ",
+    .beforeSent = u" 发送: ",
+    .beforeReceived = u"   收到: ",
+    .beforeTotal = u"总计通讯: ",
+    .behindTotal = u" 次",
+    .beforePort = u"串口设置:  COM",
+    .beforePortState = u"   状态:  ",
+    .portOpen = u"开启",
+    .portClosed = u"关闭",
+};
+
+}  // namespace commtest

@@ -1,0 +1,115 @@
+// vector_runner < FILE.jsonl: calls the routine of each line and writes the line back with what it gave, see
+// tests/cases/README.md.
+
+#include <exception>
+#include <iostream>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <type_traits>
+
+#include "numbers/bit_text.h"
+#include "numbers/register_codecs.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+namespace commtest {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Routine = Json (*)(const Json& in);
+
+Text TextAt(const Json& in, std::size_t index) {
+    return FromUtf8(in.at(index).get<std::string>());
+}
+int NumberAt(const Json& in, std::size_t index) {
+    return in.at(index).get<int>();
+}
+
+// A routine that rewrites its first argument; up to two numbers follow.
+template <auto routine>
+Json InPlace(const Json& in) {
+    Text text = TextAt(in, 0);
+    if constexpr (std::is_invocable_v<decltype(routine), Text&>) {
+        routine(text);
+    } else if constexpr (std::is_invocable_v<decltype(routine), Text&, int>) {
+        routine(text, NumberAt(in, 1));
+    } else {
+        routine(text, NumberAt(in, 1), NumberAt(in, 2));
+    }
+    return ToUtf8(text);
+}
+
+Json CallHexParse(const Json& in) {
+    return HexParse(TextAt(in, 0));
+}
+Json CallHexOf(const Json& in) {
+    return ToUtf8(HexOf(TextAt(in, 0)));
+}
+Json CallNumberText(const Json& in) {
+    return ToUtf8(NumberText(ToNumber(TextAt(in, 0))));
+}
+Json CallByteToBitText(const Json& in) {
+    return ToUtf8(ByteToBitText(NumberAt(in, 0)));
+}
+Json CallBitTextToByte(const Json& in) {
+    return BitTextToByte(TextAt(in, 0));
+}
+
+const std::map<std::string, Routine>& Routines() {
+    static const std::map<std::string, Routine> routines = {
+        {"HexParse", CallHexParse},
+        {"HexOf", CallHexOf},
+        {"NumberTextOfText", CallNumberText},
+        {"FitTextWidth", InPlace<FitTextWidth>},
+        {"ConvertHexText", InPlace<ConvertHexText>},
+        {"ValueToCommCode", InPlace<ValueToCommCode>},
+        {"CommCodeToValue", InPlace<CommCodeToValue>},
+        {"ConvertCommCodeAuto", InPlace<ConvertCommCodeAuto>},
+        {"PadWideText", InPlace<PadWideText>},
+        {"ByteToBitText", CallByteToBitText},
+        {"BitTextToByte", CallBitTextToByte},
+    };
+    return routines;
+}
+
+void Run(Json& line) {
+    line["out"] = nullptr;
+    line["err"] = nullptr;
+    const auto found = Routines().find(line.at("f").get<std::string>());
+    if (found == Routines().end()) {
+        line["err"] = "unknown";
+        return;
+    }
+    try {
+        line["out"] = found->second(line.at("in"));
+    } catch (const RuntimeError& error) {
+        line["err"] = error.Number();
+    }
+}
+
+void RunAll(std::istream& in, std::ostream& out) {
+    for (std::string text; std::getline(in, text);) {
+        if (text.empty()) continue;
+        Json line = Json::parse(text);
+        Run(line);
+        out << line.dump() << '\n';
+    }
+}
+
+}  // namespace
+
+}  // namespace commtest
+
+int main() {
+    try {
+        commtest::RunAll(std::cin, std::cout);
+    } catch (const std::exception& error) {
+        std::cerr << "vector_runner: " << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

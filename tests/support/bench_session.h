@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/session.h"
+#include "support/fakes.h"
+#include "support/virtual_line.h"
+
+namespace commtest::testing {
+
+// A parameter of an instrument under test, in the order of the grid's columns 1 to 5.
+struct TestParameter {
+    Text name;
+    Text address;
+    Text length;
+    Text attribute;
+    Text decimals;
+};
+
+// A whole session on a virtual line, over a store in memory: the bench on which core tests, the dialogues and the
+// benchmarks run. Verbs make a test a short story; texts are UTF-8.
+class BenchSession {
+  public:
+    BenchSession();
+
+    MainForm& Form() { return session_.Form(); }
+
+    // An instrument in the catalogue, `code` being its 编号.
+    void Add(const Text& name, const Text& protocol, const Text& code, const std::vector<TestParameter>& parameters);
+
+    // The user chooses protocol and instrument.
+    void Choose(const Text& protocol, const Text& instrument);
+
+    void Press(int toolbarButton);
+    void Click(int row, int col);  // on the parameter grid
+    void TypeAndEnter(const Text& entry);
+
+    // The far end: answers the frames in turn, each at once; silent when used up.
+    void WillAnswer(const std::vector<std::string>& hexReplies);
+
+    // The frames that went out, as hexadecimal pairs: "40 30 31 ...".
+    std::vector<std::string> SentFrames() const;
+
+    std::string Cell(int row, int col) { return ToUtf8(Form().ParameterGrid().Cell(row, col)); }
+    std::string Record() { return ToUtf8(Form().ConCommString[1].WholeText()); }
+
+    VirtualLine line;
+    FakeDialogs dialogs;
+    FakeProgramFiles files;
+    FakeSettings settings;
+    std::unique_ptr<Store> store;
+
+  private:
+    Session session_;
+};
+
+// Bytes of hexadecimal pairs, and back: "40 30 31".
+std::string BytesOfHex(const std::string& hex);
+std::string HexOfBytes(const std::string& bytes);
+
+// An event of a test enters the session by its one door.
+void Happen(BenchSession& bench, const std::function<void(MainForm&)>& event);
+
+}  // namespace commtest::testing

@@ -1,0 +1,70 @@
+#include "support/fakes.h"
+
+#include "host/file_names.h"
+#include "runtime/code_page.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest::testing {
+
+std::optional<Text> FakeDialogs::NextAnswer() {
+    if (nextAnswer_ >= Answers.size()) return std::nullopt;
+    return Answers[nextAnswer_++];
+}
+
+void FakeDialogs::ShowMessage(const Text& text) {
+    Shown.push_back({ShownBox::Kind::Message, text, {}, {}, {}, 0, Time()});
+}
+
+void FakeDialogs::ShowError(int number, const Text& standardMessage) {
+    Shown.push_back({ShownBox::Kind::Error, standardMessage, {}, {}, {}, number, Time()});
+}
+
+bool FakeDialogs::AskYesNo(const Text& text) {
+    const Text answer = NextAnswer().value_or(u"yes");
+    Shown.push_back({ShownBox::Kind::YesNo, text, {}, {}, answer, 0, Time()});
+    return answer != u"no";
+}
+
+Text FakeDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
+    const Text answer = NextAnswer().value_or(proposal);
+    Shown.push_back({ShownBox::Kind::Input, prompt, title, proposal, answer, 0, Time()});
+    return answer;
+}
+
+std::vector<std::string> FakeDialogs::Texts() const {
+    std::vector<std::string> texts;
+    for (const ShownBox& box : Shown) texts.push_back(ToUtf8(box.text));
+    return texts;
+}
+
+bool FakeProgramFiles::Exists(const Text& name) const {
+    for (const auto& record : SavedRecords) {
+        if (record.first == name) return true;
+    }
+    return TextFiles.contains(name);
+}
+
+Text FakeProgramFiles::ReadText(const Text& name) const {
+    if (name == kErrorFileName) return FromFileBytes(ErrorFile);
+    const auto found = TextFiles.find(name);
+    if (found == TextFiles.end()) throw RuntimeError(RuntimeError::kFileNotFound);
+    return found->second;
+}
+
+void FakeProgramFiles::SaveRichText(const Text& name, const Text& text) {
+    if (!HasRecordFolder) throw RuntimeError(RuntimeError::kPathNotFound);
+    SavedRecords.emplace_back(name, text);
+}
+
+void FakeProgramFiles::WriteToErrorFile(const std::string& bytes) {
+    if (!errorFileIsOpen_) throw RuntimeError(RuntimeError::kBadFile);
+    ErrorFile += bytes;
+}
+
+std::optional<Text> FakeSettings::Read(const Text& key) const {
+    const auto found = Values.find(key);
+    if (found == Values.end()) return std::nullopt;
+    return found->second;
+}
+
+}  // namespace commtest::testing

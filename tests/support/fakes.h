@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "host/dialogs.h"
+#include "host/program_files.h"
+#include "host/settings_store.h"
+
+namespace commtest::testing {
+
+// A box that was shown, and what was answered.
+struct ShownBox {
+    enum class Kind { Message, Error, YesNo, Input };
+    Kind kind;
+    Text text;      // message, question, prompt, or the standard message of an error
+    Text title;     // of an input box
+    Text proposal;  // of an input box
+    Text answer;    // of an input box; "yes" or "no" of a question
+    int number = 0; // of an error
+    std::int64_t time = 0;
+};
+
+// Answers boxes from a list in turn; used up: the proposal, or yes. A question takes "no" as no.
+class FakeDialogs : public Dialogs {
+  public:
+    std::vector<Text> Answers;
+    std::vector<ShownBox> Shown;
+    std::function<std::int64_t()> Time = [] { return std::int64_t{0}; };
+
+    void ShowMessage(const Text& text) override;
+    void ShowError(int number, const Text& standardMessage) override;
+    bool AskYesNo(const Text& text) override;
+    Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;
+
+    // The texts shown, for tests that look at nothing else.
+    std::vector<std::string> Texts() const;
+
+  private:
+    std::optional<Text> NextAnswer();
+    std::size_t nextAnswer_ = 0;
+};
+
+// The program folder in memory.
+class FakeProgramFiles : public ProgramFiles {
+  public:
+    std::map<Text, Text> TextFiles;
+    std::vector<std::pair<Text, Text>> SavedRecords;  // name and text, in order
+    std::string ErrorFile;                            // its bytes
+    bool HasRecordFolder = true;
+
+    bool Exists(const Text& name) const override;
+    Text PathOf(const Text& name) const override { return u"folder/" + name; }
+    Text ReadText(const Text& name) const override;
+    void SaveRichText(const Text& name, const Text& text) override;
+    void OpenErrorFile() override { errorFileIsOpen_ = true; }
+    void CloseErrorFile() override { errorFileIsOpen_ = false; }
+    bool ErrorFileIsOpen() const override { return errorFileIsOpen_; }
+    void WriteToErrorFile(const std::string& bytes) override;
+    void EmptyErrorFile() override { ErrorFile.clear(); }
+
+  private:
+    bool errorFileIsOpen_ = false;
+};
+
+class FakeSettings : public SettingsStore {
+  public:
+    std::map<Text, Text> Values;
+
+    std::optional<Text> Read(const Text& key) const override;
+    void Save(const Text& key, const Text& value) override { Values[key] = value; }
+};
+
+}  // namespace commtest::testing
