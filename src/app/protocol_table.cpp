@@ -8,10 +8,10 @@ namespace commtest {
 
 namespace {
 
-// A protocol whose family is not built yet: it has its code, end rule, menu, address form and display mode, but
-// builds nothing and has no parser. The command line says so where one is asked for.
-Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const MainForm&), DisplayMode displayMode,
-                     OperationMenu menu) {
+// A protocol whose family is not built yet: it has its code, end rule, menu, address form and display mode,
+// but builds nothing and has no parser. The command line says so where one is asked for.
+Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const MainForm&),
+                     DisplayMode displayMode, OperationMenu menu) {
     Protocol protocol;
     protocol.code = code;
     protocol.name = name;
@@ -25,7 +25,8 @@ Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const Main
 std::vector<Protocol> ModbusAsciiProtocols() {
     using enum DisplayMode;
     Protocol plain = NotBuiltYet(21, u"ModBus-Ascii协议", EndsWithLineFeed, Ascii, OperationMenu::Modbus);
-    Protocol first = NotBuiltYet(22, u"ModBus-Ascii协议-定制01", EndsWithLineFeed, Ascii, OperationMenu::Modbus);
+    Protocol first =
+        NotBuiltYet(22, u"ModBus-Ascii协议-定制01", EndsWithLineFeed, Ascii, OperationMenu::Modbus);
     plain.showFrameAddress = ShowAsciiFrameAddress;
     first.showFrameAddress = ShowAsciiFrameAddress;
     // Its replies are never recognised and never parsed: each frame times out and the cycle goes on.
@@ -60,7 +61,8 @@ std::vector<Protocol> SpecialProtocols() {
 
 ProtocolTable MakeTable() {
     ProtocolTable table;
-    for (const auto& family : {NativeProtocols(), ModbusAsciiProtocols(), ModbusRtuProtocols(), SpecialProtocols()}) {
+    for (const auto& family :
+         {NativeProtocols(), ModbusAsciiProtocols(), ModbusRtuProtocols(), SpecialProtocols()}) {
         table.rows.insert(table.rows.end(), family.begin(), family.end());
     }
     // A code without a row polls with the builder of code 42 and has neither end rule nor parser.

@@ -52,7 +52,8 @@ void LoadProtocolList(MainForm& form) {
 
 void LoadDataTypes(MainForm& form) {
     const StoreRows types = InstrumentCatalogue(form.store).DataTypeList();
-    for (std::size_t row = 0; row < types.rows.size(); ++row) form.ConDataTypeList.Add(Trim(types.At(row, 0)));
+    for (std::size_t row = 0; row < types.rows.size(); ++row)
+        form.ConDataTypeList.Add(Trim(types.At(row, 0)));
 }
 
 void LoadGridLayout(MainForm& form) {

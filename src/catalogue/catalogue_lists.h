@@ -4,8 +4,8 @@ namespace commtest {
 
 class MainForm;
 
-// Protocol names and codes: ConCommTypeList, the captions of ConMeterType and ProtocolCodeOfType, one for each
-// row of the catalogue.
+// Protocol names and codes: ConCommTypeList, the captions of ConMeterType and ProtocolCodeOfType, one for
+// each row of the catalogue.
 void LoadProtocolList(MainForm& form);
 
 // Names of the data types, for ConDataTypeList.

@@ -6,31 +6,19 @@ namespace commtest {
 
 namespace {
 
-const Statements& PageOf(const Store& store) {
-    return StatementsOf(store.Engine());
-}
+const Statements& PageOf(const Store& store) { return StatementsOf(store.Engine()); }
 
-Text NumberOf(int number) {
-    return FromUtf8(std::to_string(number));
-}
+Text NumberOf(int number) { return FromUtf8(std::to_string(number)); }
 
 }  // namespace
 
-StoreRows InstrumentCatalogue::ProtocolList() const {
-    return store_.Query(PageOf(store_).protocolList);
-}
+StoreRows InstrumentCatalogue::ProtocolList() const { return store_.Query(PageOf(store_).protocolList); }
 
-StoreRows InstrumentCatalogue::DataTypeList() const {
-    return store_.Query(PageOf(store_).dataTypeList);
-}
+StoreRows InstrumentCatalogue::DataTypeList() const { return store_.Query(PageOf(store_).dataTypeList); }
 
-StoreRows InstrumentCatalogue::GridLayout() const {
-    return store_.Query(PageOf(store_).gridLayout);
-}
+StoreRows InstrumentCatalogue::GridLayout() const { return store_.Query(PageOf(store_).gridLayout); }
 
-StoreRows InstrumentCatalogue::Replacements() const {
-    return store_.Query(PageOf(store_).replacements);
-}
+StoreRows InstrumentCatalogue::Replacements() const { return store_.Query(PageOf(store_).replacements); }
 
 StoreRows InstrumentCatalogue::InstrumentsOfProtocol(const Text& protocol) const {
     return store_.Query(StatementWith(PageOf(store_).instrumentsOfProtocol, {protocol}));
@@ -55,21 +43,15 @@ StoreRows InstrumentCatalogue::InstrumentsByCode(const Text& protocol) const {
     return store_.Query(StatementWith(PageOf(store_).instrumentsByCode, {protocol}));
 }
 
-StoreRows InstrumentCatalogue::CatalogueList() const {
-    return store_.Query(PageOf(store_).catalogueList);
-}
+StoreRows InstrumentCatalogue::CatalogueList() const { return store_.Query(PageOf(store_).catalogueList); }
 
-StoreRows InstrumentCatalogue::ChipList() const {
-    return store_.Query(PageOf(store_).chipList);
-}
+StoreRows InstrumentCatalogue::ChipList() const { return store_.Query(PageOf(store_).chipList); }
 
 StoreRows InstrumentCatalogue::ChipRecord(const Text& name, const Text& file) const {
     return store_.Query(StatementWith(PageOf(store_).chipRecord, {name, file}));
 }
 
-StoreRows InstrumentCatalogue::RecordingsList() const {
-    return store_.Query(PageOf(store_).recordingsList);
-}
+StoreRows InstrumentCatalogue::RecordingsList() const { return store_.Query(PageOf(store_).recordingsList); }
 
 StoreRows InstrumentCatalogue::RecordedInstruments(const Text& protocol) const {
     return store_.Query(StatementWith(PageOf(store_).recordedInstruments, {protocol}));
@@ -99,21 +81,13 @@ void InstrumentCatalogue::DeleteRecording(const Text& name, const Text& note) {
     store_.Execute(StatementWith(PageOf(store_).deleteRecording, {name, note}));
 }
 
-void InstrumentCatalogue::ClearCatalogue() {
-    store_.Execute(PageOf(store_).clearCatalogue);
-}
+void InstrumentCatalogue::ClearCatalogue() { store_.Execute(PageOf(store_).clearCatalogue); }
 
-StoreRows InstrumentCatalogue::Classes() const {
-    return store_.Query(PageOf(store_).classes);
-}
+StoreRows InstrumentCatalogue::Classes() const { return store_.Query(PageOf(store_).classes); }
 
-StoreRows InstrumentCatalogue::AllInstruments() const {
-    return store_.Query(PageOf(store_).allInstruments);
-}
+StoreRows InstrumentCatalogue::AllInstruments() const { return store_.Query(PageOf(store_).allInstruments); }
 
-StoreRows InstrumentCatalogue::AllParameters() const {
-    return store_.Query(PageOf(store_).allParameters);
-}
+StoreRows InstrumentCatalogue::AllParameters() const { return store_.Query(PageOf(store_).allParameters); }
 
 void InstrumentCatalogue::AddClass(const Text& name, int id) {
     store_.AddRow(u"仪表_类别", {u"类别", u"类别ID"}, {name, NumberOf(id)});
@@ -133,8 +107,6 @@ void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {
                    parameter.lowerLimit, parameter.upperLimit});
 }
 
-StoreRows InstrumentCatalogue::ExportRows() const {
-    return store_.Query(PageOf(store_).exportRows);
-}
+StoreRows InstrumentCatalogue::ExportRows() const { return store_.Query(PageOf(store_).exportRows); }
 
 }  // namespace commtest

@@ -4,19 +4,20 @@ namespace commtest {
 
 class MainForm;
 
-// A protocol name was chosen: its option button is chosen in turn (the first whose caption contains the name),
-// and the display mode follows the protocol.
+// A protocol name was chosen: its option button is chosen in turn (the first whose caption contains the
+// name), and the display mode follows the protocol.
 void ConCommTypeList_Click(MainForm& form);
 
 // Option button `index` from 0. Demonstration is offered with the first protocol.
 void ConMeterType_Click(MainForm& form, int index);
 
-// Fills the list of instruments for the protocol named in ConCommTypeList and chooses the first. The catalogue's
-// own code of the last instrument wins over the code of the option button. Errors of the store pass through.
+// Fills the list of instruments for the protocol named in ConCommTypeList and chooses the first. The
+// catalogue's own code of the last instrument wins over the code of the option button. Errors of the store
+// pass through.
 void LoadInstrumentNames(MainForm& form);
 
-// Fills the parameter grid with the list of the instrument named in ConMeterName. CurrentRow stays; FirstDataRow
-// stays with an instrument that has no "RW" row.
+// Fills the parameter grid with the list of the instrument named in ConMeterName. CurrentRow stays;
+// FirstDataRow stays with an instrument that has no "RW" row.
 void ConMeterName_Click(MainForm& form);
 
 }  // namespace commtest

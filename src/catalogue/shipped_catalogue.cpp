@@ -69,12 +69,8 @@ bool IsOneOf(std::string_view text, std::string_view characters) {
     return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
 }
 
-bool IsDigits(std::string_view text) {
-    return IsOneOf(text, "0123456789");
-}
-bool IsHex(std::string_view text) {
-    return IsOneOf(text, "0123456789ABCDEF");
-}
+bool IsDigits(std::string_view text) { return IsOneOf(text, "0123456789"); }
+bool IsHex(std::string_view text) { return IsOneOf(text, "0123456789ABCDEF"); }
 
 bool IsLimit(std::string_view text) {
     double limit = 0;
@@ -233,8 +229,6 @@ void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
     }
 }
 
-void FillWithShippedCatalogue(Store& store) {
-    FillCatalogue(store, ShippedCatalogueFiles());
-}
+void FillWithShippedCatalogue(Store& store) { FillCatalogue(store, ShippedCatalogueFiles()); }
 
 }  // namespace commtest

@@ -93,12 +93,9 @@ const Statements& StatementsOf(StoreEngine engine) {
     static const Statements sqlServer = PageOf(StoreEngine::SqlServer);
     static const Statements postgreSql = PageOf(StoreEngine::PostgreSql);
     switch (engine) {
-        case StoreEngine::SqlServer:
-            return sqlServer;
-        case StoreEngine::PostgreSql:
-            return postgreSql;
-        case StoreEngine::Sqlite:
-            break;
+        case StoreEngine::SqlServer: return sqlServer;
+        case StoreEngine::PostgreSql: return postgreSql;
+        case StoreEngine::Sqlite: break;
     }
     return sqlite;
 }

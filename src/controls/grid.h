@@ -21,9 +21,9 @@ struct GridColumn {
     int alignment = 0;
 };
 
-// Rows by columns of text, row 0 holding the headings. The cells are the data model of the parameters. Rows and
-// columns count from 0; a cell outside the grid raises error 9. `Row` and `Col` are the current cell, the user's;
-// the polling's row is MainForm::CurrentRow.
+// Rows by columns of text, row 0 holding the headings. The cells are the data model of the parameters. Rows
+// and columns count from 0; a cell outside the grid raises error 9. `Row` and `Col` are the current cell, the
+// user's; the polling's row is MainForm::CurrentRow.
 class Grid : public Control {
   public:
     int Row = 0;

@@ -9,8 +9,8 @@
 
 namespace commtest {
 
-// The record of the traffic, newest block on top. Its cost does not depend on its length: a block is kept as it
-// came, and the whole text is joined only for who asks for it.
+// The record of the traffic, newest block on top. Its cost does not depend on its length: a block is kept as
+// it came, and the whole text is joined only for who asks for it.
 class RecordPane : public Presence {
   public:
     // Hears of each block that is put on top (the command line streams them).

@@ -49,8 +49,8 @@ class Presence : public Control {
     bool visible_ = true;
 };
 
-// A text: an entry field, a label, a caption. Setting the text that it holds already changes nothing and fires
-// nothing.
+// A text: an entry field, a label, a caption. Setting the text that it holds already changes nothing and
+// fires nothing.
 class TextControl : public Presence {
   public:
     TextControl() = default;
@@ -96,8 +96,8 @@ class OptionGroup : public Presence {
     int chosen_;
 };
 
-// A text with a drop-down list. The text may be one that is not in the list. The click runs only from the user
-// or by a call.
+// A text with a drop-down list. The text may be one that is not in the list. The click runs only from the
+// user or by a call.
 class ListControl : public Presence {
   public:
     Handler Click;
@@ -110,7 +110,8 @@ class ListControl : public Presence {
     void Add(Text item);
     void Clear();  // empties the list; the text stays
 
-    // Index from 0 of the first entry of that text, -1 if there is none. The cost does not grow with the list.
+    // Index from 0 of the first entry of that text, -1 if there is none. The cost does not grow with the
+    // list.
     int IndexOf(const Text& item) const;
 
     // The entry at an index from 0; error 9 outside the list.

@@ -6,8 +6,8 @@
 
 namespace commtest {
 
-// The files beside the program: all of them stand in the one program folder. Names are relative to it, with "/"
-// between folders.
+// The files beside the program: all of them stand in the one program folder. Names are relative to it, with
+// "/" between folders.
 class ProgramFiles {
   public:
     virtual ~ProgramFiles() = default;
@@ -17,15 +17,15 @@ class ProgramFiles {
     // Full path of a file, whether it exists or not.
     virtual Text PathOf(const Text& name) const = 0;
 
-    // A text file, code page 936 or UTF-8, line ends as they stand; of a longer one the last megabyte. Error 53
-    // if there is none.
+    // A text file, code page 936 or UTF-8, line ends as they stand; of a longer one the last megabyte. Error
+    // 53 if there is none.
     virtual Text ReadText(const Text& name) const = 0;
 
     // Writes `text` as a rich-text file. Error 76 if its folder is missing.
     virtual void SaveRichText(const Text& name, const Text& text) = 0;
 
-    // The error file, one handle, opened for append. Opening it while it is open does nothing; a missing file is
-    // made. Error 76 if its folder is missing.
+    // The error file, one handle, opened for append. Opening it while it is open does nothing; a missing file
+    // is made. Error 76 if its folder is missing.
     virtual void OpenErrorFile() = 0;
     virtual void CloseErrorFile() = 0;  // closed already: nothing
     virtual bool ErrorFileIsOpen() const = 0;

@@ -53,9 +53,7 @@ void CreateCatalogueFile(const QString& path, const std::function<void(Store&)>&
     draft.Publish(path);
 }
 
-QString ToQt(TextView text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
+QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())); }
 
 }  // namespace
 

@@ -20,9 +20,7 @@ namespace {
 // A statement waits for a lock of another process, and a silent server is waited for, this long.
 constexpr int kPatienceSeconds = 5;
 
-QString ToQt(const Text& text) {
-    return QString::fromStdU16String(text);
-}
+QString ToQt(const Text& text) { return QString::fromStdU16String(text); }
 
 [[noreturn]] void Raise(const QSqlError& error) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
@@ -35,12 +33,9 @@ void RaiseUnless(bool done, const QSqlDatabase& connection) {
 
 StoreEngine EngineOf(const QSqlDriver& driver) {
     switch (driver.dbmsType()) {
-        case QSqlDriver::SQLite:
-            return StoreEngine::Sqlite;
-        case QSqlDriver::PostgreSQL:
-            return StoreEngine::PostgreSql;
-        default:
-            return StoreEngine::SqlServer;
+        case QSqlDriver::SQLite: return StoreEngine::Sqlite;
+        case QSqlDriver::PostgreSQL: return StoreEngine::PostgreSql;
+        default: return StoreEngine::SqlServer;
     }
 }
 
@@ -57,37 +52,33 @@ QVariant VariantOf(const StoreValue& value) {
 
 QtStore::QtStore() : connectionName_(QUuid::createUuid().toString(QUuid::Id128)) {}
 
-QtStore::~QtStore() {
-    Close();
-}
+QtStore::~QtStore() { Close(); }
 
 void QtStore::Open(const StoreAddress& address) {
     Close();
+    const bool isFile = address.kind == StoreAddress::Kind::LocalFile;
     try {
-        if (address.kind == StoreAddress::Kind::LocalFile) {
+        if (isFile) {
             OpenFile(address);
         } else {
             Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
         }
         RequireTables(*this, address.tables);
-    } catch (...) {
+    } catch (const RuntimeError& error) {
         Close();
-        throw;
+        // The string of a server holds its password and is never shown.
+        throw RuntimeError::OfStore((isFile ? address.location + u"：" : Text()) + error.Message());
     }
 }
 
 void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
-    if (!file.isFile()) throw RuntimeError::OfStore(address.location + u"：数据库文件不存在");
+    if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
     const QUrl uri = QUrl::fromLocalFile(file.absoluteFilePath());
     Connect(u"QSQLITE"_s, QString::fromLatin1(uri.toEncoded()) + u"?immutable=1"_s,
             u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
-    try {
-        RequireTables(*this, address.tables);
-    } catch (const RuntimeError& error) {
-        throw RuntimeError::OfStore(address.location + u"：" + error.Message());
-    }
+    RequireTables(*this, address.tables);
     Close();
     Connect(u"QSQLITE"_s, file.absoluteFilePath(), u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kPatienceSeconds * 1000));
     Execute(u"PRAGMA foreign_keys=ON");
@@ -123,9 +114,7 @@ StoreRows QtStore::Query(const Text& sql) {
     return result;
 }
 
-void QtStore::Execute(const Text& sql) {
-    Run(sql);
-}
+void QtStore::Execute(const Text& sql) { Run(sql); }
 
 QSqlQuery QtStore::Run(const Text& sql) {
     QSqlQuery query(Connection());

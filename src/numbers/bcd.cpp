@@ -12,9 +12,7 @@ namespace {
 constexpr int kNegative = 8;
 constexpr int kDigits = 8;
 
-double PowerOfTen(int exponent) {
-    return std::pow(10.0, exponent);
-}
+double PowerOfTen(int exponent) { return std::pow(10.0, exponent); }
 
 }  // namespace
 

@@ -12,9 +12,7 @@ namespace {
 
 constexpr int kBits = 8;
 
-bool IsDoubleByte(char16_t character) {
-    return CharacterCode(character) > 0xFF;
-}
+bool IsDoubleByte(char16_t character) { return CharacterCode(character) > 0xFF; }
 
 }  // namespace
 

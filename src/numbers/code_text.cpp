@@ -5,13 +5,9 @@
 
 namespace commtest {
 
-int CodeByteAt(TextView code, int position) {
-    return HexParse(Mid(code, position, 2));
-}
+int CodeByteAt(TextView code, int position) { return HexParse(Mid(code, position, 2)); }
 
-void SwapTwoBytes(Text& code) {
-    code = Mid(code, 3, 2) + Mid(code, 1, 2);
-}
+void SwapTwoBytes(Text& code) { code = Mid(code, 3, 2) + Mid(code, 1, 2); }
 
 Text CodeByteOf(double value) {
     const Text digits = HexOf(value);

@@ -15,9 +15,7 @@ constexpr int kExponentRounds = 64;
 constexpr int kMantissaBytes = 3;
 
 // The working value lives in text between the steps, which decides the last digits of the code.
-double ThroughText(double value) {
-    return ToNumber(NumberText(value));
-}
+double ThroughText(double value) { return ToNumber(NumberText(value)); }
 
 struct Normalised {
     int firstByte;    // signs and exponent

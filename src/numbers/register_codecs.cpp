@@ -20,9 +20,7 @@ constexpr ReadingLength kAutoReading = {100000, 6};
 constexpr int kCodeToValue = -1;
 constexpr int kValueToCode = 0;
 
-void ReadPlainHex(Text& text) {
-    text = WholeText(HexParse(text));
-}
+void ReadPlainHex(Text& text) { text = WholeText(HexParse(text)); }
 
 void ReadSignMagnitudeSwapped(Text& text) {
     text = SignMagnitudeValue(CodeByteAt(text, 3), CodeByteAt(text, 1));
@@ -40,14 +38,10 @@ void ReadIeeeSingle(Text& text) {
 
 void ReadSwappedByLength(Text& text) {
     switch (Len(text)) {
-        case 2:
-            return ReadPlainHex(text);
-        case 4:
-            return ReadSignMagnitudeSwapped(text);
-        case 8:
-            return CommCodeToValue(text, format::kCustomFloat);
-        default:
-            return;
+        case 2: return ReadPlainHex(text);
+        case 4: return ReadSignMagnitudeSwapped(text);
+        case 8: return CommCodeToValue(text, format::kCustomFloat);
+        default: return;
     }
 }
 
@@ -82,12 +76,9 @@ void AutoValueToCode(Text& text, int size) {
             text = HexOf(text);
             PadWideText(text, 2, kZerosOnTheLeft);
             return;
-        case 2:
-            return AutoValueToTwoBytes(text);
-        case 4:
-            return ValueToCustomFloat(text);
-        default:
-            return;
+        case 2: return AutoValueToTwoBytes(text);
+        case 4: return ValueToCustomFloat(text);
+        default: return;
     }
 }
 
@@ -99,48 +90,34 @@ void ValueToCommCode(Text& text, int formatNumber) {
             ValueToSignMagnitude(text);
             SwapTwoBytes(text);
             return;
-        case format::kTwosComplement:
-            return ValueToTwosComplement(text, 4);
-        case format::kCustomFloat:
-            return ValueToCustomFloat(text);
-        case format::kIeeeSingle:
-            return ValueToIeeeSingle(text);
-        case format::kBcd:
-            return ValueToBcd(text);
-        case format::kOneByte:
-            return ValueToTwosComplement(text, 2);
+        case format::kTwosComplement: return ValueToTwosComplement(text, 4);
+        case format::kCustomFloat: return ValueToCustomFloat(text);
+        case format::kIeeeSingle: return ValueToIeeeSingle(text);
+        case format::kBcd: return ValueToBcd(text);
+        case format::kOneByte: return ValueToTwosComplement(text, 2);
         // Sign and magnitude although kUneven reads two's complement: its instruments mean it so.
         case format::kUneven:
-        case format::kSignMagnitude:
-            return ValueToSignMagnitude(text);
-        default:
-            return;
+        case format::kSignMagnitude: return ValueToSignMagnitude(text);
+        default: return;
     }
 }
 
 void CommCodeToValue(Text& text, int formatNumber) {
     switch (formatNumber) {
-        case format::kSignMagnitudeSwapped:
-            return ReadSwappedByLength(text);
-        case format::kCustomFloat:
-            return ReadCustomFloat(text, kGridReading);
+        case format::kSignMagnitudeSwapped: return ReadSwappedByLength(text);
+        case format::kCustomFloat: return ReadCustomFloat(text, kGridReading);
         case format::kIeeeSingle:
-        case format::kIeeeSingleReadOnly:
-            return ReadIeeeSingle(text);
-        case format::kBcd:
-            return BcdToValue(text);
+        case format::kIeeeSingleReadOnly: return ReadIeeeSingle(text);
+        case format::kBcd: return BcdToValue(text);
         case format::kSignMagnitude:
             text = SignMagnitudeValue(CodeByteAt(text, 1), CodeByteAt(text, 3));
             return;
         case format::kTwosComplement:
         case format::kOneByte:
         case format::kPlainHex:
-        case format::kUneven:
-            return ReadPlainHex(text);
-        case format::kAccumulated:
-            return ReadAccumulated(text);
-        default:
-            return;
+        case format::kUneven: return ReadPlainHex(text);
+        case format::kAccumulated: return ReadAccumulated(text);
+        default: return;
     }
 }
 

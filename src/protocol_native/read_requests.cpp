@@ -20,10 +20,10 @@ constexpr TextView kReadStaticWord = u" 52 52";   // RR
 // address characters in column 2.
 struct Layout {
     void (*makeCheckWord)(HexText&);
-    Text (*addressOf)(const Text& column2);           // address characters of a request
-    Text (*lengthOf)(const Grid& grid, int row);      // a row's length, hexadecimal
+    Text (*addressOf)(const Text& column2);                // address characters of a request
+    Text (*lengthOf)(const Grid& grid, int row);           // a row's length, hexadecimal
     Text (*lengthCharacterOf)(const Grid& grid, int row);  // the one length character of a single read
-    TextView beforeAddress;                           // between "RE" and the address
+    TextView beforeAddress;                                // between "RE" and the address
     int groupAttributeColumn;
     bool skipsCommandRows;
     bool limitIsFixedAtStart;
@@ -40,13 +40,19 @@ Text FirstOfLengthColumn(const Grid& grid, int row) {
     return Left(length, 1);
 }
 
-constexpr Layout kPlainLayout = {MakeCRCWordTq,      WholeAddress, LengthColumn, FirstOfLengthColumn, u"",
-                                 column::kAttribute, true,         true};
+constexpr Layout kPlainLayout = {MakeCRCWordTq, WholeAddress,       LengthColumn, FirstOfLengthColumn,
+                                 u"",           column::kAttribute, true,         true};
 
-// A group takes its attribute from the length column here: column 4 holds no digit, so it nearly always ends at
-// its first row.
-constexpr Layout kLengthInAddressLayout = {
-    MakeCRCWordTqTwo, AddressBehindLength, LengthInAddress, LengthInAddress, u"0", column::kLength, false, false};
+// A group takes its attribute from the length column here: column 4 holds no digit, so it nearly always ends
+// at its first row.
+constexpr Layout kLengthInAddressLayout = {MakeCRCWordTqTwo,
+                                           AddressBehindLength,
+                                           LengthInAddress,
+                                           LengthInAddress,
+                                           u"0",
+                                           column::kLength,
+                                           false,
+                                           false};
 
 void CloseFrame(MainForm& form, const Layout& layout, const HexText& commandAndData) {
     form.SendText = u" 40" + form.AddressText + commandAndData;
@@ -89,8 +95,9 @@ void BuildSingleRead(MainForm& form, const Layout& layout) {
     grid.SetCell(form.CurrentRow, column::kSingleRead, Text());
     const Text& address = grid.Cell(form.CurrentRow, column::kAddress);
     const Text length = layout.lengthCharacterOf(grid, form.CurrentRow);
-    CloseFrame(form, layout,
-               HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + layout.addressOf(address) + u"0" + length));
+    CloseFrame(
+        form, layout,
+        HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + layout.addressOf(address) + u"0" + length));
 }
 
 std::int16_t Hex16(const Text& text) { return Whole16(HexParse(text)); }

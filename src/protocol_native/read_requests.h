@@ -5,8 +5,8 @@ namespace commtest {
 class MainForm;
 
 // Fill SendText for the next poll by CommandCode, and move CurrentRow. The grid's redraw is on afterwards.
-// Errors: 13 for a ConDataNub that is no number, 9 for a CurrentRow beyond the grid, 5 for a single read of a row
-// without a length, 6 for a group count beyond 16 bits.
+// Errors: 13 for a ConDataNub that is no number, 9 for a CurrentRow beyond the grid, 5 for a single read of a
+// row without a length, 6 for a group count beyond 16 bits.
 //
 // Code 11, address 1: read dynamic data, read parameter 0123 of two bytes
 //   "@01RD17\r"  "@01RE012302" check "\r"
@@ -17,8 +17,8 @@ void BuildTqGroupReadRequest(MainForm& form);  // code 12
 // under codes 11 and 12 only: under 13 a row past the end stays there.
 void FindReadableRow(MainForm& form);
 
-// Ends a frame under code 13: its last byte gives way to two fill bytes and the line end, whose small "d" shows
-// in the record. A frame left standing grows by two fill bytes each time.
+// Ends a frame under code 13: its last byte gives way to two fill bytes and the line end, whose small "d"
+// shows in the record. A frame left standing grows by two fill bytes each time.
 void FillFrameEnd(MainForm& form);
 
 }  // namespace commtest

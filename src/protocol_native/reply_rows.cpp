@@ -14,8 +14,8 @@ namespace {
 constexpr int kFirstDynamicRow = 6;
 constexpr TextView kContinueByte = u" 0A";
 
-// Takes the walk to its first row and gives the column that the raw text goes to. A write's answer ("##", "**")
-// carries no data: its walk blanks column 0 of the row and puts the value of an empty text beside it.
+// Takes the walk to its first row and gives the column that the raw text goes to. A write's answer ("##",
+// "**") carries no data: its walk blanks column 0 of the row and puts the value of an empty text beside it.
 int BeginWalk(MainForm& form) {
     const HexText word = Mid(form.ReplyText, 10, 6);
     if (word == u" 52 52") {

@@ -41,8 +41,8 @@ class Converter {
 };
 
 struct Tables {
-    std::array<std::uint16_t, 0x10000> codeOf{};       // by UTF-16 unit; 0 but for unit 0: unmappable
-    std::array<char16_t, 0x10000> characterOf{};       // by code; 0: no such code
+    std::array<std::uint16_t, 0x10000> codeOf{};  // by UTF-16 unit; 0 but for unit 0: unmappable
+    std::array<char16_t, 0x10000> characterOf{};  // by code; 0: no such code
 };
 
 void Enter(Tables& tables, Converter& converter, unsigned code, std::string_view bytes) {
@@ -77,6 +77,10 @@ const Tables& CodePage() {
     return *tables;
 }
 
+bool IsPair(TextView text) {
+    return text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
+}
+
 bool IsUtf8(std::string_view bytes) { return !Contains(FromUtf8(bytes), u"\uFFFD"); }
 
 }  // namespace
@@ -94,8 +98,7 @@ std::string ToCodePage(TextView text) {
         const int code = CharacterCode(text[i]);
         if (code > 0xFF) bytes += static_cast<char>(code >> 8);
         bytes += static_cast<char>(code & 0xFF);
-        const bool pair = text[i] >= 0xD800 && text[i] < 0xDC00 && i + 1 < text.size();
-        if (pair) ++i;  // one "?" for both halves
+        if (IsPair(text.substr(i))) ++i;  // one "?" for both halves
     }
     return bytes;
 }

@@ -21,7 +21,7 @@ Text FittedToWidth(Text text, int width);
 // stays empty. Modes 1 and 2: each character's code of code page 936 behind a blank, a double-byte character
 // thus with four digits. Any other mode changes nothing.
 void ConvertHexText(Text& text, int mode);
-Text ReadableOf(HexText frame);      // mode 0
+Text ReadableOf(HexText frame);        // mode 0
 HexText HexTextOfReadable(Text text);  // mode 1
 
 // Puts a blank in front of a text that does not begin with one.

@@ -44,6 +44,7 @@ Decimal DecimalOf(double value, int significant) {
     }
     const auto last = decimal.digits.find_last_not_of('0');
     decimal.digits.resize(last == std::string::npos ? 0 : last + 1);
+    if (decimal.digits.empty()) decimal.point = 0;  // a zero, too, has no digit before the point
     return decimal;
 }
 
@@ -57,7 +58,8 @@ std::string ExponentForm(const Decimal& decimal) {
 
 std::string PlainForm(const Decimal& decimal) {
     const int count = static_cast<int>(decimal.digits.size());
-    if (decimal.point <= 0) return '.' + std::string(static_cast<std::size_t>(-decimal.point), '0') + decimal.digits;
+    if (decimal.point <= 0)
+        return '.' + std::string(static_cast<std::size_t>(-decimal.point), '0') + decimal.digits;
     if (decimal.point >= count) {
         return decimal.digits + std::string(static_cast<std::size_t>(decimal.point - count), '0');
     }

@@ -11,14 +11,14 @@ namespace commtest {
 // routines that pass over errors (PassOverErrors).
 class RuntimeError : public std::exception {
   public:
-    static constexpr int kInvalidArgument = 5;   // 无效的过程调用或参数
-    static constexpr int kOverflow = 6;          // 溢出
-    static constexpr int kSubscript = 9;         // 下标越界
-    static constexpr int kTypeMismatch = 13;     // 类型不匹配
-    static constexpr int kBadFile = 52;          // 文件名或文件号错误
-    static constexpr int kFileNotFound = 53;     // 文件未找到
-    static constexpr int kPathNotFound = 76;     // 路径未找到
-    static constexpr int kStore = 3146;          // a statement of the store failed
+    static constexpr int kInvalidArgument = 5;  // 无效的过程调用或参数
+    static constexpr int kOverflow = 6;         // 溢出
+    static constexpr int kSubscript = 9;        // 下标越界
+    static constexpr int kTypeMismatch = 13;    // 类型不匹配
+    static constexpr int kBadFile = 52;         // 文件名或文件号错误
+    static constexpr int kFileNotFound = 53;    // 文件未找到
+    static constexpr int kPathNotFound = 76;    // 路径未找到
+    static constexpr int kStore = 3146;         // a statement of the store failed
 
     explicit RuntimeError(int number);
 

@@ -49,7 +49,12 @@ constexpr char32_t kReplacement = 0xFFFD;
 char32_t TakeUtf8(std::string_view& rest) {
     const auto byteAt = [&rest](std::size_t i) { return static_cast<unsigned char>(rest[i]); };
     const unsigned char lead = byteAt(0);
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+    const std::size_t length = lead < 0x80   ? 1
+                               : lead < 0xC2 ? 0
+                               : lead < 0xE0 ? 2
+                               : lead < 0xF0 ? 3
+                               : lead < 0xF5 ? 4
+                                             : 0;
     if (length == 0 || length > rest.size()) {
         rest.remove_prefix(1);
         return kReplacement;

@@ -12,9 +12,7 @@ namespace {
 constexpr int kAddressOffset = 128;
 
 // A recorded frame may stand as plain characters.
-HexText AsHexText(const HexText& frame) {
-    return Contains(frame, u" ") ? frame : HexTextOfReadable(frame);
-}
+HexText AsHexText(const HexText& frame) { return Contains(frame, u" ") ? frame : HexTextOfReadable(frame); }
 
 }  // namespace
 
@@ -39,8 +37,8 @@ void ComposeTwoDigitAddress(MainForm& form) {
 void ComposeDoubledAddress(MainForm& form) {
     const double sum = std::floor(ToNumber(form.ConMeterAddr.Value())) + kAddressOffset;
     const Text digits = HexOf(sum);
-    // Setting the field runs this routine once more for address 1; this outer run then still leaves its own too
-    // large sum behind, until the next change.
+    // Setting the field runs this routine once more for address 1; this outer run then still leaves its own
+    // too large sum behind, until the next change.
     if (sum > 255) form.ConMeterAddr.Set(u"1");
     form.AddressText = u" " + digits + u" " + digits;
 }

@@ -6,12 +6,12 @@ namespace commtest {
 
 class MainForm;
 
-// The change routine of the address field: the list of sent frames begins anew, and AddressText is composed in
-// the form of the protocol in use. Error 13 if the address is no number.
+// The change routine of the address field: the list of sent frames begins anew, and AddressText is composed
+// in the form of the protocol in use. Error 13 if the address is no number.
 void ConMeterAddr_Change(MainForm& form);
 
 // Forms of AddressText.
-void ComposeAsciiAddress(MainForm& form);     // " 30 31": the digits of the number in hexadecimal, as characters
+void ComposeAsciiAddress(MainForm& form);  // " 30 31": the digits of the number in hexadecimal, as characters
 void ComposeTwoDigitAddress(MainForm& form);  // "0A": without a blank; an address above 255 is not cut
 void ComposeDoubledAddress(MainForm& form);   // " 81 81": address plus 128, twice
 

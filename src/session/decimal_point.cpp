@@ -17,8 +17,8 @@ constexpr int kFormats = 5;  // 0 to 4 decimals
 int ReferenceRow(const Grid& grid, int row) {
     const auto address = HexParse(grid.Cell(row, column::kDecimals));
     for (int r = 1; r < grid.Rows(); ++r) {
-        const bool isThere = HexParse(grid.Cell(r, column::kAddress)) == address;
-        if (isThere && !grid.Cell(r, column::kValue).empty()) return r;
+        if (grid.Cell(r, column::kValue).empty()) continue;
+        if (HexParse(grid.Cell(r, column::kAddress)) == address) return r;
     }
     return 0;
 }

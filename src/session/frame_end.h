@@ -4,8 +4,8 @@ namespace commtest {
 
 class MainForm;
 
-// End rules: has the reply in ReplyText come to its end? Digit pairs are searched for in the frame's text; the
-// blank in front of each byte keeps "0A" from being found across two bytes.
+// End rules: has the reply in ReplyText come to its end? Digit pairs are searched for in the frame's text;
+// the blank in front of each byte keeps "0A" from being found across two bytes.
 
 // A byte 0A or 0D.
 bool EndsWithLineEnd(const MainForm& form);
@@ -13,10 +13,10 @@ bool EndsWithLineEnd(const MainForm& form);
 // A byte 0A.
 bool EndsWithLineFeed(const MainForm& form);
 
-// Any one of: the third byte equals the data bytes of a read reply; the echo of a write with function 06; eight
-// bytes with function 09; seven bytes or more with function 08; five bytes with a function that begins with 8
-// (an exception). A function 10 answer of eight bytes meets them only by the chance of its contents and else
-// waits for the time-out: the instruments' sessions have always run so.
+// Any one of: the third byte equals the data bytes of a read reply; the echo of a write with function 06;
+// eight bytes with function 09; seven bytes or more with function 08; five bytes with a function that begins
+// with 8 (an exception). A function 10 answer of eight bytes meets them only by the chance of its contents
+// and else waits for the time-out: the instruments' sessions have always run so.
 bool EndsByRtuRule(const MainForm& form);
 
 // At least ten bytes, at least 64 bytes.

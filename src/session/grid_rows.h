@@ -9,17 +9,17 @@ class MainForm;
 
 // Columns of the parameter grid.
 namespace column {
-inline constexpr int kNumber = 0;          // 序号, "001 "
-inline constexpr int kName = 1;            // 参数名称
-inline constexpr int kAddress = 2;         // 地址; under code 12 a length character and three of address
-inline constexpr int kLength = 3;          // 长度, in bytes; of a command row its command digit
-inline constexpr int kAttribute = 4;       // 属性
-inline constexpr int kDecimals = 5;        // 小数点: decimals, or the address of a decimals parameter
-inline constexpr int kSingleRead = 6;      // RE 读值, raw code text
-inline constexpr int kGroupRead = 7;       // RR/RD 读值, raw code text
-inline constexpr int kValue = 8;           // 计算值
-inline constexpr int kScaledValue = 9;     // 小数点修正值
-inline constexpr int kNewValue = 10;       // 修改值
+inline constexpr int kNumber = 0;       // 序号, "001 "
+inline constexpr int kName = 1;         // 参数名称
+inline constexpr int kAddress = 2;      // 地址; under code 12 a length character and three of address
+inline constexpr int kLength = 3;       // 长度, in bytes; of a command row its command digit
+inline constexpr int kAttribute = 4;    // 属性
+inline constexpr int kDecimals = 5;     // 小数点: decimals, or the address of a decimals parameter
+inline constexpr int kSingleRead = 6;   // RE 读值, raw code text
+inline constexpr int kGroupRead = 7;    // RR/RD 读值, raw code text
+inline constexpr int kValue = 8;        // 计算值
+inline constexpr int kScaledValue = 9;  // 小数点修正值
+inline constexpr int kNewValue = 10;    // 修改值
 inline constexpr int kCount = 11;
 }  // namespace column
 

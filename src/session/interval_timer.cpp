@@ -10,8 +10,8 @@ namespace commtest {
 void TimeSetup_Click(MainForm& form) {
     if (form.TimeSetup.Value()) {
         form.IntervalMinutes = 1;
-        form.IntervalMinutes = ToWhole16(form.dialogs.AskText(
-            u"时间间隔", u"请输入时间间隔,单位为 分钟 ", WholeText(form.IntervalMinutes)));
+        form.IntervalMinutes = ToWhole16(form.dialogs.AskText(u"时间间隔", u"请输入时间间隔,单位为 分钟 ",
+                                                              WholeText(form.IntervalMinutes)));
         form.IntervalLastRun = HourMinuteText(form.clock.Now());
         if (!form.MSComm1.PortOpen()) RunToolbarCommand(form, toolbar::kStartStop);
     }

@@ -8,8 +8,8 @@ class MainForm;
 // number, also for a cancelled question.
 void TimeSetup_Click(MainForm& form);
 
-// The tick of Timer1(2): flips the session between running and stopped when the minutes have passed. Quiet across
-// midnight until the clock passes the stored time again.
+// The tick of Timer1(2): flips the session between running and stopped when the minutes have passed. Quiet
+// across midnight until the clock passes the stored time again.
 void TickIntervalTimer(MainForm& form);
 
 }  // namespace commtest

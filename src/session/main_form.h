@@ -68,14 +68,15 @@ class MainForm {
     const Texts& texts;
 
     // --- The session's state ---
-    std::int16_t ProtocolCode = 0;  // which protocol is in use; re-read from MeterCodeText before each routing
-    Text MeterCodeText;             // 编号 of the chosen instrument; its first two characters: ProtocolCode
+    std::int16_t ProtocolCode =
+        0;               // which protocol is in use; re-read from MeterCodeText before each routing
+    Text MeterCodeText;  // 编号 of the chosen instrument; its first two characters: ProtocolCode
     std::int32_t CommandCode = command::kReadDynamicTurn;  // which operation each cycle performs
-    std::int16_t CycleStep = 0;     // step of the polling state machine, 0..7 (session/polling_cycle.h)
-    HexText SendText;               // the frame to send
-    HexText ReplyText;              // the bytes received so far for the current frame
-    Text LogLine;                   // the line of the record under composition
-    Text AddressText;               // the address as it stands in a frame, by protocol
+    std::int16_t CycleStep = 0;  // step of the polling state machine, 0..7 (session/polling_cycle.h)
+    HexText SendText;            // the frame to send
+    HexText ReplyText;           // the bytes received so far for the current frame
+    Text LogLine;                // the line of the record under composition
+    Text AddressText;            // the address as it stands in a frame, by protocol
 
     // Counters since they were last cleared.
     std::int32_t SendCount = 0;         // frames sent
@@ -85,19 +86,21 @@ class MainForm {
     std::int16_t SearchFoundCount = 0;  // replies seen by a search
 
     // The wait for a reply.
-    std::int16_t RxEventCount = 0;  // receive events of two bytes or more since the last send; each buys a tick
-    std::int16_t WaitTicks = 0;     // ticks spent waiting
-    std::int16_t ReplyTimeout = 0;  // tick length in milliseconds while waiting
+    std::int16_t RxEventCount =
+        0;                       // receive events of two bytes or more since the last send; each buys a tick
+    std::int16_t WaitTicks = 0;  // ticks spent waiting
+    std::int16_t ReplyTimeout = 0;        // tick length in milliseconds while waiting
     std::int32_t PartialReplyLength = 0;  // length of ReplyText at the last unfinished look; read by nothing
 
     // The grid's rows.
-    std::int16_t CurrentRow = 0;    // the row that the next single read will use
-    std::int16_t FirstDataRow = 0;  // first row whose attribute is exactly "RW"; outlives an instrument without one
+    std::int16_t CurrentRow = 0;  // the row that the next single read will use
+    std::int16_t FirstDataRow =
+        0;  // first row whose attribute is exactly "RW"; outlives an instrument without one
 
     // Kept by the native read builders between calls.
-    HexText ReadFrameCommand;     // command of the last static or dynamic read
-    Text ReadAttribute;           // what rows must contain to take part
-    std::int16_t ReadLimit = 0;   // data bytes of a group read
+    HexText ReadFrameCommand;    // command of the last static or dynamic read
+    Text ReadAttribute;          // what rows must contain to take part
+    std::int16_t ReadLimit = 0;  // data bytes of a group read
 
     // First static and dynamic reply since the instrument was chosen.
     HexText StaticSample;
@@ -137,10 +140,10 @@ class MainForm {
     ListControl ConDataTypeList;
     TextControl ConMeterAddr{u"1"};
     TextControl ConDataNub{u"16"};
-    TextControl ConDelayTime{u"100"};  // milliseconds between two exchanges
-    OptionGroup ShowMode{0};           // 0 ASCII, 1 hexadecimal
-    OptionGroup WriteType{0};          // 0 two bytes, 1 four bytes, 2 several
-    std::array<ListControl, 5> ConCommSetting;  // port, baud rate, data bits, parity, stop bits
+    TextControl ConDelayTime{u"100"};             // milliseconds between two exchanges
+    OptionGroup ShowMode{0};                      // 0 ASCII, 1 hexadecimal
+    OptionGroup WriteType{0};                     // 0 two bytes, 1 four bytes, 2 several
+    std::array<ListControl, 5> ConCommSetting;    // port, baud rate, data bits, parity, stop bits
     std::array<ListControl, 1> ConSendOutString;  // shows the frame; lists each distinct frame sent
     std::array<TextControl, 3> ConCommMessage;    // failure line, total line, both
     std::array<RecordPane, 2> ConCommString;      // 0 conversion texts, 1 the record

@@ -25,8 +25,8 @@ std::vector<MenuEntry> EntriesOfMenu(const MainForm& form, int menu);
 // A choice of entry `index` of menu 1 to 4.
 void ChooseMenuEntry(MainForm& form, int menu, int index);
 
-// Empties the current column of the parameter grid from row 6 to the last, if it is column 5 or beyond. Rows 1
-// to 5 keep their text.
+// Empties the current column of the parameter grid from row 6 to the last, if it is column 5 or beyond. Rows
+// 1 to 5 keep their text.
 void ClearCurrentColumn(MainForm& form);
 
 }  // namespace commtest

@@ -18,14 +18,14 @@ enum class OperationMenu { None, Native, Modbus, Recorder, FlowMeter };
 struct Protocol {
     int code = 0;
     TextView name;
-    void (*buildRead)(MainForm&) = nullptr;             // fills SendText for the next poll
-    void (*buildWrite)(MainForm&) = nullptr;            // fills SendText from InputText and the current row
-    bool (*replyIsComplete)(const MainForm&) = nullptr; // judges ReplyText; none: never complete
-    bool continuesOnLineFeed = false;                   // a reply with byte 0A is one part of a longer answer
+    void (*buildRead)(MainForm&) = nullptr;              // fills SendText for the next poll
+    void (*buildWrite)(MainForm&) = nullptr;             // fills SendText from InputText and the current row
+    bool (*replyIsComplete)(const MainForm&) = nullptr;  // judges ReplyText; none: never complete
+    bool continuesOnLineFeed = false;  // a reply with byte 0A is one part of a longer answer
     void (*parseReply)(MainForm&) = nullptr;
     DisplayMode displayMode = DisplayMode::Unchanged;
     OperationMenu menu = OperationMenu::None;
-    void (*composeAddress)(MainForm&) = nullptr;        // AddressText from ConMeterAddr
+    void (*composeAddress)(MainForm&) = nullptr;                    // AddressText from ConMeterAddr
     void (*showFrameAddress)(MainForm&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
     void (*appendCheckWord)(HexText&) = nullptr;
 };

@@ -24,8 +24,8 @@ void LogCommError(MainForm& form) {
     if (!form.ConAutoSave[1].Value()) return;
     const Text lineEnd(kLineEnd);
     form.files.WriteToErrorFile(ToCodePage(TimeStampText(form.clock.Now())));
-    form.files.WriteToErrorFile(ToCodePage(form.LogLine + u"        串口设置: " + form.MSComm1.Settings() +
-                                           lineEnd + lineEnd));
+    form.files.WriteToErrorFile(
+        ToCodePage(form.LogLine + u"        串口设置: " + form.MSComm1.Settings() + lineEnd + lineEnd));
 }
 
 void SaveRecord(MainForm& form) {

@@ -20,7 +20,8 @@ void ConCommString_Click(MainForm& form, int index);
 // The three layouts of the two panes in turn. The choice is remembered.
 void ConShowCommand_Click(MainForm& form);
 
-// Buttons of the error file: 0 empties it, 1 shows it while the session is stopped. Error 53 if there is none.
+// Buttons of the error file: 0 empties it, 1 shows it while the session is stopped. Error 53 if there is
+// none.
 void ClearFileCommand_Click(MainForm& form, int index);
 
 }  // namespace commtest

@@ -34,7 +34,8 @@ void RouteReply(MainForm& form) {
 }
 
 void ShowStatistics(MainForm& form) {
-    const Text total = Text(form.texts.beforeTotal) + WholeText(form.SendCount) + Text(form.texts.behindTotal);
+    const Text total =
+        Text(form.texts.beforeTotal) + WholeText(form.SendCount) + Text(form.texts.behindTotal);
     form.ConCommMessage[1].Set(total);
     Text failures = u"数据不完整 " + WholeText(form.IncompleteCount) + u" 次;校验出错 " +
                     WholeText(form.CheckErrorCount) + u" 次;无应答 " + WholeText(form.NoReplyCount) +

@@ -32,7 +32,8 @@ void Stop(MainForm& form) {
 void RunToolbarCommand(MainForm& form, int index) {
     switch (index) {
         case toolbar::kImport:
-            if (form.dialogs.AskYesNo(u"确定要重新导入仪表的参数地址表吗？")) form.companions.ImportParameterList(form);
+            if (form.dialogs.AskYesNo(u"确定要重新导入仪表的参数地址表吗？"))
+                form.companions.ImportParameterList(form);
             break;
         case toolbar::kSearch: form.FindFrame.SetVisible(!form.FindFrame.Visible()); break;
         case toolbar::kStartStop:

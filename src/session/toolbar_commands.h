@@ -13,8 +13,8 @@ inline constexpr int kExport = 9;
 inline constexpr int kLeave = 11;
 }  // namespace toolbar
 
-// The action of a toolbar button; buttons without one do nothing. Button 4 is a toggle: a routine that means to
-// stop a stopped session with it starts it.
+// The action of a toolbar button; buttons without one do nothing. Button 4 is a toggle: a routine that means
+// to stop a stopped session with it starts it.
 void RunToolbarCommand(MainForm& form, int index);
 
 }  // namespace commtest

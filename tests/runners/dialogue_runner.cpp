@@ -27,17 +27,13 @@ struct NotBuiltYet {
     std::string what;
 };
 
-Text TextOf(const Json& value) {
-    return FromUtf8(value.get<std::string>());
-}
+Text TextOf(const Json& value) { return FromUtf8(value.get<std::string>()); }
 
 Text FieldText(const Json& value) {
     return value.is_string() ? TextOf(value) : WholeText(value.get<std::int64_t>());
 }
 
-bool Ticked(const Json& value) {
-    return value.is_boolean() ? value.get<bool>() : value.get<int>() != 0;
-}
+bool Ticked(const Json& value) { return value.is_boolean() ? value.get<bool>() : value.get<int>() != 0; }
 
 TextControl* TextControlNamed(MainForm& form, const std::string& name) {
     const std::map<std::string, TextControl*> controls = {{"ConMeterAddr", &form.ConMeterAddr},
@@ -106,7 +102,7 @@ void RequireBuilt(const MainForm& form) {
 }
 
 void Select(BenchSession& bench, const Json& choice) {
-    bench.Choose(TextOf(choice["protocol"]), TextOf(choice["instrument"]));
+    bench.Choose(TextOf(choice["protocol"]), FromUtf8(choice.value("instrument", "")));
     RequireBuilt(bench.Form());
 }
 
@@ -243,16 +239,16 @@ void SetUp(BenchSession& bench, const Json& dialogue) {
     bench.line.Answer =
         Peer(bench.line, dialogue.value("rules", Json::array()), dialogue.value("peer", Json::array()));
     const Json controls = dialogue.value("controls", Json::object());
-    for (const auto& [name, value] : controls.items()) SetControl(bench, name, value);
+    for (const auto& entry : controls.items()) {
+        Happen(bench, [&](MainForm&) { SetControl(bench, entry.key(), entry.value()); });
+    }
     for (const Json& choice : dialogue["select"]) Select(bench, choice);
     if (dialogue.contains("ShowMode")) form.ShowMode.Show(dialogue["ShowMode"].get<int>());
     form.CommandCode = dialogue.value("command_code", 31);
     Schedule(bench, dialogue);
 }
 
-Json JsonOf(TextView text) {
-    return ToUtf8(text);
-}
+Json JsonOf(TextView text) { return ToUtf8(text); }
 
 template <typename Texts>
 Json ListOf(const Texts& texts) {
@@ -274,10 +270,8 @@ Json FramesOf(const BenchSession& bench) {
 
 Json MessageOf(const ShownBox& box) {
     switch (box.kind) {
-        case ShownBox::Kind::Message:
-            return {{"t", box.time}, {"kind", "msg"}, {"text", JsonOf(box.text)}};
-        case ShownBox::Kind::Error:
-            return {{"t", box.time}, {"kind", "error"}, {"number", box.number}};
+        case ShownBox::Kind::Message: return {{"t", box.time}, {"kind", "msg"}, {"text", JsonOf(box.text)}};
+        case ShownBox::Kind::Error: return {{"t", box.time}, {"kind", "error"}, {"number", box.number}};
         case ShownBox::Kind::YesNo:
             return {{"t", box.time},
                     {"kind", "yesno"},

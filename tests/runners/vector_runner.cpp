@@ -10,10 +10,14 @@
 
 #include "numbers/bit_text.h"
 #include "numbers/register_codecs.h"
+#include "protocol_native/check_words.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "session/address.h"
+#include "session/decimal_point.h"
+#include "support/bench_session.h"
 
 namespace commtest {
 
@@ -22,12 +26,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Routine = Json (*)(const Json& in);
 
-Text TextAt(const Json& in, std::size_t index) {
-    return FromUtf8(in.at(index).get<std::string>());
-}
-int NumberAt(const Json& in, std::size_t index) {
-    return in.at(index).get<int>();
-}
+Text TextAt(const Json& in, std::size_t index) { return FromUtf8(in.at(index).get<std::string>()); }
+int NumberAt(const Json& in, std::size_t index) { return in.at(index).get<int>(); }
 
 // A routine that rewrites its first argument; up to two numbers follow.
 template <auto routine>
@@ -43,20 +43,49 @@ Json InPlace(const Json& in) {
     return ToUtf8(text);
 }
 
-Json CallHexParse(const Json& in) {
-    return HexParse(TextAt(in, 0));
+Json CallHexParse(const Json& in) { return HexParse(TextAt(in, 0)); }
+Json CallHexOf(const Json& in) { return ToUtf8(HexOf(TextAt(in, 0))); }
+Json CallNumberText(const Json& in) { return ToUtf8(NumberText(ToNumber(TextAt(in, 0)))); }
+Json CallByteToBitText(const Json& in) { return ToUtf8(ByteToBitText(NumberAt(in, 0))); }
+Json CallBitTextToByte(const Json& in) { return BitTextToByte(TextAt(in, 0)); }
+
+template <bool (*test)(const HexText&)>
+Json CallTest(const Json& in) {
+    return test(TextAt(in, 0));
 }
-Json CallHexOf(const Json& in) {
-    return ToUtf8(HexOf(TextAt(in, 0)));
+
+Json CallMakeCRCWord(const Json& in) {
+    testing::BenchSession bench;
+    bench.Form().ProtocolCode = static_cast<std::int16_t>(NumberAt(in, 1));
+    Text frame = TextAt(in, 0);
+    MakeCRCWord(bench.Form(), frame);
+    return ToUtf8(frame);
 }
-Json CallNumberText(const Json& in) {
-    return ToUtf8(NumberText(ToNumber(TextAt(in, 0))));
+
+Json CallAddressText(const Json& in) {
+    testing::BenchSession bench;
+    MainForm& form = bench.Form();
+    form.ConMeterAddr.Set(TextAt(in, 1));
+    form.AddressText = TextAt(in, 2);
+    form.ProtocolCode = static_cast<std::int16_t>(NumberAt(in, 0));
+    ConMeterAddr_Change(form);
+    return {{"AddressText", ToUtf8(form.AddressText)}, {"ConMeterAddr", ToUtf8(form.ConMeterAddr.Value())}};
 }
-Json CallByteToBitText(const Json& in) {
-    return ToUtf8(ByteToBitText(NumberAt(in, 0)));
-}
-Json CallBitTextToByte(const Json& in) {
-    return BitTextToByte(TextAt(in, 0));
+
+Json CallApplyDecimalPoint(const Json& in) {
+    testing::BenchSession bench;
+    Grid& grid = bench.Form().ParameterGrid();
+    const Json& rows = in.at(0);
+    grid.SetRows(static_cast<int>(rows.size()));
+    for (int row = 0; row < grid.Rows(); ++row) {
+        for (int col = 0; col < grid.Cols(); ++col) {
+            grid.SetCell(row, col,
+                         TextAt(rows.at(static_cast<std::size_t>(row)), static_cast<std::size_t>(col)));
+        }
+    }
+    Text value = TextAt(in, 2);
+    ApplyDecimalPoint(bench.Form(), NumberAt(in, 1), value, in.at(3).get<bool>());
+    return ToUtf8(value);
 }
 
 const std::map<std::string, Routine>& Routines() {
@@ -72,6 +101,13 @@ const std::map<std::string, Routine>& Routines() {
         {"PadWideText", InPlace<PadWideText>},
         {"ByteToBitText", CallByteToBitText},
         {"BitTextToByte", CallBitTextToByte},
+        {"MakeCRCWord", CallMakeCRCWord},
+        {"MakeCRCWordTq", InPlace<MakeCRCWordTq>},
+        {"MakeCRCWordTqTwo", InPlace<MakeCRCWordTqTwo>},
+        {"TestCRCWordTq", CallTest<TestCRCWordTq>},
+        {"TestCRCWordTqTwo", CallTest<TestCRCWordTqTwo>},
+        {"AddressText", CallAddressText},
+        {"ApplyDecimalPoint", CallApplyDecimalPoint},
     };
     return routines;
 }

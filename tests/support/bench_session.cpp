@@ -67,7 +67,7 @@ void BenchSession::Choose(const Text& protocol, const Text& instrument) {
         MainForm& form = Form();
         form.ConCommTypeList.Set(protocol);
         RunIfSet(form.ConCommTypeList.Click);
-        if (form.ConMeterName[0].Value() == instrument) return;
+        if (instrument.empty() || form.ConMeterName[0].Value() == instrument) return;
         form.ConMeterName[0].Set(instrument);
         RunIfSet(form.ConMeterName[0].Click);
     });

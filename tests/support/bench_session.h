@@ -19,8 +19,8 @@ struct TestParameter {
     Text decimals;
 };
 
-// A whole session on a virtual line, over a store in memory: the bench on which core tests, the dialogues and the
-// benchmarks run. Verbs make a test a short story; texts are UTF-8.
+// A whole session on a virtual line, over a store in memory: the bench on which core tests, the dialogues and
+// the benchmarks run. Verbs make a test a short story; texts are UTF-8.
 class BenchSession {
   public:
     BenchSession();
@@ -28,9 +28,10 @@ class BenchSession {
     MainForm& Form() { return session_.Form(); }
 
     // An instrument in the catalogue, `code` being its 编号.
-    void Add(const Text& name, const Text& protocol, const Text& code, const std::vector<TestParameter>& parameters);
+    void Add(const Text& name, const Text& protocol, const Text& code,
+             const std::vector<TestParameter>& parameters);
 
-    // The user chooses protocol and instrument.
+    // The user chooses protocol and instrument; an empty instrument leaves the first of the protocol.
     void Choose(const Text& protocol, const Text& instrument);
 
     void Press(int toolbarButton);

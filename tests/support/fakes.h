@@ -17,11 +17,11 @@ namespace commtest::testing {
 struct ShownBox {
     enum class Kind { Message, Error, YesNo, Input };
     Kind kind;
-    Text text;      // message, question, prompt, or the standard message of an error
-    Text title;     // of an input box
-    Text proposal;  // of an input box
-    Text answer;    // of an input box; "yes" or "no" of a question
-    int number = 0; // of an error
+    Text text;       // message, question, prompt, or the standard message of an error
+    Text title;      // of an input box
+    Text proposal;   // of an input box
+    Text answer;     // of an input box; "yes" or "no" of a question
+    int number = 0;  // of an error
     std::int64_t time = 0;
 };
 

@@ -10,9 +10,7 @@ namespace {
 
 constexpr const char* kInMemory = ":memory:";
 
-Text TextOf(const void* text16) {
-    return text16 ? Text(static_cast<const char16_t*>(text16)) : Text();
-}
+Text TextOf(const void* text16) { return text16 ? Text(static_cast<const char16_t*>(text16)) : Text(); }
 
 StoreValue ColumnOf(sqlite3_stmt* statement, int column) {
     if (sqlite3_column_type(statement, column) == SQLITE_NULL) return std::nullopt;
@@ -105,9 +103,7 @@ bool SqliteStore::Step(const Statement& statement) {
     return result == SQLITE_ROW;
 }
 
-void SqliteStore::Raise() const {
-    throw RuntimeError::OfStore(FromUtf8(sqlite3_errmsg(connection_.get())));
-}
+void SqliteStore::Raise() const { throw RuntimeError::OfStore(FromUtf8(sqlite3_errmsg(connection_.get()))); }
 
 std::unique_ptr<SqliteStore> MakeEmptyCatalogue() {
     auto store = std::make_unique<SqliteStore>();

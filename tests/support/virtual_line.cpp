@@ -22,7 +22,9 @@ void VirtualLine::Drive(Timer& timer) {
     timer.DriveBy(this);
 }
 
-void VirtualLine::At(std::int64_t time, std::function<void()> action) { actions_.emplace(time, std::move(action)); }
+void VirtualLine::At(std::int64_t time, std::function<void()> action) {
+    actions_.emplace(time, std::move(action));
+}
 
 void VirtualLine::RunUntil(std::int64_t time) {
     while (RunNext(time)) {
@@ -95,7 +97,8 @@ void VirtualLine::Output(const std::string& bytes) {
 DateTime VirtualLine::Now() const {
     using namespace std::chrono;
     const auto day = sys_days(year(start_.year) / start_.month / start_.day);
-    const auto moment = day + hours(start_.hour) + minutes(start_.minute) + seconds(start_.second) + seconds(now_ / 1000);
+    const auto moment =
+        day + hours(start_.hour) + minutes(start_.minute) + seconds(start_.second) + seconds(now_ / 1000);
     const auto today = floor<days>(moment);
     const year_month_day date(today);
     const hh_mm_ss time(moment - today);

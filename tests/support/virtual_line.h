@@ -14,7 +14,8 @@
 
 namespace commtest::testing {
 
-// What a far end sends: a delay in milliseconds from the moment of the frame, and the bytes of one receive event.
+// What a far end sends: a delay in milliseconds from the moment of the frame, and the bytes of one receive
+// event.
 using Arrival = std::pair<std::int64_t, std::string>;
 
 // A frame as it left the port.
@@ -25,9 +26,9 @@ struct SentFrame {
     std::int16_t port;
 };
 
-// Virtual time with a serial line on it: drives the timers, delivers what the far end sends, takes the time off
-// the wall clock. A handler takes no time, a sleep excepted. At one instant the line comes first, then the timers
-// by index, then the scheduled actions. Bytes that arrive at a closed port are lost.
+// Virtual time with a serial line on it: drives the timers, delivers what the far end sends, takes the time
+// off the wall clock. A handler takes no time, a sleep excepted. At one instant the line comes first, then
+// the timers by index, then the scheduled actions. Bytes that arrive at a closed port are lost.
 class VirtualLine : public TimerDriver, public SerialPort, public Clock {
   public:
     // --- The far end and the events, set by the test ---

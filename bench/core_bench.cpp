@@ -1,0 +1,156 @@
+// What the core costs, without a line: codecs, check words, builders, and the whole exchange in virtual time
+// with few and many frames behind it.
+
+#include <benchmark/benchmark.h>
+
+#include "numbers/register_codecs.h"
+#include "protocol_native/check_words.h"
+#include "protocol_native/read_requests.h"
+#include "protocol_native/write_requests.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "session/polling_cycle.h"
+#include "support/bench_session.h"
+
+namespace {
+
+using namespace commtest;
+using namespace commtest::testing;
+
+const std::vector<TestParameter>& Parameters() {
+    static const std::vector<TestParameter> parameters = [] {
+        std::vector<TestParameter> rows(5, {u"命令", u"0000", u"3", u"W", u"0"});
+        rows.push_back({u"测量值", u"0010", u"2", u"D", u"1"});
+        rows.push_back({u"流量", u"0012", u"4", u"D", u"0"});
+        for (int i = 0; i < 60; ++i) {
+            Text address = HexOf(0x20 + 2.0 * i);
+            rows.push_back({u"参数", FittedToWidth(address, 4), u"2", u"RW", WholeText(i % 4)});
+        }
+        return rows;
+    }();
+    return parameters;
+}
+
+std::string Framed(std::string frame) {
+    Text hex = u" 40";
+    for (const char c : frame) AppendHexByte(hex, static_cast<unsigned char>(c));
+    MakeCRCWordTq(hex);
+    return BytesOfHex(ToUtf8(hex)) + '\r';
+}
+
+// Answers RD with two values and RR with sixty.
+std::vector<Arrival> Answer(const std::string& frame) {
+    static const std::string dynamicReply = Framed("01RDC80007C90000");
+    static const std::string staticReply = [] {
+        std::string data = "01RR";
+        for (int i = 0; i < 60; ++i) data += "D204";
+        return Framed(data);
+    }();
+    return {{1, frame.compare(3, 2, "RD") == 0 ? dynamicReply : staticReply}};
+}
+
+void StartPolling(BenchSession& bench) {
+    bench.Add(u"仪表", u"TQ仪表协议", u"110100", Parameters());
+    bench.Choose(u"TQ仪表协议", u"仪表");
+    bench.line.Answer = Answer;
+    bench.line.KeepsFrames = false;
+    bench.Form().ConDelayTime.Set(u"1");
+    bench.Press(4);
+}
+
+void PollTo(BenchSession& bench, std::size_t frames) {
+    bench.line.RunWhile([&] { return bench.line.FrameCount() < frames; }, INT64_MAX - 1);
+}
+
+void BM_Exchange(benchmark::State& state) {
+    BenchSession bench;
+    StartPolling(bench);
+    auto frames = static_cast<std::size_t>(state.range(0));
+    PollTo(bench, frames);
+    for (auto _ : state) PollTo(bench, ++frames);
+    if (bench.Form().CheckErrorCount + bench.Form().NoReplyCount + bench.Form().IncompleteCount != 0) {
+        state.SkipWithError("replies were lost");
+    }
+}
+BENCHMARK(BM_Exchange)->Arg(50)->Arg(5000)->Arg(500000);
+
+// Distinct frames in the list of sent frames: finding one must not grow with it.
+void BM_FindSentFrame(benchmark::State& state) {
+    ListControl frames;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        frames.Add(u" 40 30 31 52 45" + HexTextOfReadable(WholeText(i)) + u" 0D");
+    }
+    const Text wanted = frames.At(static_cast<int>(state.range(0)) - 1);
+    for (auto _ : state) benchmark::DoNotOptimize(frames.IndexOf(wanted));
+}
+BENCHMARK(BM_FindSentFrame)->Arg(50)->Arg(5000)->Arg(500000);
+
+void BM_PutBlockOnTop(benchmark::State& state) {
+    RecordPane pane;
+    const Text block(200, u'字');
+    for (std::int64_t i = 0; i < state.range(0); ++i) pane.PutOnTop(block);
+    for (auto _ : state) pane.PutOnTop(block);
+}
+BENCHMARK(BM_PutBlockOnTop)->Arg(50)->Arg(5000)->Arg(500000)->Iterations(20000);
+
+void BM_ValueToCommCode(benchmark::State& state) {
+    for (auto _ : state) {
+        Text value = u"-1234.5678";
+        ValueToCommCode(value, static_cast<int>(state.range(0)));
+        benchmark::DoNotOptimize(value);
+    }
+}
+BENCHMARK(BM_ValueToCommCode)->Arg(0)->Arg(1)->Arg(2)->Arg(3)->Arg(5)->Arg(6)->Arg(7);
+
+void BM_CommCodeToValue(benchmark::State& state, int format, const char* code) {
+    const Text text = FromUtf8(code);
+    for (auto _ : state) {
+        Text value = text;
+        CommCodeToValue(value, format);
+        benchmark::DoNotOptimize(value);
+    }
+}
+BENCHMARK_CAPTURE(BM_CommCodeToValue, two_bytes, 0, "D284");
+BENCHMARK_CAPTURE(BM_CommCodeToValue, custom_float, 2, "8B9A522B");
+BENCHMARK_CAPTURE(BM_CommCodeToValue, ieee_single, 3, "4048F5C3");
+BENCHMARK_CAPTURE(BM_CommCodeToValue, bcd, 5, "0900000123");
+BENCHMARK_CAPTURE(BM_CommCodeToValue, one_byte, 7, "C8");
+BENCHMARK_CAPTURE(BM_CommCodeToValue, accumulated, 8, "04A0000007C90000");
+
+template <void (*Make)(HexText&)>
+void BM_CheckWord(benchmark::State& state) {
+    const Text data = HexTextOfReadable(Text(static_cast<std::size_t>(state.range(0)), u'7'));
+    for (auto _ : state) {
+        Text frame = data;
+        Make(frame);
+        benchmark::DoNotOptimize(frame);
+    }
+}
+BENCHMARK(BM_CheckWord<MakeCRCWordTq>)->Arg(5)->Arg(250);
+BENCHMARK(BM_CheckWord<MakeCRCWordTqTwo>)->Arg(5)->Arg(250);
+
+void BM_BuildReadRequest(benchmark::State& state) {
+    BenchSession bench;
+    bench.Add(u"仪表", u"TQ仪表协议", u"110100", Parameters());
+    bench.Choose(u"TQ仪表协议", u"仪表");
+    for (auto _ : state) {
+        bench.Form().CommandCode = static_cast<std::int32_t>(state.range(0));
+        BuildReadRequest(bench.Form());
+    }
+}
+BENCHMARK(BM_BuildReadRequest)->Arg(10)->Arg(20)->Arg(50)->Arg(60);
+
+void BM_BuildWriteFrame(benchmark::State& state) {
+    BenchSession bench;
+    bench.Add(u"仪表", u"TQ仪表协议", u"110100", Parameters());
+    bench.Choose(u"TQ仪表协议", u"仪表");
+    MainForm& form = bench.Form();
+    form.ParameterGrid().Select(10, 10);
+    form.InputText.Set(u"12.3");
+    for (auto _ : state) BuildTqWriteRequest(form);
+}
+BENCHMARK(BM_BuildWriteFrame);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,79 @@
+#include "host_qt/port_problem.h"
+
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kProcesses = u"/proc"_s;
+
+QString NameOfProcess(const QString& number) {
+    QFile file(u"%1/%2/comm"_s.arg(kProcesses, number));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return u"%1 (进程 %2)"_s.arg(QString::fromUtf8(file.readAll()).trimmed(), number);
+}
+
+// Programs that share serial ports leave their number in a file of this name.
+QString HolderByLockFile(const QString& device) {
+    const QString name = QString(device).remove(u"/dev/"_s).replace(u'/', u'_');
+    QFile lock(u"/var/lock/LCK..%1"_s.arg(name));
+    if (!lock.open(QIODevice::ReadOnly)) return {};
+    return NameOfProcess(QString::fromUtf8(lock.readLine()).trimmed());
+}
+
+bool HasOpen(const QString& process, const QString& device) {
+    const QDir files(u"%1/%2/fd"_s.arg(kProcesses, process));
+    for (const QString& file : files.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+        if (QFile::symLinkTarget(files.filePath(file)) == device) return true;
+    }
+    return false;
+}
+
+// Sees the processes of the same user, or all of them for the administrator.
+QString HolderByOpenFile(const QString& device) {
+    for (const QString& process : QDir(kProcesses).entryList({u"[0-9]*"_s}, QDir::Dirs)) {
+        if (HasOpen(process, device)) return NameOfProcess(process);
+    }
+    return {};
+}
+
+QString ReasonOfPermission(const QString& device) {
+    if (access(QFile::encodeName(device), R_OK | W_OK) == 0) {
+        const QString holder = HolderOf(device);
+        return u"设备 %1 正被%2使用。请先结束那个程序"_s.arg(
+            device, holder.isEmpty() ? u"另一个程序"_s : u"程序 %1 "_s.arg(holder));
+    }
+    return u"没有读写设备 %1 的权限。请把用户加入 %2 组 (sudo usermod -aG %2 用户名)，重新登录后再试"_s.arg(
+        device, QFileInfo(device).group());
+}
+
+}  // namespace
+
+QString HolderOf(const QString& device) {
+    const QString holder = HolderByLockFile(device);
+    return holder.isEmpty() ? HolderByOpenFile(device) : holder;
+}
+
+QString ReasonOfFailedOpen(const QSerialPort& port, const Text& settings) {
+    const QString device = port.portName();
+    const bool isDevice = !QFileInfo(device).isFile() && !QFileInfo(device).isDir();
+    if (!isDevice) return u"%1 不是串口设备。请检查设备名"_s.arg(device);
+    switch (port.error()) {
+        case QSerialPort::DeviceNotFoundError: return u"设备 %1 不存在。请检查接线和设备名"_s.arg(device);
+        case QSerialPort::PermissionError: return ReasonOfPermission(device);
+        case QSerialPort::UnsupportedOperationError:
+            return u"设备 %1 不支持串口设置 %2。请换用别的设置"_s.arg(device,
+                                                                      QString::fromStdU16String(settings));
+        default: return u"设备 %1 打不开: %2"_s.arg(device, port.errorString());
+    }
+}
+
+}  // namespace commtest

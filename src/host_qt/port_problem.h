@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QSerialPort>
+#include <QString>
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+// Why a device could not be opened and what to do about it, in one line: no such device, no right to use it,
+// held by another program (named where it can be found out), not a serial port, settings that it does not
+// know.
+QString ReasonOfFailedOpen(const QSerialPort& port, const Text& settings);
+
+// The program that has a device open, as "name (process number)"; empty if that cannot be found out.
+QString HolderOf(const QString& device);
+
+}  // namespace commtest

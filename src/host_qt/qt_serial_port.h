@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QSerialPort>
+#include <QString>
+#include <functional>
+#include <map>
+
+#include "host/serial_port.h"
+
+namespace commtest {
+
+// Devices by port number: {1, "/dev/ttyUSB0"} makes that one COM1.
+using DeviceMap = std::map<int, QString>;
+
+// A port of the machine. COMn is the device that the map names for it, else the n-th serial port of the
+// machine, USB adapters ahead. Needs an event loop.
+class QtSerialPort : public SerialPort {
+  public:
+    explicit QtSerialPort(DeviceMap devices = {});
+
+    std::function<void()> Receives;
+    // The device is gone. Told once, from the event loop; the port is closed by then.
+    std::function<void(const Text& reason)> IsLost;
+
+    // Why the last opening failed, and what to do, in one line; empty if it did not fail.
+    const Text& LastProblem() const { return problem_; }
+
+    std::int16_t CommPort() const override { return number_; }
+    void SetCommPort(std::int16_t number) override { number_ = number; }
+    Text Settings() const override { return settings_; }
+    void SetSettings(Text settings) override { settings_ = std::move(settings); }
+
+    bool PortOpen() const override { return port_.isOpen(); }
+    void SetPortOpen(bool open) override;
+    void Output(const std::string& bytes) override;
+    std::string Input() override;
+
+  private:
+    void Open();
+    QString Device() const;
+    void HandleError(QSerialPort::SerialPortError error);
+
+    QSerialPort port_;
+    DeviceMap devices_;
+    std::int16_t number_ = 1;
+    Text settings_ = u"9600,N,8,1";
+    Text problem_;
+};
+
+}  // namespace commtest

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/clock.h"
+
+namespace commtest {
+
+// The machine's clock, in local time.
+class SystemClock : public Clock {
+  public:
+    DateTime Now() const override;
+    void Sleep(std::int32_t milliseconds) override;
+    double Random() override;
+};
+
+}  // namespace commtest

@@ -1,0 +1,235 @@
+#include "catalogue/instrument_catalogue.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/runtime_error.h"
+#include "support/sqlite_store.h"
+#include "support/statement_table.h"
+
+namespace commtest {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+const Text kProtocol = u"TQ仪表协议";
+
+// The rows of a result as texts, the fields joined by blanks, a null as "null".
+std::vector<std::string> Lines(const StoreRows& result) {
+    std::vector<std::string> lines;
+    for (const auto& row : result.rows) {
+        std::string line;
+        for (const StoreValue& value : row)
+            line += (line.empty() ? "" : " ") + (value ? ToUtf8(*value) : "null");
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+class InstrumentCatalogueTest : public ::testing::Test {
+  protected:
+    void AddInstrument(int id, const Text& name, const Text& code, int classId = 1) {
+        InstrumentRecord instrument;
+        instrument.id = id;
+        instrument.name = name;
+        instrument.code = code;
+        instrument.protocol = kProtocol;
+        instrument.sortKey = code.substr(0, 2);
+        instrument.className = u"类别甲";
+        instrument.classId = FromUtf8(std::to_string(classId));
+        catalogue.AddInstrument(instrument);
+    }
+
+    void AddParameter(int id, int instrument, const Text& name, const Text& address, const Text& length) {
+        ParameterRecord parameter;
+        parameter.id = id;
+        parameter.instrumentId = instrument;
+        parameter.name = name;
+        parameter.address = address;
+        parameter.length = length;
+        parameter.attribute = u"RW";
+        parameter.decimalPoint = u"0";
+        parameter.lowerLimit = u"-1";
+        parameter.upperLimit = u"9";
+        catalogue.AddParameter(parameter);
+    }
+
+    void AddChip(const Text& code, const Text& file) {
+        store->AddRow(u"仪表_芯片", {u"编号", u"文件名", u"日期", u"功能简述", u"实例", u"属性"},
+                      {code, file, u"2024-05-06", u"功能", u"实例甲", u"R"});
+    }
+
+    std::unique_ptr<testing::SqliteStore> store = testing::MakeEmptyCatalogue();
+    InstrumentCatalogue catalogue{*store};
+};
+
+TEST_F(InstrumentCatalogueTest, ParametersComeInTheOrderOfTheirKeys) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddParameter(2, 1, u"后", u"0012", u"2");
+    AddParameter(1, 1, u"先", u"0010", u"2");
+    EXPECT_THAT(Lines(catalogue.ParametersOfInstrument(u"表一")),
+                ElementsAre("先 0010 2 RW 0 9 -1 1 TQ仪表协议 11000101 -1",
+                            "后 0012 2 RW 0 9 -1 1 TQ仪表协议 11000101 -1"));
+}
+
+TEST_F(InstrumentCatalogueTest, InstrumentWithoutParametersHasNoRowsAndIsNotAmongThoseOfItsProtocol) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddInstrument(2, u"空表", u"11000102");
+    AddParameter(1, 1, u"值", u"0010", u"2");
+    EXPECT_THAT(catalogue.ParametersOfInstrument(u"空表").rows, IsEmpty());
+    EXPECT_THAT(Lines(catalogue.InstrumentsOfProtocol(kProtocol)),
+                ElementsAre("表一 TQ仪表协议 1 11000101 1"));
+    EXPECT_THAT(Lines(catalogue.InstrumentsByCode(kProtocol)),
+                ElementsAre("表一 TQ仪表协议 11000101", "空表 TQ仪表协议 11000102"));
+}
+
+TEST_F(InstrumentCatalogueTest, EachInstrumentOfAProtocolStandsOnceHoweverManyParametersItHas) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddParameter(1, 1, u"值一", u"0010", u"2");
+    AddParameter(2, 1, u"值二", u"0012", u"2");
+    EXPECT_THAT(catalogue.InstrumentsOfProtocol(kProtocol).rows, SizeIs(1));
+    EXPECT_THAT(catalogue.InstrumentsOfProtocol(u"别的协议").rows, IsEmpty());
+}
+
+TEST_F(InstrumentCatalogueTest, QuoteInANameBreaksItsStatementWithTheEnginesText) {
+    AddInstrument(1, u"O'K", u"11000101");
+    try {
+        catalogue.ParametersOfInstrument(u"O'K");
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(ToUtf8(error.StandardMessage()), "数据库错误:\r\n\r\nnear \"K\": syntax error");
+    }
+}
+
+TEST_F(InstrumentCatalogueTest, AQuoteIsStoredAsData) {
+    AddInstrument(1, u"O'K", u"11000101");
+    EXPECT_EQ(ToUtf8(catalogue.AllInstruments().At(0, 1)), "O'K");
+}
+
+TEST_F(InstrumentCatalogueTest, ToolbarListHasTheLengthApartOrInFrontOfTheAddress) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddParameter(1, 1, u"值", u"0010", u"2");
+    EXPECT_THAT(Lines(catalogue.ToolbarParameters(ParameterListForm::LengthApart, u"表一")),
+                ElementsAre("值 0010 2 0 RW -1 9"));
+    EXPECT_THAT(Lines(catalogue.ToolbarParameters(ParameterListForm::LengthInFront, u"表一")),
+                ElementsAre("值 20010 0 RW -1 9"));
+}
+
+TEST_F(InstrumentCatalogueTest, ClearingTakesTheParametersAlongAndLeavesTheRest) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddParameter(1, 1, u"值", u"0010", u"2");
+    AddChip(u"11000101", u"A.BIN");
+    catalogue.AddClass(u"类别甲", 1);
+    catalogue.ClearCatalogue();
+    EXPECT_THAT(catalogue.AllInstruments().rows, IsEmpty());
+    EXPECT_THAT(catalogue.AllParameters().rows, IsEmpty());
+    EXPECT_THAT(catalogue.Classes().rows, SizeIs(1));
+    EXPECT_THAT(store->Query(u"SELECT * From 仪表_芯片").rows, SizeIs(1));
+}
+
+TEST_F(InstrumentCatalogueTest, ParameterOfNoInstrumentIsRefused) {
+    EXPECT_THROW(AddParameter(1, 7, u"值", u"0010", u"2"), RuntimeError);
+}
+
+TEST_F(InstrumentCatalogueTest, InstrumentWithoutAChipIsInTheListsWithNulls) {
+    AddInstrument(1, u"表一", u"11000102");
+    AddInstrument(2, u"表二", u"11000101");
+    AddChip(u"11000101", u"A.BIN");
+    const auto expected = ElementsAre("TQ仪表协议 类别甲 表二 A.BIN 2024-05-06 功能 实例甲 R 11000101 2 1",
+                                      "TQ仪表协议 类别甲 表一 null null null null null 11000102 1 null");
+    EXPECT_THAT(Lines(catalogue.CatalogueList()), expected);
+    EXPECT_EQ(catalogue.CatalogueList().ColumnOf(u"芯片ID"), 10);
+}
+
+TEST_F(InstrumentCatalogueTest, ChipListIsInTheOrderOfTheSortKey) {
+    AddInstrument(1, u"表一", u"12000101");
+    AddInstrument(2, u"表二", u"11000101", 2);
+    AddInstrument(3, u"表三", u"11000201", 1);
+    const StoreRows list = catalogue.ChipList();
+    ASSERT_THAT(list.rows, SizeIs(3));
+    EXPECT_EQ(ToUtf8(list.At(0, 2)), "表三");
+    EXPECT_EQ(ToUtf8(list.At(1, 2)), "表二");
+    EXPECT_EQ(ToUtf8(list.At(2, 2)), "表一");
+}
+
+TEST_F(InstrumentCatalogueTest, ChipRecordIsFoundByInstrumentAndFile) {
+    AddInstrument(1, u"表一", u"11000101");
+    AddChip(u"11000101", u"A.BIN");
+    AddChip(u"11000101", u"B.BIN");
+    EXPECT_THAT(Lines(catalogue.ChipRecord(u"表一", u"B.BIN")),
+                ElementsAre("表一 11000101 B.BIN 2024-05-06 实例甲 R 功能 1 2"));
+}
+
+TEST_F(InstrumentCatalogueTest, CodeIsFoundByProtocolAndName) {
+    AddInstrument(1, u"表一", u"11000101");
+    EXPECT_THAT(Lines(catalogue.InstrumentCode(kProtocol, u"表一")), ElementsAre("表一 11000101"));
+    EXPECT_THAT(catalogue.InstrumentCode(u"别的协议", u"表一").rows, IsEmpty());
+}
+
+TEST_F(InstrumentCatalogueTest, DeletedRecordingLeavesTheListAndStaysAmongTheInstrumentsOfItsProtocol) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 40");
+    testing::AddRecording(*store, u"表二", u"乙", u" 40");
+    catalogue.DeleteRecording(u"表一", u"甲");
+    EXPECT_THAT(Lines(catalogue.RecordingsList()), ElementsAre("TQ仪表协议 表二 乙 2024-05-06"));
+    EXPECT_THAT(Lines(catalogue.RecordedInstruments(kProtocol)),
+                ElementsAre("表一 TQ仪表协议", "表二 TQ仪表协议"));
+    EXPECT_THAT(catalogue.FramesOfRecording(u"表一", u"甲").rows, SizeIs(1));
+}
+
+TEST_F(InstrumentCatalogueTest, DeletingARecordingMarksOnlyTheNoteNamed) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 40");
+    testing::AddRecording(*store, u"表一", u"乙", u" 40");
+    catalogue.DeleteRecording(u"表一", u"甲");
+    EXPECT_THAT(Lines(catalogue.RecordingsList()), ElementsAre("TQ仪表协议 表一 乙 2024-05-06"));
+}
+
+TEST_F(InstrumentCatalogueTest, FramesComeInTheOrderOfTheRecording) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 42");
+    testing::AddRecording(*store, u"表一", u"甲", u" 41");
+    EXPECT_THAT(Lines(catalogue.FramesOfRecording(u"表一", u"甲")),
+                ElementsAre(" 40 30 31  42 1 11000101 1", " 40 30 31  41 1 11000101 2"));
+}
+
+TEST_F(InstrumentCatalogueTest, RecordedPairIsKnownByInstrumentReplyAndNote) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 42");
+    EXPECT_THAT(catalogue.RecordedPair(u"表一", u" 42", u"甲").rows, SizeIs(1));
+    EXPECT_THAT(catalogue.RecordedPair(u"表二", u" 42", u"甲").rows, IsEmpty());
+    EXPECT_THAT(catalogue.RecordedPair(u"表一", u" 43", u"甲").rows, IsEmpty());
+    EXPECT_THAT(catalogue.RecordedPair(u"表一", u" 42", u"乙").rows, IsEmpty());
+}
+
+TEST_F(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirNote) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 42");
+    testing::AddRecording(*store, u"表二", u"乙", u" 42");
+    catalogue.RenameRecordedInstrument(u"新表", u"表一");
+    catalogue.ChangeNote(u"丙", u"乙");
+    EXPECT_THAT(Lines(catalogue.NotesOfInstrument(u"新表")), ElementsAre("甲"));
+    EXPECT_THAT(Lines(catalogue.NotesOfInstrument(u"表二")), ElementsAre("丙"));
+    EXPECT_THAT(catalogue.NotesOfInstrument(u"表一").rows, IsEmpty());
+}
+
+TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFrontOfTheAddress) {
+    AddInstrument(1, u"表一", u"11000201", 2);
+    AddInstrument(2, u"表二", u"11000101", 1);
+    AddParameter(1, 1, u"值一", u"0010", u"2");
+    AddParameter(2, 2, u"值二", u"0012", u"4");
+    EXPECT_THAT(Lines(catalogue.ExportRows()),
+                ElementsAre("值二 40012 4 0 RW -1 9 表二 11000101", "值一 20010 2 0 RW -1 9 表一 11000201"));
+}
+
+TEST_F(InstrumentCatalogueTest, ClassesComeInTheOrderOfTheirNumbers) {
+    catalogue.AddClass(u"乙", 2);
+    catalogue.AddClass(u"甲", 1);
+    EXPECT_THAT(Lines(catalogue.Classes()), ElementsAre("甲 1", "乙 2"));
+}
+
+TEST_F(InstrumentCatalogueTest, EveryStatementOfAClosedStoreFails) {
+    store->Close();
+    EXPECT_THROW(catalogue.ProtocolList(), RuntimeError);
+    EXPECT_THROW(catalogue.ClearCatalogue(), RuntimeError);
+}
+
+}  // namespace
+}  // namespace commtest

@@ -1,0 +1,147 @@
+#include "host_qt/folder_files.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "host/file_names.h"
+#include "runtime/code_page.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+namespace {
+
+template <typename Action>
+int ErrorOf(Action&& action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+class FolderFilesTest : public ::testing::Test {
+  protected:
+    FolderFilesTest() { QDir().mkpath(path); }
+
+    void Put(const QString& name, const QByteArray& bytes) const {
+        QFile file(path + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    std::string Content(const QString& name) const {
+        QFile file(path + u'/' + name);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+
+    std::string ErrorFile() const { return Content(QStringLiteral("ErrorComm.ini")); }
+    void RemoveFolder() const { QDir(path).removeRecursively(); }
+
+    QTemporaryDir outer;
+    QString path = outer.filePath(QString::fromUtf8("程序 folder"));
+    FolderFiles files{path};
+};
+
+TEST_F(FolderFilesTest, PathIsTheFoldersAndTheName) {
+    EXPECT_EQ(ToUtf8(files.PathOf(u"自动保存通讯记录/a.rtf")),
+              path.toStdString() + "/自动保存通讯记录/a.rtf");
+}
+
+TEST_F(FolderFilesTest, RelativeFolderHasAFullPath) {
+    EXPECT_EQ(ToUtf8(FolderFiles(QStringLiteral("x")).PathOf(u"y")),
+              QDir::currentPath().toStdString() + "/x/y");
+}
+
+TEST_F(FolderFilesTest, FileExistsOnceItIsThere) {
+    EXPECT_FALSE(files.Exists(u"Setup.ini"));
+    Put(QStringLiteral("Setup.ini"), "x");
+    EXPECT_TRUE(files.Exists(u"Setup.ini"));
+}
+
+TEST_F(FolderFilesTest, TextMayBeInEitherEncodingAndKeepsItsLineEnds) {
+    Put(QStringLiteral("utf8"), "仪表\r\n2\n");
+    Put(QStringLiteral("cp936"), "\xD2\xC7\xB1\xED\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadText(u"utf8")), "仪表\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadText(u"cp936")), "仪表\r\n2\n");
+}
+
+TEST_F(FolderFilesTest, MissingTextIsError53) {
+    EXPECT_EQ(ErrorOf([this] { files.ReadText(u"none"); }), 53);
+}
+
+TEST_F(FolderFilesTest, TextOfAMegabyteIsReadWhole) {
+    Put(QStringLiteral("long"), QByteArray(1024 * 1024, 'a'));
+    EXPECT_EQ(files.ReadText(u"long"), Text(1024 * 1024, u'a'));
+}
+
+TEST_F(FolderFilesTest, OfALongerTextTheLastMegabyteIsReadFromALineOn) {
+    // The cut falls into the second character of the first line.
+    QByteArray bytes = "仪表\n";
+    bytes += QByteArray(1024 * 1024 - 3, 'a');
+    Put(QStringLiteral("long"), bytes);
+    EXPECT_EQ(files.ReadText(u"long"), Text(1024 * 1024 - 3, u'a'));
+}
+
+TEST_F(FolderFilesTest, RecordIsSavedAsRichText) {
+    QDir(path).mkdir(QString::fromStdU16String(Text(kRecordFolderName)));
+    files.SaveRichText(u"自动保存通讯记录/记录.rtf", u"第");
+    const std::string saved = Content(QString::fromUtf8("自动保存通讯记录/记录.rtf"));
+    EXPECT_EQ(saved.substr(0, 6), "{\\rtf1");
+    EXPECT_NE(saved.find("\\u31532?}"), std::string::npos) << saved;
+}
+
+TEST_F(FolderFilesTest, RecordWithoutItsFolderIsError76) {
+    EXPECT_EQ(ErrorOf([this] { files.SaveRichText(u"自动保存通讯记录/记录.rtf", u"x"); }), 76);
+}
+
+TEST_F(FolderFilesTest, RecordThatCannotBeWrittenIsError52) {
+    QDir(path).mkdir(QStringLiteral("folder.rtf"));
+    EXPECT_EQ(ErrorOf([this] { files.SaveRichText(u"folder.rtf", u"x"); }), 52);
+}
+
+TEST_F(FolderFilesTest, ErrorFileIsMadeWhenItIsOpened) {
+    files.OpenErrorFile();
+    EXPECT_TRUE(files.ErrorFileIsOpen());
+    EXPECT_EQ(ErrorFile(), "");
+}
+
+TEST_F(FolderFilesTest, ErrorFileGrowsAtItsEndAndEachRecordIsOnTheDiskAtOnce) {
+    Put(QStringLiteral("ErrorComm.ini"), "before\r\n");
+    files.OpenErrorFile();
+    files.WriteToErrorFile(ToCodePage(u"仪"));
+    EXPECT_EQ(ErrorFile(), "before\r\n\xD2\xC7");
+    files.OpenErrorFile();
+    files.WriteToErrorFile("!");
+    EXPECT_EQ(ErrorFile(), "before\r\n\xD2\xC7!");
+}
+
+TEST_F(FolderFilesTest, ErrorFileThatIsNotOpenTakesNothing) {
+    EXPECT_EQ(ErrorOf([this] { files.WriteToErrorFile("x"); }), 52);
+    files.OpenErrorFile();
+    files.CloseErrorFile();
+    files.CloseErrorFile();
+    EXPECT_FALSE(files.ErrorFileIsOpen());
+    EXPECT_EQ(ErrorOf([this] { files.WriteToErrorFile("x"); }), 52);
+}
+
+TEST_F(FolderFilesTest, ErrorFileIsEmptied) {
+    Put(QStringLiteral("ErrorComm.ini"), "before");
+    files.EmptyErrorFile();
+    EXPECT_EQ(ErrorFile(), "");
+}
+
+TEST_F(FolderFilesTest, ErrorFileWithoutItsFolderIsError76) {
+    RemoveFolder();
+    EXPECT_EQ(ErrorOf([this] { files.OpenErrorFile(); }), 76);
+    EXPECT_EQ(ErrorOf([this] { files.EmptyErrorFile(); }), 76);
+    EXPECT_FALSE(files.ErrorFileIsOpen());
+}
+
+}  // namespace
+
+}  // namespace commtest

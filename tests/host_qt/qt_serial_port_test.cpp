@@ -1,0 +1,229 @@
+#include "host_qt/qt_serial_port.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <ctime>
+#include <numeric>
+#include <optional>
+
+#include "host_qt/pseudo_terminal.h"
+
+namespace commtest {
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using testing::PseudoTerminal;
+
+constexpr int kPatienceMs = 2000;
+
+// Runs the event loop until `holds` does.
+template <typename Condition>
+bool Eventually(Condition&& holds) {
+    QElapsedTimer watch;
+    watch.start();
+    while (!holds() && watch.elapsed() < kPatienceMs)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return holds();
+}
+
+void RunEventLoopFor(int milliseconds) {
+    QElapsedTimer watch;
+    watch.start();
+    while (watch.elapsed() < milliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+std::string EveryByte() {
+    std::string bytes(256, '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    return bytes;
+}
+
+class QtSerialPortTest : public ::testing::Test {
+  protected:
+    QtSerialPortTest() {
+        port.Receives = [this] { received += port.Input(); };
+        port.IsLost = [this](const Text& reason) { losses.push_back(ToUtf8(reason)); };
+    }
+
+    std::string Problem() const { return ToUtf8(port.LastProblem()); }
+
+    PseudoTerminal line;
+    QtSerialPort port{{{1, line.Device()}}};
+    std::string received;
+    std::vector<std::string> losses;
+};
+
+TEST_F(QtSerialPortTest, IsClosedAtFirst) {
+    EXPECT_FALSE(port.PortOpen());
+    EXPECT_EQ(port.CommPort(), 1);
+    EXPECT_EQ(ToUtf8(port.Settings()), "9600,N,8,1");
+}
+
+TEST_F(QtSerialPortTest, EveryByteValueGoesOut) {
+    port.SetPortOpen(true);
+    ASSERT_TRUE(port.PortOpen()) << Problem();
+    port.Output(EveryByte());
+    EXPECT_EQ(line.Read(256), EveryByte());
+}
+
+TEST_F(QtSerialPortTest, EveryByteValueComesIn) {
+    port.SetPortOpen(true);
+    line.Write(EveryByte());
+    EXPECT_TRUE(Eventually([this] { return received.size() >= 256; }));
+    EXPECT_EQ(received, EveryByte());
+}
+
+TEST_F(QtSerialPortTest, SetsTheBaudRateOfItsSettings) {
+    port.SetSettings(u"57600,N,8,1");
+    port.SetPortOpen(true);
+    EXPECT_EQ(line.BaudRate(), 57600);
+    port.SetPortOpen(false);
+    port.SetSettings(u"1200,n,8,1");
+    port.SetPortOpen(true);
+    EXPECT_EQ(line.BaudRate(), 1200);
+}
+
+TEST_F(QtSerialPortTest, OpensWithSettingsThatThePseudoTerminalDoesNotKnow) {
+    for (const char16_t* settings : {u"9600,E,8,1", u"9600,O,7,2", u"28800,N,8,1.5", u"1200,E,5,1"}) {
+        port.SetSettings(settings);
+        port.SetPortOpen(true);
+        EXPECT_TRUE(port.PortOpen()) << ToUtf8(settings) << Problem();
+        port.SetPortOpen(false);
+    }
+}
+
+TEST_F(QtSerialPortTest, SettingsThatAreNoneLeaveItClosedAndSaySo) {
+    port.SetSettings(u"");
+    port.SetPortOpen(true);
+    EXPECT_FALSE(port.PortOpen());
+    EXPECT_EQ(Problem(), "串口设置 \"\" 无效。请写成 9600,N,8,1 的形式");
+}
+
+TEST_F(QtSerialPortTest, BytesThatCameWhileItWasClosedAreDropped) {
+    port.SetPortOpen(true);
+    port.SetPortOpen(false);
+    line.Write("late");
+    port.SetPortOpen(true);
+    line.Write("new");
+    EXPECT_TRUE(Eventually([this] { return received.size() >= 3; }));
+    EXPECT_EQ(received, "new");
+}
+
+TEST_F(QtSerialPortTest, BusyPortStaysClosedAndItsHolderIsNamed) {
+    QtSerialPort other({{1, line.Device()}});
+    other.SetPortOpen(true);
+    ASSERT_TRUE(other.PortOpen());
+    port.SetPortOpen(true);
+    EXPECT_FALSE(port.PortOpen());
+    const std::string self = "host_qt_tests (进程 " + std::to_string(getpid()) + ")";
+    EXPECT_EQ(Problem(),
+              "设备 " + line.Device().toStdString() + " 正被程序 " + self + " 使用。请先结束那个程序");
+}
+
+TEST_F(QtSerialPortTest, BusyPortIsBusyUnderEachOfItsNames) {
+    QTemporaryDir folder;
+    const QString link = folder.filePath(QString::fromUtf8("仪表"));
+    ASSERT_TRUE(QFile::link(line.Device(), link));
+    QtSerialPort other({{1, link}});
+    other.SetPortOpen(true);
+    ASSERT_TRUE(other.PortOpen());
+    port.SetPortOpen(true);
+    EXPECT_FALSE(port.PortOpen());
+}
+
+TEST_F(QtSerialPortTest, OpensAgainAndForgetsTheProblemOnceThePortIsFree) {
+    std::optional<QtSerialPort> other(std::in_place, DeviceMap{{1, line.Device()}});
+    other->SetPortOpen(true);
+    port.SetPortOpen(true);
+    EXPECT_FALSE(port.PortOpen());
+    other.reset();
+    port.SetPortOpen(true);
+    EXPECT_TRUE(port.PortOpen());
+    EXPECT_EQ(Problem(), "");
+}
+
+TEST_F(QtSerialPortTest, MissingDeviceStaysClosedAndSaysWhatToLookAt) {
+    QtSerialPort missing({{3, QStringLiteral("/dev/no-such-port")}});
+    missing.SetCommPort(3);
+    missing.SetPortOpen(true);
+    EXPECT_FALSE(missing.PortOpen());
+    EXPECT_EQ(ToUtf8(missing.LastProblem()), "设备 /dev/no-such-port 不存在。请检查接线和设备名");
+}
+
+TEST_F(QtSerialPortTest, PortNumberBeyondTheMachinesPortsSaysHowToNameADevice) {
+    port.SetCommPort(999);
+    port.SetPortOpen(true);
+    EXPECT_FALSE(port.PortOpen());
+    EXPECT_EQ(Problem(), "本机没有第 999 个串口。请接上串口，或指定设备: COM999=设备");
+}
+
+TEST_F(QtSerialPortTest, FileIsNoSerialPort) {
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("file")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QtSerialPort wrong({{1, file.fileName()}});
+    wrong.SetPortOpen(true);
+    EXPECT_FALSE(wrong.PortOpen());
+    EXPECT_THAT(ToUtf8(wrong.LastProblem()), EndsWith("file 不是串口设备。请检查设备名"));
+    EXPECT_TRUE(file.exists());
+}
+
+TEST_F(QtSerialPortTest, CharacterDeviceThatIsNoPortStaysClosed) {
+    QtSerialPort wrong({{1, QStringLiteral("/dev/null")}});
+    wrong.SetPortOpen(true);
+    EXPECT_FALSE(wrong.PortOpen());
+    EXPECT_THAT(ToUtf8(wrong.LastProblem()), HasSubstr("/dev/null"));
+}
+
+TEST_F(QtSerialPortTest, LossOfTheDeviceIsToldOnceAndClosesThePort) {
+    port.SetPortOpen(true);
+    line.HangUp();
+    EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
+    EXPECT_FALSE(port.PortOpen());
+    RunEventLoopFor(100);
+    EXPECT_EQ(losses, std::vector<std::string>{"设备 " + line.Device().toStdString() +
+                                               " 已断开。请检查接线后重新开始"});
+}
+
+TEST_F(QtSerialPortTest, LossThatAWriteMeetsIsToldFromTheEventLoop) {
+    port.SetPortOpen(true);
+    line.HangUp();
+    port.Output("@01RD17\r");
+    EXPECT_TRUE(losses.empty());
+    EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
+    RunEventLoopFor(100);
+    EXPECT_EQ(losses.size(), 1U);
+}
+
+TEST_F(QtSerialPortTest, LostPortLeavesTheProcessorAlone) {
+    port.SetPortOpen(true);
+    line.HangUp();
+    ASSERT_TRUE(Eventually([this] { return !losses.empty(); }));
+    const std::clock_t before = std::clock();
+    QElapsedTimer watch;
+    watch.start();
+    while (watch.elapsed() < 300) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 300);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 20);
+}
+
+TEST_F(QtSerialPortTest, ClosingIsNoLoss) {
+    port.SetPortOpen(true);
+    port.SetPortOpen(false);
+    line.HangUp();
+    RunEventLoopFor(50);
+    EXPECT_TRUE(losses.empty());
+}
+
+}  // namespace
+
+}  // namespace commtest

@@ -1,0 +1,256 @@
+#include "host_qt/qt_store.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_catalogue.h"
+#include "catalogue/shipped_catalogue.h"
+#include "host_qt/program_folder.h"
+#include "runtime/runtime_error.h"
+#include "support/statement_table.h"
+
+namespace commtest {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::NamedStatement;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+constexpr const char* kCatalogue = "通讯数据.mdb";
+
+class QtStoreTest : public ::testing::Test {
+  protected:
+    QString PathOf(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+
+    StoreAddress AddressOf(const char* name) const {
+        return {StoreAddress::Kind::LocalFile, PathOf(name).toStdU16String(), CatalogueTables()};
+    }
+
+    void CreateCatalogue() const {
+        ASSERT_TRUE(CreateProgramFolder(folder.path().toStdU16String(), FillWithShippedCatalogue));
+    }
+
+    void Write(const char* name, const QByteArray& bytes) const {
+        QFile file(PathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QByteArray Read(const char* name) const {
+        QFile file(PathOf(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QStringList FilesInFolder() const {
+        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    // Why the store cannot be opened; empty if it can.
+    static std::string RefusalOf(Store& refused, const StoreAddress& address) {
+        try {
+            refused.Open(address);
+            return "";
+        } catch (const RuntimeError& error) {
+            EXPECT_FALSE(refused.IsOpen());
+            EXPECT_EQ(error.Number(), RuntimeError::kStore);
+            return ToUtf8(error.Message());
+        }
+    }
+
+    QTemporaryDir folder{QDir::tempPath() + QString::fromUtf8("/a 仪表 XXXXXX")};
+    QtStore store;
+};
+
+TEST_F(QtStoreTest, ReadsTheShippedCatalogue) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    EXPECT_TRUE(store.IsOpen());
+    EXPECT_EQ(store.Engine(), StoreEngine::Sqlite);
+    const StoreRows protocols = InstrumentCatalogue(store).ProtocolList();
+    ASSERT_THAT(protocols.rows, SizeIs(14));
+    EXPECT_EQ(ToUtf8(protocols.columns[0]), "字段");
+    EXPECT_EQ(ToUtf8(protocols.At(12, 0)), "TQ特殊仪表协议-HCT615D");
+    EXPECT_EQ(ToUtf8(protocols.At(12, 1)), "42");
+}
+
+TEST_F(QtStoreTest, ANullIsNothingWhateverItsType) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    const StoreRows list = InstrumentCatalogue(store).CatalogueList();
+    const auto at = [&](const char16_t* name) {
+        return list.rows[0][static_cast<std::size_t>(list.ColumnOf(name))];
+    };
+    EXPECT_EQ(at(u"芯片ID"), std::nullopt);
+    EXPECT_EQ(at(u"文件名"), std::nullopt);
+    EXPECT_NE(at(u"仪表ID"), std::nullopt);
+}
+
+TEST_F(QtStoreTest, ANullGoesInAsNothingAndAnEmptyTextAsAnEmptyText) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"x'"), std::nullopt});
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"y"), Text()});
+    const StoreRows rows = store.Query(u"SELECT 原字符,新字符 From 字符_替换 Where 原字符 In ('x''','y')");
+    ASSERT_THAT(rows.rows, SizeIs(2));
+    EXPECT_EQ(rows.rows[0][1], std::nullopt);
+    EXPECT_EQ(rows.rows[1][1], Text());
+}
+
+TEST_F(QtStoreTest, ClearingTheCatalogueTakesTheParametersAlong) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue(store).ClearCatalogue();
+    EXPECT_THAT(InstrumentCatalogue(store).AllParameters().rows, IsEmpty());
+}
+
+TEST_F(QtStoreTest, AFailingStatementRaisesTheEnginesText) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    try {
+        InstrumentCatalogue(store).ParametersOfInstrument(u"O'K");
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(ToUtf8(error.StandardMessage()), "数据库错误:\r\n\r\nnear \"K\": syntax error");
+    }
+}
+
+TEST_F(QtStoreTest, AFailedRowLeavesTheStoreUsable) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue catalogue(store);
+    EXPECT_THROW(catalogue.AddClass(u"再来一次", 1), RuntimeError);
+    EXPECT_THROW(store.AddRow(u"没有的表", {u"列"}, {Text(u"1")}), RuntimeError);
+    catalogue.AddClass(u"新类别", 90);
+    EXPECT_THAT(catalogue.Classes().rows, SizeIs(8));
+}
+
+TEST_F(QtStoreTest, ARolledBackTransactionLeavesNothing) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue catalogue(store);
+    store.BeginTransaction();
+    catalogue.AddClass(u"新类别", 90);
+    store.Rollback();
+    EXPECT_THAT(catalogue.Classes().rows, SizeIs(7));
+    store.BeginTransaction();
+    catalogue.AddClass(u"新类别", 90);
+    store.Commit();
+    EXPECT_THAT(catalogue.Classes().rows, SizeIs(8));
+}
+
+TEST_F(QtStoreTest, SeveralStoresLiveSideBySide) {
+    CreateCatalogue();
+    QtStore other;
+    store.Open(AddressOf(kCatalogue));
+    other.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue(other).AddClass(u"新类别", 90);
+    other.Close();
+    EXPECT_THAT(InstrumentCatalogue(store).Classes().rows, SizeIs(8));
+}
+
+TEST_F(QtStoreTest, AStoreMayBeOpenedAnew) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue(store).AddClass(u"新类别", 90);
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue(store).AddClass(u"新类别", 91);
+    EXPECT_THAT(InstrumentCatalogue(store).Classes().rows, SizeIs(9));
+}
+
+TEST_F(QtStoreTest, AClosedStoreRunsNothing) {
+    EXPECT_FALSE(store.IsOpen());
+    EXPECT_THROW(store.Query(u"SELECT 1"), RuntimeError);
+    EXPECT_THROW(store.AddRow(u"字符_替换", {u"原字符"}, {Text(u"x")}), RuntimeError);
+    EXPECT_THROW(store.BeginTransaction(), RuntimeError);
+}
+
+TEST_F(QtStoreTest, AMissingFileIsNotMade) {
+    EXPECT_EQ(RefusalOf(store, AddressOf(kCatalogue)),
+              PathOf(kCatalogue).toStdString() + "：数据库文件不存在");
+    EXPECT_THAT(FilesInFolder(), IsEmpty());
+}
+
+TEST_F(QtStoreTest, AFolderIsNoCatalogue) {
+    EXPECT_THAT(RefusalOf(store, AddressOf(".")), HasSubstr("数据库文件不存在"));
+}
+
+TEST_F(QtStoreTest, AFileOfSomethingElseIsRefusedAndStaysAsItWas) {
+    const QByteArray letter = QByteArray("Dear reader, this is a letter. ").repeated(400);
+    Write(kCatalogue, letter);
+    EXPECT_EQ(
+        RefusalOf(store, AddressOf(kCatalogue)),
+        PathOf(kCatalogue).toStdString() + "：不是仪表通讯数据库，未作任何改动（file is not a database）");
+    EXPECT_EQ(Read(kCatalogue), letter);
+    EXPECT_THAT(FilesInFolder(), SizeIs(1));
+}
+
+TEST_F(QtStoreTest, AnEmptyFileIsRefusedAndStaysEmpty) {
+    Write(kCatalogue, "");
+    EXPECT_THAT(RefusalOf(store, AddressOf(kCatalogue)), HasSubstr("no such table: 仪表_类别"));
+    EXPECT_EQ(QFile(PathOf(kCatalogue)).size(), 0);
+}
+
+// A database of another program, left by it in the middle of a transaction: opening it for writing would
+// recover it.
+TEST_F(QtStoreTest, AForeignDatabaseIsRefusedAndNotEvenRecovered) {
+    Write("other.db", "");
+    QtStore other;
+    other.Open({StoreAddress::Kind::LocalFile, PathOf("other.db").toStdU16String(), {}});
+    other.Query(u"PRAGMA journal_mode=WAL");
+    other.Execute(u"CREATE TABLE letters (a TEXT)");
+    other.Execute(u"INSERT INTO letters VALUES ('x')");
+    ASSERT_TRUE(QFile::copy(PathOf("other.db"), PathOf(kCatalogue)));
+    ASSERT_TRUE(QFile::copy(PathOf("other.db-wal"), PathOf("通讯数据.mdb-wal")));
+    other.Close();
+    const QByteArray file = Read(kCatalogue);
+    const QByteArray journal = Read("通讯数据.mdb-wal");
+    ASSERT_FALSE(journal.isEmpty());
+
+    EXPECT_THAT(RefusalOf(store, AddressOf(kCatalogue)), HasSubstr("no such table: 仪表_类别"));
+    EXPECT_EQ(Read(kCatalogue), file);
+    EXPECT_EQ(Read("通讯数据.mdb-wal"), journal);
+    EXPECT_THAT(FilesInFolder(), SizeIs(3));
+}
+
+TEST_F(QtStoreTest, ReadingACatalogueDoesNotWriteIt) {
+    CreateCatalogue();
+    const QByteArray before = Read(kCatalogue);
+    store.Open(AddressOf(kCatalogue));
+    InstrumentCatalogue(store).CatalogueList();
+    store.Close();
+    EXPECT_EQ(Read(kCatalogue), before);
+    EXPECT_THAT(FilesInFolder(), SizeIs(2));
+}
+
+TEST_F(QtStoreTest, AServerThatCannotBeReachedIsGivenUp) {
+    QElapsedTimer watch;
+    watch.start();
+    const std::string refusal = RefusalOf(
+        store, {StoreAddress::Kind::Server,
+                u"driver={SQL Server};Server=127.0.0.1,1;uid=sa;pwd=secret;database=x", CatalogueTables()});
+    EXPECT_FALSE(refusal.empty());
+    EXPECT_EQ(refusal.find("secret"), std::string::npos);
+    EXPECT_LT(watch.elapsed(), 6000);
+}
+
+class StatementOnQtStore : public QtStoreTest, public ::testing::WithParamInterface<NamedStatement> {};
+
+TEST_P(StatementOnQtStore, Runs) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    EXPECT_NO_THROW(store.Execute(testing::WithArbitraryValues(StatementsOf(store.Engine()), GetParam())));
+}
+
+INSTANTIATE_TEST_SUITE_P(Page, StatementOnQtStore, ::testing::ValuesIn(testing::AllStatements()),
+                         [](const auto& tested) { return tested.param.name; });
+
+}  // namespace
+}  // namespace commtest
