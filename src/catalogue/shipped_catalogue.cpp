@@ -8,6 +8,7 @@
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
+#include "runtime/runtime_error.h"
 
 namespace commtest {
 
@@ -224,7 +225,7 @@ void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
         AddFiles(store, files);
         store.Commit();
     } catch (...) {
-        store.Rollback();
+        PassOverError([&] { store.Rollback(); });
         throw;
     }
 }

@@ -24,7 +24,7 @@ QString ToQt(const Text& text) { return QString::fromStdU16String(text); }
 
 [[noreturn]] void Raise(const QSqlError& error) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    throw RuntimeError::OfStore(text.toStdU16String());
+    throw RuntimeError::OfStore(text.simplified().toStdU16String());
 }
 
 void RaiseUnless(bool done, const QSqlDatabase& connection) {
@@ -74,13 +74,13 @@ void QtStore::Open(const StoreAddress& address) {
 void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
     if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
+    const QString uri = QString::fromLatin1(QUrl::fromLocalFile(file.absoluteFilePath()).toEncoded());
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
-    const QUrl uri = QUrl::fromLocalFile(file.absoluteFilePath());
-    Connect(u"QSQLITE"_s, QString::fromLatin1(uri.toEncoded()) + u"?immutable=1"_s,
-            u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
+    Connect(u"QSQLITE"_s, uri + u"?immutable=1"_s, u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
     RequireTables(*this, address.tables);
     Close();
-    Connect(u"QSQLITE"_s, file.absoluteFilePath(), u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kPatienceSeconds * 1000));
+    Connect(u"QSQLITE"_s, uri + u"?mode=rw"_s,
+            u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kPatienceSeconds * 1000));
     Execute(u"PRAGMA foreign_keys=ON");
 }
 
@@ -95,7 +95,6 @@ void QtStore::Connect(const QString& driver, const QString& database, const QStr
 
 void QtStore::Close() {
     preparedRow_.reset();
-    preparedSql_.clear();
     open_ = false;
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
 }
@@ -141,10 +140,7 @@ void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
     }
     for (std::size_t i = 0; i < values.size(); ++i)
         preparedRow_->bindValue(static_cast<int>(i), VariantOf(values[i]));
-    const bool added = preparedRow_->exec();
-    const QSqlError error = preparedRow_->lastError();
-    preparedRow_->finish();
-    if (!added) Raise(error);
+    if (!preparedRow_->exec()) Raise(preparedRow_->lastError());
 }
 
 void QtStore::BeginTransaction() {

@@ -102,8 +102,6 @@ void BuildSingleRead(MainForm& form, const Layout& layout) {
 
 std::int16_t Hex16(const Text& text) { return Whole16(HexParse(text)); }
 
-std::int16_t LimitInField(const MainForm& form) { return ToWhole16(form.ConDataNub.Value()); }
-
 bool RowContinuesGroup(const MainForm& form, const Layout& layout, int row) {
     const Grid& grid = form.ParameterGrid();
     const auto before = HexParse(layout.addressOf(grid.Cell(row - 1, column::kAddress)));
@@ -118,12 +116,12 @@ std::int16_t CountGroup(MainForm& form, const Layout& layout) {
     std::int16_t count = Hex16(layout.lengthOf(grid, form.CurrentRow));
     form.ReadAttribute = grid.Cell(form.CurrentRow, layout.groupAttributeColumn);
     if (layout.limitIsFixedAtStart) {
-        form.ReadLimit = LimitInField(form);
+        form.ReadLimit = ToWhole16(form.ConDataNub.Value());
         if (form.Check2.Value()) form.ReadLimit = Whole16(std::floor(form.clock.Random() * form.ReadLimit));
     }
     for (int row = form.CurrentRow + 1; row < grid.Rows() && RowContinuesGroup(form, layout, row); ++row) {
         count = Add16(count, HexParse(layout.lengthOf(grid, row - 1)));
-        if (count >= (layout.limitIsFixedAtStart ? form.ReadLimit : LimitInField(form))) break;
+        if (count >= (layout.limitIsFixedAtStart ? form.ReadLimit : ToNumber(form.ConDataNub.Value()))) break;
     }
     return count;
 }

@@ -41,18 +41,17 @@ Text DataText(const MainForm& form) {
 
 Text LeadLetter(const Grid& grid, int row) { return Left(grid.Cell(row, column::kAttribute), 1); }
 
-// Puts the row's share of the data into its cells and gives the length of that share in characters.
-int FillRow(MainForm& form, int row, int destination, const Text& data) {
+// Puts the row's share into its cells: the first characters of the data, which then hold the rest.
+void FillRow(MainForm& form, int row, int destination, Text& data) {
     Grid& grid = form.ParameterGrid();
     const Text& length = grid.Cell(row, column::kLength);
-    const int characters = Whole32(2 * ToNumber(length));
-    Text value = Left(data, characters);
+    Text value = Left(data, Whole32(2 * ToNumber(length)));
+    data.erase(0, value.size());
     grid.SetCell(row, destination, value);
     CommCodeToValue(value, ReadFormatOfLength(length));
     grid.SetCell(row, column::kValue, value);
     if (grid.Cell(row, column::kDecimals) != u"0") ApplyDecimalPoint(form, row, value, true);
     grid.SetCell(row, column::kScaledValue, value);
-    return characters;
 }
 
 bool BothReadsStand(const MainForm& form) {
@@ -75,7 +74,7 @@ void DecodeTqReplyRows(MainForm& form) {
             form.CurrentRow = Whole16(row);
             break;
         }
-        data = Mid(data, FillRow(form, row, destination, data) + 1);
+        FillRow(form, row, destination, data);
         if (form.CommandCode == command::kReadRowByRow && BothReadsStand(form)) MarkReadMismatch(form);
         if (form.CommandCode != command::kReadThisRow) form.CurrentRow = Whole16(row + 1);
         if (data.empty()) break;

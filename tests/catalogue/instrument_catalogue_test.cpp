@@ -212,11 +212,11 @@ TEST_F(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirN
 
 TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFrontOfTheAddress) {
     AddInstrument(1, u"表一", u"11000201", 2);
-    AddInstrument(2, u"表二", u"11000101", 1);
+    AddInstrument(2, u"表二", u"12000101", 1);
     AddParameter(1, 1, u"值一", u"0010", u"2");
     AddParameter(2, 2, u"值二", u"0012", u"4");
     EXPECT_THAT(Lines(catalogue.ExportRows()),
-                ElementsAre("值二 40012 4 0 RW -1 9 表二 11000101", "值一 20010 2 0 RW -1 9 表一 11000201"));
+                ElementsAre("值二 40012 4 0 RW -1 9 表二 12000101", "值一 20010 2 0 RW -1 9 表一 11000201"));
 }
 
 TEST_F(InstrumentCatalogueTest, ClassesComeInTheOrderOfTheirNumbers) {

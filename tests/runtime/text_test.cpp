@@ -105,26 +105,20 @@ TEST(Utf8, IllFormedBytesBecomeTheReplacementCharacter) {
         Text text;
     };
     const Row rows[] = {
-        {"a\xFF"
-         "b",
-         u"a\uFFFDb"},                  // no lead byte
-        {"\x80", u"\uFFFD"},            // a trail byte alone
-        {"\xE4\xB8", u"\uFFFD\uFFFD"},  // cut short at the end
-        {"\xE4"
-         "ab",
-         u"\uFFFDab"},                    // no trail byte behind the lead
+        {"x\xFFy", u"x\uFFFDy"},          // no lead byte
+        {"\x80", u"\uFFFD"},              // a trail byte alone
+        {"\xE4\xB8", u"\uFFFD\uFFFD"},    // cut short at the end
+        {"\xE4xy", u"\uFFFDxy"},          // no trail byte behind the lead
         {"\xC0\x80", u"\uFFFD\uFFFD"},    // an overlong zero
         {"\xE0\x80\x80", u"\uFFFD"},      // an overlong zero of three bytes
         {"\xED\xA0\x80", u"\uFFFD"},      // half a pair
         {"\xF4\x90\x80\x80", u"\uFFFD"},  // above U+10FFFF
     };
-    for (const Row& row : rows) EXPECT_EQ(ToUtf8(FromUtf8(row.bytes)), ToUtf8(row.text)) << row.bytes;
+    for (const Row& row : rows) EXPECT_EQ(FromUtf8(row.bytes), row.text) << row.bytes;
 }
 
 TEST(Utf8, HalfAPairBecomesTheReplacementCharacter) {
-    EXPECT_EQ(ToUtf8(Text(1, char16_t{0xD83D}) + u"a"),
-              "\xEF\xBF\xBD"
-              "a");
+    EXPECT_EQ(ToUtf8(Text(1, char16_t{0xD83D}) + u"x"), "\xEF\xBF\xBDx");
     EXPECT_EQ(ToUtf8(Text(1, char16_t{0xDE00})), "\xEF\xBF\xBD");
 }
 

@@ -62,8 +62,12 @@ bool VirtualLine::RunNext(std::int64_t limit) {
 }
 
 void VirtualLine::Deliver() {
-    std::string bytes = std::move(arrivals_.begin()->second);
+    const std::string bytes = std::move(arrivals_.begin()->second);
     arrivals_.erase(arrivals_.begin());
+    Arrives(bytes);
+}
+
+void VirtualLine::Arrives(const std::string& bytes) {
     if (!open_) return;
     waiting_ += bytes;
     Receives();

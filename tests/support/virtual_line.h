@@ -43,6 +43,9 @@ class VirtualLine : public TimerDriver, public SerialPort, public Clock {
     void SetWallClock(DateTime start) { start_ = start; }
     void At(std::int64_t time, std::function<void()> action);
 
+    // One receive event at this moment, unasked.
+    void Arrives(const std::string& bytes);
+
     // Runs to `time`, what falls on it included.
     void RunUntil(std::int64_t time);
     // Runs while `goesOn` says so, and at most to `time`.

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "cli/problem.h"
+#include "runtime/text.h"
+
+namespace commtest {
+
+struct Option {
+    QStringView name;           // without its dashes
+    QStringView value;          // names what stands behind it; empty for a flag
+    QStringView meaning;        // for the help
+    QStringView fallback = {};  // its value where it is not given
+};
+
+using OptionList = std::vector<Option>;
+
+// The words behind a verb. What is wrong with them is a Problem of bad usage.
+class Arguments {
+  public:
+    Arguments(QStringView verb, const QStringList& words, const OptionList& options);
+
+    bool Has(QStringView option) const;
+
+    // The value given, or the option's own; a Problem if there is neither.
+    QString Value(QStringView option) const;
+    int WholeNumber(QStringView option, int least, int most) const;
+
+    // The words that are no options, which have to be so many.
+    QStringList Positional(qsizetype count, QStringView meaning) const;
+
+    // A Problem that names the wrong value of an option.
+    Problem BadValue(QStringView option, const QString& expected) const;
+
+  private:
+    Problem BadUsage(const QString& line) const;
+
+    QString verb_;
+    QCommandLineParser parser_;
+};
+
+}  // namespace commtest

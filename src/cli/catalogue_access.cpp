@@ -1,0 +1,69 @@
+#include "cli/catalogue_access.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+#include <algorithm>
+
+#include "catalogue/catalogue_connection.h"
+#include "catalogue/instrument_catalogue.h"
+#include "catalogue/shipped_catalogue.h"
+#include "host/file_names.h"
+#include "host_qt/program_folder.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+const Option kFolderOption = {
+    u"folder", u"文件夹",
+    u"程序文件夹，目录文件 通讯数据.mdb 在其中；默认为程序所在文件夹或用户的数据文件夹"};
+
+namespace {
+
+std::vector<Text> FirstColumn(const StoreRows& result) {
+    std::vector<Text> texts;
+    for (std::size_t row = 0; row < result.rows.size(); ++row) texts.push_back(Trim(result.At(row, 0)));
+    return texts;
+}
+
+}  // namespace
+
+QString ProgramFolderOf(const Arguments& arguments, Console& console) {
+    if (arguments.Has(kFolderOption.name)) return arguments.Value(kFolderOption.name);
+    const QDir beside(QCoreApplication::applicationDirPath());
+    if (beside.exists(QString::fromStdU16String(Text(kCatalogueFileName)))) return beside.path();
+    const QString own =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/CommTest"_s;
+    if (CreateProgramFolder(own.toStdU16String(), FillWithShippedCatalogue)) {
+        console.Tell(u"已建立程序文件夹 %1"_s.arg(own));
+    }
+    return own;
+}
+
+void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
+    try {
+        store.Open(LocalCatalogue(files));
+    } catch (const RuntimeError& error) {
+        throw Problem(ExitStatus::NoAccess,
+                      QString::fromStdU16String(error.StandardMessage()) +
+                          u"。请检查 --folder，或用 commtest-cli catalogue create 新建目录"_s);
+    }
+}
+
+std::vector<Text> ProtocolNames(Store& store) {
+    return FirstColumn(InstrumentCatalogue(store).ProtocolList());
+}
+
+std::vector<Text> InstrumentNames(Store& store, const Text& protocol) {
+    return FirstColumn(InstrumentCatalogue(store).InstrumentsOfProtocol(protocol));
+}
+
+void RequireKnown(QStringView kind, const Text& name, const std::vector<Text>& known, QStringView listing) {
+    if (std::find(known.begin(), known.end(), name) != known.end()) return;
+    throw Problem(ExitStatus::BadUsage, u"目录中没有%1 \"%2\"。可用名称请看 commtest-cli %3"_s.arg(
+                                            kind, QString::fromStdU16String(name), listing));
+}
+
+}  // namespace commtest

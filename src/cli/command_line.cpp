@@ -1,0 +1,97 @@
+#include "cli/command_line.h"
+
+#include <algorithm>
+#include <array>
+
+#include "cli/printable_text.h"
+#include "cli/verb.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kStatusHelp =
+    uR"(退出状态:
+  0  成功
+  1  仪表: --strict 下有不完整、校验出错或无应答的回答，写入被拒绝，或读回的值不同
+  2  用法不对，或目录中没有这个名称
+  3  串口、目录或文件打不开，或通讯中串口断开
+)"_s;
+
+std::array<Verb, 4> Verbs() { return {PollVerb(), WriteVerb(), ListVerb(), CatalogueVerb()}; }
+
+QString Line(const QString& name, QStringView meaning, int width) {
+    const int missing = width - DisplayWidth(name.toStdU16String());
+    return u"  %1%2  %3\n"_s.arg(name, QString(std::max(missing, 0), u' '), meaning);
+}
+
+QString WholeHelp() {
+    constexpr int kWidth = 36;
+    QString help = u"用法: commtest-cli 动词 [选项]\n\n在命令行上与仪表通讯。\n\n动词:\n"_s;
+    for (const Verb& verb : Verbs())
+        help += Line(u"%1 %2"_s.arg(verb.name, verb.usage), verb.purpose, kWidth);
+    help += u"\n选项:\n"_s + Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助", kWidth) +
+            Line(u"--version"_s, u"显示版本", kWidth);
+    return help + u'\n' + kStatusHelp;
+}
+
+QString HelpOf(const Verb& verb) {
+    constexpr int kWidth = 28;
+    QString help = u"用法: commtest-cli %1 %2\n\n%3\n\n选项:\n"_s.arg(verb.name, verb.usage, verb.purpose);
+    for (const Option& option : verb.options) {
+        const QString fallback = option.fallback.isEmpty() ? u""_s : u" (默认 %1)"_s.arg(option.fallback);
+        help += Line(u"--%1 %2"_s.arg(option.name, option.value), option.meaning.toString() + fallback, kWidth);
+    }
+    help += Line(u"--help"_s, u"显示本帮助", kWidth);
+    return help + u'\n' + kStatusHelp;
+}
+
+bool AsksForHelp(const QStringList& words) { return words.contains(u"--help"_s) || words.contains(u"-h"_s); }
+
+ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console) {
+    if (!AsksForHelp(words)) return verb.run(Arguments(verb.name, words, verb.options), console);
+    console.Print(HelpOf(verb));
+    return ExitStatus::Good;
+}
+
+ExitStatus RunWords(const QStringList& words, Console& console) {
+    const QString first = words.value(0);
+    for (const Verb& verb : Verbs()) {
+        if (verb.name == first) return RunVerb(verb, words.mid(1), console);
+    }
+    if (first == u"--version") {
+        console.Print(std::string("commtest-cli " COMMTEST_VERSION "\n"));
+        return ExitStatus::Good;
+    }
+    if (AsksForHelp(words)) {
+        console.Print(WholeHelp());
+        return ExitStatus::Good;
+    }
+    const QString what = first.isEmpty() ? u"缺少动词"_s : u"没有动词 \"%1\""_s.arg(first);
+    throw Problem(ExitStatus::BadUsage, what + u"。用法请看 commtest-cli --help"_s);
+}
+
+ExitStatus RunAndTell(const QStringList& words, Console& console) {
+    try {
+        const ExitStatus status = RunWords(words, console);
+        if (!console.Flush()) throw Problem(ExitStatus::NoAccess, u"结果写不出去，请检查标准输出"_s);
+        return status;
+    } catch (const Problem& problem) {
+        console.Tell(problem.Line());
+        return problem.Status();
+    } catch (const RuntimeError& error) {
+        console.Tell(error.StandardMessage());
+        return ExitStatus::NoAccess;
+    }
+}
+
+}  // namespace
+
+int RunCommandLine(const QStringList& words, Console& console) {
+    return static_cast<int>(RunAndTell(words, console));
+}
+
+}  // namespace commtest

@@ -1,0 +1,40 @@
+#include "cli/console.h"
+
+#include <ostream>
+
+#include "cli/printable_text.h"
+
+namespace commtest {
+
+Console::Console(std::ostream& results, std::ostream& problems, int liveWidth)
+    : results_(results), problems_(problems), liveWidth_(liveWidth) {}
+
+void Console::Print(const std::string& text) {
+    HideLive();
+    results_ << text;
+}
+
+bool Console::Flush() { return static_cast<bool>(results_.flush()); }
+
+void Console::Tell(TextView line) {
+    HideLive();
+    results_.flush();
+    problems_ << PrintableLine(line) + "\n" << std::flush;
+}
+
+void Console::ShowLive(TextView line) {
+    if (liveWidth_ == 0) return;
+    // A line that fills the last column would wrap.
+    const Text shown(CutToWidth(line, liveWidth_ - 1));
+    HideLive();
+    problems_ << PrintableLine(shown) << std::flush;
+    shownWidth_ = DisplayWidth(shown);
+}
+
+void Console::HideLive() {
+    if (shownWidth_ == 0) return;
+    problems_ << "\r" + std::string(static_cast<std::size_t>(shownWidth_), ' ') + "\r" << std::flush;
+    shownWidth_ = 0;
+}
+
+}  // namespace commtest

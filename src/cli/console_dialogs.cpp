@@ -1,0 +1,23 @@
+#include "cli/console_dialogs.h"
+
+namespace commtest {
+
+void ConsoleDialogs::ShowMessage(const Text& text) {
+    console_.Tell(text + u" " + (ReasonOfMessage ? ReasonOfMessage() : Text()));
+}
+
+void ConsoleDialogs::ShowError(int, const Text& standardMessage) {
+    console_.Tell(standardMessage + u" " + ReasonOfError);
+}
+
+bool ConsoleDialogs::AskYesNo(const Text& text) {
+    console_.Tell(text + u" 否");
+    return false;
+}
+
+Text ConsoleDialogs::AskText(const Text&, const Text& prompt, const Text&) {
+    console_.Tell(prompt);
+    return {};
+}
+
+}  // namespace commtest

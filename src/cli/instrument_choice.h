@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/line_options.h"
+
+namespace commtest {
+
+class MainForm;
+
+// Chooses protocol, instrument, address, interval and display mode, as a user does. A Problem if the
+// catalogue does not know the names, or if the protocol is not built yet.
+void ChooseInstrument(MainForm& form, const LineOptions& options);
+
+}  // namespace commtest

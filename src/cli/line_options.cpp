@@ -1,0 +1,79 @@
+#include "cli/line_options.h"
+
+#include <QRegularExpression>
+
+#include "cli/catalogue_access.h"
+#include "host_qt/line_settings.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLargestAddress = 65535;
+constexpr int kLargestPort = 9999;
+constexpr int kLongestInterval = 3'600'000;  // milliseconds
+// The wait for a reply, 150000 ms divided by the baud rate, has to stay inside 16 bits.
+constexpr int kLowestBaudRate = 50;
+
+void TakePort(const Arguments& arguments, LineOptions& options) {
+    static const QRegularExpression kForm(u"^COM(\\d{1,4})(?:=(.+))?$"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    const auto match = kForm.match(arguments.Value(u"port"));
+    const int number = match.captured(1).toInt();
+    if (number < 1 || number > kLargestPort)
+        throw arguments.BadValue(u"port", u" COM1 或 COM1=设备 的形式"_s);
+    options.port = u"COM" + match.captured(1).toStdU16String();
+    if (match.hasCaptured(2)) options.devices[number] = match.captured(2);
+}
+
+Text SettingsOf(const Arguments& arguments) {
+    const Text settings = arguments.Value(u"settings").toUpper().toStdU16String();
+    const auto parsed = LineSettingsOf(settings);
+    if (!parsed || parsed->baudRate < kLowestBaudRate) {
+        throw arguments.BadValue(u"settings",
+                                 u" 9600,N,8,1 的形式 (波特率,校验 N/O/E,数据位 5 至 8,停止位 1/1.5/2)"_s);
+    }
+    return settings;
+}
+
+std::optional<int> ShowModeOf(const Arguments& arguments) {
+    if (!arguments.Has(u"show")) return std::nullopt;
+    const QString mode = arguments.Value(u"show");
+    if (mode != u"ascii" && mode != u"hex") throw arguments.BadValue(u"show", u" ascii 或 hex"_s);
+    return mode == u"ascii" ? 0 : 1;
+}
+
+Text Number(int number) { return QString::number(number).toStdU16String(); }
+
+}  // namespace
+
+const OptionList& LineOptionList() {
+    static const OptionList kOptions = {
+        kFolderOption,
+        {u"protocol", u"名称", u"通讯协议，见 list protocols"},
+        {u"instrument", u"名称", u"仪表，见 list instruments"},
+        {u"address", u"N", u"仪表地址", u"1"},
+        {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)", u"COM1"},
+        {u"settings", u"9600,N,8,1", u"波特率、校验、数据位、停止位", u"9600,N,8,1"},
+        {u"interval", u"毫秒", u"两次通讯的间隔", u"100"},
+        {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
+    };
+    return kOptions;
+}
+
+LineOptions LineOptionsOf(const Arguments& arguments, Console& console) {
+    LineOptions options;
+    options.protocol = arguments.Value(u"protocol").toStdU16String();
+    options.instrument = arguments.Value(u"instrument").toStdU16String();
+    options.address = Number(arguments.WholeNumber(u"address", 0, kLargestAddress));
+    TakePort(arguments, options);
+    options.settings = SettingsOf(arguments);
+    options.interval = Number(arguments.WholeNumber(u"interval", 0, kLongestInterval));
+    options.showMode = ShowModeOf(arguments);
+    options.folder = ProgramFolderOf(arguments, console);
+    return options;
+}
+
+}  // namespace commtest

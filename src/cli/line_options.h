@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "cli/arguments.h"
+#include "cli/console.h"
+#include "host_qt/qt_serial_port.h"
+
+namespace commtest {
+
+// Which instrument is talked to, and over which line.
+struct LineOptions {
+    QString folder;
+    Text protocol;
+    Text instrument;
+    Text address;
+    Text port;                    // "COM1"
+    DeviceMap devices;            // names the device of that port, where the user did
+    Text settings;                // "9600,N,8,1"
+    Text interval;                // milliseconds between two exchanges
+    std::optional<int> showMode;  // index of ShowMode; the protocol's own where there is none
+};
+
+const OptionList& LineOptionList();
+LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
+
+}  // namespace commtest

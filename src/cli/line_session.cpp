@@ -1,0 +1,80 @@
+#include "cli/line_session.h"
+
+#include "cli/catalogue_access.h"
+#include "cli/instrument_choice.h"
+#include "session/events.h"
+#include "session/port_settings.h"
+#include "session/toolbar_commands.h"
+
+namespace commtest {
+
+LineSession::LineSession(const LineOptions& options, Console& console)
+    : files_(options.folder),
+      port_(options.devices),
+      dialogs_(console),
+      session_({port_, dialogs_, clock_, files_, store_, settings_}) {
+    OpenCatalogueOf(files_, store_);
+    ChooseInstrument(Form(), options);
+    ShowStoredPortSettings(Form(), options.settings + u" " + options.port);
+    dialogs_.ReasonOfMessage = [this] { return port_.LastProblem(); };
+    WireEvents();
+}
+
+void LineSession::WireEvents() {
+    port_.Receives = [this] {
+        PortReceives(Form());
+        LookAtSession();
+    };
+    port_.IsLost = [this](const Text& reason) {
+        PortIsLost(Form(), reason);
+        LookAtSession();
+    };
+    for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
+        timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
+    }
+}
+
+// Several events can fall into one round of the event loop: a tick behind the end of a run waits for the
+// next.
+void LineSession::Tick(int index) {
+    if (isDone_ == nullptr) return;
+    const bool beginsExchange = index == 1 && IsBetweenExchanges();
+    const auto framesBefore = Form().SendCount;
+    TimerTicks(Form(), index);
+    if (beginsExchange && Form().SendCount != framesBefore) ++exchanges_;
+    LookAtSession();
+}
+
+void LineSession::LookAtSession() {
+    if (isDone_ == nullptr) return;
+    if (!Form().IsRunning()) {
+        EndRun(port_.LastProblem().empty() ? End::PortLost : End::NoPort);
+    } else if (!Form().Timer1[1].Enabled()) {
+        EndRun(End::BadRun);
+    } else if ((*isDone_)()) {
+        EndRun(End::Done);
+    }
+}
+
+void LineSession::EndRun(End end) {
+    if (isDone_ == nullptr) return;
+    isDone_ = nullptr;
+    end_ = end;
+    loop_.quit();
+}
+
+LineSession::End LineSession::Run(const std::function<bool()>& isDone) {
+    isDone_ = &isDone;
+    loop_.exec();
+    return end_;
+}
+
+void LineSession::Stop() {
+    RunEvent(Form(), [this] {
+        if (Form().IsRunning()) RunToolbarCommand(Form(), toolbar::kStartStop);
+    });
+    // A stopped session closes its port in its last tick.
+    TimerTicks(Form(), 1);
+}
+
+}  // namespace commtest

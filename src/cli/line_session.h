@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QEventLoop>
+#include <functional>
+
+#include "app/session.h"
+#include "cli/console_dialogs.h"
+#include "cli/line_options.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/no_settings.h"
+#include "host_qt/qt_serial_port.h"
+#include "host_qt/qt_store.h"
+#include "host_qt/qt_timers.h"
+#include "host_qt/system_clock.h"
+
+namespace commtest {
+
+// A session on a real line, with the instrument chosen and the port set; nothing runs yet. Its events happen
+// inside Run only.
+class LineSession {
+  public:
+    // A Problem if the catalogue cannot be opened or does not know the names, or if the protocol is not built
+    // yet.
+    LineSession(const LineOptions& options, Console& console);
+
+    enum class End {
+        Done,      // what was waited for has happened, or Quit
+        NoPort,    // the port could not be opened
+        PortLost,  // the port has gone
+        BadRun,    // a run-time error has ended the polling
+    };
+
+    // Runs the events until `isDone` holds behind one of them, or the session has stopped by itself.
+    End Run(const std::function<bool()>& isDone);
+    void Quit() { EndRun(End::Done); }
+
+    // Stops the session and closes the port.
+    void Stop();
+
+    MainForm& Form() { return session_.Form(); }
+    ConsoleDialogs& Dialogs() { return dialogs_; }
+
+    // Frames of the cycle so far; the bytes that ask for a further part of a reply do not count.
+    int Exchanges() const { return exchanges_; }
+    // The last reply has been judged, or given up on.
+    bool IsBetweenExchanges() { return Form().CycleStep == 1; }
+
+  private:
+    void WireEvents();
+    void Tick(int index);
+    void LookAtSession();
+    void EndRun(End end);
+
+    FolderFiles files_;
+    QtStore store_;
+    QtSerialPort port_;
+    ConsoleDialogs dialogs_;
+    SystemClock clock_;
+    NoSettings settings_;
+    QtTimers timers_;
+    Session session_;
+
+    QEventLoop loop_;
+    const std::function<bool()>* isDone_ = nullptr;  // while Run runs
+    End end_ = End::Done;
+    int exchanges_ = 0;
+};
+
+}  // namespace commtest

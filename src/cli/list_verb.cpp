@@ -1,0 +1,114 @@
+#include "app/protocol_table.h"
+#include "catalogue/instrument_catalogue.h"
+#include "cli/catalogue_access.h"
+#include "cli/table.h"
+#include "cli/verb.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/qt_store.h"
+#include "runtime/number.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Table ProtocolTableOf(Store& store) {
+    Table table;
+    table.columns = {
+        {u"code", u"编号", CellKind::Number}, {u"name", u"协议"}, {u"supported", u"可用", CellKind::YesNo}};
+    const StoreRows protocols = InstrumentCatalogue(store).ProtocolList();
+    for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
+        const Text code = protocols.At(row, 1);
+        const bool isBuilt = Protocols().Of(LeadingWholeNumber(code)).buildRead != nullptr;
+        table.rows.push_back({code, Trim(protocols.At(row, 0)), isBuilt ? u"是" : u"否"});
+    }
+    return table;
+}
+
+Table InstrumentTableOf(Store& store, const std::vector<Text>& protocols) {
+    Table table;
+    table.columns = {{u"protocol", u"协议"}, {u"name", u"仪表名称"}, {u"code", u"编号"}};
+    for (const Text& protocol : protocols) {
+        const StoreRows instruments = InstrumentCatalogue(store).InstrumentsOfProtocol(protocol);
+        for (std::size_t row = 0; row < instruments.rows.size(); ++row) {
+            table.rows.push_back({protocol, instruments.At(row, 0), instruments.At(row, 3)});
+        }
+    }
+    return table;
+}
+
+// Fields of the query: 0 to 4 go to the grid, then the upper limit and the lower one.
+Table ParameterTableOf(Store& store, const Text& instrument) {
+    Table table;
+    table.columns = {{u"row", u"序号", CellKind::Number},
+                     {u"name", u"参数名称"},
+                     {u"address", u"地址"},
+                     {u"length", u"长度"},
+                     {u"attribute", u"属性"},
+                     {u"decimals", u"小数点"},
+                     {u"upperLimit", u"上限值"},
+                     {u"lowerLimit", u"下限值"}};
+    const StoreRows parameters = InstrumentCatalogue(store).ParametersOfInstrument(instrument);
+    for (std::size_t row = 0; row < parameters.rows.size(); ++row) {
+        std::vector<Text> cells = {WholeText(static_cast<std::int64_t>(row) + 1)};
+        for (std::size_t field = 0; field < table.columns.size() - 1; ++field) {
+            cells.push_back(parameters.At(row, field));
+        }
+        table.rows.push_back(std::move(cells));
+    }
+    return table;
+}
+
+std::vector<Text> AllInstrumentNames(Store& store) {
+    std::vector<Text> names;
+    for (const Text& protocol : ProtocolNames(store)) {
+        for (Text& name : InstrumentNames(store, protocol)) names.push_back(std::move(name));
+    }
+    return names;
+}
+
+std::vector<Text> WantedProtocols(const Arguments& arguments, Store& store) {
+    if (!arguments.Has(u"protocol")) return ProtocolNames(store);
+    const Text protocol = arguments.Value(u"protocol").toStdU16String();
+    RequireKnown(u"协议", protocol, ProtocolNames(store), u"list protocols");
+    return {protocol};
+}
+
+Table TableOf(const QString& topic, const Arguments& arguments, Store& store) {
+    if (topic == u"protocols") return ProtocolTableOf(store);
+    if (topic == u"instruments") return InstrumentTableOf(store, WantedProtocols(arguments, store));
+    const Text instrument = arguments.Value(u"instrument").toStdU16String();
+    RequireKnown(u"仪表", instrument, AllInstrumentNames(store), u"list instruments");
+    return ParameterTableOf(store, instrument);
+}
+
+ExitStatus List(const Arguments& arguments, Console& console) {
+    const QString topic = arguments.Positional(1, u"protocols、instruments 或 parameters").constFirst();
+    if (topic != u"protocols" && topic != u"instruments" && topic != u"parameters") {
+        throw Problem(
+            ExitStatus::BadUsage,
+            u"没有列表 \"%1\"，应为 protocols、instruments 或 parameters。用法请看 commtest-cli list --help"_s
+                .arg(topic));
+    }
+    const Format format = FormatOf(arguments);
+    QtStore store;
+    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
+    console.Print(Printed(TableOf(topic, arguments, store), format));
+    return ExitStatus::Good;
+}
+
+}  // namespace
+
+Verb ListVerb() {
+    return {u"list",
+            u"protocols|instruments|parameters [选项]",
+            u"列出目录中的协议、仪表，或一种仪表的参数",
+            {kFolderOption,
+             {u"protocol", u"名称", u"只列出这个协议的仪表"},
+             {u"instrument", u"名称", u"列出这种仪表的参数"},
+             kFormatOption},
+            List};
+}
+
+}  // namespace commtest

@@ -1,0 +1,38 @@
+#include <langinfo.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+#include "cli/command_line.h"
+
+namespace {
+
+// Texts and file names are UTF-8; a locale that is not would make the toolkit complain.
+void UseUtf8() {
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+// Columns of the terminal that standard error is, 0 if it is none.
+int TerminalWidth() {
+    constexpr int kUsualWidth = 80;
+    if (isatty(STDERR_FILENO) == 0) return 0;
+    winsize size = {};
+    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : kUsualWidth;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    UseUtf8();
+    const QCoreApplication application(argc, argv);
+    std::ios::sync_with_stdio(false);
+    commtest::Console console(std::cout, std::cerr, TerminalWidth());
+    return commtest::RunCommandLine(QCoreApplication::arguments().mid(1), console);
+}

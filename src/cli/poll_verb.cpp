@@ -1,0 +1,148 @@
+#include <QTimer>
+#include <chrono>
+
+#include "cli/interrupt.h"
+#include "cli/line_session.h"
+#include "cli/poll_report.h"
+#include "cli/record_stream.h"
+#include "cli/verb.h"
+#include "session/polling_cycle.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kRefreshPeriod = 100ms;
+
+struct PollOptions {
+    int command = 0;
+    Text groupLength;                          // ConDataNub
+    int exchanges = 0;                         // 0: no end
+    std::chrono::milliseconds duration = 0ms;  // 0: no end
+    QString recordFile;
+    Format format = Format::Plain;
+    bool isStrict = false;
+};
+
+const OptionList& PollOptionList() {
+    static const OptionList kOptions = [] {
+        OptionList options = LineOptionList();
+        options.insert(
+            options.end(),
+            {{u"command", u"代码",
+              u"读取方式: 10 动态数据，20 静态数据，31 动态/静态交替，40 本行，50 逐个，60 多个", u"31"},
+             {u"count", u"字节数", u"一次读取多个参数时的数据字节数", u"16"},
+             {u"exchanges", u"N", u"通讯 N 次后结束"},
+             {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
+             {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
+             {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
+              u"text"},
+             {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
+        return options;
+    }();
+    return kOptions;
+}
+
+int CommandOf(const Arguments& arguments) {
+    static const QStringList kCommands = {u"10"_s, u"20"_s, u"31"_s, u"40"_s, u"50"_s, u"60"_s};
+    const QString command = arguments.Value(u"command");
+    if (!kCommands.contains(command)) throw arguments.BadValue(u"command", u" "_s + kCommands.join(u"、"_s));
+    return command.toInt();
+}
+
+std::chrono::milliseconds DurationOf(const Arguments& arguments) {
+    constexpr double kLongest = 2'000'000;
+    bool isNumber = false;
+    const double seconds = arguments.Value(u"seconds").toDouble(&isNumber);
+    const bool isGood = isNumber && seconds > 0 && seconds <= kLongest;
+    if (!isGood) throw arguments.BadValue(u"seconds", u"大于 0 的秒数"_s);
+    return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+}
+
+PollOptions PollOptionsOf(const Arguments& arguments) {
+    arguments.Positional(0, u"");
+    PollOptions options;
+    options.command = CommandOf(arguments);
+    options.groupLength = QString::number(arguments.WholeNumber(u"count", 1, 32767)).toStdU16String();
+    if (arguments.Has(u"exchanges") && arguments.Has(u"seconds")) {
+        throw arguments.BadValue(u"seconds", u"空: --exchanges 和 --seconds 只能用一个"_s);
+    }
+    if (arguments.Has(u"exchanges"))
+        options.exchanges = arguments.WholeNumber(u"exchanges", 1, 2'000'000'000);
+    if (arguments.Has(u"seconds")) options.duration = DurationOf(arguments);
+    if (arguments.Has(u"record")) options.recordFile = arguments.Value(u"record");
+    options.format = FormatOf(arguments);
+    options.isStrict = arguments.Has(u"strict");
+    return options;
+}
+
+bool HasFailures(const MainForm& form) {
+    return form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount > 0;
+}
+
+// Polls to the end that the options set, or that the user, the port or an error brings. What is shown of it
+// follows at the pace of a reader's eye, not of the line.
+LineSession::End RunPoll(LineSession& line, const PollOptions& options, RecordStream& record,
+                         Console& console) {
+    MainForm& form = line.Form();
+    QTimer refresh;
+    QObject::connect(&refresh, &QTimer::timeout, [&] {
+        if (!record.Flush()) line.Quit();
+        console.ShowLive(form.ConCommMessage[1].Value() + u"  " + form.ConCommMessage[0].Value());
+    });
+    refresh.start(kRefreshPeriod);
+
+    bool isTimeUp = false;
+    const auto isDone = [&] {
+        const bool isEnough = options.exchanges > 0 && line.Exchanges() >= options.exchanges;
+        return (isEnough || isTimeUp) && line.IsBetweenExchanges();
+    };
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, [&] {
+        isTimeUp = true;
+        if (isDone()) line.Quit();
+    });
+    if (options.duration > 0ms) deadline.start(options.duration);
+
+    const Interrupt interrupt([&line] { line.Quit(); });
+    StartInShortWay(form);
+    const LineSession::End end = line.Run(isDone);
+    line.Stop();
+    return end;
+}
+
+ExitStatus StatusOf(LineSession::End end, const PollOptions& options, const MainForm& form) {
+    if (end == LineSession::End::PortLost) return ExitStatus::NoAccess;
+    const bool isBad = end == LineSession::End::BadRun || (options.isStrict && HasFailures(form));
+    return isBad ? ExitStatus::BadAnswer : ExitStatus::Good;
+}
+
+ExitStatus Poll(const Arguments& arguments, Console& console) {
+    const PollOptions options = PollOptionsOf(arguments);
+    const LineOptions lineOptions = LineOptionsOf(arguments, console);
+    LineSession line(lineOptions, console);
+    RecordStream record(console, options.format == Format::Plain, options.recordFile);
+    MainForm& form = line.Form();
+    form.ConCommString[1].BlockFinished = [&record](const Text& block) { record.Add(block); };
+    form.CommandCode = options.command;
+    form.ConDataNub.Set(options.groupLength);
+
+    const LineSession::End end = RunPoll(line, options, record, console);
+    if (end == LineSession::End::NoPort) return ExitStatus::NoAccess;
+    record.Finish();
+    console.Print(PollReport(form, lineOptions, line.Exchanges(), options.format));
+    return StatusOf(end, options, form);
+}
+
+}  // namespace
+
+Verb PollVerb() {
+    return {u"poll", u"--protocol 名称 --instrument 名称 [选项]",
+            u"轮询仪表，逐条给出通讯记录，最后给出参数表和统计", PollOptionList(), Poll};
+}
+
+}  // namespace commtest

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <utility>
+
+namespace commtest {
+
+enum class ExitStatus {
+    Good = 0,
+    BadAnswer =
+        1,  // the instrument: a reply failed under --strict, a write was refused or reads back differently
+    BadUsage = 2,  // the command line: its words, or names and rows that the catalogue does not have
+    NoAccess = 3,  // the port, the catalogue or a file cannot be opened, or has gone
+};
+
+// Ends a verb: one line for the user, which says what is wrong and what to do; empty if the user was told
+// already.
+class Problem : public std::exception {
+  public:
+    Problem(ExitStatus status, QString line) : status_(status), line_(std::move(line)) {}
+
+    ExitStatus Status() const { return status_; }
+    const QString& Line() const { return line_; }
+
+    const char* what() const noexcept override { return "problem of the command line"; }
+
+  private:
+    ExitStatus status_;
+    QString line_;
+};
+
+}  // namespace commtest

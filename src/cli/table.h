@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonValue>
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "cli/arguments.h"
+#include "runtime/text.h"
+
+namespace commtest {
+
+enum class Format { Plain, Csv, Json };
+
+extern const Option kFormatOption;
+Format FormatOf(const Arguments& arguments);
+
+enum class CellKind { Words, Number, YesNo };  // a number is whole, a yes is 是
+
+struct TableColumn {
+    QStringView key;   // its name in JSON
+    TextView heading;  // its name elsewhere
+    CellKind kind = CellKind::Words;
+};
+
+// A result of the command line: rows of texts.
+struct Table {
+    std::vector<TableColumn> columns;
+    std::vector<std::vector<Text>> rows;
+};
+
+// As UTF-8 with "\n" line ends, control characters shown as PrintableText does. Text has its columns side by
+// side, numbers on the right; CSV begins with the headings; JSON is an array with an object a row.
+std::string Printed(const Table& table, Format format);
+
+QJsonArray JsonOf(const Table& table);
+std::string PrintedJson(const QJsonValue& value);
+
+}  // namespace commtest

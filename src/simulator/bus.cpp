@@ -1,0 +1,127 @@
+#include "simulator/bus.h"
+
+#include <sstream>
+
+#include "simulator/native_frames.h"
+
+namespace simulator {
+
+namespace {
+
+void Add(InstrumentCounts& total, const InstrumentCounts& one) {
+    total.requests += one.requests;
+    total.continueBytes += one.continueBytes;
+    total.answers += one.answers;
+    total.writesAccepted += one.writesAccepted;
+    total.refusals += one.refusals;
+    total.faults.drops += one.faults.drops;
+    total.faults.corruptions += one.faults.corruptions;
+    total.faults.truncations += one.faults.truncations;
+    total.faults.lateReplies += one.faults.lateReplies;
+    total.faults.splits += one.faults.splits;
+    total.faults.delays += one.faults.delays;
+    total.faults.noises += one.faults.noises;
+}
+
+std::string Json(const InstrumentCounts& counts) {
+    std::ostringstream out;
+    out << "\"requests\": " << counts.requests << ", \"continue_bytes\": " << counts.continueBytes
+        << ", \"answers\": " << counts.answers << ", \"writes_accepted\": " << counts.writesAccepted
+        << ", \"refusals\": " << counts.refusals << ", \"dropped\": " << counts.faults.drops
+        << ", \"corrupted\": " << counts.faults.corruptions
+        << ", \"truncated\": " << counts.faults.truncations << ", \"late\": " << counts.faults.lateReplies
+        << ", \"split\": " << counts.faults.splits << ", \"delayed\": " << counts.faults.delays
+        << ", \"noise\": " << counts.faults.noises;
+    return out.str();
+}
+
+// Names come from description files: only quotes, backslashes and control characters need care.
+std::string Quoted(const std::string& text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+    }
+    return quoted + '"';
+}
+
+}  // namespace
+
+Bus::Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed, int turnaroundMs)
+    : instruments_(std::move(instruments)),
+      counts_(instruments_.size()),
+      line_(rates, seed),
+      turnaroundMs_(turnaroundMs) {}
+
+std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs) {
+    std::vector<Chunk> out;
+    for (const char byte : bytes) {
+        if (byte == kFrameStart) frame_.clear();
+        if (byte == kContinue) {
+            Continue(out);
+            continue;
+        }
+        frame_ += byte;
+        if (byte != kFrameEnd) continue;
+        TakeFrame(timeMs, out);
+        frame_.clear();
+    }
+    return out;
+}
+
+InstrumentCounts Bus::Total() const {
+    InstrumentCounts total;
+    for (const InstrumentCounts& one : counts_) Add(total, one);
+    return total;
+}
+
+std::string Bus::CountsAsJson() const {
+    std::ostringstream out;
+    out << "{" << Json(Total()) << ", \"ignored_frames\": " << ignoredFrames_ << ", \"instruments\": [";
+    for (std::size_t i = 0; i < instruments_.size(); ++i) {
+        out << (i == 0 ? "" : ", ") << "{\"name\": " << Quoted(instruments_[i].Name())
+            << ", \"address\": " << instruments_[i].Address() << ", " << Json(counts_[i]) << "}";
+    }
+    out << "]}";
+    return out.str();
+}
+
+void Bus::TakeFrame(double timeMs, std::vector<Chunk>& out) {
+    parts_.clear();
+    for (std::size_t i = 0; i < instruments_.size(); ++i) {
+        Instrument& instrument = instruments_[i];
+        const auto content = ContentOfRequest(instrument.Code(), instrument.Address(), frame_);
+        if (!content) continue;
+        Instrument::Answer answer = instrument.AnswerTo(*content, timeMs / 1000);
+        ++counts_[i].requests;
+        if (answer.isRefused) ++counts_[i].refusals;
+        if (answer.isWrite && !answer.isRefused) ++counts_[i].writesAccepted;
+        asked_ = i;
+        parts_ = std::move(answer.parts);
+        SendNextPart(out);
+        return;
+    }
+    ++ignoredFrames_;
+}
+
+void Bus::Continue(std::vector<Chunk>& out) {
+    if (parts_.empty()) {
+        ++ignoredFrames_;
+        return;
+    }
+    ++counts_[asked_].requests;
+    ++counts_[asked_].continueBytes;
+    SendNextPart(out);
+}
+
+void Bus::SendNextPart(std::vector<Chunk>& out) {
+    const Instrument& instrument = instruments_[asked_];
+    const char end = parts_.size() > 1 ? kPartEnd : kFrameEnd;
+    const std::string reply = MakeReply(instrument.Code(), instrument.Address(), parts_.front(), end);
+    parts_.erase(parts_.begin());
+    const std::vector<Chunk> chunks = line_.Carry(reply, turnaroundMs_, counts_[asked_].faults);
+    if (!chunks.empty()) ++counts_[asked_].answers;
+    out.insert(out.end(), chunks.begin(), chunks.end());
+}
+
+}  // namespace simulator

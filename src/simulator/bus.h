@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/faults.h"
+#include "simulator/instrument.h"
+
+namespace simulator {
+
+struct InstrumentCounts {
+    long requests = 0;  // understood, continue bytes among them
+    long continueBytes = 0;
+    long answers = 0;  // that left in whatever state; dropped ones are not among them
+    long writesAccepted = 0;
+    long refusals = 0;
+    FaultCounts faults;
+};
+
+// Several instruments on one line. Bytes may come in any pieces; a request is complete with its line end.
+class Bus {
+  public:
+    Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed,
+        int turnaroundMs = 0);
+
+    // What the instruments send in answer to these bytes, come at `timeMs`; delays count from that moment.
+    std::vector<Chunk> Receive(std::string_view bytes, double timeMs);
+
+    const std::vector<Instrument>& Instruments() const { return instruments_; }
+    const InstrumentCounts& CountsOf(std::size_t instrument) const { return counts_[instrument]; }
+    InstrumentCounts Total() const;
+    long IgnoredFrames() const { return ignoredFrames_; }  // for nobody here, or with a wrong check word
+
+    // All counts as one JSON object.
+    std::string CountsAsJson() const;
+
+  private:
+    void TakeFrame(double timeMs, std::vector<Chunk>& out);
+    void Continue(std::vector<Chunk>& out);
+    void SendNextPart(std::vector<Chunk>& out);
+
+    std::vector<Instrument> instruments_;
+    std::vector<InstrumentCounts> counts_;
+    FaultyLine line_;
+    int turnaroundMs_;
+    long ignoredFrames_ = 0;
+
+    std::string frame_;               // bytes of the request so far
+    std::size_t asked_ = 0;           // the instrument that answers
+    std::vector<std::string> parts_;  // of its answer, the ones that wait
+};
+
+}  // namespace simulator

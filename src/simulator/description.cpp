@@ -1,0 +1,146 @@
+#include "simulator/description.h"
+
+#include <charconv>
+#include <sstream>
+
+namespace simulator {
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+std::string Trimmed(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r";
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
+}
+
+Fields FieldsOf(const std::string& line) {
+    Fields fields;
+    std::istringstream in(line);
+    for (std::string field; std::getline(in, field, '|');) fields.push_back(Trimmed(field));
+    return fields;
+}
+
+bool IsAll(std::string_view text, std::string_view allowed) {
+    return !text.empty() && text.find_first_not_of(allowed) == std::string_view::npos;
+}
+
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kHexDigits = "0123456789ABCDEFabcdef";
+
+// One line of a description and the way to complain about it.
+class Line {
+  public:
+    Line(Fields fields, std::string place) : fields_(std::move(fields)), place_(std::move(place)) {}
+
+    std::string At(std::size_t index) const {
+        return index < fields_.size() ? fields_[index] : std::string();
+    }
+
+    [[noreturn]] void Refuse(const std::string& expected, std::size_t index) const {
+        throw DescriptionError(place_ + ": expected " + expected + ", found \"" + At(index) + "\"");
+    }
+
+    int Whole(std::size_t index, int otherwise, const std::string& expected) const {
+        const std::string text = At(index);
+        if (text.empty()) return otherwise;
+        int value = 0;
+        const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (error != std::errc() || stop != text.data() + text.size() || value < 0) Refuse(expected, index);
+        return value;
+    }
+
+    std::optional<double> Limit(std::size_t index) const {
+        const std::string text = At(index);
+        if (text.empty()) return std::nullopt;
+        double value = 0;
+        const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (error != std::errc() || stop != text.data() + text.size()) Refuse("a limit", index);
+        return value;
+    }
+
+  private:
+    Fields fields_;
+    std::string place_;
+};
+
+Parameter ParameterOf(const Line& line) {
+    Parameter parameter{line.At(0), line.At(1),    line.At(2),    line.At(3),
+                        line.At(4), line.Limit(5), line.Limit(6), {}};
+    if (parameter.address.size() != 4 || !IsAll(parameter.address, kHexDigits)) {
+        line.Refuse("an address of four hexadecimal digits", 1);
+    }
+    if (!IsAll(parameter.length, kDigits)) line.Refuse("a length in bytes", 2);
+    if (!IsAll(parameter.attribute, "RDWS")) line.Refuse("an attribute of the letters R, D, W, S", 3);
+    if (line.At(7).empty()) return parameter;
+    parameter.behaviour = Behaviour::Read(line.At(7));
+    if (!parameter.behaviour) line.Refuse("constant, ramp, sine, counter or walk with its numbers", 7);
+    return parameter;
+}
+
+struct Head {
+    int code;
+    std::string name;
+    int address;
+    int partLength;
+};
+
+Head HeadOf(const Line& line, int nextAddress) {
+    const std::string text = line.At(0).substr(0, 2);
+    if (text != "11" && text != "12" && text != "13") line.Refuse("a code that begins with 11, 12 or 13", 0);
+    return {std::stoi(text), line.At(1), line.Whole(2, nextAddress, "an address"),
+            line.Whole(3, 0, "a part length")};
+}
+
+bool BeginsInstrument(const Fields& fields) { return fields[0].size() >= 4 && IsAll(fields[0], kDigits); }
+
+// Collects the rows of one instrument after the other.
+class Reader {
+  public:
+    void Take(const Fields& fields, const Line& line) {
+        if (BeginsInstrument(fields)) {
+            Finish();
+            heads_.push_back(HeadOf(line, static_cast<int>(heads_.size()) + 1));
+        } else if (heads_.empty()) {
+            line.Refuse("the code of an instrument", 0);
+        } else {
+            parameters_.push_back(ParameterOf(line));
+        }
+    }
+
+    std::vector<Instrument> Finish() {
+        if (!heads_.empty() && instruments_.size() < heads_.size()) {
+            const Head& head = heads_.back();
+            instruments_.emplace_back(head.code, head.address, head.name, std::move(parameters_),
+                                      head.partLength);
+            parameters_.clear();
+        }
+        return instruments_;
+    }
+
+  private:
+    std::vector<Head> heads_;
+    std::vector<Parameter> parameters_;
+    std::vector<Instrument> instruments_;
+};
+
+}  // namespace
+
+std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source) {
+    Reader reader;
+    std::istringstream in{std::string(text)};
+    int number = 0;
+    for (std::string raw; std::getline(in, raw);) {
+        ++number;
+        if (Trimmed(raw).empty() || Trimmed(raw).front() == '#') continue;
+        const Fields fields = FieldsOf(raw);
+        reader.Take(fields, Line(fields, source + ":" + std::to_string(number)));
+    }
+    std::vector<Instrument> instruments = reader.Finish();
+    if (instruments.empty()) throw DescriptionError(source + ": expected an instrument, found none");
+    return instruments;
+}
+
+}  // namespace simulator

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/instrument.h"
+
+namespace simulator {
+
+// A description says which instruments there are. Its format is that of the shipped instrument lists, with
+// more fields that may be left out; docs/simulator.md tells it.
+//   11000101 | indicator | 1 | 40          code, name, address (default: 1, then one more each), part length
+//   (0) value | 0010 | 2 | D | 0020 | | | sine -200 1800 30     name, address, length, attribute, decimals,
+//   limits, life
+// Empty lines and lines that begin with "#" say nothing.
+class DescriptionError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// `source` names the text in messages: "bench.txt:7: expected ..., found ...". Instruments of protocols other
+// than 11, 12 and 13 are refused.
+std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source);
+
+}  // namespace simulator

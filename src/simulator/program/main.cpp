@@ -1,0 +1,144 @@
+// instrument-simulator: instruments of the native protocol on a pseudo-terminal or a device.
+
+#include <poll.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <map>
+
+#include "simulator/bus.h"
+#include "simulator/description.h"
+#include "simulator/program/line_device.h"
+#include "simulator/program/options.h"
+
+namespace {
+
+using namespace simulator;
+
+volatile sig_atomic_t ended = 0;
+
+void End(int) { ended = 1; }
+
+// Signals come in only while the program waits; gives the mask under which it waits.
+sigset_t CatchEndSignals() {
+    struct sigaction action {};
+    action.sa_handler = End;
+    sigset_t both;
+    sigset_t waiting;
+    sigemptyset(&both);
+    for (const int signal : {SIGTERM, SIGINT}) {
+        sigaction(signal, &action, nullptr);
+        sigaddset(&both, signal);
+    }
+    sigprocmask(SIG_BLOCK, &both, &waiting);
+    return waiting;
+}
+
+std::vector<Instrument> ReadInstruments(const std::vector<std::string>& files) {
+    std::vector<Instrument> all;
+    for (const std::string& file : files) {
+        std::ifstream in(file);
+        if (!in) throw DescriptionError(file + ": cannot be read");
+        const std::string text{std::istreambuf_iterator<char>(in), {}};
+        for (Instrument& instrument : ReadDescription(text, file)) all.push_back(std::move(instrument));
+    }
+    return all;
+}
+
+class Player {
+  public:
+    Player(Bus& bus, const LineDevice& device) : bus_(bus), device_(device) {}
+
+    void PlayUntilEnded(const sigset_t& waitingMask) {
+        while (ended == 0) {
+            pollfd line{device_.Handle(), POLLIN, 0};
+            timespec pause{};
+            const bool hasPause = SetPause(pause);
+            const int ready = ppoll(&line, 1, hasPause ? &pause : nullptr, &waitingMask);
+            if (ready > 0) Take();
+            SendWhatIsDue();
+        }
+    }
+
+  private:
+    double Now() const {
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
+    }
+
+    // How long until the next chunk is due; false if none waits.
+    bool SetPause(timespec& pause) const {
+        if (waiting_.empty()) return false;
+        const double milliseconds = std::max(waiting_.begin()->first - Now(), 0.0);
+        pause.tv_sec = static_cast<time_t>(milliseconds / 1000);
+        pause.tv_nsec = static_cast<long>(std::fmod(milliseconds, 1000) * 1e6);
+        return true;
+    }
+
+    void Take() {
+        const double now = Now();
+        for (Chunk& chunk : bus_.Receive(device_.Read(), now)) {
+            waiting_.emplace(now + chunk.delayMs, std::move(chunk.bytes));
+        }
+    }
+
+    void SendWhatIsDue() {
+        while (!waiting_.empty() && waiting_.begin()->first <= Now()) {
+            device_.Write(waiting_.begin()->second);
+            waiting_.erase(waiting_.begin());
+        }
+    }
+
+    Bus& bus_;
+    const LineDevice& device_;
+    std::multimap<double, std::string> waiting_;  // by due time
+    const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+void WriteCounts(const Bus& bus, const std::string& file) {
+    if (file.empty()) {
+        std::cout << bus.CountsAsJson() << std::endl;
+        return;
+    }
+    std::ofstream out(file);
+    out << bus.CountsAsJson() << '\n';
+    if (!out) throw std::runtime_error(file + ": cannot be written");
+}
+
+int Run(const Options& options) {
+    Bus bus(ReadInstruments(options.descriptions), options.rates, options.seed, options.turnaroundMs);
+    const sigset_t waitingMask = CatchEndSignals();
+    {
+        const LineDevice device(options.device, options.link);
+        std::cout << device.Path() << std::endl;
+        Player(bus, device).PlayUntilEnded(waitingMask);
+    }
+    WriteCounts(bus, options.counts);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        const Options options = ReadOptions({argv + 1, argv + argc});
+        if (options.help) {
+            std::cout << kUsage;
+            return 0;
+        }
+        return Run(options);
+    } catch (const UsageError& error) {
+        std::cerr << "instrument-simulator: " << error.what() << "; --help tells the options\n";
+        return 2;
+    } catch (const DescriptionError& error) {
+        std::cerr << "instrument-simulator: " << error.what() << '\n';
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "instrument-simulator: " << error.what() << '\n';
+        return 3;
+    }
+}

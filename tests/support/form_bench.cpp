@@ -1,0 +1,16 @@
+#include "support/form_bench.h"
+
+#include "session/events.h"
+
+namespace commtest::testing {
+
+FormBench::FormBench(ProtocolTable table)
+    : protocols(std::move(table)),
+      form({line, dialogs, line, files, *store, settings}, protocols, companions) {
+    dialogs.Time = [this] { return line.Time(); };
+    line.Receives = [this] { PortReceives(form); };
+    line.TimerTick = [this](int index) { TimerTicks(form, index); };
+    for (Timer& timer : form.Timer1) line.Drive(timer);
+}
+
+}  // namespace commtest::testing
