@@ -43,7 +43,8 @@ QString HelpOf(const Verb& verb) {
     QString help = u"用法: commtest-cli %1 %2\n\n%3\n\n选项:\n"_s.arg(verb.name, verb.usage, verb.purpose);
     for (const Option& option : verb.options) {
         const QString fallback = option.fallback.isEmpty() ? u""_s : u" (默认 %1)"_s.arg(option.fallback);
-        help += Line(u"--%1 %2"_s.arg(option.name, option.value), option.meaning.toString() + fallback, kWidth);
+        help +=
+            Line(u"--%1 %2"_s.arg(option.name, option.value), option.meaning.toString() + fallback, kWidth);
     }
     help += Line(u"--help"_s, u"显示本帮助", kWidth);
     return help + u'\n' + kStatusHelp;

@@ -28,11 +28,11 @@ Table ProtocolTableOf(Store& store) {
 
 Table InstrumentTableOf(Store& store, const std::vector<Text>& protocols) {
     Table table;
-    table.columns = {{u"protocol", u"协议"}, {u"name", u"仪表名称"}, {u"code", u"编号"}};
+    table.columns = {{u"name", u"仪表名称"}, {u"protocol", u"协议"}, {u"code", u"编号"}};
     for (const Text& protocol : protocols) {
         const StoreRows instruments = InstrumentCatalogue(store).InstrumentsOfProtocol(protocol);
         for (std::size_t row = 0; row < instruments.rows.size(); ++row) {
-            table.rows.push_back({protocol, instruments.At(row, 0), instruments.At(row, 3)});
+            table.rows.push_back({instruments.At(row, 0), protocol, instruments.At(row, 3)});
         }
     }
     return table;

@@ -56,6 +56,15 @@ void RequireWritable(const MainForm& form, int row) {
     }
 }
 
+void RequireNumber(const Text& value) {
+    try {
+        ToNumber(value);
+    } catch (const RuntimeError& error) {
+        throw BadUsage(
+            u"%1 --value \"%2\" 不是数字，没有写入"_s.arg(Shown(error.StandardMessage()), Shown(value)));
+    }
+}
+
 // Why a single read does not reach a row; empty if it does.
 QString WhyUnreadable(const MainForm& form, int row) {
     if (CellOf(form, row, column::kAddress) == kCommandAddress) return u"此行是命令"_s;
@@ -122,7 +131,7 @@ void Write(LineSession& line, int row, const Text& value) {
     Click(form, row, column::kSingleRead);
     Click(form, row, column::kNewValue);
     form.InputText.Set(value);
-    line.Dialogs().ReasonOfError = u"--value \"" + value + u"\" 不是可以写入的数，没有写入";
+    line.Dialogs().ReasonOfError = u"--value \"" + value + u"\" 超出此行的范围，没有写入";
     RunEvent(form, [&] { InputText_KeyDown(form, key::kEnter); });
     line.Dialogs().ReasonOfError.clear();
     if (!form.IsRunning()) throw Problem(ExitStatus::BadUsage, {});
@@ -160,6 +169,7 @@ void ReadBack(LineSession& line, Console& console, int row, const Text& value) {
 void WriteParameter(LineSession& line, Console& console, int row, const Text& value) {
     MainForm& form = line.Form();
     RequireWritable(form, row);
+    RequireNumber(value);
     form.CommandCode = command::kReadThisRow;
     ReadDecimals(line, row);
     Write(line, row, value);

@@ -1,5 +1,6 @@
 #include "host_qt/port_problem.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -45,6 +46,14 @@ QString HolderByOpenFile(const QString& device) {
     return {};
 }
 
+bool IsTerminal(const QString& device) {
+    const int descriptor = open(QFile::encodeName(device), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) return false;
+    const bool isTerminal = isatty(descriptor) != 0;
+    close(descriptor);
+    return isTerminal;
+}
+
 QString ReasonOfPermission(const QString& device) {
     if (access(QFile::encodeName(device), R_OK | W_OK) == 0) {
         const QString holder = HolderOf(device);
@@ -62,18 +71,17 @@ QString HolderOf(const QString& device) {
     return holder.isEmpty() ? HolderByOpenFile(device) : holder;
 }
 
-QString ReasonOfFailedOpen(const QSerialPort& port, const Text& settings) {
-    const QString device = port.portName();
-    const bool isDevice = !QFileInfo(device).isFile() && !QFileInfo(device).isDir();
-    if (!isDevice) return u"%1 不是串口设备。请检查设备名"_s.arg(device);
-    switch (port.error()) {
-        case QSerialPort::DeviceNotFoundError: return u"设备 %1 不存在。请检查接线和设备名"_s.arg(device);
-        case QSerialPort::PermissionError: return ReasonOfPermission(device);
-        case QSerialPort::UnsupportedOperationError:
-            return u"设备 %1 不支持串口设置 %2。请换用别的设置"_s.arg(device,
-                                                                      QString::fromStdU16String(settings));
-        default: return u"设备 %1 打不开: %2"_s.arg(device, port.errorString());
+QString ReasonOfFailedOpen(const QString& device, const QSerialPort& port, const Text& settings) {
+    if (port.error() == QSerialPort::DeviceNotFoundError) {
+        return u"设备 %1 不存在。请检查接线和设备名"_s.arg(device);
     }
+    if (port.error() == QSerialPort::PermissionError) return ReasonOfPermission(device);
+    if (!IsTerminal(device)) return u"%1 不是串口设备。请检查设备名"_s.arg(device);
+    if (port.error() == QSerialPort::UnsupportedOperationError) {
+        return u"设备 %1 不支持串口设置 %2。请换用别的设置"_s.arg(device,
+                                                                  QString::fromStdU16String(settings));
+    }
+    return u"设备 %1 打不开: %2"_s.arg(device, port.errorString());
 }
 
 }  // namespace commtest

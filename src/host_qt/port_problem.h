@@ -7,10 +7,10 @@
 
 namespace commtest {
 
-// Why a device could not be opened and what to do about it, in one line: no such device, no right to use it,
-// held by another program (named where it can be found out), not a serial port, settings that it does not
+// Why `port` could not open a device and what to do about it, in one line: no such device, no right to use
+// it, held by another program (named where it can be found out), not a serial port, settings that it does not
 // know.
-QString ReasonOfFailedOpen(const QSerialPort& port, const Text& settings);
+QString ReasonOfFailedOpen(const QString& device, const QSerialPort& port, const Text& settings);
 
 // The program that has a device open, as "name (process number)"; empty if that cannot be found out.
 QString HolderOf(const QString& device);

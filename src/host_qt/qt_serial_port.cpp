@@ -57,18 +57,18 @@ void QtSerialPort::SetPortOpen(bool open) {
 void QtSerialPort::Open() {
     problem_.clear();
     const auto settings = LineSettingsOf(settings_);
-    const QString device = Device();
+    device_ = WantedDevice();
     if (!settings) {
         problem_ = u"串口设置 \"" + settings_ + u"\" 无效。请写成 9600,N,8,1 的形式";
         return;
     }
-    if (device.isEmpty()) {
+    if (device_.isEmpty()) {
         problem_ =
             u"本机没有第 %1 个串口。请接上串口，或指定设备: COM%1=设备"_s.arg(number_).toStdU16String();
         return;
     }
     // Set before the opening, what a device ignores does not make it fail.
-    port_.setPortName(device);
+    port_.setPortName(device_);
     port_.setBaudRate(settings->baudRate);
     port_.setParity(settings->parity);
     port_.setDataBits(settings->dataBits);
@@ -77,12 +77,12 @@ void QtSerialPort::Open() {
         // What came while the port was closed belongs to nobody.
         port_.clear(QSerialPort::AllDirections);
     } else {
-        problem_ = ReasonOfFailedOpen(port_, settings_).toStdU16String();
+        problem_ = ReasonOfFailedOpen(device_, port_, settings_).toStdU16String();
     }
 }
 
 // Without the links on the way, so that a device is locked under one name.
-QString QtSerialPort::Device() const {
+QString QtSerialPort::WantedDevice() const {
     const auto named = devices_.find(number_);
     const QString device = named != devices_.end() ? named->second : MachinePorts().value(number_ - 1);
     const QString real = QFileInfo(device).canonicalFilePath();
@@ -99,7 +99,7 @@ std::string QtSerialPort::Input() { return port_.readAll().toStdString(); }
 void QtSerialPort::HandleError(QSerialPort::SerialPortError error) {
     if (!port_.isOpen() || !MeansLoss(error)) return;
     port_.close();
-    const Text reason = u"设备 %1 已断开。请检查接线后重新开始"_s.arg(port_.portName()).toStdU16String();
+    const Text reason = u"设备 %1 已断开。请检查接线后重新开始"_s.arg(device_).toStdU16String();
     QMetaObject::invokeMethod(
         &port_,
         [this, reason] {

@@ -37,11 +37,12 @@ class QtSerialPort : public SerialPort {
 
   private:
     void Open();
-    QString Device() const;
+    QString WantedDevice() const;
     void HandleError(QSerialPort::SerialPortError error);
 
     QSerialPort port_;
     DeviceMap devices_;
+    QString device_;  // of the last opening
     std::int16_t number_ = 1;
     Text settings_ = u"9600,N,8,1";
     Text problem_;

@@ -1,91 +1,58 @@
 #include "simulator/behaviour.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
-#include <numbers>
+#include <sstream>
 #include <vector>
-
-#include "simulator/random.h"
-#include "simulator/text_fields.h"
 
 namespace simulator {
 
-namespace {
-
-constexpr double kMsPerSecond = 1000;
-
-double Turns(std::int64_t timeMs, double period) {
-    return static_cast<double>(timeMs) / (kMsPerSecond * period);
+std::optional<Behaviour> Behaviour::Read(std::string_view words) {
+    std::istringstream in{std::string(words)};
+    std::string name;
+    in >> name;
+    std::vector<double> numbers;
+    for (double number = 0; in >> number;) numbers.push_back(number);
+    if (!in.eof()) return std::nullopt;
+    const auto with = [&](Kind kind) { return Behaviour(kind, numbers[0], numbers[1], numbers[2]); };
+    if (name == "constant" && numbers.size() == 1) return Constant(numbers[0]);
+    if (name == "counter" && numbers.size() == 2) return Behaviour(Kind::Counter, numbers[0], numbers[1], 1);
+    if (numbers.size() != 3) return std::nullopt;
+    if (name == "walk") return with(Kind::Walk);
+    if (numbers[2] <= 0) return std::nullopt;
+    if (name == "ramp") return with(Kind::Ramp);
+    if (name == "sine") return with(Kind::Sine);
+    return std::nullopt;
 }
 
-using Numbers = std::vector<double>;
-
-struct Form {
-    std::string_view name;
-    std::size_t numberCount;
-    bool endsInSeconds;
-    Behaviour (*make)(const Numbers&);
-};
-
-constexpr std::array kForms = {
-    Form{"constant", 1, false, [](const Numbers& n) { return Constant(n[0]); }},
-    Form{"ramp", 3, true, [](const Numbers& n) { return Ramp(n[0], n[1], n[2]); }},
-    Form{"sine", 3, true, [](const Numbers& n) { return Sine(n[0], n[1], n[2]); }},
-    Form{"counter", 3, true, [](const Numbers& n) { return Counter(n[0], n[1], n[2]); }},
-    Form{"walk", 4, false,
-         [](const Numbers& n) {
-             return RandomWalk(n[0], n[1], n[2], static_cast<std::uint64_t>(std::abs(n[3])));
-         }},
-};
-
-}  // namespace
-
-Behaviour Constant(double value) {
-    return [value](std::int64_t) { return value; };
-}
-
-Behaviour Ramp(double low, double high, double period) {
-    return [=](std::int64_t timeMs) {
-        const double turns = Turns(timeMs, period);
-        return low + (high - low) * (turns - std::floor(turns));
-    };
-}
-
-Behaviour Sine(double middle, double amplitude, double period) {
-    return [=](std::int64_t timeMs) {
-        return middle + amplitude * std::sin(2 * std::numbers::pi * Turns(timeMs, period));
-    };
-}
-
-Behaviour Counter(double start, double step, double interval) {
-    return [=](std::int64_t timeMs) { return start + step * std::floor(Turns(timeMs, interval)); };
-}
-
-Behaviour RandomWalk(double low, double high, double step, std::uint64_t seed) {
-    return [=, random = Random(seed), value = (low + high) / 2,
-            second = std::int64_t{0}](std::int64_t timeMs) mutable {
-        for (; second < timeMs / 1000; ++second) {
-            value = std::clamp(value + step * (2 * random.Fraction() - 1), low, high);
-        }
-        return value;
-    };
-}
-
-std::optional<Behaviour> ParseBehaviour(std::string_view text) {
-    const std::vector<std::string_view> words = SplitWords(text);
-    if (words.empty()) return std::nullopt;
-    const auto* form = std::ranges::find(kForms, words.front(), &Form::name);
-    if (form == kForms.end() || words.size() != form->numberCount + 1) return std::nullopt;
-    Numbers numbers;
-    for (auto word = words.begin() + 1; word != words.end(); ++word) {
-        const auto number = ParseNumber(*word);
-        if (!number) return std::nullopt;
-        numbers.push_back(*number);
+double Behaviour::ValueAt(double seconds) const {
+    const double span = to_ - from_;
+    const double turn = seconds / third_ - std::floor(seconds / third_);
+    switch (kind_) {
+        case Kind::Constant: return from_;
+        case Kind::Ramp: return from_ + span * (turn < 0.5 ? 2 * turn : 2 - 2 * turn);
+        case Kind::Sine: return from_ + span * (0.5 + 0.5 * std::sin(2 * M_PI * turn));
+        case Kind::Counter: return from_ + to_ * seconds;
+        case Kind::Walk: break;
     }
-    if (form->endsInSeconds && numbers.back() <= 0) return std::nullopt;
-    if (form->name == "walk" && numbers[0] > numbers[1]) return std::nullopt;
-    return form->make(numbers);
+    constexpr std::uint64_t kSecondsApart = 0x100000001;
+    const auto second = static_cast<std::uint64_t>(std::floor(seconds));
+    RandomStream random(second * kSecondsApart + static_cast<std::uint64_t>(third_));
+    return from_ + span * random.Fraction();
+}
+
+// SplitMix64: one addition and three mixing steps a number.
+std::uint64_t RandomStream::Next() {
+    state_ += 0x9E3779B97F4A7C15ULL;
+    std::uint64_t mixed = state_;
+    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9ULL;
+    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBULL;
+    return mixed ^ (mixed >> 31);
+}
+
+double RandomStream::Fraction() { return static_cast<double>(Next() >> 11) * 0x1.0p-53; }
+
+int RandomStream::Between(int first, int last) {
+    return first + static_cast<int>(Next() % static_cast<std::uint64_t>(last - first + 1));
 }
 
 }  // namespace simulator

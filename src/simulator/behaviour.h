@@ -1,28 +1,48 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace simulator {
 
-// How a value lives: its value at a time in milliseconds, which never goes back. Values are those of the
-// line, before any decimal point. Periods and intervals are in seconds and above zero.
-using Behaviour = std::function<double(std::int64_t timeMs)>;
+// How a value lives: a function of the time alone, so that a run can be repeated.
+//   constant V              ramp FROM TO SECONDS      (up, then down again)
+//   sine FROM TO SECONDS    counter FROM PER_SECOND
+//   walk FROM TO SEED       (a new value each second)
+class Behaviour {
+  public:
+    static Behaviour Constant(double value) { return {Kind::Constant, value, value, 1}; }
 
-Behaviour Constant(double value);
-Behaviour Ramp(double low, double high, double period);  // up from low to high, then anew
-Behaviour Sine(double middle, double amplitude, double period);
-Behaviour Counter(double start, double step, double interval);  // one step at the end of each interval
-Behaviour RandomWalk(double low, double high, double step,
-                     std::uint64_t seed);  // from the middle, each second
+    // Reads the words above; nothing if they are none of these.
+    static std::optional<Behaviour> Read(std::string_view words);
 
-// The forms of a description, as a message or a page shows them.
-inline constexpr std::string_view kBehaviourForms =
-    "constant VALUE, ramp LOW HIGH SECONDS, sine MIDDLE AMPLITUDE SECONDS, "
-    "counter START STEP SECONDS or walk LOW HIGH STEP SEED";
+    double ValueAt(double seconds) const;
 
-std::optional<Behaviour> ParseBehaviour(std::string_view text);
+  private:
+    enum class Kind { Constant, Ramp, Sine, Counter, Walk };
+
+    Behaviour(Kind kind, double from, double to, double third)
+        : kind_(kind), from_(from), to_(to), third_(third) {}
+
+    Kind kind_;
+    double from_;
+    double to_;
+    double third_;  // seconds of a period, or the seed
+};
+
+// A repeatable stream of random numbers.
+class RandomStream {
+  public:
+    explicit RandomStream(std::uint64_t seed) : state_(seed) {}
+
+    std::uint64_t Next();
+    double Fraction();                 // in [0, 1)
+    int Between(int first, int last);  // both included
+
+  private:
+    std::uint64_t state_;
+};
 
 }  // namespace simulator

@@ -1,170 +1,174 @@
 #include "simulator/instrument.h"
 
-#include <algorithm>
+#include <charconv>
 
-#include "simulator/native_frames.h"
-#include "simulator/text_fields.h"
 #include "simulator/value_codes.h"
 
 namespace simulator {
 
 namespace {
 
-using Kind = Request::Kind;
-using Outcome = Answer::Outcome;
+constexpr int kLengthInAddressCode = 12;
+constexpr std::string_view kCommandAddress = "0000";
+constexpr std::size_t kFirstDynamicRow = 5;  // the sixth row, from 0
 
-constexpr std::size_t kFirstDynamicRow = 5;  // the sixth row of the list
-constexpr std::string_view kReadable = "RDS";
-
-bool HasAny(const Parameter& parameter, std::string_view letters) {
-    return parameter.attribute.find_first_of(letters) != std::string::npos;
+std::optional<int> Hex(std::string_view text) {
+    int value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;
+    return value;
 }
 
-bool IsWithinLimits(const Parameter& parameter, double value) {
-    return (!parameter.lowest || value >= *parameter.lowest) &&
-           (!parameter.highest || value <= *parameter.highest);
+bool Has(std::string_view text, std::string_view wanted) {
+    return text.find(wanted) != std::string_view::npos;
 }
 
-bool IsCode(std::string_view text, int length) {
-    return text.size() == static_cast<std::size_t>(2 * length) &&
-           text.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
+Behaviour SuitableBehaviour(const Parameter& parameter, int position) {
+    const bool isDynamic = Has(parameter.attribute, "D");
+    if (Has(parameter.name, "小数点")) return Behaviour::Constant(1);
+    if (Has(parameter.name, "累")) return *Behaviour::Read("counter 1000 0.5");
+    if (isDynamic && parameter.length == "1") return *Behaviour::Read("ramp 0 9 20");
+    if (isDynamic && parameter.length == "4") return *Behaviour::Read("sine 20 180 40");
+    if (isDynamic) return *Behaviour::Read("sine -200 1800 " + std::to_string(20 + position));
+    if (Has(parameter.attribute, "S")) return Behaviour::Constant(0);
+    const double low = parameter.lowest.value_or(0);
+    const double high = parameter.highest.value_or(low + 10);
+    return Behaviour::Constant(static_cast<double>(static_cast<long>(low + (high - low) / 4)));
 }
 
-bool Accepts(const Parameter& parameter, int length, std::string_view code) {
-    return HasAny(parameter, "W") && IsCode(code, length) &&
-           IsWithinLimits(parameter, DecodeValue(length, code));
-}
-
-// Joins the codes to parts of at most `partLength` bytes; there is always one part, if an empty one.
-std::deque<std::string> PartsOf(const std::vector<std::string>& codes, std::size_t partLength) {
-    std::deque<std::string> parts(1);
-    for (const std::string& code : codes) {
-        const bool isFull = partLength != 0 && parts.back().size() + code.size() > 2 * partLength;
-        if (isFull && !parts.back().empty()) parts.emplace_back();
-        parts.back() += code;
-    }
-    return parts;
-}
+Instrument::Answer Refused(bool isWrite) { return {{"**"}, isWrite, true}; }
+Instrument::Answer Accepted() { return {{"##"}, true, false}; }
+Instrument::Answer Told(std::vector<std::string> parts) { return {std::move(parts), false, false}; }
 
 }  // namespace
 
-Instrument::Instrument(InstrumentDescription description, std::size_t partLength)
-    : description_(std::move(description)), partLength_(partLength) {
-    GiveDefaultBehaviours(description_);
-    for (const Parameter& parameter : description_.parameters) {
-        rows_.push_back({parameter, LocationOf(description_.code, parameter.address).value_or(0), {}});
+Instrument::Instrument(int code, int address, std::string name, std::vector<Parameter> parameters,
+                       int partLength)
+    : code_(code), address_(address), name_(std::move(name)), partLength_(partLength) {
+    const bool lengthInAddress = code == kLengthInAddressCode;
+    for (Parameter& parameter : parameters) {
+        const auto position = static_cast<int>(rows_.size());
+        const std::string number = lengthInAddress ? parameter.address.substr(1) : parameter.address;
+        const bool isCommand = parameter.address == kCommandAddress;
+        const int size = Hex(parameter.length).value_or(0);
+        const Behaviour behaviour =
+            parameter.behaviour ? *parameter.behaviour : SuitableBehaviour(parameter, position);
+        rows_.push_back({std::move(parameter), behaviour, isCommand, Hex(number).value_or(-1), size});
     }
 }
 
-std::optional<Answer> Instrument::AnswerFrame(std::string_view frame, std::int64_t timeMs) {
-    partsLeft_.clear();
-    const auto request = RequestIn(frame);
-    if (!request) return std::nullopt;
-    return AnswerRequest(*request, timeMs);
+Instrument::Answer Instrument::AnswerTo(std::string_view content, double seconds) {
+    if (content == "RD") return Told({"RD" + DynamicData(seconds)});
+    if (content == "RR") return Told(StaticParts(seconds));
+    if (content.starts_with("RE")) return Read(content.substr(2), seconds);
+    if (content.starts_with("W")) return Write(content.substr(1));
+    return Refused(false);
 }
 
-std::optional<Answer> Instrument::AnswerContinue() {
-    if (partsLeft_.empty()) return std::nullopt;
-    const std::string data = std::move(partsLeft_.front());
-    partsLeft_.pop_front();
-    return Answer{Outcome::kRead, Frame("RR" + data, partsLeft_.empty() ? kFrameEnd : kPartEnd)};
-}
-
-std::optional<Request> Instrument::RequestIn(std::string_view frame) const {
-    const std::string address = AddressText(Address());
-    for (const std::string_view text : CheckedTexts(Code(), frame)) {
-        if (!text.starts_with(address)) continue;
-        if (const auto request = ParseRequest(Code(), text.substr(address.size()))) return request;
+std::optional<double> Instrument::ValueOf(std::string_view name, double seconds) const {
+    for (const Row& row : rows_) {
+        if (row.parameter.name == name) return row.behaviour.ValueAt(seconds);
     }
     return std::nullopt;
 }
 
-Answer Instrument::AnswerRequest(const Request& request, std::int64_t timeMs) {
-    switch (request.kind) {
-        case Kind::kReadDynamic: return ReadDynamic(timeMs);
-        case Kind::kReadStatic: return ReadStatic(timeMs);
-        case Kind::kReadParameters: return ReadParameters(request, timeMs);
-        case Kind::kWriteParameter: return Write(request);
-        case Kind::kCommand: break;
+std::string Instrument::DataOf(const Row& row, double seconds) const {
+    return CodeOfValue(row.behaviour.ValueAt(seconds), row.size);
+}
+
+// A run goes on while the attribute begins with the same letter; rows of attribute "S" travel along.
+std::size_t Instrument::EndOfRun(std::size_t first) const {
+    const auto letterOf = [this](std::size_t i) { return rows_[i].parameter.attribute.substr(0, 1); };
+    std::size_t end = first;
+    while (end < rows_.size() &&
+           (letterOf(end) == letterOf(first) || rows_[end].parameter.attribute == "S")) {
+        ++end;
     }
-    return Command(request);
+    return end;
 }
 
-Answer Instrument::ReadDynamic(std::int64_t timeMs) {
-    std::string text = "RD";
-    for (const std::string& code : CodesOfRun(kFirstDynamicRow, timeMs)) text += code;
-    return {Outcome::kRead, Frame(text, kFrameEnd)};
+std::vector<std::string> Instrument::StaticParts(double seconds) const {
+    std::size_t row = 0;
+    while (row < rows_.size() && rows_[row].parameter.attribute != "RW") ++row;
+    std::vector<std::string> parts = {"RR"};
+    int bytes = 0;
+    for (const std::size_t end = EndOfRun(row); row < end; ++row) {
+        if (partLength_ > 0 && bytes > 0 && bytes + rows_[row].size > partLength_) {
+            parts.push_back("RR");
+            bytes = 0;
+        }
+        parts.back() += DataOf(rows_[row], seconds);
+        bytes += rows_[row].size;
+    }
+    return parts;
 }
 
-Answer Instrument::ReadStatic(std::int64_t timeMs) {
-    const auto first = std::ranges::find(rows_, "RW", [](const Row& row) { return row.parameter.attribute; });
-    partsLeft_ = PartsOf(CodesOfRun(static_cast<std::size_t>(first - rows_.begin()), timeMs), partLength_);
-    return *AnswerContinue();
-}
-
-Answer Instrument::ReadParameters(const Request& request, std::int64_t timeMs) {
+std::string Instrument::DynamicData(double seconds) const {
     std::string data;
-    unsigned location = request.location;
-    unsigned bytesLeft = request.byteCount;
-    while (const Row* row = FindRow(location)) {
-        const auto length = static_cast<unsigned>(row->parameter.length);
-        if (!HasAny(row->parameter, kReadable) || length > bytesLeft) break;
-        data += CodeOf(*row, timeMs);
-        location += length;
-        bytesLeft -= length;
+    if (rows_.size() <= kFirstDynamicRow) return data;
+    const std::size_t end = EndOfRun(kFirstDynamicRow);
+    for (std::size_t row = kFirstDynamicRow; row < end; ++row) data += DataOf(rows_[row], seconds);
+    return data;
+}
+
+std::size_t Instrument::IndexOf(int address) const {
+    std::size_t i = 0;
+    while (i < rows_.size() && (rows_[i].isCommand || rows_[i].address != address)) ++i;
+    return i;
+}
+
+// "aaaaHH": whole parameters from an address on, as many as fit into HH bytes, the first in any case.
+Instrument::Answer Instrument::Read(std::string_view content, double seconds) const {
+    if (content.size() != 6) return Refused(false);
+    const auto address = Hex(content.substr(0, 4));
+    const auto wanted = Hex(content.substr(4));
+    std::size_t i = address ? IndexOf(*address) : rows_.size();
+    if (!wanted || i == rows_.size()) return Refused(false);
+    std::string data;
+    int bytes = 0;
+    int next = *address;
+    const auto goesOn = [&] {
+        return i < rows_.size() && rows_[i].address == next &&
+               (bytes == 0 || bytes + rows_[i].size <= *wanted);
+    };
+    for (; goesOn(); ++i) {
+        data += DataOf(rows_[i], seconds);
+        bytes += rows_[i].size;
+        next += rows_[i].size;
     }
-    if (data.empty()) return {Outcome::kReadRefused, Frame("**", kFrameEnd)};
-    return {Outcome::kRead, Frame("RE" + data, kFrameEnd)};
+    return Told({"RE" + data});
 }
 
-Answer Instrument::Write(const Request& request) {
-    Row* row = FindRow(request.location);
-    if (row == nullptr || row->parameter.length != request.length) return Verdict(false);
-    if (!Accepts(row->parameter, request.length, request.value)) return Verdict(false);
-    row->written = request.value;
-    return Verdict(true);
-}
-
-Answer Instrument::Command(const Request& request) const {
-    const auto command = std::ranges::find_if(rows_, [&](const Row& row) {
-        return IsCommand(Code(), row.parameter) && row.parameter.length == request.length;
-    });
-    if (command == rows_.end()) return Verdict(false);
-    if (request.value.empty()) return Verdict(true);
-    constexpr int kValueLength = 2;
-    return Verdict(Accepts(command->parameter, kValueLength, request.value));
-}
-
-// A run goes on while rows begin with the same letter as the first; rows of S alone go along.
-std::vector<std::string> Instrument::CodesOfRun(std::size_t first, std::int64_t timeMs) const {
-    std::vector<std::string> codes;
-    for (std::size_t i = first; i < rows_.size(); ++i) {
-        const std::string& attribute = rows_[i].parameter.attribute;
-        if (attribute.substr(0, 1) != rows_[first].parameter.attribute.substr(0, 1) && attribute != "S")
-            break;
-        codes.push_back(CodeOf(rows_[i], timeMs));
+// Codes 11 and 13 "Laaaav..."; code 12 "Laaa0Lv...". Commands without address: "3", "4", "5vvvv".
+Instrument::Answer Instrument::Write(std::string_view content) {
+    const bool lengthInAddress = code_ == kLengthInAddressCode;
+    if (!lengthInAddress && (content.size() == 1 || (content.size() == 5 && content[0] == '5'))) {
+        return RunCommand(content);
     }
-    return codes;
+    const std::size_t head = lengthInAddress ? 6 : 5;
+    if (content.size() <= head) return Refused(true);
+    const auto size = Hex(content.substr(0, 1));
+    const auto address = Hex(content.substr(1, lengthInAddress ? 3 : 4));
+    const std::size_t i = address ? IndexOf(*address) : rows_.size();
+    if (!size || i == rows_.size() || rows_[i].size != *size) return Refused(true);
+    Row& row = rows_[i];
+    const auto value = ValueOfCode(content.substr(head), row.size);
+    const bool isWritable = Has(row.parameter.attribute, "W");
+    if (!value || !isWritable || *value < row.parameter.lowest.value_or(*value) ||
+        *value > row.parameter.highest.value_or(*value)) {
+        return Refused(true);
+    }
+    row.behaviour = Behaviour::Constant(*value);
+    return Accepted();
 }
 
-std::string Instrument::CodeOf(const Row& row, std::int64_t timeMs) const {
-    if (!row.written.empty()) return row.written;
-    return EncodeValue(row.parameter.length, row.parameter.behaviour(timeMs));
-}
-
-Instrument::Row* Instrument::FindRow(unsigned location) {
-    const auto found = std::ranges::find_if(
-        rows_, [&](const Row& row) { return row.location == location && !IsCommand(Code(), row.parameter); });
-    return found == rows_.end() ? nullptr : &*found;
-}
-
-std::string Instrument::Frame(std::string_view text, char lineEnd) const {
-    return ReplyFrame(Code(), AddressText(Address()).append(text), lineEnd);
-}
-
-Answer Instrument::Verdict(bool isAccepted) const {
-    return isAccepted ? Answer{Outcome::kWriteAccepted, Frame("##", kFrameEnd)}
-                      : Answer{Outcome::kWriteRefused, Frame("**", kFrameEnd)};
+Instrument::Answer Instrument::RunCommand(std::string_view content) const {
+    for (const Row& row : rows_) {
+        const bool isThis = row.isCommand && row.parameter.length == content.substr(0, 1);
+        const bool takesData = row.parameter.length == "5";
+        if (isThis && takesData == (content.size() == 5)) return Accepted();
+    }
+    return Refused(true);
 }
 
 }  // namespace simulator

@@ -1,68 +1,74 @@
 #pragma once
 
-#include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "simulator/native_request.h"
-#include "simulator/parameter.h"
+#include "simulator/behaviour.h"
 
 namespace simulator {
 
-struct Answer {
-    enum class Outcome { kRead, kReadRefused, kWriteAccepted, kWriteRefused };
-
-    Outcome outcome{};
-    std::string frame;
+// A parameter of a simulated instrument, as its row of the parameter list says.
+struct Parameter {
+    std::string name;
+    std::string
+        address;  // four hexadecimal characters; "0000" a command; code 12: length and three of address
+    std::string length;     // "1", "2", "4", "8"; of a command its digit
+    std::string attribute;  // R, D, W, S
+    std::string decimals;
+    std::optional<double> lowest;  // limits of a write, of the number on the line
+    std::optional<double> highest;
+    std::optional<Behaviour> behaviour;  // none: one that suits attribute and name
 };
 
-// One instrument on the line: frames in, frames out. A refused request is answered with "**", an accepted
-// write with "##"; a written value replaces the parameter's behaviour.
+// An instrument of the native protocol: answers the content of a request with the content of its replies. No
+// clock and no line of its own.
 class Instrument {
   public:
-    // `description.address` is set. Parameters without a behaviour get one. A static reply holds at most
-    // `partLength` data bytes a part, but at least one parameter; 0 is no limit.
-    Instrument(InstrumentDescription description, std::size_t partLength);
+    // `code` is 11, 12 or 13; parts of a static reply hold at most `partLength` data bytes, 0 for all in one.
+    Instrument(int code, int address, std::string name, std::vector<Parameter> parameters,
+               int partLength = 0);
 
-    // `frame` begins with "@" and is without its line end. Nothing if it is not for this instrument, its
-    // check word is wrong or it is no request. Any frame on the line ends a reply in parts.
-    std::optional<Answer> AnswerFrame(std::string_view frame, std::int64_t timeMs);
+    int Code() const { return code_; }
+    int Address() const { return address_; }
+    const std::string& Name() const { return name_; }
 
-    // The next part of the reply that the last frame began; nothing if there is none left.
-    std::optional<Answer> AnswerContinue();
+    // What a request is answered with: one content ("RD" and data), or the parts of a static reply. A request
+    // that makes no sense is refused with "**".
+    struct Answer {
+        std::vector<std::string> parts;
+        bool isWrite = false;
+        bool isRefused = false;
+    };
+    Answer AnswerTo(std::string_view content, double seconds);
 
-    int Code() const { return description_.code; }
-    unsigned Address() const { return *description_.address; }
-    const std::string& Name() const { return description_.name; }
+    // The value of the parameter of that name; nothing if there is none.
+    std::optional<double> ValueOf(std::string_view name, double seconds) const;
 
   private:
     struct Row {
         Parameter parameter;
-        unsigned location = 0;
-        std::string written;  // code text; empty before the first write
+        Behaviour behaviour;
+        bool isCommand;
+        int address;
+        int size;  // bytes
     };
 
-    std::optional<Request> RequestIn(std::string_view frame) const;
-    Answer AnswerRequest(const Request& request, std::int64_t timeMs);
-    Answer ReadDynamic(std::int64_t timeMs);
-    Answer ReadStatic(std::int64_t timeMs);
-    Answer ReadParameters(const Request& request, std::int64_t timeMs);
-    Answer Write(const Request& request);
-    Answer Command(const Request& request) const;
+    std::string DataOf(const Row& row, double seconds) const;
+    std::size_t EndOfRun(std::size_t first) const;
+    std::vector<std::string> StaticParts(double seconds) const;
+    std::string DynamicData(double seconds) const;
+    Answer Read(std::string_view content, double seconds) const;
+    Answer Write(std::string_view content);
+    Answer RunCommand(std::string_view content) const;
+    std::size_t IndexOf(int address) const;
 
-    std::vector<std::string> CodesOfRun(std::size_t first, std::int64_t timeMs) const;
-    std::string CodeOf(const Row& row, std::int64_t timeMs) const;
-    Row* FindRow(unsigned location);
-    std::string Frame(std::string_view text, char lineEnd) const;
-    Answer Verdict(bool isAccepted) const;
-
-    InstrumentDescription description_;
+    int code_;
+    int address_;
+    std::string name_;
+    int partLength_;
     std::vector<Row> rows_;
-    std::size_t partLength_;
-    std::deque<std::string> partsLeft_;  // data of the parts still to be asked for
 };
 
 }  // namespace simulator

@@ -1,53 +1,60 @@
 #include "simulator/native_frames.h"
 
-#include "simulator/text_fields.h"
+#include <cstdio>
 
 namespace simulator {
 
 namespace {
 
 constexpr int kSumCode = 12;
-constexpr int kFilledCode = 13;
+constexpr int kFillCode = 13;
 constexpr std::string_view kFill = "00";
-constexpr std::size_t kCheckLength = 2;
+
+std::string HexByte(unsigned byte) {
+    char text[12];
+    std::snprintf(text, sizeof text, "%02X", byte);
+    return text;
+}
+
+// The content of a body (all between start and end character), if its check word is right.
+std::optional<std::string> CheckedContent(int code, std::string_view addressCharacters,
+                                          std::string_view body) {
+    if (body.size() < addressCharacters.size() + 2) return std::nullopt;
+    const std::string_view covered = body.substr(0, body.size() - 2);
+    if (body.substr(covered.size()) != CheckWord(code, covered)) return std::nullopt;
+    return std::string(covered.substr(addressCharacters.size()));
+}
 
 }  // namespace
 
-std::string CheckWord(int code, std::string_view text) {
-    unsigned check = 0;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        check = code == kSumCode ? check + byte : check ^ byte;
+std::string CheckWord(int code, std::string_view covered) {
+    unsigned value = 0;
+    for (const char c : covered) {
+        const auto byte = static_cast<unsigned char>(c);
+        value = code == kSumCode ? (value + byte) & 0xFF : value ^ byte;
     }
-    return HexDigits(check, kCheckLength);
+    return HexByte(value);
 }
 
-std::string AddressText(unsigned address) {
-    std::size_t width = 2;
-    while (address >> (4 * width) != 0) ++width;
-    return HexDigits(address, width);
+std::string AddressCharacters(int address) { return HexByte(static_cast<unsigned>(address)); }
+
+std::optional<std::string> ContentOfRequest(int code, int address, std::string_view frame) {
+    const std::string own = AddressCharacters(address);
+    if (frame.size() < 2 || frame.front() != kFrameStart || frame.back() != kFrameEnd) return std::nullopt;
+    std::string_view body = frame.substr(1, frame.size() - 2);
+    if (!body.starts_with(own)) return std::nullopt;
+    if (code != kFillCode) return CheckedContent(code, own, body);
+    while (body.ends_with(kFill)) {
+        body.remove_suffix(kFill.size());
+        if (auto content = CheckedContent(code, own, body)) return content;
+    }
+    return std::nullopt;
 }
 
-std::vector<std::string_view> CheckedTexts(int code, std::string_view frame) {
-    std::vector<std::string_view> texts;
-    if (frame.empty() || frame.front() != kFrameStart) return texts;
-    frame.remove_prefix(1);
-    do {
-        if (code == kFilledCode) {
-            if (!frame.ends_with(kFill)) break;
-            frame.remove_suffix(kFill.size());
-        }
-        if (frame.size() < kCheckLength) break;
-        const std::string_view text = frame.substr(0, frame.size() - kCheckLength);
-        if (frame.substr(text.size()) == CheckWord(code, text)) texts.push_back(text);
-    } while (code == kFilledCode);
-    return texts;
-}
-
-std::string ReplyFrame(int code, std::string_view text, char lineEnd) {
-    std::string covered(text);
-    if (code == kFilledCode) covered += kFill;
-    return kFrameStart + covered + CheckWord(code, covered) + lineEnd;
+std::string MakeReply(int code, int address, std::string_view content, char end) {
+    std::string body = AddressCharacters(address) + std::string(content);
+    if (code == kFillCode) body += kFill;
+    return kFrameStart + body + CheckWord(code, body) + end;
 }
 
 }  // namespace simulator

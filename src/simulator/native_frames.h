@@ -1,29 +1,30 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+// Frames of the native protocol: "@", two address characters, command and data, two check characters, line
+// end.
+//   "@01RD17\r"  "@01RE012302" check "\r"
+// Code 11 checks by exclusive or, code 12 by the low byte of the sum, code 13 as code 11 with fill: two or
+// more "0" between check and line end of a request, two "0" before the check of a reply. The check covers
+// everything behind the "@".
 namespace simulator {
 
 inline constexpr char kFrameStart = '@';
 inline constexpr char kFrameEnd = '\r';
-inline constexpr char kPartEnd = '\n';   // ends a part that is followed by another
-inline constexpr char kContinue = '\n';  // alone on the line: asks for the next part
+inline constexpr char kPartEnd = '\n';   // more parts follow
+inline constexpr char kContinue = '\n';  // the host asks for the next part
 
-// Two hexadecimal digits over the text behind "@": under codes 11 and 13 the exclusive or of its bytes, under
-// code 12 their sum modulo 256.
-std::string CheckWord(int code, std::string_view text);
+std::string CheckWord(int code, std::string_view covered);
 
-// At least two upper-case hexadecimal digits.
-std::string AddressText(unsigned address);
+std::string AddressCharacters(int address);
 
-// "@01RD17" under code 11 gives 01RD: what stands between "@" and the check word, if that is right. `frame`
-// is without its line end. Under code 13 pairs of "00" follow the check word, and where the text ends in
-// zeros itself several readings can be right: all of them are given, the one with the fewest pairs first.
-std::vector<std::string_view> CheckedTexts(int code, std::string_view frame);
+// Command and data of a request for that address, nothing if the frame is for another one or its check is
+// wrong. The frame begins with the start and ends with the end character.
+std::optional<std::string> ContentOfRequest(int code, int address, std::string_view frame);
 
-// "@", the text, under code 13 two fill bytes "00", the check word and the line end.
-std::string ReplyFrame(int code, std::string_view text, char lineEnd);
+std::string MakeReply(int code, int address, std::string_view content, char end = kFrameEnd);
 
 }  // namespace simulator

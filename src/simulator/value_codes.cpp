@@ -3,91 +3,104 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-
-#include "simulator/text_fields.h"
+#include <cstdio>
 
 namespace simulator {
 
 namespace {
 
-constexpr unsigned kWordSign = 0x8000;
-constexpr unsigned kValueSign = 0x80;
-constexpr unsigned kExponentSign = 0x40;
-constexpr int kLargestExponent = 63;
-constexpr int kMantissaBits = 24;
-constexpr unsigned kLargestMantissa = 0xFFFFFF;
-constexpr double kTotalUnit = 100;
-
-std::uint64_t WholeWithin(double value, double highest) {
-    return static_cast<std::uint64_t>(std::clamp(std::round(value), 0.0, highest));
+std::string HexByte(unsigned byte) {
+    char text[4];
+    std::snprintf(text, sizeof text, "%02X", byte & 0xFFU);
+    return text;
 }
 
-std::string EncodeWhole(int length, double value) {
-    const int bytes = std::min(length, 6);  // a double holds whole numbers of six bytes exactly
-    return HexDigits(WholeWithin(value, std::ldexp(1, 8 * bytes) - 1), static_cast<std::size_t>(2 * length));
+int HexDigit(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
 }
 
-std::string EncodeWord(double value) {
-    const std::uint64_t magnitude = WholeWithin(std::abs(value), kWordSign - 1);
-    const std::uint64_t word = magnitude | (value < 0 && magnitude != 0 ? kWordSign : 0);
-    return HexDigits(word % 256, 2) + HexDigits(word / 256, 2);
+std::optional<unsigned> ByteAt(std::string_view code, std::size_t index) {
+    const int high = HexDigit(code[2 * index]);
+    const int low = HexDigit(code[2 * index + 1]);
+    if (high < 0 || low < 0) return std::nullopt;
+    return static_cast<unsigned>(high * 16 + low);
 }
 
-double DecodeWord(std::string_view code) {
-    const unsigned word =
-        ParseHex(code.substr(0, 2)).value_or(0) + 256 * ParseHex(code.substr(2, 2)).value_or(0);
-    const auto magnitude = static_cast<double>(word & ~kWordSign);
-    return (word & kWordSign) != 0 ? -magnitude : magnitude;
+std::string SignAndMagnitude(double value) {
+    constexpr double kLargest = 32767;
+    const auto magnitude = static_cast<unsigned>(std::min(std::round(std::fabs(value)), kLargest));
+    const unsigned word = magnitude | (value < 0 ? 0x8000U : 0U);
+    return HexByte(word) + HexByte(word >> 8);
 }
 
-std::string EncodeFloat(double value) {
+constexpr unsigned kNegative = 128;
+constexpr unsigned kNegativeExponent = 64;
+constexpr double kMantissaUnits = 16777216;  // of three bytes
+
+std::string Float(double value) {
     int exponent = 0;
-    auto mantissa = static_cast<unsigned>(std::ldexp(std::frexp(std::abs(value), &exponent), kMantissaBits));
-    if (mantissa == 0 || exponent < -kLargestExponent) return "00000000";
-    if (exponent > kLargestExponent) {
-        exponent = kLargestExponent;
-        mantissa = kLargestMantissa;
+    const double mantissa = std::frexp(std::fabs(value), &exponent);
+    if (mantissa == 0) return "00000000";
+    const unsigned lead = (value < 0 ? kNegative : 0) + (exponent < 0 ? kNegativeExponent : 0) +
+                          static_cast<unsigned>(std::min(std::abs(exponent), 63));
+    const auto units = static_cast<unsigned>(std::floor(mantissa * kMantissaUnits));
+    return HexByte(lead) + HexByte(units >> 16) + HexByte(units >> 8) + HexByte(units);
+}
+
+std::string Total(double value) {
+    const double hundreds = std::floor(value / 100);
+    return Float(hundreds) + Float(value - hundreds * 100);
+}
+
+std::optional<double> ValueOfFloat(std::string_view code) {
+    unsigned bytes[4];
+    for (std::size_t i = 0; i < 4; ++i) {
+        const auto byte = ByteAt(code, i);
+        if (!byte) return std::nullopt;
+        bytes[i] = *byte;
     }
-    const unsigned head = (value < 0 ? kValueSign : 0) | (exponent < 0 ? kExponentSign : 0) |
-                          static_cast<unsigned>(std::abs(exponent));
-    return HexDigits(head, 2) + HexDigits(mantissa, 6);
+    const double mantissa = (bytes[1] * 65536.0 + bytes[2] * 256.0 + bytes[3]) / kMantissaUnits;
+    const int magnitude = static_cast<int>(bytes[0] & 63);
+    const double value = std::ldexp(mantissa, bytes[0] & kNegativeExponent ? -magnitude : magnitude);
+    return bytes[0] & kNegative ? -value : value;
 }
 
-double DecodeFloat(std::string_view code) {
-    const unsigned head = ParseHex(code.substr(0, 2)).value_or(0);
-    const auto exponent = static_cast<int>(head & ~(kValueSign | kExponentSign));
-    const int signedExponent = (head & kExponentSign) != 0 ? -exponent : exponent;
-    const double magnitude =
-        std::ldexp(ParseHex(code.substr(2, 6)).value_or(0), signedExponent - kMantissaBits);
-    return (head & kValueSign) != 0 ? -magnitude : magnitude;
-}
-
-std::string EncodeTotal(double value) {
-    const double hundreds = std::trunc(value / kTotalUnit);
-    return EncodeFloat(hundreds) + EncodeFloat(value - hundreds * kTotalUnit);
+std::optional<double> ValueOfWord(std::string_view code) {
+    const auto low = ByteAt(code, 0);
+    const auto high = ByteAt(code, 1);
+    if (!low || !high) return std::nullopt;
+    const double magnitude = *low + 256.0 * (*high & 0x7F);
+    return *high & 0x80 ? -magnitude : magnitude;
 }
 
 }  // namespace
 
-std::string EncodeValue(int length, double value) {
-    switch (length) {
-        case 2: return EncodeWord(value);
-        case 4: return EncodeFloat(value);
-        case 8: return EncodeTotal(value);
-        default: return EncodeWhole(length, value);
+std::string CodeOfValue(double value, int size) {
+    switch (size) {
+        case 1: return HexByte(static_cast<unsigned>(std::clamp(std::round(value), 0.0, 255.0)));
+        case 2: return SignAndMagnitude(value);
+        case 4: return Float(value);
+        case 8: return Total(value);
+        default: return {};
     }
 }
 
-double DecodeValue(int length, std::string_view code) {
-    switch (length) {
-        case 2: return DecodeWord(code);
-        case 4: return DecodeFloat(code);
-        case 8: return kTotalUnit * DecodeFloat(code.substr(0, 8)) + DecodeFloat(code.substr(8));
-        default: break;
+std::optional<double> ValueOfCode(std::string_view code, int size) {
+    if (code.size() != 2 * static_cast<std::size_t>(size)) return std::nullopt;
+    switch (size) {
+        case 1: return ByteAt(code, 0);
+        case 2: return ValueOfWord(code);
+        case 4: return ValueOfFloat(code);
+        case 8: {
+            const auto hundreds = ValueOfFloat(code.substr(0, 8));
+            const auto rest = ValueOfFloat(code.substr(8));
+            if (!hundreds || !rest) return std::nullopt;
+            return *hundreds * 100 + *rest;
+        }
+        default: return std::nullopt;
     }
-    double value = 0;
-    for (const char digit : code) value = 16 * value + ParseHex({&digit, 1}).value_or(0);
-    return value;
 }
 
 }  // namespace simulator

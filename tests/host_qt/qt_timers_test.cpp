@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
+
+#include "host_qt/event_loop.h"
 
 namespace commtest {
 
 namespace {
+
+using testing::Eventually;
+using testing::RunEventLoopFor;
+using namespace std::chrono_literals;
 
 class QtTimersTest : public ::testing::Test {
   protected:
@@ -22,16 +27,8 @@ class QtTimersTest : public ::testing::Test {
     qint64 TimeOfTicks(int wanted) {
         QElapsedTimer watch;
         watch.start();
-        while (ticks < wanted && watch.elapsed() < 2000) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-        }
+        EXPECT_TRUE(Eventually([&] { return ticks >= wanted; }));
         return watch.elapsed();
-    }
-
-    void RunEventLoopFor(int milliseconds) {
-        QElapsedTimer watch;
-        watch.start();
-        while (watch.elapsed() < milliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     }
 
     QtTimers timers;
@@ -42,7 +39,7 @@ class QtTimersTest : public ::testing::Test {
 
 TEST_F(QtTimersTest, DisabledTimerIsSilent) {
     Drive();
-    RunEventLoopFor(50);
+    RunEventLoopFor(50ms);
     EXPECT_EQ(ticks, 0);
 }
 
@@ -65,15 +62,13 @@ TEST_F(QtTimersTest, IntervalOfZeroTicksWheneverTheLoopIsFree) {
     Drive();
     timer.SetEnabled(true);
     EXPECT_LT(TimeOfTicks(100), 1000);
-    EXPECT_EQ(ticks, 100);
 }
 
 TEST_F(QtTimersTest, NegativeIntervalCountsAsZero) {
     timer.SetInterval(-5);
     Drive();
     timer.SetEnabled(true);
-    TimeOfTicks(2);
-    EXPECT_EQ(ticks, 2);
+    EXPECT_LT(TimeOfTicks(100), 1000);
 }
 
 TEST_F(QtTimersTest, DisablingInATickEndsTheTicks) {
@@ -82,7 +77,7 @@ TEST_F(QtTimersTest, DisablingInATickEndsTheTicks) {
     Drive();
     timer.SetEnabled(true);
     TimeOfTicks(1);
-    RunEventLoopFor(30);
+    RunEventLoopFor(30ms);
     EXPECT_EQ(ticks, 1);
 }
 
@@ -101,7 +96,7 @@ TEST_F(QtTimersTest, OutliveTheTimersThatTheyDrive) {
         timers.Drive(passing, [this] { ++ticks; });
         passing.SetEnabled(false);
     }
-    RunEventLoopFor(20);
+    RunEventLoopFor(20ms);
     EXPECT_EQ(ticks, 0);
 }
 

@@ -436,6 +436,15 @@ TEST(NativeGroupRead, FirstRowThatIsTheLastOfTheGridStandsAlone) {
     EXPECT_EQ(bench.Poll(), "@01RE00400113\r");
 }
 
+TEST(NativeGroupRead, RunMayGoToTheLastRowOfTheGrid) {
+    GroupBench bench(11);
+    bench.With(13, column::kAddress, u"003F")
+        .With(13, column::kLength, u"1")
+        .With(13, column::kAttribute, u"R");
+    bench.Form().CurrentRow = 13;
+    EXPECT_EQ(bench.Poll(), "@01RE003F0261\r");
+}
+
 TEST(NativeGroupRead, RowOutsideTheParametersGoesBackToTheFirst) {
     for (const int code : {11, 12}) {
         for (const std::int16_t row : std::initializer_list<std::int16_t>{15, 7}) {

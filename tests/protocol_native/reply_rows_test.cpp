@@ -326,6 +326,26 @@ TEST(NativeRows, FixedReadWithMoreDataGoesOverTheNextRowsAndStays) {
     EXPECT_EQ(bench.Form().CurrentRow, 8);
 }
 
+TEST(NativeRows, FixedReadThatMeetsAnotherKindGoesThere) {
+    RowsBench bench;
+    bench.Form().CommandCode = 40;
+    bench.Form().CurrentRow = 7;
+    bench.Walk("@01RE04A00000C800");
+    EXPECT_EQ(bench.Cell(7, column::kSingleRead), "04A00000");
+    EXPECT_EQ(bench.Reading(8), kUntouched);
+    EXPECT_EQ(bench.Form().CurrentRow, 8);
+}
+
+TEST(NativeRows, RowByRowReadGoesOnToTheNextRow) {
+    for (const std::int32_t commandCode : {50, 60, 31}) {
+        RowsBench bench;
+        bench.Form().CommandCode = commandCode;
+        bench.Form().CurrentRow = 9;
+        bench.Walk("@01REC800");
+        EXPECT_EQ(bench.Form().CurrentRow, 10) << commandCode;
+    }
+}
+
 TEST(NativeRows, RowByRowReadMarksWhereTheTwoReadsDiffer) {
     struct Row {
         std::int32_t commandCode;
@@ -376,6 +396,12 @@ TEST(NativeRows, AnswerToAWriteBlanksTheRowNumberAndShowsTheValueOfNothing) {
 }
 
 // --- The fill of code 13 ---
+
+TEST(NativeRows, Code12HasNoFill) {
+    RowsBench bench(12);
+    bench.Walk("@01RDC800");
+    EXPECT_EQ(bench.Reading(6), (Cells{"", "C800", "200", "200"}));
+}
 
 TEST(NativeRows, Code13DropsTwoMoreCharactersBeforeTheCheckWord) {
     RowsBench bench(13);

@@ -196,6 +196,15 @@ TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
               (std::vector<std::string>{"@01W20123D20416\r", "@01RD17\r", "@01RR01\r"}));
 }
 
+TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
+    NativeBench bench(12, Parameters());
+    bench.SetCell(kTwoBytes, column::kAddress, u"2123");
+    bench.Click(kTwoBytes, column::kNewValue);
+    bench.TypeAndEnter(u"1234");
+    bench.line.RunUntil(300);
+    EXPECT_EQ(bench.SentCharacters(), std::vector<std::string>{"@01W212302D204BC\r"});
+}
+
 TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
     NativeBench bench(11, Parameters());
     bench.Click(kTwoBytes, column::kNewValue);

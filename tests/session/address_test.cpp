@@ -100,7 +100,7 @@ TEST(ConMeterAddr_Change, Code13ChosenFirstHasNoAddressInItsFrames) {
     bench.Choose(u"TQ仪表协议-定制异或和", u"仪表乙");
     bench.Press(4);
     bench.line.RunUntil(300);
-    // 52 XOR 44 from the second byte on: here only 44, its first byte being taken for the "@"
+    // check word 16: 52 XOR 44
     EXPECT_THAT(bench.SentFrames(), ElementsAre("40 52 44 31 36 30 30 0D"));
 }
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "runtime/runtime_error.h"
 #include "session/events.h"
 #include "support/error_of.h"
 #include "support/form_bench.h"

@@ -1,0 +1,139 @@
+#include "app/protocol_table.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/hex_text.h"
+#include "session/address.h"
+#include "session/frame_end.h"
+#include "support/form_bench.h"
+
+namespace commtest {
+namespace {
+
+using testing::FormBench;
+
+using EndRule = bool (*)(const MainForm&);
+using AddressForm = void (*)(MainForm&);
+using AddressOfFrame = void (*)(MainForm&, const HexText&);
+
+struct Row {
+    int code;
+    std::string name;
+    EndRule endRule;
+    DisplayMode displayMode;
+    OperationMenu menu;
+    AddressForm addressForm;
+    AddressOfFrame addressOfFrame;
+};
+
+// In their order: a base name stands before its variants.
+const std::vector<Row>& Rows() {
+    using enum DisplayMode;
+    static const std::vector<Row> rows = {
+        {11, "TQ仪表协议", EndsWithLineEnd, Ascii, OperationMenu::Native, ComposeAsciiAddress,
+         ShowAsciiFrameAddress},
+        {12, "TQ仪表协议-定制累加和", EndsWithLineEnd, Ascii, OperationMenu::Native, ComposeAsciiAddress,
+         ShowAsciiFrameAddress},
+        {13, "TQ仪表协议-定制异或和", EndsWithLineEnd, Ascii, OperationMenu::Native, nullptr, nullptr},
+        {21, "ModBus-Ascii协议", EndsWithLineFeed, Ascii, OperationMenu::Modbus, ComposeTwoDigitAddress,
+         ShowAsciiFrameAddress},
+        {22, "ModBus-Ascii协议-定制01", EndsWithLineFeed, Ascii, OperationMenu::Modbus,
+         ComposeTwoDigitAddress, ShowAsciiFrameAddress},
+        {23, "ModBus-Ascii协议-定制02", nullptr, Unchanged, OperationMenu::None, nullptr, nullptr},
+        {31, "ModBus-RTU协议", EndsByRtuRule, Hexadecimal, OperationMenu::Modbus, ComposeTwoDigitAddress,
+         ShowByteFrameAddress},
+        {32, "ModBus-RTU协议-定制01", EndsByRtuRule, Hexadecimal, OperationMenu::Modbus,
+         ComposeTwoDigitAddress, ShowByteFrameAddress},
+        {33, "ModBus-RTU协议-KD700记录仪", EndsByRtuRule, Hexadecimal, OperationMenu::Recorder,
+         ComposeTwoDigitAddress, ShowByteFrameAddress},
+        {34, "ModBus-RTU协议-TQ记录仪板卡", EndsByRtuRule, Hexadecimal, OperationMenu::Modbus,
+         ComposeTwoDigitAddress, ShowByteFrameAddress},
+        {35, "ModBus-RTU协议-标准流量表", EndsByRtuRule, Hexadecimal, OperationMenu::Modbus,
+         ComposeTwoDigitAddress, nullptr},
+        {41, "TQ特殊仪表协议-NOVAX", HasTenBytes, Hexadecimal, OperationMenu::Modbus, ComposeDoubledAddress,
+         nullptr},
+        {42, "TQ特殊仪表协议-HCT615D", HasSixtyFourBytes, Hexadecimal, OperationMenu::None,
+         ComposeTwoDigitAddress, nullptr},
+        {51, "ModBus-RTU协议-M46T", EndsByRtuRule, Hexadecimal, OperationMenu::FlowMeter,
+         ComposeTwoDigitAddress, nullptr}};
+    return rows;
+}
+
+TEST(ProtocolTable, HoldsTheFourteenProtocols) {
+    ASSERT_EQ(Protocols().rows.size(), 14u);
+    for (const Row& expected : Rows()) {
+        SCOPED_TRACE(expected.code);
+        const Protocol& row = Protocols().Of(expected.code);
+        EXPECT_EQ(row.code, expected.code);
+        EXPECT_EQ(ToUtf8(row.name), expected.name);
+        EXPECT_EQ(row.replyIsComplete, expected.endRule);
+        EXPECT_EQ(row.displayMode, expected.displayMode);
+        EXPECT_EQ(row.menu, expected.menu);
+        EXPECT_EQ(row.composeAddress, expected.addressForm);
+        EXPECT_EQ(row.showFrameAddress, expected.addressOfFrame);
+    }
+}
+
+TEST(ProtocolTable, NativeProtocolsReadAndParseAndTheirPartsContinueOnALineFeed) {
+    for (const int code : {11, 12, 13}) {
+        const Protocol& row = Protocols().Of(code);
+        EXPECT_NE(row.buildRead, nullptr) << code;
+        EXPECT_NE(row.parseReply, nullptr) << code;
+        EXPECT_TRUE(row.continuesOnLineFeed) << code;
+    }
+}
+
+TEST(ProtocolTable, OnlyNativeProtocolsContinueOnALineFeed) {
+    for (const Protocol& row : Protocols().rows) {
+        EXPECT_EQ(row.continuesOnLineFeed, row.code < 20) << row.code;
+    }
+}
+
+TEST(ProtocolTable, ProtocolsThatCannotBeWrittenHaveNoWriteBuilder) {
+    for (const int code : {13, 22, 23, 33, 42, 51})
+        EXPECT_EQ(Protocols().Of(code).buildWrite, nullptr) << code;
+    for (const int code : {11, 12}) EXPECT_NE(Protocols().Of(code).buildWrite, nullptr) << code;
+}
+
+TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndParseNothing) {
+    for (const int code : {21, 22, 23, 31, 32, 33, 34, 35, 41, 42, 51}) {
+        const Protocol& row = Protocols().Of(code);
+        EXPECT_EQ(row.buildRead, nullptr) << code;
+        EXPECT_EQ(row.buildWrite, nullptr) << code;
+        EXPECT_EQ(row.parseReply, nullptr) << code;
+    }
+}
+
+TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoParserNoMenuAndNoAddress) {
+    for (const int code : {0, -1, 10, 14, 24, 36, 52, 99}) {
+        const Protocol& row = Protocols().Of(code);
+        EXPECT_EQ(row.buildRead, Protocols().Of(42).buildRead) << code;
+        EXPECT_EQ(row.buildWrite, nullptr) << code;
+        EXPECT_EQ(row.replyIsComplete, nullptr) << code;
+        EXPECT_EQ(row.parseReply, nullptr) << code;
+        EXPECT_EQ(row.displayMode, DisplayMode::Unchanged) << code;
+        EXPECT_EQ(row.menu, OperationMenu::None) << code;
+        EXPECT_EQ(row.composeAddress, nullptr) << code;
+    }
+}
+
+struct CheckWord {
+    std::int16_t code;
+    std::string frame;
+};
+
+TEST(MakeCRCWord, AppendsTheCheckWordOfTheProtocolInUse) {
+    for (const CheckWord& row :
+         {CheckWord{11, " 40 30 31 52 44 31 37"}, CheckWord{12, " 40 30 31 52 44 46 37"},
+          CheckWord{13, " 40 30 31 52 44 31 37"}, CheckWord{22, " 40 30 31 52 44"},
+          CheckWord{0, " 40 30 31 52 44"}}) {
+        FormBench bench;
+        bench.form.ProtocolCode = row.code;
+        HexText frame = u"40 30 31 52 44";
+        MakeCRCWord(bench.form, frame);
+        EXPECT_EQ(ToUtf8(frame), row.frame) << row.code;
+    }
+}
+
+}  // namespace
+}  // namespace commtest

@@ -1,0 +1,249 @@
+#include "app/session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "session/grid_editing.h"
+#include "session/operation_menus.h"
+#include "support/native_instrument.h"
+
+namespace commtest {
+namespace {
+
+using testing::BenchSession;
+using ::testing::ElementsAre;
+using testing::Happen;
+using ::testing::IsEmpty;
+using testing::NativeBench;
+using ::testing::SizeIs;
+namespace frames = testing::frames;
+
+// --- A new session ---
+
+TEST(NewSession, ShowsItsDesignTexts) {
+    BenchSession bench;
+    const MainForm& form = bench.Form();
+    EXPECT_EQ(ToUtf8(form.StatusBar1[0].Value()), "衡岫仪器公司");
+    EXPECT_EQ(ToUtf8(form.StatusBar1[1].Value()), "    欢迎使用本软件");
+    EXPECT_EQ(ToUtf8(form.ConDelayTime.Value()), "100");
+    EXPECT_EQ(form.SSTab2.Chosen(), 0);
+    EXPECT_EQ(form.ShowMode.Chosen(), 0);
+    EXPECT_EQ(form.WriteType.Chosen(), 0);
+    EXPECT_FALSE(form.FindFrame.Visible());
+    EXPECT_FALSE(form.InputText.Visible());
+    EXPECT_TRUE(form.ConMyCommDriver.Enabled());
+}
+
+TEST(NewSession, CountsNothingYet) {
+    BenchSession bench;
+    const MainForm& form = bench.Form();
+    EXPECT_EQ(form.SendCount + form.IncompleteCount + form.NoReplyCount + form.CheckErrorCount, 0);
+    EXPECT_EQ(form.MultiAddressIndex, 0);
+    EXPECT_EQ(form.ShowTypeStep, 0);
+}
+
+TEST(NewSession, HasAButtonForEachProtocolRowOfTheCatalogue) {
+    BenchSession bench;
+    const MainForm& form = bench.Form();
+    EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11, 12, 13, 21, 22, 23, 31, 32, 33, 34, 35, 41, 42, 51));
+    EXPECT_EQ(form.ConMeterType.Captions, form.ConCommTypeList.Items());
+    EXPECT_EQ(ToUtf8(form.ConMeterType.Captions.at(13)), "ModBus-RTU协议-M46T");
+}
+
+// --- The handlers ---
+
+TEST(SessionHandlers, AddressFieldComposesTheAddress) {
+    NativeBench bench;
+    bench.Form().ConMeterAddr.Set(u"10");
+    EXPECT_EQ(ToUtf8(bench.Form().AddressText), " 30 41");
+}
+
+TEST(SessionHandlers, ProtocolListChoosesButtonInstrumentAndGrid) {
+    NativeBench bench;
+    bench.Form().ConCommTypeList.Set(u"ModBus-RTU协议");
+    bench.Form().ConCommTypeList.Click();
+    EXPECT_EQ(bench.Form().ConMeterType.Chosen(), 6);
+    EXPECT_EQ(bench.Form().ProtocolCode, 31);
+    EXPECT_EQ(bench.Cell(1, 1), "");
+}
+
+TEST(SessionHandlers, InstrumentListLoadsTheParameters) {
+    NativeBench bench;
+    bench.Form().ParameterGrid().SetCell(1, 1, {});
+    bench.Form().ConMeterName[0].Click();
+    EXPECT_EQ(bench.Cell(1, 1), "给定值");
+}
+
+TEST(SessionHandlers, TabLoadsItsList) {
+    NativeBench bench;
+    bench.Form().SSTab2.Choose(2);
+    EXPECT_EQ(ToUtf8(bench.Form().MSHFlexGrid1[1].Cell(1, 3)), "仪表甲");
+}
+
+TEST(SessionHandlers, WriteTypeBringsTheGridIntoView) {
+    BenchSession bench;
+    bench.Form().SSTab2.Choose(1);
+    bench.Form().WriteType.Choose(1);
+    EXPECT_EQ(bench.Form().SSTab2.Chosen(), 0);
+}
+
+TEST(SessionHandlers, TickBoxesOfSeveralInstrumentsAndOfTheIntervalAskTheirQuestions) {
+    BenchSession bench;
+    bench.Form().Check1.Set(true);
+    bench.Form().TimeSetup.Set(true);
+    EXPECT_THAT(bench.dialogs.Texts(), ElementsAre("请输入仪表的总台数", "请输入时间间隔,单位为 分钟 "));
+}
+
+TEST(SessionHandlers, RowOfTheInstrumentListChoosesItsInstrument) {
+    NativeBench bench;
+    bench.Add(u"仪表乙", u"TQ仪表协议-定制累加和", u"1202", {{u"温度", u"2100", u"2", u"RW", u"0"}});
+    bench.Form().SSTab2.Choose(2);
+    Happen(bench, [](MainForm& form) {
+        form.MSHFlexGrid1[1].Select(2, 1);
+        MSHFlexGrid1_Click(form, 1);
+    });
+    EXPECT_EQ(ToUtf8(bench.Form().ConCommTypeList.Value()), "TQ仪表协议-定制累加和");
+    EXPECT_EQ(ToUtf8(bench.Form().ConMeterName[0].Value()), "仪表乙");
+    EXPECT_EQ(bench.Cell(1, 1), "温度");
+    EXPECT_EQ(bench.Form().ProtocolCode, 12);
+    EXPECT_EQ(bench.Form().SSTab2.Chosen(), 0);
+}
+
+// --- What is not built yet ---
+
+TEST(FeaturesNotBuiltYet, SayTheirNameInTheStatusNote) {
+    using Action = void (*)(MainForm&);
+    const std::pair<Action, std::string> features[] = {
+        {[](MainForm& form) { form.ConSaveData.Set(true); }, "数据采集: 此功能尚未提供"},
+        {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, "数据演示: 此功能尚未提供"},
+        {[](MainForm& form) { ChooseMenuEntry(form, 1, 12); }, "系统小工具: 此功能尚未提供"},
+        {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, "芯片资料: 此功能尚未提供"},
+    };
+    for (const auto& [action, note] : features) {
+        BenchSession bench;
+        action(bench.Form());
+        EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), note);
+        EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+    }
+}
+
+struct Button {
+    int index;
+    std::string note;
+};
+
+TEST(FeaturesNotBuiltYet, OfTheToolbarSayTheirNameInTheStatusNote) {
+    for (const Button& button : {Button{2, "导入地址: 此功能尚未提供"}, Button{9, "特殊地址: 此功能尚未提供"},
+                                 Button{11, "退出系统: 此功能尚未提供"}}) {
+        BenchSession bench;
+        bench.Press(button.index);
+        EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), button.note);
+    }
+}
+
+TEST(FeaturesNotBuiltYet, SearchIsOverAtItsFirstStep) {
+    NativeBench bench;
+    bench.Form().CommandCode = 1031;
+    bench.Start();
+    bench.line.RunUntil(5000);
+    EXPECT_THAT(bench.SentFrames(), IsEmpty());
+    EXPECT_FALSE(bench.Form().IsRunning());
+    EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), "仪表搜索: 此功能尚未提供");
+}
+
+// --- One instrument, end to end ---
+
+TEST(SessionWithOneInstrument, DecodesDynamicAndStaticRepliesIntoTheGrid) {
+    NativeBench bench;
+    bench.WillAnswer({frames::kDynamicReply, frames::kStaticReply});
+    bench.Start();
+    bench.line.RunUntil(402);
+    EXPECT_EQ(bench.Cell(6, 7), "C800");
+    EXPECT_EQ(bench.Cell(6, 9), "200");
+    EXPECT_EQ(bench.Cell(7, 9), "100");
+    EXPECT_EQ(bench.Cell(1, 9), "200");
+    EXPECT_EQ(bench.Cell(2, 8), "100");
+    EXPECT_EQ(bench.Cell(2, 9), "10.0");
+    EXPECT_EQ(ToUtf8(bench.Form().ConCommMessage[2].Value()),
+              "总计通讯: 2 次         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %");
+}
+
+TEST(SessionWithOneInstrument, HexadecimalDisplayGivesTheSameGrid) {
+    NativeBench bench;
+    bench.Form().ShowMode.Choose(1);
+    bench.WillAnswer({frames::kDynamicReply});
+    bench.Start();
+    bench.line.RunUntil(301);
+    EXPECT_EQ(bench.Cell(7, 9), "100");
+    EXPECT_EQ(bench.Record(),
+              "第 1 次, 向 仪表甲 发送:  40 30 31 52 44 31 37 0D   收到: \r\n"
+              "40 30 31 52 44 43 38 30 30 36 34 30 30 36 45 0D\r\n"
+              "CRC校验正确       读取 1# 仪表的动态数据\r\n\r\n");
+}
+
+TEST(SessionWithOneInstrument, CountsEachKindOfFailureOnce) {
+    NativeBench bench;
+    bench.WillAnswer({"40 30 31 52 44 43 38 30 30 36 34 30 30 36 46 0D", "40 30 31 52", ""});
+    bench.Start();
+    bench.line.RunUntil(6000);
+    EXPECT_EQ(bench.Form().CheckErrorCount, 1);
+    EXPECT_EQ(bench.Form().IncompleteCount, 1);
+    EXPECT_EQ(bench.Form().NoReplyCount, 2);
+    EXPECT_EQ(bench.Cell(6, 9), "");
+}
+
+// --- A change of instrument ---
+
+class ChangeOfInstrument : public ::testing::Test {
+  protected:
+    ChangeOfInstrument() {
+        bench.Add(u"仪表乙", testing::kNativeProtocol, u"1102", {{u"温度", u"0300", u"2", u"D", u"0"}});
+    }
+
+    NativeBench bench;
+    MainForm& form = bench.Form();
+};
+
+TEST_F(ChangeOfInstrument, LeavesTheRowsOfPollingAndOfTheFirstData) {
+    form.CurrentRow = 7;
+    form.FirstDataRow = 4;
+    bench.Choose(testing::kNativeProtocol, u"仪表乙");
+    EXPECT_EQ(form.CurrentRow, 7);
+    EXPECT_EQ(form.FirstDataRow, 4);
+}
+
+TEST_F(ChangeOfInstrument, WhileRunningTheNextReplyWalksOverTheNewRows) {
+    bench.AnswersEachFrame(frames::kStaticReply);
+    form.CommandCode = 20;
+    bench.Start();
+    bench.line.RunUntil(350);
+    EXPECT_EQ(bench.Cell(1, 9), "200");
+    bench.Choose(testing::kNativeProtocol, u"仪表乙");
+    EXPECT_EQ(bench.Cell(1, 7), "0");
+    bench.line.RunUntil(402);
+    EXPECT_EQ(bench.Cell(1, 1), "温度");
+    EXPECT_EQ(bench.Cell(1, 7), "C800");
+    EXPECT_EQ(bench.Cell(1, 9), "200");
+    EXPECT_TRUE(form.IsRunning());
+}
+
+TEST_F(ChangeOfInstrument, EmptiesTheSamplesSoThatTheNextRepliesAreKept) {
+    bench.AnswersEachFrame(frames::kDynamicReply);
+    bench.Start();
+    bench.line.RunUntil(301);
+    EXPECT_EQ(ToUtf8(form.DynamicSample), " 40 30 31 52 44 43 38 30 30 36 34 30 30 36 45 0D");
+    bench.Choose(testing::kNativeProtocol, u"仪表乙");
+    EXPECT_EQ(ToUtf8(form.DynamicSample), "");
+    EXPECT_THAT(form.ConSendOutString[0].Items(), IsEmpty());
+}
+
+TEST_F(ChangeOfInstrument, RedrawIsOnBehindAWalkThatADecimalPointInterruptsAndIsNoCounter) {
+    form.ParameterGrid().Redraw = false;
+    bench.WillAnswer({frames::kDynamicReply, frames::kStaticReply});
+    bench.Start();
+    bench.line.RunUntil(402);
+    EXPECT_TRUE(form.ParameterGrid().Redraw);
+}
+
+}  // namespace
+}  // namespace commtest

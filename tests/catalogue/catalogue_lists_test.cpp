@@ -1,0 +1,150 @@
+#include "catalogue/catalogue_lists.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "catalogue/instrument_catalogue.h"
+#include "support/error_of.h"
+#include "support/form_bench.h"
+#include "support/statement_table.h"
+
+namespace commtest {
+namespace {
+
+using testing::AddRecording;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using testing::FormBench;
+
+class CatalogueLists : public ::testing::Test {
+  protected:
+    void AddSetting(const Text& use, const Text& number, const Text& field, const Text& width,
+                    const Text& merge = u"0", const Text& alignment = u"0") {
+        bench.store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
+                            {use, number, field, width, merge, alignment});
+    }
+
+    void AddInstrument(int id, const Text& name, const Text& code) {
+        InstrumentRecord instrument;
+        instrument.id = id;
+        instrument.name = name;
+        instrument.code = code;
+        instrument.protocol = u"TQ仪表协议";
+        instrument.className = u"类别甲";
+        instrument.classId = u"1";
+        InstrumentCatalogue(*bench.store).AddInstrument(instrument);
+    }
+
+    static std::vector<std::string> Line(const Grid& grid, int row) {
+        std::vector<std::string> cells;
+        for (int col = 0; col < grid.Cols(); ++col) cells.push_back(ToUtf8(grid.Cell(row, col)));
+        return cells;
+    }
+
+    FormBench bench;
+    MainForm& form = bench.form;
+};
+
+TEST_F(CatalogueLists, ProtocolsStandInTheOrderOfTheirNumbersWithTrimmedNames) {
+    AddSetting(u"协议规定", u"2", u" ModBus-RTU协议 ", u"31");
+    AddSetting(u"协议规定", u"1", u"TQ仪表协议", u"11");
+    AddSetting(u"数据类型", u"1", u"浮点数", u"7");
+    LoadProtocolList(form);
+    EXPECT_THAT(form.ConCommTypeList.Items(), ElementsAre(u"TQ仪表协议", u"ModBus-RTU协议"));
+    EXPECT_THAT(form.ConMeterType.Captions, ElementsAre(u"TQ仪表协议", u"ModBus-RTU协议"));
+    EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11, 31));
+}
+
+TEST_F(CatalogueLists, ProtocolsMayBeMoreThanTwelve) {
+    for (int i = 1; i <= 20; ++i) {
+        AddSetting(u"协议规定", FromUtf8(std::to_string(i)), u"协议", FromUtf8(std::to_string(10 + i)));
+    }
+    LoadProtocolList(form);
+    EXPECT_EQ(form.ProtocolCodeOfType.size(), 20u);
+    EXPECT_EQ(form.ProtocolCodeOfType.back(), 30);
+}
+
+TEST_F(CatalogueLists, DataTypesStandInTheOrderOfTheirNumbers) {
+    AddSetting(u"数据类型", u"10", u"补码", u"0");
+    AddSetting(u"数据类型", u"9", u" 原码 ", u"0");
+    AddSetting(u"协议规定", u"1", u"TQ仪表协议", u"11");
+    LoadDataTypes(form);
+    EXPECT_THAT(form.ConDataTypeList.Items(), ElementsAre(u"原码", u"补码"));
+}
+
+TEST_F(CatalogueLists, GridLayoutSetsWidthMergeAlignmentAndHeadingByColumnNumber) {
+    AddSetting(u"仪表通信", u"1", u"参数名称", u"3200", u"1", u"4");
+    AddSetting(u"仪表通信", u"10", u"修改值", u"900", u"0", u"7");
+    LoadGridLayout(form);
+    const Grid& grid = form.ParameterGrid();
+    EXPECT_EQ(grid.Column(1).width, 3200);
+    EXPECT_EQ(grid.Column(1).merge, 1);
+    EXPECT_EQ(grid.Column(1).alignment, 4);
+    EXPECT_EQ(ToUtf8(grid.Cell(0, 1)), "参数名称");
+    EXPECT_EQ(grid.Column(10).width, 900);
+    EXPECT_EQ(grid.Column(10).alignment, 7);
+    EXPECT_EQ(ToUtf8(grid.Cell(0, 10)), "修改值");
+    EXPECT_EQ(grid.Column(2).width, 0);
+}
+
+TEST_F(CatalogueLists, GridLayoutOfAColumnThatTheGridLacksRaisesError9) {
+    AddSetting(u"仪表通信", u"11", u"多余", u"900");
+    EXPECT_EQ(ErrorOf([&] { LoadGridLayout(form); }), 9);
+}
+
+TEST_F(CatalogueLists, TabTwoShowsTheInstrumentsWithNumberedRows) {
+    AddInstrument(1, u"仪表乙", u"1102");
+    AddInstrument(2, u"仪表甲", u"1101");
+    form.SSTab2.Show(2);
+    SSTab2_Click(form);
+    const Grid& grid = form.MSHFlexGrid1[1];
+    ASSERT_EQ(grid.Rows(), 3);
+    EXPECT_THAT(Line(grid, 0), ElementsAre("序号", "协议", "类别", "仪表名称", "文件名", "日期", "功能简述",
+                                           "实例", "属性", "编号", "仪表ID", "芯片ID"));
+    EXPECT_THAT(Line(grid, 1),
+                ElementsAre("001", "TQ仪表协议", "类别甲", "仪表甲", "", "", "", "", "", "1101", "2", ""));
+    EXPECT_THAT(Line(grid, 2),
+                ElementsAre("002", "TQ仪表协议", "类别甲", "仪表乙", "", "", "", "", "", "1102", "1", ""));
+    EXPECT_TRUE(grid.Redraw);
+}
+
+TEST_F(CatalogueLists, TabThreeShowsTheRecordings) {
+    AddRecording(*bench.store, u"仪表甲", u"说明乙", u" 40 0D");
+    form.SSTab2.Show(3);
+    SSTab2_Click(form);
+    const Grid& grid = form.MSHFlexGrid1[2];
+    ASSERT_EQ(grid.Rows(), 2);
+    EXPECT_THAT(Line(grid, 0), ElementsAre("序号", "协议", "仪表名称", "说明", "采集日期"));
+    EXPECT_THAT(Line(grid, 1), ElementsAre("001", "TQ仪表协议", "仪表甲", "说明乙", "2024-05-06"));
+    EXPECT_EQ(form.MSHFlexGrid1[1].Rows(), 0);
+}
+
+TEST_F(CatalogueLists, RowsBeyond999KeepTheirNumber) {
+    for (int i = 1; i <= 1000; ++i)
+        AddRecording(*bench.store, u"仪表甲", FromUtf8(std::to_string(i)), u" 40");
+    form.SSTab2.Show(3);
+    SSTab2_Click(form);
+    EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[2].Cell(1000, 0)), "1000");
+}
+
+TEST_F(CatalogueLists, ListThatIsEmptyLeavesItsGrid) {
+    AddInstrument(1, u"仪表甲", u"1101");
+    form.SSTab2.Show(2);
+    SSTab2_Click(form);
+    bench.store->Execute(u"Delete From 仪表_名称");
+    SSTab2_Click(form);
+    EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[1].Cell(1, 3)), "仪表甲");
+}
+
+TEST_F(CatalogueLists, OtherTabsLoadNothing) {
+    AddInstrument(1, u"仪表甲", u"1101");
+    AddRecording(*bench.store, u"仪表甲", u"说明乙", u" 40 0D");
+    for (const int tab : {0, 1, 4}) {
+        form.SSTab2.Show(tab);
+        SSTab2_Click(form);
+        EXPECT_EQ(form.MSHFlexGrid1[1].Rows() + form.MSHFlexGrid1[2].Rows(), 0) << tab;
+    }
+}
+
+}  // namespace
+}  // namespace commtest
