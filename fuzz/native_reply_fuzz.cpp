@@ -1,13 +1,17 @@
 // Replies of any kind to a polling session of the native family, through the receive event.
 //
-// The input begins with the set-up of the session and the rows of its grid; the rest is what the far end answers, in
-// pieces and with delays that it chooses itself. Each event is followed by a look at what the parsers promise.
+// The input begins with the set-up of the session and the rows of its grid; the rest is what the far end
+// answers, in pieces and with delays that it chooses itself. Each event is followed by a look at what the
+// parsers promise.
 
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <array>
 #include <cstdint>
+#include <cstdio>
+#include <map>
 #include <string>
+#include <vector>
 
 #include "app/session.h"
 #include "fuzz/require.h"
@@ -30,7 +34,8 @@ constexpr std::int64_t kLongestRun = 400000;  // milliseconds
 constexpr int kLongestPiece = 80;
 
 constexpr std::array<TextView, 5> kNames = {u"参数", u"小数点", u"虚拟小数点", u"", u"系数"};
-constexpr std::array<TextView, 8> kAddresses = {u"0000", u"0010", u"2010", u"0012", u"", u"FFFE", u"温度", u"012"};
+constexpr std::array<TextView, 8> kAddresses = {u"0000", u"0010", u"2010", u"0012",
+                                                u"",     u"FFFE", u"温度", u"012"};
 constexpr std::array<TextView, 12> kLengths = {u"2", u"1",  u"4",  u"8",   u"3",   u"",
                                                u"0", u"16", u"-1", u"1.5", u"1E9", u"字节"};
 constexpr std::array<TextView, 9> kAttributes = {u"RW", u"D", u"R", u"S", u"W", u"", u"RS", u"SW", u"RW2"};
@@ -78,7 +83,9 @@ Store& ClosedStore() {
 class PollingSession {
   public:
     explicit PollingSession(FuzzedDataProvider& input)
-        : input_(input), session_({line_, dialogs_, line_, files_, ClosedStore(), settings_}), form_(session_.Form()) {
+        : input_(input),
+          session_({line_, dialogs_, line_, files_, ClosedStore(), settings_}),
+          form_(session_.Form()) {
         SetUpForm();
         SetUpRows();
         Wire();
@@ -87,7 +94,8 @@ class PollingSession {
     void Run() {
         RunEvent(form_, [this] { RunToolbarCommand(form_, toolbar::kStartStop); });
         const auto goesOn = [this] {
-            return input_.remaining_bytes() > 0 && line_.FrameCount() < kMostFrames && form_.Timer1[1].Enabled();
+            return input_.remaining_bytes() > 0 && line_.FrameCount() < kMostFrames &&
+                   form_.Timer1[1].Enabled();
         };
         line_.RunWhile(goesOn, kLongestRun);
         line_.Answer = nullptr;
@@ -147,7 +155,8 @@ class PollingSession {
         const Grid& grid = form_.ParameterGrid();
         std::vector<Text> texts;
         for (int row = 0; row < grid.Rows(); ++row) {
-            for (int col = column::kName; col <= column::kDecimals; ++col) texts.push_back(grid.Cell(row, col));
+            for (int col = column::kName; col <= column::kDecimals; ++col)
+                texts.push_back(grid.Cell(row, col));
             texts.push_back(grid.Cell(row, column::kNewValue));
         }
         return texts;
@@ -172,8 +181,7 @@ class PollingSession {
             delay += 10 * input_.ConsumeIntegralInRange(0, 160);
             const auto length = input_.ConsumeIntegralInRange<std::size_t>(1, reply.size());
             arrivals.emplace_back(delay, reply.substr(0, length));
-            received_.push_back(arrivals.back());
-            arrivals.back().second = reply.substr(0, length);
+            onTheLine_.emplace(line_.Time() + delay, reply.substr(0, length));
             reply.erase(0, length);
         }
         return arrivals;
@@ -192,6 +200,8 @@ class PollingSession {
     }
 
     void Receive() {
+        reply_ += onTheLine_.begin()->second;
+        onTheLine_.erase(onTheLine_.begin());
         const Counters before = Count();
         const int blocksBefore = blocks_;
         const std::size_t errorsBefore = dialogs_.Shown.size();
@@ -204,7 +214,9 @@ class PollingSession {
         if (isComplete) {
             CheckCompleteReply(before, after);
         } else {
-            Require(form_.CycleStep == 3 && after.checkError == before.checkError, "an open reply is not judged");
+            Require(form_.CycleStep == 3 && after.checkError == before.checkError,
+                    "an open reply is not judged");
+            Require(form_.ReplyText.size() == 3 * reply_.size(), "what has come stands in ReplyText");
             Require(!Contains(form_.ReplyText, u"0A") && !Contains(form_.ReplyText, u"0D"),
                     "a line end completes a reply");
         }
@@ -216,7 +228,9 @@ class PollingSession {
 
     void CheckCompleteReply(const Counters& before, const Counters& after) {
         Require(form_.CycleStep == 1 || form_.CycleStep == 7, "a complete reply sets the cycle ready");
-        Require(after.checkError - before.checkError <= 1, "a reply has one check error at most");
+        const int errors = IsGood(code_, reply_) ? 0 : 1;
+        Require(after.checkError - before.checkError == errors, "a wrong check word counts once");
+        reply_.clear();
         Require(after.sent - before.sent <= 1, "a reply is followed by one continue byte at most");
         if (after.sent > before.sent) {
             Require(form_.SendText == u" 0A" && form_.CycleStep == 7, "the continue byte stands in SendText");
@@ -235,6 +249,7 @@ class PollingSession {
         if (failures == 1) {
             Require((after.noReply > before.noReply) == reply.empty(), "without a byte there is no reply");
             Require(form_.ReplyText.empty() && form_.CycleStep == 1, "the next frame starts afresh");
+            reply_.clear();
         }
         CheckState();
     }
@@ -276,7 +291,8 @@ class PollingSession {
     std::int32_t framesBefore_ = 0;
     int blocks_ = 0;
     std::vector<Text> rowsAtStart_;
-    std::vector<Arrival> received_;
+    std::multimap<std::int64_t, std::string> onTheLine_;  // by time of arrival
+    std::string reply_;                                   // what has come of the reply
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "app/protocol_table.h"
 
+#include <algorithm>
+
 #include "protocol_native/native_protocols.h"
 #include "session/address.h"
 #include "session/frame_end.h"
@@ -65,6 +67,8 @@ ProtocolTable MakeTable() {
          {NativeProtocols(), ModbusAsciiProtocols(), ModbusRtuProtocols(), SpecialProtocols()}) {
         table.rows.insert(table.rows.end(), family.begin(), family.end());
     }
+    std::sort(table.rows.begin(), table.rows.end(),
+              [](const Protocol& a, const Protocol& b) { return a.code < b.code; });
     // A code without a row polls with the builder of code 42 and has neither end rule nor parser.
     table.defaultRow.buildRead = table.Of(42).buildRead;
     return table;

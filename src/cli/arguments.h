@@ -33,12 +33,11 @@ class Arguments {
     // The words that are no options, which have to be so many.
     QStringList Positional(qsizetype count, QStringView meaning) const;
 
-    // A Problem that names the wrong value of an option.
+    // Problems for the caller to throw: the line gets the way to the help behind it; a wrong value is named.
+    Problem BadUsage(const QString& line) const;
     Problem BadValue(QStringView option, const QString& expected) const;
 
   private:
-    Problem BadUsage(const QString& line) const;
-
     QString verb_;
     QCommandLineParser parser_;
 };

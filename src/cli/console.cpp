@@ -17,6 +17,7 @@ void Console::Print(const std::string& text) {
 bool Console::Flush() { return static_cast<bool>(results_.flush()); }
 
 void Console::Tell(TextView line) {
+    if (line.empty()) return;
     HideLive();
     results_.flush();
     problems_ << PrintableLine(line) + "\n" << std::flush;
@@ -25,9 +26,10 @@ void Console::Tell(TextView line) {
 void Console::ShowLive(TextView line) {
     if (liveWidth_ == 0) return;
     // A line that fills the last column would wrap.
-    const Text shown(CutToWidth(line, liveWidth_ - 1));
+    const Text printable = FromUtf8(PrintableLine(line));
+    const TextView shown = CutToWidth(printable, liveWidth_ - 1);
     HideLive();
-    problems_ << PrintableLine(shown) << std::flush;
+    problems_ << ToUtf8(shown) << std::flush;
     shownWidth_ = DisplayWidth(shown);
 }
 

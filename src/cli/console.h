@@ -25,7 +25,7 @@ class Console {
     // Hands the results on; false if they could not be written.
     bool Flush();
 
-    // One line for the user.
+    // One line for the user; nothing for an empty one.
     void Tell(TextView line);
     void Tell(const QString& line) { Tell(line.toStdU16String()); }
 

@@ -68,7 +68,7 @@ PollOptions PollOptionsOf(const Arguments& arguments) {
     options.command = CommandOf(arguments);
     options.groupLength = QString::number(arguments.WholeNumber(u"count", 1, 32767)).toStdU16String();
     if (arguments.Has(u"exchanges") && arguments.Has(u"seconds")) {
-        throw arguments.BadValue(u"seconds", u"空: --exchanges 和 --seconds 只能用一个"_s);
+        throw arguments.BadUsage(u"选项 --exchanges 和 --seconds 只能用一个"_s);
     }
     if (arguments.Has(u"exchanges"))
         options.exchanges = arguments.WholeNumber(u"exchanges", 1, 2'000'000'000);

@@ -64,8 +64,9 @@ std::string CsvField(const Text& cell) {
 
 std::string CsvLine(const std::vector<Text>& cells) {
     std::string line;
-    for (const Text& cell : cells) line += (line.empty() ? "" : ",") + CsvField(cell);
-    return line + "\n";
+    for (const Text& cell : cells) line += CsvField(cell) + ",";
+    line.back() = '\n';
+    return line;
 }
 
 std::string PrintedCsv(const Table& table) {

@@ -26,7 +26,6 @@ struct Row {
     AddressOfFrame addressOfFrame;
 };
 
-// In their order: a base name stands before its variants.
 const std::vector<Row>& Rows() {
     using enum DisplayMode;
     static const std::vector<Row> rows = {
@@ -72,6 +71,12 @@ TEST(ProtocolTable, HoldsTheFourteenProtocols) {
         EXPECT_EQ(row.composeAddress, expected.addressForm);
         EXPECT_EQ(row.showFrameAddress, expected.addressOfFrame);
     }
+}
+
+// The catalogue's rows are made in this order; a name is looked up as contained in a caption.
+TEST(ProtocolTable, RowsStandInTheOrderOfTheirCodesABaseNameBeforeItsVariants) {
+    for (std::size_t i = 0; i < Rows().size(); ++i)
+        EXPECT_EQ(Protocols().rows.at(i).code, Rows()[i].code) << i;
 }
 
 TEST(ProtocolTable, NativeProtocolsReadAndParseAndTheirPartsContinueOnALineFeed) {

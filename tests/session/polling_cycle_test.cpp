@@ -450,6 +450,21 @@ TEST_F(PollingCycle, StatisticsThatOverflowEndTheTickBeforeTheCycleIsReady) {
     EXPECT_FALSE(form.Timer1[1].Enabled());
 }
 
+TEST_F(PollingCycle, TickIsOffWhileAMessageOfItStands) {
+    form.CommandCode = 131;
+    form.SendText = u" 4G";
+    bench.Start();
+    bool isOn = true;
+    bench.dialogs.Time = [&] {
+        isOn = form.Timer1[1].Enabled();
+        return bench.line.Time();
+    };
+    bench.line.RunUntil(300);
+    EXPECT_THAT(bench.dialogs.Shown, SizeIs(1));
+    EXPECT_FALSE(isOn);
+    EXPECT_TRUE(form.Timer1[1].Enabled());
+}
+
 // --- The protocol's routines ---
 
 ProtocolTable WithOneProtocol(const Protocol& protocol) {

@@ -1,0 +1,80 @@
+#include "cli/command_line.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "cli/command_line_runner.h"
+
+namespace commtest {
+
+namespace {
+
+using ::testing::HasSubstr;
+using testing::IsProblem;
+using ::testing::MatchesRegex;
+using testing::Outcome;
+using testing::RunCommand;
+using ::testing::StartsWith;
+
+TEST(CommandLine, TellsItsVersion) {
+    const Outcome outcome = RunCommand({"--version"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.results, MatchesRegex("commtest-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(CommandLine, HelpNamesEachVerbAndEachExitStatus) {
+    const Outcome outcome = RunCommand({"--help"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.problems, "");
+    for (const char* word :
+         {"poll", "write", "list", "catalogue", "\n  0  ", "\n  1  ", "\n  2  ", "\n  3  "}) {
+        EXPECT_THAT(outcome.results, HasSubstr(word));
+    }
+}
+
+TEST(CommandLine, EachVerbHasItsHelp) {
+    const struct {
+        QString verb;
+        std::vector<const char*> options;
+    } rows[] = {
+        {"poll",
+         {"--folder", "--protocol", "--instrument", "--address", "--port", "--settings", "--interval",
+          "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
+        {"write", {"--row", "--value", "--port"}},
+        {"list", {"protocols|instruments|parameters", "--format"}},
+        {"catalogue", {"create"}},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = RunCommand({row.verb, "--help"});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.results, StartsWith("用法: commtest-cli " + row.verb.toStdString() + " "));
+        for (const char* option : row.options) EXPECT_THAT(outcome.results, HasSubstr(option));
+    }
+}
+
+TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
+    const struct {
+        QStringList words;
+        const char* line;
+    } rows[] = {
+        {{}, "缺少动词。用法请看 commtest-cli --help"},
+        {{"dance"}, "没有动词 \"dance\"。用法请看 commtest-cli --help"},
+        {{"poll", "--colour"}, "没有选项 \"colour\"。用法请看 commtest-cli poll --help"},
+        {{"poll", "--port"}, "选项 --port 的值缺少或多余。用法请看 commtest-cli poll --help"},
+        {{"poll", "--strict=yes"}, "选项 --strict 的值缺少或多余。用法请看 commtest-cli poll --help"},
+        {{"list"}, "缺少参数: protocols、instruments 或 parameters。用法请看 commtest-cli list --help"},
+        {{"list", "ports"},
+         "没有列表 \"ports\"，应为 protocols、instruments 或 parameters。用法请看 commtest-cli list --help"},
+        {{"list", "protocols", "now"}, "多余的参数 \"now\"。用法请看 commtest-cli list --help"},
+        {{"list", "protocols", "--format", "xml"},
+         "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
+        {{"catalogue", "create"}, "缺少参数: create 文件夹。用法请看 commtest-cli catalogue --help"},
+        {{"catalogue", "drop", "x"},
+         "没有动作 \"drop\"，应为 create。用法请看 commtest-cli catalogue --help"},
+    };
+    for (const auto& row : rows) EXPECT_TRUE(IsProblem(RunCommand(row.words), 2, row.line));
+}
+
+}  // namespace
+
+}  // namespace commtest

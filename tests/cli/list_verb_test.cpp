@@ -1,0 +1,99 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include "cli/command_line_runner.h"
+
+namespace commtest {
+
+namespace {
+
+using ::testing::HasSubstr;
+using testing::IsProblem;
+using ::testing::Not;
+using testing::Outcome;
+using testing::RunCommand;
+using testing::RunInFolder;
+using ::testing::StartsWith;
+
+QJsonArray JsonOf(const Outcome& outcome) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.results)).array();
+}
+
+TEST(ListVerb, ProtocolsStandWithTheirCodesAndWhetherTheyCanBeUsed) {
+    const Outcome outcome = RunInFolder({"list", "protocols"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.results, StartsWith("编号  协议                         可用\n"
+                                            "  11  TQ仪表协议                   是\n"));
+    EXPECT_EQ(std::count(outcome.results.begin(), outcome.results.end(), '\n'), 15);
+}
+
+TEST(ListVerb, ProtocolsAsJson) {
+    const QJsonArray protocols = JsonOf(RunInFolder({"list", "protocols", "--format", "json"}));
+    ASSERT_EQ(protocols.size(), 14);
+    EXPECT_EQ(protocols[1].toObject()["code"].toInt(), 12);
+    EXPECT_EQ(protocols[1].toObject()["name"].toString().toStdString(), "TQ仪表协议-定制累加和");
+    EXPECT_TRUE(protocols[1].toObject()["supported"].toBool());
+}
+
+TEST(ListVerb, InstrumentsOfEveryProtocolOrOfOne) {
+    const Outcome all = RunInFolder({"list", "instruments", "--format", "csv"});
+    EXPECT_THAT(all.results, StartsWith("仪表名称,协议,编号\n"));
+    EXPECT_THAT(all.results, HasSubstr("\nHX-D12智能光柱显示仪,TQ仪表协议-定制累加和,12000103\n"));
+    EXPECT_THAT(all.results, HasSubstr("\nHX-N41电炉控制仪,"));
+
+    const Outcome one = RunInFolder(
+        {"list", "instruments", "--protocol", QString::fromUtf8("TQ仪表协议-定制累加和"), "--format", "csv"});
+    EXPECT_EQ(one.results, "仪表名称,协议,编号\nHX-D12智能光柱显示仪,TQ仪表协议-定制累加和,12000103\n");
+}
+
+TEST(ListVerb, ParametersStandWithTheirRows) {
+    const Outcome outcome = RunInFolder(
+        {"list", "parameters", "--instrument", QString::fromUtf8("HX-D12智能光柱显示仪"), "--format", "csv"});
+    EXPECT_THAT(outcome.results, StartsWith("序号,参数名称,地址,长度,属性,小数点,上限值,下限值\n"
+                                            "1,仪表型号,2001,2,R,0,,\n"));
+    EXPECT_THAT(outcome.results, HasSubstr("\n12,量程下限,2022,2,RW,1020,9999,-1999\n"));
+}
+
+TEST(ListVerb, UnknownNamesAreBadUsage) {
+    EXPECT_TRUE(IsProblem(RunInFolder({"list", "instruments", "--protocol", "TQ"}), 2,
+                          "目录中没有协议 \"TQ\"。可用名称请看 commtest-cli list protocols"));
+    EXPECT_TRUE(IsProblem(RunInFolder({"list", "parameters", "--instrument", "it's"}), 2,
+                          "目录中没有仪表 \"it's\"。可用名称请看 commtest-cli list instruments"));
+    EXPECT_TRUE(IsProblem(RunInFolder({"list", "parameters"}), 2,
+                          "缺少选项 --instrument。用法请看 commtest-cli list --help"));
+}
+
+TEST(ListVerb, MissingCatalogueIsAProblemAndMakesNoFile) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QString::fromUtf8("通讯数据.mdb"));
+    const Outcome outcome = RunCommand({"list", "protocols", "--folder", folder.path()});
+    EXPECT_TRUE(
+        IsProblem(outcome, 3,
+                  "数据库错误: " + file.toStdString() +
+                      "：数据库文件不存在。请检查 --folder，或用 commtest-cli catalogue create 新建目录"));
+    EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST(ListVerb, FileThatIsNoCatalogueIsAProblemAndStays) {
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QString::fromUtf8("通讯数据.mdb")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no catalogue");
+    file.close();
+    const Outcome outcome = RunCommand({"list", "protocols", "--folder", folder.path()});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.problems, StartsWith("数据库错误: "));
+    EXPECT_EQ(std::count(outcome.problems.begin(), outcome.problems.end(), '\n'), 1);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "no catalogue");
+}
+
+}  // namespace
+
+}  // namespace commtest

@@ -1,0 +1,102 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "cli/command_line_runner.h"
+
+namespace commtest {
+
+namespace {
+
+using testing::IsProblem;
+using testing::Outcome;
+using testing::RunInFolder;
+
+const QStringList kInstrument = {"--protocol", QString::fromUtf8("TQ仪表协议"), "--instrument",
+                                 QString::fromUtf8("HX-D10智能数字显示控制仪")};
+
+Outcome Poll(const QStringList& words) { return RunInFolder(QStringList("poll") + kInstrument + words); }
+
+TEST(PollVerb, WrongValuesAreBadUsageInOneLine) {
+    const struct {
+        QStringList words;
+        const char* line;
+    } rows[] = {
+        {{"--address", "x"}, "选项 --address 的值 \"x\" 不对，应为0 到 65535 的整数"},
+        {{"--address", "-1"}, "选项 --address 的值 \"-1\" 不对，应为0 到 65535 的整数"},
+        {{"--interval", "1.5"}, "选项 --interval 的值 \"1.5\" 不对，应为0 到 3600000 的整数"},
+        {{"--count", "0"}, "选项 --count 的值 \"0\" 不对，应为1 到 32767 的整数"},
+        {{"--exchanges", "0"}, "选项 --exchanges 的值 \"0\" 不对，应为1 到 2000000000 的整数"},
+        {{"--seconds", "0"}, "选项 --seconds 的值 \"0\" 不对，应为大于 0 的秒数"},
+        {{"--seconds", "soon"}, "选项 --seconds 的值 \"soon\" 不对，应为大于 0 的秒数"},
+        {{"--command", "33"}, "选项 --command 的值 \"33\" 不对，应为 10、20、31、40、50、60"},
+        {{"--show", "octal"}, "选项 --show 的值 \"octal\" 不对，应为 ascii 或 hex"},
+        {{"--format", "xml"}, "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json"},
+        {{"--port", "/dev/ttyUSB0"}, "选项 --port 的值 \"/dev/ttyUSB0\" 不对，应为 COM1 或 COM1=设备 的形式"},
+        {{"--port", "COM0"}, "选项 --port 的值 \"COM0\" 不对，应为 COM1 或 COM1=设备 的形式"},
+        {{"--settings", "9600,X,8,1"},
+         "选项 --settings 的值 \"9600,X,8,1\" 不对，应为 9600,N,8,1 的形式 (波特率,校验 N/O/E,数据位 5 至 "
+         "8,停止位 "
+         "1/1.5/2)"},
+        {{"--settings", "2,N,8,1"},
+         "选项 --settings 的值 \"2,N,8,1\" 不对，应为 9600,N,8,1 的形式 (波特率,校验 N/O/E,数据位 5 至 "
+         "8,停止位 "
+         "1/1.5/2)"},
+        {{"now"}, "多余的参数 \"now\""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_TRUE(
+            IsProblem(Poll(row.words), 2, std::string(row.line) + "。用法请看 commtest-cli poll --help"));
+    }
+}
+
+TEST(PollVerb, EndsByCountOrByTimeAndNotByBoth) {
+    EXPECT_TRUE(IsProblem(Poll({"--exchanges", "1", "--seconds", "1"}), 2,
+                          "选项 --exchanges 和 --seconds 只能用一个。用法请看 commtest-cli poll --help"));
+}
+
+TEST(PollVerb, ProtocolAndInstrumentAreNeeded) {
+    EXPECT_TRUE(
+        IsProblem(RunInFolder({"poll"}), 2, "缺少选项 --protocol。用法请看 commtest-cli poll --help"));
+    EXPECT_TRUE(IsProblem(RunInFolder({"poll", "--protocol", "x"}), 2,
+                          "缺少选项 --instrument。用法请看 commtest-cli poll --help"));
+}
+
+TEST(PollVerb, UnknownNamesAreBadUsage) {
+    EXPECT_TRUE(IsProblem(RunInFolder({"poll", "--protocol", "TQ", "--instrument", "x"}), 2,
+                          "目录中没有协议 \"TQ\"。可用名称请看 commtest-cli list protocols"));
+    EXPECT_TRUE(
+        IsProblem(RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ仪表协议"), "--instrument", "x"}),
+                  2, "目录中没有仪表 \"x\"。可用名称请看 commtest-cli list instruments"));
+}
+
+TEST(PollVerb, InstrumentOfAnotherProtocolIsUnknown) {
+    EXPECT_TRUE(IsProblem(
+        RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ仪表协议-定制累加和"), "--instrument",
+                     QString::fromUtf8("HX-D10智能数字显示控制仪")}),
+        2, "目录中没有仪表 \"HX-D10智能数字显示控制仪\"。可用名称请看 commtest-cli list instruments"));
+}
+
+TEST(PollVerb, ProtocolThatIsNotBuiltYetIsRefused) {
+    EXPECT_TRUE(IsProblem(
+        RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ特殊仪表协议-HCT615D"), "--instrument",
+                     QString::fromUtf8("HX-H42超声波流量表")}),
+        2, "协议 \"TQ特殊仪表协议-HCT615D\" 的通讯尚未提供。可用协议请看 commtest-cli list protocols"));
+}
+
+TEST(PollVerb, PortThatCannotBeOpenedIsToldWithTheReason) {
+    EXPECT_TRUE(IsProblem(Poll({"--port", "COM1=/dev/no-such-port", "--exchanges", "1"}), 3,
+                          "系统串口被占用,无法打开！ 设备 /dev/no-such-port 不存在。请检查接线和设备名"));
+    EXPECT_TRUE(
+        IsProblem(Poll({"--port", "com998"}), 3,
+                  "系统串口被占用,无法打开！ 本机没有第 998 个串口。请接上串口，或指定设备: COM998=设备"));
+}
+
+TEST(PollVerb, RecordFileThatCannotBeWrittenIsAProblem) {
+    const Outcome outcome = Poll({"--record", "/dev/null/record"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.problems, ::testing::StartsWith("记录文件 /dev/null/record 写不进去: "));
+}
+
+}  // namespace
+
+}  // namespace commtest

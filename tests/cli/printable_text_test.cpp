@@ -1,0 +1,51 @@
+#include "cli/printable_text.h"
+
+#include <gtest/gtest.h>
+
+namespace commtest {
+
+namespace {
+
+TEST(PrintableText, ReadableCharactersStay) {
+    EXPECT_EQ(PrintableText(u"第 1 次 @01RD17\\0D ÿ ㎡"), "第 1 次 @01RD17\\0D ÿ ㎡");
+}
+
+TEST(PrintableText, LineEndBecomesALineFeed) { EXPECT_EQ(PrintableText(u"a\r\nb\r\n\r\n"), "a\nb\n\n"); }
+
+TEST(PrintableText, ControlCharactersAreShownByTheirCodes) {
+    const struct {
+        Text text;
+        const char* shown;
+    } rows[] = {
+        {Text{u'\0'}, "\\00"}, {u"\x1B[2J", "\\1B[2J"},
+        {u"\r", "\\0D"},       {u"\n", "\\0A"},
+        {u"\r\r\n", "\\0D\n"}, {u"\t", "\\09"},
+        {u"\x7F", "\\7F"},     {u"\u0080\u009B", "\\80\\9B"},
+        {u"\u202E", "\\202E"}, {u"\u200B\u2028", "\\200B\\2028"},
+        {u"\uFEFF", "\\FEFF"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(PrintableText(row.text), row.shown);
+}
+
+TEST(PrintableLine, LineEndsBecomeOneBlank) {
+    EXPECT_EQ(PrintableLine(u"实时错误 '13':\r\n\r\n类型不匹配"), "实时错误 '13': 类型不匹配");
+    EXPECT_EQ(PrintableLine(u"a\nb\rc\r\n"), "a b c");
+}
+
+TEST(PrintableLine, ControlCharactersAreShownByTheirCodes) { EXPECT_EQ(PrintableLine(u"a\x1B"), "a\\1B"); }
+
+TEST(DisplayWidth, ChineseCharacterTakesTwoCells) {
+    EXPECT_EQ(DisplayWidth(u""), 0);
+    EXPECT_EQ(DisplayWidth(u"RE 读值"), 7);
+    EXPECT_EQ(DisplayWidth(u"：ÿ"), 3);
+}
+
+TEST(CutToWidth, CharacterThatDoesNotFitWholeFallsAway) {
+    EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 5)), "a读值");
+    EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 4)), "a读");
+    EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 0)), "");
+}
+
+}  // namespace
+
+}  // namespace commtest

@@ -1,0 +1,34 @@
+"""A bad line: the program counts each fault that the simulator has made, to the last frame."""
+
+import unittest
+
+from programs import CommandLineTest
+
+
+class FaultTest(CommandLineTest):
+    def check(self, exchanges, *faults):
+        with self.simulate(*faults) as simulator:
+            run = self.poll(simulator.device, "--exchanges", exchanges, "--format", "json")
+        self.assertEqual((run.status, run.problems), (0, ""))
+        counts = simulator.counts
+        self.assertEqual(run.json["statistics"],
+                         {"frames": exchanges, "exchanges": exchanges, "incomplete": counts["truncated"],
+                          "checkErrors": counts["corrupted"], "noReply": counts["dropped"]})
+        self.assertEqual(counts["requests"], exchanges)
+        return counts
+
+    def test_faults_of_every_kind(self):
+        counts = self.check(400, "--seed", "5", "--drop", "0.01", "--truncate", "0.01", "--corrupt", "0.1",
+                            "--split", "0.1", "--delay", "0.02")
+        for fault in ("dropped", "truncated", "corrupted", "split", "delayed"):
+            self.assertGreater(counts[fault], 0, fault)
+
+    def test_every_reply_is_corrupt(self):
+        self.assertEqual(self.check(300, "--corrupt", "1")["corrupted"], 300)
+
+    def test_every_reply_comes_in_pieces(self):
+        self.assertEqual(self.check(40, "--split", "1")["split"], 40)
+
+
+if __name__ == "__main__":
+    unittest.main()

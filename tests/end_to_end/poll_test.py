@@ -1,0 +1,111 @@
+"""Polling: frames, record, grid, statistics."""
+
+import csv
+import io
+import re
+import unittest
+
+from programs import FILLED, PLAIN, SUM, CommandLineTest
+
+VALUES = {"小数点位置": 1, "测量值": -1234, "峰值": 5, "变送输出值": 250, "量程下限": -1999, "滤波系数": 20}
+
+
+class PollTest(CommandLineTest):
+    def test_grid_holds_the_values_of_the_instrument(self):
+        with self.simulate(values=VALUES) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 200, "--format", "json", "--strict")
+        self.assertEqual((run.status, run.problems), (0, ""))
+        self.assertEqual(run.json["statistics"], {"frames": 200, "exchanges": 200, "incomplete": 0, "checkErrors": 0,
+                                                  "noReply": 0})
+        self.assertEqual(simulator.counts["requests"], 200)
+        # Two bytes, low one first, the high bit for the sign: 1234 is 04D2.
+        self.assertEqual(run.row(6), {"row": 6, "name": "测量值", "address": "0010", "length": "2", "attribute": "D",
+                                      "decimals": "0020", "singleRead": "", "groupRead": "D284", "value": "-1234",
+                                      "scaledValue": "-123.4"})
+        shown = {row: run.row(row)["scaledValue"] for row in (7, 9, 11, 13, 17)}
+        self.assertEqual(shown, {7: "0.5", 9: "25.0", 11: "1", 13: "-199.9", 17: "20"})
+
+    def test_record_comes_block_by_block_before_grid_and_statistics(self):
+        with self.simulate(values=VALUES) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 2, "--record", self.folder / "record.txt")
+        first = ("第 1 次, 向 HX-D10智能数字显示控制仪 发送: @01RD17\\0D   收到: \n"
+                 "@01RDD2840500")
+        self.assertEqual(run.output[:len(first)], first)
+        second = run.output.index("第 2 次, 向 HX-D10智能数字显示控制仪 发送: @01RR01\\0D   收到: \n@01RR01")
+        grid = run.output.index("序号  参数名称")
+        self.assertLess(second, grid)
+        self.assertTrue(run.output.endswith(
+            "\n\n总计通讯: 2 次         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %\n"))
+        record = (self.folder / "record.txt").read_text(encoding="utf-8")
+        self.assertEqual(record, run.output[:grid])
+
+    def test_frames_can_be_shown_in_hexadecimal(self):
+        with self.simulate() as simulator:
+            run = self.poll(simulator.device, "--exchanges", 1, "--show", "hex")
+        self.assertIn("发送:  40 30 31 52 44 31 37 0D   收到: \n40 30 31 52 44 ", run.output)
+
+    def test_csv_has_the_grid_and_the_statistics_and_no_record(self):
+        with self.simulate(values=VALUES) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 3, "--format", "csv")
+        grid, statistics = run.output.split("\n\n")
+        rows = list(csv.reader(io.StringIO(grid)))
+        self.assertEqual(rows[0], ["序号", "参数名称", "地址", "长度", "属性", "小数点", "RE 读值", "RR/RD 读值", "计算值",
+                                   "小数点修正值"])
+        self.assertEqual(rows[6], ["6", "测量值", "0010", "2", "D", "0020", "", "D284", "-1234", "-123.4"])
+        self.assertEqual(statistics, "总计通讯,数据不完整,校验出错,无应答\n3,0,0,0\n")
+
+    def test_bytes_that_ask_for_the_next_part_are_no_exchanges(self):
+        with self.simulate(part_length=20) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 10, "--format", "json", "--strict")
+        self.assertEqual(run.status, 0)
+        continued = simulator.counts["continue_bytes"]
+        self.assertGreater(continued, 0)
+        self.assertEqual(simulator.counts["requests"], 10 + continued)
+        self.assertEqual(run.json["statistics"]["exchanges"], 10)
+        self.assertEqual(run.json["statistics"]["frames"], 10 + continued)
+
+    def test_rows_are_read_one_by_one(self):
+        with self.simulate(values=VALUES) as simulator:
+            run = self.poll(simulator.device, "--command", 50, "--exchanges", 8, "--format", "json")
+        self.assertEqual([run.row(row)["singleRead"] for row in (11, 12, 13)], ["01", "07", "CF87"])
+
+    def test_group_is_as_long_as_it_is_asked_to_be(self):
+        with self.simulate() as simulator:
+            run = self.poll(simulator.device, "--command", 60, "--count", 4, "--exchanges", 1)
+        # The count of the run reaches 4: three rows of one, one and two bytes, the first one counted twice.
+        self.assertIn("发送: @01RE002004", run.output)
+
+    def test_other_native_protocols_and_addresses(self):
+        for instrument in (PLAIN, SUM, FILLED):
+            with self.subTest(instrument[0]), self.simulate(instrument=instrument, address=26) as simulator:
+                run = self.poll(simulator.device, "--address", 26, "--exchanges", 4, "--strict", instrument=instrument)
+                self.assertEqual((run.status, run.problems), (0, ""))
+                self.assertIn("发送: @1ARD", run.output)
+            self.assertEqual(simulator.counts["requests"], 4)
+
+    def test_time_ends_the_poll_with_the_exchange_under_way(self):
+        with self.simulate() as simulator:
+            run = self.finish(self.start("poll", simulator.device, PLAIN, "--interval", 20, "--seconds", 0.8,
+                                         "--format", "json", "--strict"))
+        self.assertEqual(run.status, 0)
+        statistics = run.json["statistics"]
+        self.assertGreater(statistics["exchanges"], 1)
+        self.assertEqual(statistics["exchanges"], simulator.counts["answers"])
+
+    def test_strict_poll_fails_with_one_missing_reply(self):
+        with self.simulate("--drop", "1") as simulator:
+            run = self.poll(simulator.device, "--exchanges", 1, "--strict")
+        self.assertEqual((run.status, run.problems), (1, ""))
+        self.assertIn("无应答 1 次; 错误率 100.00 %", run.output)
+        self.assertIsNotNone(re.search("仪表无应答  注意：", run.output))
+
+    def test_program_folder_gets_no_file(self):
+        before = sorted(self.folder.iterdir())
+        with self.simulate() as simulator:
+            self.poll(simulator.device, "--exchanges", 51)
+        self.assertEqual(sorted(path for path in self.folder.iterdir() if path.name != "record.txt"),
+                         [path for path in before if path.name != "record.txt"])
+
+
+if __name__ == "__main__":
+    unittest.main()

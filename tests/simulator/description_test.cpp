@@ -1,0 +1,107 @@
+#include "simulator/description.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "simulator/sample_instruments.h"
+
+namespace simulator {
+namespace {
+
+std::string MessageOf(const std::string& text) {
+    try {
+        ReadDescription(text, "bench.txt");
+    } catch (const DescriptionError& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+TEST(ReadDescription, GivesInstrumentsWithTheirRows) {
+    std::vector<Instrument> instruments = ReadDescription(
+        "# a bench\n"
+        "\n"
+        "11000101 | first | 5 | 3\r\n"
+        "one | 0020 | 1 | RW | 0 | 0 | 3 | constant 2\n"
+        "two|0021|2|RW|1|||constant 1234\n"
+        "  three | 0023 | 2 | R | 0 \n"
+        "13000102 | second | 7\n"
+        "one | 0020 | 1 | RW | 0 | | | constant 9\n",
+        "bench.txt");
+    ASSERT_EQ(instruments.size(), 2U);
+    EXPECT_EQ(instruments[0].Code(), 11);
+    EXPECT_EQ(instruments[0].Address(), 5);
+    EXPECT_EQ(instruments[0].Name(), "first");
+    EXPECT_EQ(instruments[0].AnswerTo("RR", 0).parts.size(), 2U);
+    EXPECT_EQ(instruments[0].AnswerTo("RR", 0).parts[0], "RR02D204");
+    EXPECT_EQ(instruments[0].AnswerTo("W1002004", 0).parts[0], "**");
+    EXPECT_EQ(instruments[1].Code(), 13);
+    EXPECT_EQ(instruments[1].Address(), 7);
+    EXPECT_EQ(instruments[1].AnswerTo("RR", 0).parts[0], "RR09");
+}
+
+TEST(ReadDescription, InstrumentsWithoutAnAddressAreNumbered) {
+    const auto instruments = ReadDescription("11000101 | first\n12000101 | second\n", "bench.txt");
+    ASSERT_EQ(instruments.size(), 2U);
+    EXPECT_EQ(instruments[0].Address(), 1);
+    EXPECT_EQ(instruments[1].Address(), 2);
+}
+
+struct Mistake {
+    std::string text;
+    std::string message;
+};
+
+TEST(ReadDescription, TellsFileLineWhatWasExpectedAndWhatStoodThere) {
+    const std::string head = "11000101 | first | 5\n";
+    const Mistake mistakes[] = {
+        {"", "bench.txt: expected an instrument, found none"},
+        {"# nothing\n", "bench.txt: expected an instrument, found none"},
+        {"31000101 | other\n",
+         "bench.txt:1: expected a code that begins with 11, 12 or 13, found \"31000101\""},
+        {"one | 0020 | 1 | RW | 0\n", "bench.txt:1: expected the code of an instrument, found \"one\""},
+        {"11000101 | first | five\n", "bench.txt:1: expected an address, found \"five\""},
+        {"11000101 | first | 5 | -1\n", "bench.txt:1: expected a part length, found \"-1\""},
+        {head + "one | 20 | 1 | RW | 0\n",
+         "bench.txt:2: expected an address of four hexadecimal digits, found \"20\""},
+        {head + "\none | 00G0 | 1 | RW | 0\n",
+         "bench.txt:3: expected an address of four hexadecimal digits, found \"00G0\""},
+        {head + "one | 0020 | x | RW | 0\n", "bench.txt:2: expected a length in bytes, found \"x\""},
+        {head + "one | 0020 | 1 | RX | 0\n",
+         "bench.txt:2: expected an attribute of the letters R, D, W, S, found \"RX\""},
+        {head + "one\n", "bench.txt:2: expected an address of four hexadecimal digits, found \"\""},
+        {head + "one | 0020 | 1 | RW | 0 | low\n", "bench.txt:2: expected a limit, found \"low\""},
+        {head + "one | 0020 | 1 | RW | 0 | | | wobble 3\n",
+         "bench.txt:2: expected constant, ramp, sine, counter or walk with its numbers, found \"wobble 3\""},
+    };
+    for (const auto& [text, message] : mistakes) {
+        EXPECT_EQ(MessageOf(text), message);
+    }
+}
+
+// Every shipped list of the three codes can be played: each of its instruments answers a dynamic read.
+TEST(ShippedDescriptions, CanBePlayed) {
+    const std::string files[] = {
+        "/simulator/bench.txt",
+        "/catalogue/instruments/11_channel_scanner.txt",
+        "/catalogue/instruments/11_digital_indicator.txt",
+        "/catalogue/instruments/11_flow_totaliser.txt",
+        "/catalogue/instruments/11_pid_controller.txt",
+        "/catalogue/instruments/12_bar_indicator.txt",
+        "/catalogue/instruments/13_two_loop_indicator.txt",
+    };
+    for (const std::string& name : files) {
+        std::ifstream file(DATA_FOLDER + name);
+        ASSERT_TRUE(file) << name;
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        for (Instrument& instrument : ReadDescription(text, name)) {
+            EXPECT_GT(instrument.AnswerTo("RD", 0).parts.front().size(), 4U) << name;
+            EXPECT_GT(instrument.AnswerTo("RR", 0).parts.front().size(), 4U) << name;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace simulator
