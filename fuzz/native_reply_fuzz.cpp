@@ -261,7 +261,6 @@ class PollingSession {
                 "each frame is counted");
         Require(grid.Cols() == column::kCount && grid.Row < grid.Rows() && grid.Col < grid.Cols(),
                 "the current cell is in the grid");
-        Require(form_.ConCommString[1].Blocks().size() <= 51, "the pane begins anew every fifty frames");
         CheckSample(form_.StaticSample, u" 52 52");
         CheckSample(form_.DynamicSample, u" 52 44");
         for (const testing::ShownBox& box : dialogs_.Shown) CheckBox(box);

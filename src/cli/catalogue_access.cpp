@@ -48,7 +48,7 @@ void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
     } catch (const RuntimeError& error) {
         throw Problem(ExitStatus::NoAccess,
                       QString::fromStdU16String(error.StandardMessage()) +
-                          u"。请检查 --folder，或用 commtest-cli catalogue create 新建目录"_s);
+                          u" 请检查 --folder，或用 commtest-cli catalogue create 新建目录"_s);
     }
 }
 

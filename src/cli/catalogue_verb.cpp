@@ -4,12 +4,23 @@
 #include "cli/verb.h"
 #include "host/file_names.h"
 #include "host_qt/program_folder.h"
+#include "runtime/runtime_error.h"
 
 namespace commtest {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// True if the catalogue was made, false if one stood there.
+bool MakeFolder(const QString& folder) {
+    try {
+        return CreateProgramFolder(folder.toStdU16String(), FillWithShippedCatalogue);
+    } catch (const RuntimeError& error) {
+        throw Problem(ExitStatus::NoAccess, u"%1 不能建立 %2，请检查名称和权限"_s.arg(
+                                                QString::fromStdU16String(error.StandardMessage()), folder));
+    }
+}
 
 ExitStatus Catalogue(const Arguments& arguments, Console& console) {
     const QStringList words = arguments.Positional(2, u"create 文件夹");
@@ -18,7 +29,7 @@ ExitStatus Catalogue(const Arguments& arguments, Console& console) {
             ExitStatus::BadUsage,
             u"没有动作 \"%1\"，应为 create。用法请看 commtest-cli catalogue --help"_s.arg(words[0]));
     }
-    const bool isNew = CreateProgramFolder(words[1].toStdU16String(), FillWithShippedCatalogue);
+    const bool isNew = MakeFolder(words[1]);
     const QString file = QDir(words[1]).filePath(QString::fromStdU16String(Text(kCatalogueFileName)));
     console.Print(isNew ? u"已建立 %1\n"_s.arg(file) : u"%1 已存在，没有改动\n"_s.arg(file));
     return ExitStatus::Good;

@@ -84,7 +84,7 @@ ExitStatus RunAndTell(const QStringList& words, Console& console) {
         console.Tell(problem.Line());
         return problem.Status();
     } catch (const RuntimeError& error) {
-        console.Tell(error.StandardMessage());
+        console.Tell(error.StandardMessage() + u" 请检查程序文件夹和其中的目录");
         return ExitStatus::NoAccess;
     }
 }

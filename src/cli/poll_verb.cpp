@@ -1,4 +1,5 @@
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 
 #include "cli/interrupt.h"
@@ -129,12 +130,15 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     MainForm& form = line.Form();
     form.ConCommString[1].BlockFinished = [&record](const Text& block) { record.Add(block); };
     form.CommandCode = options.command;
+    // Row 0 holds the headings; a user would have clicked on a row by now.
+    form.CurrentRow = std::max<std::int16_t>(form.FirstDataRow, 1);
     form.ConDataNub.Set(options.groupLength);
 
     const LineSession::End end = RunPoll(line, options, record, console);
     if (end == LineSession::End::NoPort) return ExitStatus::NoAccess;
-    record.Finish();
+    record.Flush();
     console.Print(PollReport(form, lineOptions, line.Exchanges(), options.format));
+    record.Finish();
     return StatusOf(end, options, form);
 }
 

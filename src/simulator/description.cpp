@@ -1,6 +1,7 @@
 #include "simulator/description.h"
 
 #include <charconv>
+#include <map>
 #include <sstream>
 
 namespace simulator {
@@ -87,11 +88,11 @@ struct Head {
     int partLength;
 };
 
-Head HeadOf(const Line& line, int nextAddress) {
+Head HeadOf(const Line& line, int nextAddress, int partLength) {
     const std::string text = line.At(0).substr(0, 2);
     if (text != "11" && text != "12" && text != "13") line.Refuse("a code that begins with 11, 12 or 13", 0);
     return {std::stoi(text), line.At(1), line.Whole(2, nextAddress, "an address"),
-            line.Whole(3, 0, "a part length")};
+            line.Whole(3, partLength, "a part length")};
 }
 
 bool BeginsInstrument(const Fields& fields) { return fields[0].size() >= 4 && IsAll(fields[0], kDigits); }
@@ -99,10 +100,13 @@ bool BeginsInstrument(const Fields& fields) { return fields[0].size() >= 4 && Is
 // Collects the rows of one instrument after the other.
 class Reader {
   public:
+    explicit Reader(const DescriptionDefaults& defaults) : defaults_(defaults) {}
+
     void Take(const Fields& fields, const Line& line) {
         if (BeginsInstrument(fields)) {
             Finish();
-            heads_.push_back(HeadOf(line, static_cast<int>(heads_.size()) + 1));
+            const int nextAddress = defaults_.firstAddress + static_cast<int>(heads_.size());
+            heads_.push_back(HeadOf(line, nextAddress, defaults_.partLength));
         } else if (heads_.empty()) {
             line.Refuse("the code of an instrument", 0);
         } else {
@@ -121,6 +125,7 @@ class Reader {
     }
 
   private:
+    DescriptionDefaults defaults_;
     std::vector<Head> heads_;
     std::vector<Parameter> parameters_;
     std::vector<Instrument> instruments_;
@@ -128,8 +133,9 @@ class Reader {
 
 }  // namespace
 
-std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source) {
-    Reader reader;
+std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source,
+                                        const DescriptionDefaults& defaults) {
+    Reader reader(defaults);
     std::istringstream in{std::string(text)};
     int number = 0;
     for (std::string raw; std::getline(in, raw);) {
@@ -141,6 +147,17 @@ std::vector<Instrument> ReadDescription(std::string_view text, const std::string
     std::vector<Instrument> instruments = reader.Finish();
     if (instruments.empty()) throw DescriptionError(source + ": expected an instrument, found none");
     return instruments;
+}
+
+void RefuseSharedAddresses(const std::vector<Instrument>& instruments) {
+    std::map<int, std::string> names;
+    for (const Instrument& instrument : instruments) {
+        const auto [taken, isFirst] = names.emplace(instrument.Address(), instrument.Name());
+        if (isFirst) continue;
+        throw DescriptionError("address " + std::to_string(instrument.Address()) +
+                               ": expected one instrument, found \"" + taken->second + "\" and \"" +
+                               instrument.Name() + "\"");
+    }
 }
 
 }  // namespace simulator

@@ -20,8 +20,18 @@ class DescriptionError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// For instruments that do not say it themselves.
+struct DescriptionDefaults {
+    int firstAddress = 1;  // one more for each
+    int partLength = 0;
+};
+
 // `source` names the text in messages: "bench.txt:7: expected ..., found ...". Instruments of protocols other
 // than 11, 12 and 13 are refused.
-std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source);
+std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source,
+                                        const DescriptionDefaults& defaults = {});
+
+// Two instruments at one address would never both be heard.
+void RefuseSharedAddresses(const std::vector<Instrument>& instruments);
 
 }  // namespace simulator

@@ -23,6 +23,10 @@ bool Has(std::string_view text, std::string_view wanted) {
     return text.find(wanted) != std::string_view::npos;
 }
 
+bool IsReadable(const Parameter& parameter) {
+    return parameter.attribute.find_first_of("RDS") != std::string::npos;
+}
+
 Behaviour SuitableBehaviour(const Parameter& parameter, int position) {
     const bool isDynamic = Has(parameter.attribute, "D");
     if (Has(parameter.name, "小数点")) return Behaviour::Constant(1);
@@ -119,7 +123,7 @@ std::size_t Instrument::IndexOf(int address) const {
 
 // "aaaaHH": whole parameters from an address on, as many as fit into HH bytes, the first in any case.
 Instrument::Answer Instrument::Read(std::string_view content, double seconds) const {
-    if (content.size() != 6) return Refused(false);
+    if (content.size() != 6 && content.size() != 7) return Refused(false);
     const auto address = Hex(content.substr(0, 4));
     const auto wanted = Hex(content.substr(4));
     std::size_t i = address ? IndexOf(*address) : rows_.size();
@@ -128,7 +132,7 @@ Instrument::Answer Instrument::Read(std::string_view content, double seconds) co
     int bytes = 0;
     int next = *address;
     const auto goesOn = [&] {
-        return i < rows_.size() && rows_[i].address == next &&
+        return i < rows_.size() && rows_[i].address == next && IsReadable(rows_[i].parameter) &&
                (bytes == 0 || bytes + rows_[i].size <= *wanted);
     };
     for (; goesOn(); ++i) {
@@ -136,7 +140,7 @@ Instrument::Answer Instrument::Read(std::string_view content, double seconds) co
         bytes += rows_[i].size;
         next += rows_[i].size;
     }
-    return Told({"RE" + data});
+    return data.empty() ? Refused(false) : Told({"RE" + data});
 }
 
 // Codes 11 and 13 "Laaaav..."; code 12 "Laaa0Lv...". Commands without address: "3", "4", "5vvvv".
@@ -153,20 +157,23 @@ Instrument::Answer Instrument::Write(std::string_view content) {
     if (!size || i == rows_.size() || rows_[i].size != *size) return Refused(true);
     Row& row = rows_[i];
     const auto value = ValueOfCode(content.substr(head), row.size);
-    const bool isWritable = Has(row.parameter.attribute, "W");
-    if (!value || !isWritable || *value < row.parameter.lowest.value_or(*value) ||
-        *value > row.parameter.highest.value_or(*value)) {
-        return Refused(true);
-    }
+    if (!Accepts(row, value)) return Refused(true);
     row.behaviour = Behaviour::Constant(*value);
     return Accepted();
+}
+
+bool Instrument::Accepts(const Row& row, std::optional<double> value) {
+    return value && Has(row.parameter.attribute, "W") && *value >= row.parameter.lowest.value_or(*value) &&
+           *value <= row.parameter.highest.value_or(*value);
 }
 
 Instrument::Answer Instrument::RunCommand(std::string_view content) const {
     for (const Row& row : rows_) {
         const bool isThis = row.isCommand && row.parameter.length == content.substr(0, 1);
-        const bool takesData = row.parameter.length == "5";
-        if (isThis && takesData == (content.size() == 5)) return Accepted();
+        if (!isThis) continue;
+        const bool takesValue = row.parameter.length == "5";
+        const bool isGood = !takesValue || Accepts(row, ValueOfCode(content.substr(1), 2));
+        return isGood ? Accepted() : Refused(true);
     }
     return Refused(true);
 }

@@ -63,6 +63,7 @@ class Instrument {
     Answer Write(std::string_view content);
     Answer RunCommand(std::string_view content) const;
     std::size_t IndexOf(int address) const;
+    static bool Accepts(const Row& row, std::optional<double> value);
 
     int code_;
     int address_;

@@ -16,13 +16,21 @@ std::string HexByte(unsigned byte) {
     return text;
 }
 
-// The content of a body (all between start and end character), if its check word is right.
+bool IsRequest(std::string_view content) {
+    constexpr std::size_t kReadLength = 8;  // "REaaaaHH", one more where HH is above FF
+    if (content.starts_with("RE")) return content.size() == kReadLength || content.size() == kReadLength + 1;
+    return content == "RD" || content == "RR" || content.starts_with('W');
+}
+
+// The content of a body (all between start and end character), if its check word is right and it is a
+// request.
 std::optional<std::string> CheckedContent(int code, std::string_view addressCharacters,
                                           std::string_view body) {
     if (body.size() < addressCharacters.size() + 2) return std::nullopt;
     const std::string_view covered = body.substr(0, body.size() - 2);
     if (body.substr(covered.size()) != CheckWord(code, covered)) return std::nullopt;
-    return std::string(covered.substr(addressCharacters.size()));
+    const std::string_view content = covered.substr(addressCharacters.size());
+    return IsRequest(content) ? std::optional<std::string>(content) : std::nullopt;
 }
 
 }  // namespace

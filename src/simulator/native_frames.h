@@ -21,8 +21,9 @@ std::string CheckWord(int code, std::string_view covered);
 
 std::string AddressCharacters(int address);
 
-// Command and data of a request for that address, nothing if the frame is for another one or its check is
-// wrong. The frame begins with the start and ends with the end character.
+// Command and data of a request for that address, nothing if the frame is for another one, its check is wrong
+// or it is no request. Zeros at the end of a frame of code 13 can be fill, check word or data: the first
+// reading that is a request counts. The frame begins with the start and ends with the end character.
 std::optional<std::string> ContentOfRequest(int code, int address, std::string_view frame);
 
 std::string MakeReply(int code, int address, std::string_view content, char end = kFrameEnd);

@@ -31,7 +31,7 @@ std::optional<unsigned> ByteAt(std::string_view code, std::size_t index) {
 std::string SignAndMagnitude(double value) {
     constexpr double kLargest = 32767;
     const auto magnitude = static_cast<unsigned>(std::min(std::round(std::fabs(value)), kLargest));
-    const unsigned word = magnitude | (value < 0 ? 0x8000U : 0U);
+    const unsigned word = magnitude | (value < 0 && magnitude != 0 ? 0x8000U : 0U);
     return HexByte(word) + HexByte(word >> 8);
 }
 
@@ -52,6 +52,25 @@ std::string Float(double value) {
 std::string Total(double value) {
     const double hundreds = std::floor(value / 100);
     return Float(hundreds) + Float(value - hundreds * 100);
+}
+
+std::string WholeNumber(double value, int size) {
+    const double largest = std::ldexp(1.0, std::min(8 * size, 53)) - 1;  // of what a double holds exactly
+    auto number = static_cast<std::uint64_t>(std::clamp(std::round(value), 0.0, largest));
+    std::string code;
+    for (int i = 0; i < size; ++i, number /= 256)
+        code.insert(0, HexByte(static_cast<unsigned>(number % 256)));
+    return code;
+}
+
+std::optional<double> ValueOfWholeNumber(std::string_view code) {
+    double value = 0;
+    for (std::size_t i = 0; i < code.size() / 2; ++i) {
+        const auto byte = ByteAt(code, i);
+        if (!byte) return std::nullopt;
+        value = value * 256 + *byte;
+    }
+    return value;
 }
 
 std::optional<double> ValueOfFloat(std::string_view code) {
@@ -79,18 +98,16 @@ std::optional<double> ValueOfWord(std::string_view code) {
 
 std::string CodeOfValue(double value, int size) {
     switch (size) {
-        case 1: return HexByte(static_cast<unsigned>(std::clamp(std::round(value), 0.0, 255.0)));
         case 2: return SignAndMagnitude(value);
         case 4: return Float(value);
         case 8: return Total(value);
-        default: return {};
+        default: return WholeNumber(value, size);
     }
 }
 
 std::optional<double> ValueOfCode(std::string_view code, int size) {
     if (code.size() != 2 * static_cast<std::size_t>(size)) return std::nullopt;
     switch (size) {
-        case 1: return ByteAt(code, 0);
         case 2: return ValueOfWord(code);
         case 4: return ValueOfFloat(code);
         case 8: {
@@ -99,7 +116,7 @@ std::optional<double> ValueOfCode(std::string_view code, int size) {
             if (!hundreds || !rest) return std::nullopt;
             return *hundreds * 100 + *rest;
         }
-        default: return std::nullopt;
+        default: return ValueOfWholeNumber(code);
     }
 }
 

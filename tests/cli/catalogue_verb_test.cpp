@@ -43,8 +43,8 @@ TEST_F(CatalogueVerbTest, LeavesACatalogueThatIsThere) {
 }
 
 TEST_F(CatalogueVerbTest, FolderThatCannotBeMadeIsAProblem) {
-    EXPECT_TRUE(
-        IsProblem(RunCommand({"catalogue", "create", "/dev/null/x"}), 3, "实时错误 '76': 路径未找到"));
+    EXPECT_TRUE(IsProblem(RunCommand({"catalogue", "create", "/dev/null/x"}), 3,
+                          "实时错误 '76': 路径未找到 不能建立 /dev/null/x，请检查名称和权限"));
 }
 
 }  // namespace

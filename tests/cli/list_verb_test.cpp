@@ -15,7 +15,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using testing::IsProblem;
-using ::testing::Not;
 using testing::Outcome;
 using testing::RunCommand;
 using testing::RunInFolder;
@@ -69,6 +68,20 @@ TEST(ListVerb, UnknownNamesAreBadUsage) {
                           "缺少选项 --instrument。用法请看 commtest-cli list --help"));
 }
 
+TEST(ListVerb, WithoutAFolderTheUsersOwnIsMadeOnce) {
+    QTemporaryDir data;
+    const QByteArray former = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", data.path().toUtf8());
+    const Outcome first = RunCommand({"list", "protocols"});
+    const Outcome second = RunCommand({"list", "protocols"});
+    qputenv("XDG_DATA_HOME", former);
+    EXPECT_EQ(first.status, 0);
+    EXPECT_EQ(first.problems, "已建立程序文件夹 " + data.path().toStdString() + "/CommTest\n");
+    EXPECT_EQ(second.status, 0);
+    EXPECT_EQ(second.problems, "");
+    EXPECT_EQ(second.results, first.results);
+}
+
 TEST(ListVerb, MissingCatalogueIsAProblemAndMakesNoFile) {
     QTemporaryDir folder;
     const QString file = folder.filePath(QString::fromUtf8("通讯数据.mdb"));
@@ -76,7 +89,7 @@ TEST(ListVerb, MissingCatalogueIsAProblemAndMakesNoFile) {
     EXPECT_TRUE(
         IsProblem(outcome, 3,
                   "数据库错误: " + file.toStdString() +
-                      "：数据库文件不存在。请检查 --folder，或用 commtest-cli catalogue create 新建目录"));
+                      "：数据库文件不存在 请检查 --folder，或用 commtest-cli catalogue create 新建目录"));
     EXPECT_FALSE(QFile::exists(file));
 }
 

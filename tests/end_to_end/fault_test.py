@@ -19,7 +19,7 @@ class FaultTest(CommandLineTest):
 
     def test_faults_of_every_kind(self):
         counts = self.check(400, "--seed", "5", "--drop", "0.01", "--truncate", "0.01", "--corrupt", "0.1",
-                            "--split", "0.1", "--delay", "0.02")
+                            "--split", "0.03", "--delay", "0.01")
         for fault in ("dropped", "truncated", "corrupted", "split", "delayed"):
             self.assertGreater(counts[fault], 0, fault)
 
@@ -27,7 +27,7 @@ class FaultTest(CommandLineTest):
         self.assertEqual(self.check(300, "--corrupt", "1")["corrupted"], 300)
 
     def test_every_reply_comes_in_pieces(self):
-        self.assertEqual(self.check(40, "--split", "1")["split"], 40)
+        self.assertEqual(self.check(20, "--split", "1")["split"], 20)
 
 
 if __name__ == "__main__":

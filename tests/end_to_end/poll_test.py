@@ -72,8 +72,8 @@ class PollTest(CommandLineTest):
     def test_group_is_as_long_as_it_is_asked_to_be(self):
         with self.simulate() as simulator:
             run = self.poll(simulator.device, "--command", 60, "--count", 4, "--exchanges", 1)
-        # The count of the run reaches 4: three rows of one, one and two bytes, the first one counted twice.
-        self.assertIn("发送: @01RE002004", run.output)
+        # Rows of 1, 1, 2 and 2 bytes: the first counts twice, the last not at all, and 4 is passed with the third.
+        self.assertIn("发送: @01RE00200511", run.output)
 
     def test_other_native_protocols_and_addresses(self):
         for instrument in (PLAIN, SUM, FILLED):
@@ -98,6 +98,13 @@ class PollTest(CommandLineTest):
         self.assertEqual((run.status, run.problems), (1, ""))
         self.assertIn("无应答 1 次; 错误率 100.00 %", run.output)
         self.assertIsNotNone(re.search("仪表无应答  注意：", run.output))
+
+    def test_run_time_error_ends_the_poll(self):
+        # Under this protocol the reading of row after row does not go back to the top.
+        with self.simulate(instrument=FILLED) as simulator:
+            run = self.poll(simulator.device, "--command", 50, instrument=FILLED)
+        self.assertEqual((run.status, run.problems), (1, "实时错误 '9': 下标越界\n"))
+        self.assertIn("\n总计通讯: ", run.output)
 
     def test_program_folder_gets_no_file(self):
         before = sorted(self.folder.iterdir())

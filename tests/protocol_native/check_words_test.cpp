@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/native_bench.h"
+#include "protocol_native/instrument_bench.h"
 #include "support/error_of.h"
 
 namespace commtest {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/native_bench.h"
+#include "protocol_native/instrument_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
@@ -12,7 +12,7 @@ namespace {
 using testing::BehindFiveCommands;
 using testing::CharactersOf;
 using testing::ErrorOf;
-using testing::NativeBench;
+using testing::InstrumentBench;
 using testing::TestParameter;
 
 // Rows 6 and 7 are dynamic, row 8 is the first with "RW", row 14 the last of the grid.
@@ -37,9 +37,9 @@ std::vector<TestParameter> ParametersWithLengthInAddress() {
     return rows;
 }
 
-struct ReadBench : NativeBench {
+struct ReadBench : InstrumentBench {
     explicit ReadBench(int code)
-        : NativeBench(code, code == 12 ? ParametersWithLengthInAddress() : Parameters()) {}
+        : InstrumentBench(code, code == 12 ? ParametersWithLengthInAddress() : Parameters()) {}
 };
 
 // --- Static and dynamic reads ---
@@ -354,7 +354,7 @@ TEST(NativeSingleRead, EmptyAddressColumnGivesCode12AShortFrame) {
 TEST(NativeSingleRead, BringsTheRowIntoView) {
     std::vector<TestParameter> parameters = Parameters();
     parameters.resize(29, {u"参数", u"0050", u"2", u"RW", u"0"});
-    NativeBench bench(11, parameters);
+    InstrumentBench bench(11, parameters);
     bench.Form().CurrentRow = 15;
     bench.Poll(60);
     EXPECT_EQ(bench.Rows().TopRow, 1) << "a group read does not scroll";
@@ -374,7 +374,7 @@ struct GroupBench : ReadBench {
         SetCell(row, col, text);
         return *this;
     }
-    std::string Poll() { return NativeBench::Poll(60); }
+    std::string Poll() { return InstrumentBench::Poll(60); }
 };
 
 TEST(NativeGroupRead, CountsTheFirstRowTwiceAndTheLastOneNever) {

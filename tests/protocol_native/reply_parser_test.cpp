@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "protocol_native/native_bench.h"
+#include "protocol_native/instrument_bench.h"
 #include "session/grid_rows.h"
 #include "session/toolbar_commands.h"
 
@@ -14,17 +14,17 @@ namespace {
 using testing::BehindFiveCommands;
 using testing::CharactersOf;
 using testing::FrameOf;
-using testing::NativeBench;
+using testing::InstrumentBench;
 
 constexpr const char* kGoodReply = "@01RDC800646E\r";  // 200 for row 6, half of row 7
 constexpr int kDynamicRow = 6;
 
-struct ParserBench : NativeBench {
+struct ParserBench : InstrumentBench {
     explicit ParserBench(int code = 11)
-        : NativeBench(code, BehindFiveCommands({{u"测量值", u"0010", u"2", u"D", u"0"},
-                                                {u"流量", u"0012", u"2", u"D", u"0"},
-                                                {u"上限", u"0020", u"2", u"RW", u"0"},
-                                                {u"下限", u"0022", u"2", u"RW", u"0"}})) {
+        : InstrumentBench(code, BehindFiveCommands({{u"测量值", u"0010", u"2", u"D", u"0"},
+                                                    {u"流量", u"0012", u"2", u"D", u"0"},
+                                                    {u"上限", u"0020", u"2", u"RW", u"0"},
+                                                    {u"下限", u"0022", u"2", u"RW", u"0"}})) {
         Form().LogLine = u"<";
     }
     std::string Line() { return ToUtf8(Form().LogLine); }
@@ -278,7 +278,7 @@ TEST(ParseTqReply, ErrorInsideTheWalkIsPassedOver) {
 // --- Answers in several parts ---
 
 struct PartsBench : ParserBench {
-    explicit PartsBench() {
+    PartsBench() {
         Form().SetRunning(true);
         Form().SendText = FrameOf("@01RD17\r");
         Form().RxEventCount = 3;

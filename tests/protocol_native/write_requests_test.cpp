@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/native_bench.h"
+#include "protocol_native/instrument_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
@@ -12,7 +12,7 @@ namespace {
 using testing::BehindFiveCommands;
 using testing::CharactersOf;
 using testing::ErrorOf;
-using testing::NativeBench;
+using testing::InstrumentBench;
 using testing::TestParameter;
 
 std::vector<TestParameter> Parameters() {
@@ -33,8 +33,8 @@ constexpr int kDecimalPoint = 11;
 constexpr int kTwoDecimals = 12;
 constexpr int kCommand = 3;
 
-struct WriteBench : NativeBench {
-    explicit WriteBench(int code) : NativeBench(code, Parameters()) {
+struct WriteBench : InstrumentBench {
+    explicit WriteBench(int code) : InstrumentBench(code, Parameters()) {
         Form().SendText = u" 40";
         Form().InputText.SetVisible(true);
     }
@@ -187,7 +187,7 @@ TEST(NativeWrite, FillOfCode13StandsReadyInTheBuilder) {
 // --- From the entry to the line ---
 
 TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
-    NativeBench bench(11, Parameters());
+    InstrumentBench bench(11, Parameters());
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
     bench.WillReply({"@01##01\r", "@01RD17\r"});
@@ -197,7 +197,7 @@ TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
 }
 
 TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
-    NativeBench bench(12, Parameters());
+    InstrumentBench bench(12, Parameters());
     bench.SetCell(kTwoBytes, column::kAddress, u"2123");
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
@@ -206,7 +206,7 @@ TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
 }
 
 TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
-    NativeBench bench(11, Parameters());
+    InstrumentBench bench(11, Parameters());
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
     bench.TypeAndEnter(u"1235");
@@ -218,7 +218,7 @@ TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
 }
 
 TEST(NativeWriteOnTheLine, EntryThatIsNoNumberSendsAndStartsNothing) {
-    NativeBench bench(11, Parameters());
+    InstrumentBench bench(11, Parameters());
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"12a");
     EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{"实时错误 '13':\r\n\r\n类型不匹配"});
@@ -229,7 +229,7 @@ TEST(NativeWriteOnTheLine, EntryThatIsNoNumberSendsAndStartsNothing) {
 }
 
 TEST(NativeWriteOnTheLine, Code13SendsWhateverFrameStands) {
-    NativeBench bench(13, Parameters());
+    InstrumentBench bench(13, Parameters());
     bench.Form().SendText = testing::FrameOf("@01RD17\r");
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");

@@ -229,7 +229,7 @@ void SetWallClock(BenchSession& bench, const std::string& text) {
 
 void SetUp(BenchSession& bench, const Json& dialogue) {
     MainForm& form = bench.Form();
-    if (dialogue.contains("recordings")) throw NotBuiltYet{"recordings"};
+    if (!dialogue.value("recordings", Json::array()).empty()) throw NotBuiltYet{"recordings"};
     SetWallClock(bench, dialogue.value("clock", "2024-05-06 12:00:00"));
     if (dialogue.contains("random")) bench.line.RandomNumbers = dialogue["random"].get<std::vector<double>>();
     for (const Json& answer : dialogue.value("answers", Json::array()))

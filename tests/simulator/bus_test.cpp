@@ -98,6 +98,9 @@ TEST(Bus, NewRequestEndsAReplyInParts) {
     EXPECT_EQ(line.Ask("@02RD14\r"), "@02RD00C800646D\r");
     EXPECT_EQ(line.Ask("\n"), "");
     line.Ask("@01RR01\r");
+    line.Ask("@09RD1F\r");  // for nobody here
+    EXPECT_EQ(line.Ask("\n"), "");
+    line.Ask("@01RR01\r");
     EXPECT_EQ(line.Ask("@01RR01\r"), "@01RR01C88004A0000006\n");
 }
 

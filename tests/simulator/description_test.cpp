@@ -49,6 +49,32 @@ TEST(ReadDescription, InstrumentsWithoutAnAddressAreNumbered) {
     EXPECT_EQ(instruments[1].Address(), 2);
 }
 
+TEST(ReadDescription, GivesWhatInstrumentsDoNotSayThemselves) {
+    std::vector<Instrument> instruments = ReadDescription(
+        "11000101 | first\n"
+        "one | 0020 | 1 | RW | 0\n"
+        "two | 0021 | 1 | RW | 0\n"
+        "11000102 | second | | 0\n"
+        "one | 0020 | 1 | RW | 0\n"
+        "two | 0021 | 1 | RW | 0\n",
+        "bench.txt", {.firstAddress = 7, .partLength = 1});
+    EXPECT_EQ(instruments[0].Address(), 7);
+    EXPECT_EQ(instruments[1].Address(), 8);
+    EXPECT_EQ(instruments[0].AnswerTo("RR", 0).parts.size(), 2U);
+    EXPECT_EQ(instruments[1].AnswerTo("RR", 0).parts.size(), 1U);
+}
+
+TEST(RefuseSharedAddresses, NamesBothInstruments) {
+    const auto instruments = ReadDescription("11000101 | first | 5\n13000101 | second | 5\n", "bench.txt");
+    try {
+        RefuseSharedAddresses(instruments);
+        FAIL() << "accepted";
+    } catch (const DescriptionError& error) {
+        EXPECT_STREQ(error.what(), "address 5: expected one instrument, found \"first\" and \"second\"");
+    }
+    RefuseSharedAddresses({instruments[0]});
+}
+
 struct Mistake {
     std::string text;
     std::string message;

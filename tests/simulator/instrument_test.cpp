@@ -83,6 +83,16 @@ TEST(ParameterRead, IsRefusedWhereNoParameterIs) {
     }
 }
 
+TEST(ParameterRead, CountMayHaveThreeDigits) {
+    Instrument instrument = Sample();
+    EXPECT_EQ(Ask(instrument, "RE0010100"), "RED204D28403");
+}
+
+TEST(ParameterRead, OfAParameterThatCanOnlyBeWrittenIsRefused) {
+    Instrument instrument(11, 1, "write-only", {Fixed("0020", "2", "W", 1)});
+    EXPECT_EQ(Ask(instrument, "RE002002"), "**");
+}
+
 TEST(ParameterRead, UnderCode12TheAddressHasThreeDigitsBehindAZero) {
     Instrument instrument = SampleOfCode12();
     EXPECT_EQ(Ask(instrument, "RE002002"), "REF401");
@@ -129,6 +139,8 @@ TEST(Write, IsRefusedAndChangesNothing) {
         "W20099D204",              // no such parameter
         "W8002704B0000000800000",  // cannot be written
         "W1001403",                //
+        "W30000010203",            // a command has no address
+        "W10021D204",              // another length
         "W1002101",                // another length
         "W20021D2",                // too short
         "W20021D20400",            // too long
@@ -153,6 +165,13 @@ TEST(Command, IsAcceptedWhereTheListHasIt) {
 
     Instrument without(11, 1, "no commands", {Fixed("0010", "2", "RW", 1)});
     for (const char* content : {"W3", "W4", "W5D204"}) EXPECT_EQ(Ask(without, content), "**") << content;
+}
+
+TEST(Command, ValueIsHeldAgainstItsLimits) {
+    Instrument instrument(11, 1, "password", {Fixed("0000", "5", "W", 0, 0, 9999)});
+    EXPECT_EQ(Ask(instrument, "W50F27"), "##");  // 9999
+    EXPECT_EQ(Ask(instrument, "W51027"), "**");  // 10000
+    EXPECT_EQ(Ask(instrument, "W5ZZZZ"), "**");
 }
 
 TEST(Values, LiveBetweenTwoReads) {

@@ -32,6 +32,7 @@ TEST(ContentOfRequest, IsWhatStandsBetweenAddressAndCheckWord) {
         {12, 1, "@01RDF7\r", "RD"},
         {13, 1, "@01RD1700\r", "RD"},
         {13, 1, "@01RD170000\r", "RD"},
+        {13, 1, "@01RR010000\r", "RR"},  // "00" would be a right check word of "RR01", too
         {11, 10, "@0ARE01230264\r", "RE012302"},
         {11, 1, "@01W2012300C81F\r", "W2012300C8"},
         {12, 1, "@01W2020026400A8\r", "W2020026400"},
@@ -50,6 +51,7 @@ TEST(ContentOfRequest, IsNothingForAnotherAddressOrAWrongFrame) {
         {12, 1, "@01RD17\r", {}},    //
         {13, 1, "@01RD17\r", {}},    // without its fill
         {11, 1, "@01RD1700\r", {}},  // with a fill
+        {11, 16, "@100RD27\r", {}},  // for address 256
         {11, 1, "@01RD17", {}},      // without its end
         {11, 1, "01RD17\r", {}},     // without its start
         {11, 1, "@\r", {}},         {11, 1, "\r", {}}, {13, 1, "@00\r", {}},

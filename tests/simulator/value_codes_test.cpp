@@ -47,6 +47,16 @@ TEST(CodeOfValue, WholeNumbersAreRoundedAndHeldInTheirRange) {
     EXPECT_EQ(CodeOfValue(-40000, 2), "FFFF");
 }
 
+TEST(CodeOfValue, NegativeValueThatRoundsToZeroHasNoSign) { EXPECT_EQ(CodeOfValue(-0.3, 2), "0000"); }
+
+TEST(CodeOfValue, OtherSizesAreWholeNumbersHighByteFirst) {
+    EXPECT_EQ(CodeOfValue(5, 3), "000005");
+    EXPECT_EQ(CodeOfValue(66051, 3), "010203");
+    EXPECT_EQ(CodeOfValue(1e9, 3), "FFFFFF");
+    EXPECT_EQ(ValueOfCode("010203", 3), 66051);
+    EXPECT_EQ(ValueOfCode("01020G", 3), std::nullopt);
+}
+
 TEST(ValueOfCode, ReadsWhatIsWritten) {
     const Code codes[] = {
         {200, 1, "C8"},

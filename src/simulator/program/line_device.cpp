@@ -1,12 +1,12 @@
 #include "simulator/program/line_device.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 
 namespace simulator {
@@ -55,7 +55,7 @@ void LineDevice::OpenTerminal() {
 }
 
 void LineDevice::MakeLink(const std::string& link) {
-    unlink(link.c_str());
+    if (std::filesystem::is_symlink(link)) unlink(link.c_str());
     if (symlink(path_.c_str(), link.c_str()) != 0) Fail(link);
     link_ = link;
 }
@@ -63,7 +63,8 @@ void LineDevice::MakeLink(const std::string& link) {
 std::string LineDevice::Read() const {
     char buffer[1024];
     const ssize_t count = read(handle_, buffer, sizeof buffer);
-    if (count < 0 && errno != EAGAIN && errno != EINTR) Fail(path_);
+    if (count == 0) errno = ENODEV;
+    if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR)) Fail(path_);
     return count > 0 ? std::string(buffer, static_cast<std::size_t>(count)) : std::string();
 }
 
@@ -74,8 +75,7 @@ void LineDevice::Write(const std::string& bytes) const {
         if (count > 0) {
             sent += static_cast<std::size_t>(count);
         } else if (errno == EAGAIN) {
-            pollfd room{handle_, POLLOUT, 0};
-            poll(&room, 1, 100);
+            return;
         } else if (errno != EINTR) {
             Fail(path_);
         }

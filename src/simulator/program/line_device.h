@@ -8,7 +8,8 @@ namespace simulator {
 // blocking. Raises std::system_error naming what could not be had.
 class LineDevice {
   public:
-    // An empty path makes a pseudo-terminal; a link of that name leads to it as long as it lives.
+    // An empty path makes a pseudo-terminal; a link of that name leads to it as long as it lives. A link that
+    // was left there is replaced, anything else stays and is an error.
     LineDevice(const std::string& device, const std::string& link);
     ~LineDevice();
     LineDevice(const LineDevice&) = delete;
@@ -17,8 +18,9 @@ class LineDevice {
     int Handle() const { return handle_; }
     const std::string& Path() const { return path_; }  // what the host opens
 
-    // What has come; empty if nothing waits.
+    // What has come; empty if nothing waits. Raises std::system_error if the device is gone.
     std::string Read() const;
+    // What does not fit because nobody reads is lost, as on a wire.
     void Write(const std::string& bytes) const;
 
   private:

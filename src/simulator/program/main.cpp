@@ -39,14 +39,17 @@ sigset_t CatchEndSignals() {
     return waiting;
 }
 
-std::vector<Instrument> ReadInstruments(const std::vector<std::string>& files) {
+std::vector<Instrument> ReadInstruments(const std::vector<std::string>& files, int partLength) {
     std::vector<Instrument> all;
     for (const std::string& file : files) {
         std::ifstream in(file);
         if (!in) throw DescriptionError(file + ": cannot be read");
         const std::string text{std::istreambuf_iterator<char>(in), {}};
-        for (Instrument& instrument : ReadDescription(text, file)) all.push_back(std::move(instrument));
+        const DescriptionDefaults defaults{static_cast<int>(all.size()) + 1, partLength};
+        for (Instrument& instrument : ReadDescription(text, file, defaults))
+            all.push_back(std::move(instrument));
     }
+    RefuseSharedAddresses(all);
     return all;
 }
 
@@ -110,12 +113,16 @@ void WriteCounts(const Bus& bus, const std::string& file) {
 }
 
 int Run(const Options& options) {
-    Bus bus(ReadInstruments(options.descriptions), options.rates, options.seed, options.turnaroundMs);
+    Bus bus(ReadInstruments(options.descriptions, options.partLength), options.rates, options.seed,
+            options.turnaroundMs);
     const sigset_t waitingMask = CatchEndSignals();
-    {
-        const LineDevice device(options.device, options.link);
-        std::cout << device.Path() << std::endl;
+    const LineDevice device(options.device, options.link);
+    std::cout << device.Path() << std::endl;
+    try {
         Player(bus, device).PlayUntilEnded(waitingMask);
+    } catch (const std::system_error&) {
+        WriteCounts(bus, options.counts);  // what was played counts, although the device is gone
+        throw;
     }
     WriteCounts(bus, options.counts);
     return 0;

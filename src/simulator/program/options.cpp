@@ -12,6 +12,9 @@ const char* const kUsage =
     "Plays instruments of the native protocol on a pseudo-terminal, whose path is the first line of its "
     "output.\n"
     "  --description FILE  the instruments, see docs/simulator.md\n"
+    "  --catalogue-list FILE  the same: a parameter list of the catalogue is a description\n"
+    "  --part-length N     data bytes in a part of a static reply, where the description names none (0: "
+    "all)\n"
     "  --device PATH       plays on this device in place of a pseudo-terminal\n"
     "  --link PATH         makes a symbolic link to the pseudo-terminal, taken away at the end\n"
     "  --turnaround MS     pause before every reply (0)\n"
@@ -42,6 +45,9 @@ using Setter = std::function<void(const std::string& value)>;
 std::map<std::string, Setter> SettersOf(Options& options) {
     std::map<std::string, Setter> setters = {
         {"--description", [&](const std::string& value) { options.descriptions.push_back(value); }},
+        {"--catalogue-list", [&](const std::string& value) { options.descriptions.push_back(value); }},
+        {"--part-length",
+         [&](const std::string& value) { options.partLength = NumberOf("--part-length", value, 0, 65535); }},
         {"--device", [&](const std::string& value) { options.device = value; }},
         {"--link", [&](const std::string& value) { options.link = value; }},
         {"--counts", [&](const std::string& value) { options.counts = value; }},

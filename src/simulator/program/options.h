@@ -17,6 +17,7 @@ struct Options {
     FaultRates rates;
     std::uint64_t seed = 1;
     int turnaroundMs = 0;
+    int partLength = 0;
     bool help = false;
 };
 

@@ -28,9 +28,9 @@ inline std::vector<TestParameter> BehindFiveCommands(const std::vector<TestParam
 }
 
 // A bench with one instrument of the native family, chosen, at address 1; the session is stopped.
-class NativeBench : public BenchSession {
+class InstrumentBench : public BenchSession {
   public:
-    NativeBench(int code, const std::vector<TestParameter>& parameters) {
+    InstrumentBench(int code, const std::vector<TestParameter>& parameters) {
         const Text protocol(Form().protocols.Of(code).name);
         Add(u"仪表", protocol, WholeText(code) + u"0100", parameters);
         Choose(protocol, u"仪表");
