@@ -28,23 +28,20 @@ struct PollOptions {
     bool isStrict = false;
 };
 
-const OptionList& PollOptionList() {
-    static const OptionList kOptions = [] {
-        OptionList options = LineOptionList();
-        options.insert(
-            options.end(),
-            {{u"command", u"代码",
-              u"读取方式: 10 动态数据，20 静态数据，31 动态/静态交替，40 本行，50 逐个，60 多个", u"31"},
-             {u"count", u"字节数", u"一次读取多个参数时的数据字节数", u"16"},
-             {u"exchanges", u"N", u"通讯 N 次后结束"},
-             {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
-             {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
-             {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
-              u"text"},
-             {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
-        return options;
-    }();
-    return kOptions;
+OptionList PollOptionList() {
+    OptionList options = LineOptionList();
+    options.insert(
+        options.end(),
+        {{u"command", u"代码",
+          u"读取方式: 10 动态数据，20 静态数据，31 动态/静态交替，40 本行，50 逐个，60 多个", u"31"},
+         {u"count", u"字节数", u"一次读取多个参数时的数据字节数", u"16"},
+         {u"exchanges", u"N", u"通讯 N 次后结束"},
+         {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
+         {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
+         {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
+          u"text"},
+         {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
+    return options;
 }
 
 int CommandOf(const Arguments& arguments) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "protocol_native/read_requests.h"
+#include "protocol_native/reply_parser.h"
+#include "protocol_native/write_requests.h"
 #include "runtime/hex_text.h"
 #include "session/address.h"
 #include "session/frame_end.h"
@@ -79,12 +82,20 @@ TEST(ProtocolTable, RowsStandInTheOrderOfTheirCodesABaseNameBeforeItsVariants) {
         EXPECT_EQ(Protocols().rows.at(i).code, Rows()[i].code) << i;
 }
 
-TEST(ProtocolTable, NativeProtocolsReadAndParseAndTheirPartsContinueOnALineFeed) {
-    for (const int code : {11, 12, 13}) {
-        const Protocol& row = Protocols().Of(code);
-        EXPECT_NE(row.buildRead, nullptr) << code;
-        EXPECT_NE(row.parseReply, nullptr) << code;
-        EXPECT_TRUE(row.continuesOnLineFeed) << code;
+struct NativeRow {
+    int code;
+    void (*buildRead)(MainForm&);
+    void (*buildWrite)(MainForm&);
+};
+
+TEST(ProtocolTable, NativeProtocolsShareAParserAndDifferInTheirBuilders) {
+    for (const NativeRow& expected : {NativeRow{11, BuildTqReadRequest, BuildTqWriteRequest},
+                                      NativeRow{12, BuildTqGroupReadRequest, BuildTqWriteRequestTwo},
+                                      NativeRow{13, BuildTqReadRequest, nullptr}}) {
+        const Protocol& row = Protocols().Of(expected.code);
+        EXPECT_EQ(row.buildRead, expected.buildRead) << expected.code;
+        EXPECT_EQ(row.buildWrite, expected.buildWrite) << expected.code;
+        EXPECT_EQ(row.parseReply, ParseTqReply) << expected.code;
     }
 }
 
@@ -92,12 +103,6 @@ TEST(ProtocolTable, OnlyNativeProtocolsContinueOnALineFeed) {
     for (const Protocol& row : Protocols().rows) {
         EXPECT_EQ(row.continuesOnLineFeed, row.code < 20) << row.code;
     }
-}
-
-TEST(ProtocolTable, ProtocolsThatCannotBeWrittenHaveNoWriteBuilder) {
-    for (const int code : {13, 22, 23, 33, 42, 51})
-        EXPECT_EQ(Protocols().Of(code).buildWrite, nullptr) << code;
-    for (const int code : {11, 12}) EXPECT_NE(Protocols().Of(code).buildWrite, nullptr) << code;
 }
 
 TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndParseNothing) {

@@ -5,6 +5,7 @@
 
 #include "session/grid_editing.h"
 #include "session/operation_menus.h"
+#include "support/form_bench.h"
 #include "support/native_instrument.h"
 
 namespace commtest {
@@ -48,6 +49,21 @@ TEST(NewSession, HasAButtonForEachProtocolRowOfTheCatalogue) {
     EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11, 12, 13, 21, 22, 23, 31, 32, 33, 34, 35, 41, 42, 51));
     EXPECT_EQ(form.ConMeterType.Captions, form.ConCommTypeList.Items());
     EXPECT_EQ(ToUtf8(form.ConMeterType.Captions.at(13)), "ModBus-RTU协议-M46T");
+}
+
+TEST(LoadCatalogueLists, LoadsProtocolsDataTypesAndTheLayoutOfTheGrid) {
+    testing::FormBench bench;
+    const auto add = [&](const Text& use, const Text& number, const Text& field, const Text& width) {
+        bench.store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
+                            {use, number, field, width, u"0", u"0"});
+    };
+    add(u"协议规定", u"1", u"TQ仪表协议", u"11");
+    add(u"数据类型", u"1", u"原码", u"0");
+    add(u"仪表通信", u"2", u"地址", u"700");
+    LoadCatalogueLists(bench.form);
+    EXPECT_THAT(bench.form.ConCommTypeList.Items(), ElementsAre(u"TQ仪表协议"));
+    EXPECT_THAT(bench.form.ConDataTypeList.Items(), ElementsAre(u"原码"));
+    EXPECT_EQ(bench.form.ParameterGrid().Column(2).width, 700);
 }
 
 // --- The handlers ---

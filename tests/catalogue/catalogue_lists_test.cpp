@@ -119,6 +119,15 @@ TEST_F(CatalogueLists, TabThreeShowsTheRecordings) {
     EXPECT_EQ(form.MSHFlexGrid1[1].Rows(), 0);
 }
 
+TEST_F(CatalogueLists, HeadingIsAColumnsNameAlsoWhereTheEngineNamesItsTableToo) {
+    bench.store->Execute(u"PRAGMA short_column_names = OFF");
+    bench.store->Execute(u"PRAGMA full_column_names = ON");
+    AddInstrument(1, u"仪表甲", u"1101");
+    form.SSTab2.Show(2);
+    SSTab2_Click(form);
+    EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[1].Cell(0, 9)), "编号");
+}
+
 TEST_F(CatalogueLists, RowsBeyond999KeepTheirNumber) {
     for (int i = 1; i <= 1000; ++i)
         AddRecording(*bench.store, u"仪表甲", FromUtf8(std::to_string(i)), u" 40");

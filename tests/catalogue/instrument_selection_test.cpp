@@ -246,6 +246,14 @@ TEST_F(InstrumentSelection, InstrumentCodeComesFromTheCatalogue) {
     EXPECT_EQ(ToUtf8(form.MeterCodeText), "11020304");
 }
 
+TEST_F(InstrumentSelection, OfTwoInstrumentsOfOneNameTheFirstParameterGivesTheCode) {
+    bench.Add(u"A表", kNative, u"1102", Parameters(1));
+    bench.Add(u"A表", kNative, u"1101", Parameters(2));
+    ClickProtocol(kNative);
+    EXPECT_EQ(ToUtf8(form.MeterCodeText), "1102");
+    EXPECT_EQ(bench.Cell(3, 1), "参数2");
+}
+
 TEST_F(InstrumentSelection, FirstDataRowIsTheFirstRowThatIsExactlyReadableAndWritable) {
     bench.Add(u"A表", kNative, u"1101",
               {{u"甲", u"0000", u"3", u"W", u"0"},

@@ -61,14 +61,14 @@ TEST_F(QtTimersTest, IntervalOfZeroTicksWheneverTheLoopIsFree) {
     timer.SetInterval(0);
     Drive();
     timer.SetEnabled(true);
-    EXPECT_LT(TimeOfTicks(100), 1000);
+    EXPECT_LT(TimeOfTicks(1000), 900);
 }
 
 TEST_F(QtTimersTest, NegativeIntervalCountsAsZero) {
     timer.SetInterval(-5);
     Drive();
     timer.SetEnabled(true);
-    EXPECT_LT(TimeOfTicks(100), 1000);
+    EXPECT_LT(TimeOfTicks(1000), 900);
 }
 
 TEST_F(QtTimersTest, DisablingInATickEndsTheTicks) {

@@ -86,6 +86,14 @@ TEST(ConMeterAddr_Change, DoubledAddressAbove127ShowsOneAndKeepsItsTooLargeSumUn
     EXPECT_EQ(ToUtf8(bench.Form().AddressText), " 82 82");
 }
 
+TEST(ConMeterAddr_Change, DoubledAddressOf127IsTheLastThatFits) {
+    BenchSession bench;
+    bench.Choose(u"TQ特殊仪表协议-NOVAX", u"");
+    bench.Form().ConMeterAddr.Set(u"127");
+    EXPECT_EQ(ToUtf8(bench.Form().ConMeterAddr.Value()), "127");
+    EXPECT_EQ(ToUtf8(bench.Form().AddressText), " FF FF");
+}
+
 TEST(ConMeterAddr_Change, Code13KeepsTheAddressOfTheProtocolBefore) {
     NativeBench bench;
     bench.Form().ConMeterAddr.Set(u"5");

@@ -175,10 +175,12 @@ TEST_F(DecimalPoint, ReferenceMayStandInTheFirstOrTheLastRow) {
     EXPECT_EQ(Applied(u"1234", kReading), "1.234");
 }
 
-TEST_F(DecimalPoint, HeadingsAreNoReference) {
+TEST_F(DecimalPoint, HeadingsAreNoReferenceAndDoNotEndTheSearch) {
     SetDecimals(u"0002");
     SetReference(0, u"小数点", u"0002", u"1");
     EXPECT_EQ(Applied(u"1234", kReading), "12.34");
+    SetReference(7, u"小数点", u"0002", u"3");
+    EXPECT_EQ(Applied(u"1234", kReading), "1.234");
 }
 
 // --- The grid's redraw ---
@@ -194,6 +196,12 @@ TEST_F(DecimalPoint, EmptyValueStaysAndTouchesNoRedraw) {
     SetDecimals(u"2");
     grid.Redraw = false;
     EXPECT_EQ(Applied(u"", kReading), "");
+    EXPECT_FALSE(grid.Redraw);
+}
+
+TEST_F(DecimalPoint, FailureLeavesTheRedrawOff) {
+    SetDecimals(u"2");
+    EXPECT_EQ(ErrorOfApplying(u"abc"), 13);
     EXPECT_FALSE(grid.Redraw);
 }
 

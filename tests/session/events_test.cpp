@@ -88,6 +88,7 @@ TEST(PortIsLost, EndsTheSessionAndTellsItOnceWithTheReason) {
     bench.line.RunUntil(350);
     PortIsLost(form, u"COM1 拔出");
     EXPECT_FALSE(form.IsRunning());
+    EXPECT_FALSE(form.Timer1[1].Enabled());
     EXPECT_FALSE(bench.line.PortOpen());
     EXPECT_FALSE(bench.files.ErrorFileIsOpen());
     EXPECT_EQ(ToUtf8(form.StatusBar1[1].Value()), "串口设置:  COM1  9600,N,8,1   状态:  关闭");

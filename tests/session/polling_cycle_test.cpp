@@ -267,8 +267,8 @@ TEST_F(PollingCycle, IdleTickFollowsTheBaudRateWithoutAFloor) {
     }
 }
 
-TEST_F(PollingCycle, BaudRateThatIsNoNumberOrZeroEndsTheTickWithItsTimerOff) {
-    for (const Text& baud : {Text(u"快"), Text(u""), Text(u"0"), Text(u"0.5")}) {
+TEST_F(PollingCycle, BaudRateThatGivesNoTickLengthEndsTheTickWithItsTimerOff) {
+    for (const Text& baud : {Text(u"快"), Text(u""), Text(u"0"), Text(u"0.5"), Text(u"4")}) {
         SCOPED_TRACE(ToUtf8(baud));
         NativeBench each;
         each.Form().ConCommSetting[1].Set(baud);
