@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "protocol_native/native_protocols.h"
+#include "protocol_special/hct615d_request.h"
 #include "session/address.h"
 #include "session/frame_end.h"
 
@@ -69,8 +70,8 @@ ProtocolTable MakeTable() {
     }
     std::sort(table.rows.begin(), table.rows.end(),
               [](const Protocol& a, const Protocol& b) { return a.code < b.code; });
-    // A code without a row polls with the builder of code 42 and has neither end rule nor parser.
-    table.defaultRow.buildRead = table.Of(42).buildRead;
+    // A code without a row polls with the request of code 42 and has neither end rule nor parser.
+    table.defaultRow.buildRead = BuildHct615dReadRequest;
     return table;
 }
 

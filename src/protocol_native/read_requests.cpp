@@ -1,5 +1,6 @@
 #include "protocol_native/read_requests.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "protocol_native/check_words.h"
@@ -187,7 +188,8 @@ void FindReadableRow(MainForm& form) {
 }
 
 void FillFrameEnd(MainForm& form) {
-    form.SendText = Left(form.SendText, Len(form.SendText) - 3) + u" 30 30 0d";
+    constexpr int kEndByte = 3;
+    form.SendText = Left(form.SendText, std::max(Len(form.SendText) - kEndByte, 0)) + u" 30 30 0d";
 }
 
 }  // namespace commtest

@@ -14,7 +14,6 @@ using testing::BenchSession;
 using ::testing::ElementsAre;
 using testing::ErrorOf;
 using ::testing::IsEmpty;
-using ::testing::StartsWith;
 using testing::TestParameter;
 
 const Text kNative = u"TQ仪表协议";

@@ -30,6 +30,7 @@ struct NotBuiltYet {
 Text TextOf(const Json& value) { return FromUtf8(value.get<std::string>()); }
 
 Text FieldText(const Json& value) {
+    if (value.is_null()) return {};
     return value.is_string() ? TextOf(value) : WholeText(value.get<std::int64_t>());
 }
 
@@ -113,7 +114,7 @@ const std::map<std::string, Action>& Actions() {
         {"button4", [](BenchSession& b, const Json&) { b.Press(4); }},
         {"toolbar", [](BenchSession& b, const Json& a) { b.Press(a["index"].get<int>()); }},
         {"click", [](BenchSession& b, const Json& a) { b.Click(a["row"].get<int>(), a["col"].get<int>()); }},
-        {"type", [](BenchSession& b, const Json& a) { b.Form().InputText.Set(TextOf(a["text"])); }},
+        {"type", [](BenchSession& b, const Json& a) { b.Form().InputText.Set(FieldText(a["text"])); }},
         {"enter", [](BenchSession& b,
                      const Json&) { Happen(b, [](MainForm& f) { InputText_KeyDown(f, key::kEnter); }); }},
         {"escape", [](BenchSession& b,
@@ -162,7 +163,7 @@ const std::map<std::string, Action>& Actions() {
         {"comm_setting",
          [](BenchSession& b, const Json& a) {
              Happen(b, [&](MainForm& f) {
-                 f.ConCommSetting[a["index"].get<std::size_t>()].Set(TextOf(a["text"]));
+                 f.ConCommSetting[a["index"].get<std::size_t>()].Set(FieldText(a["text"]));
                  ConCommSetting_LostFocus(f);
              });
          }},
@@ -205,7 +206,7 @@ class Peer {
         }
         if (next_ >= entries_.size()) return {};
         const Json& entry = entries_[next_++];
-        return entry.is_object() ? Reply(entry["reply"]) : std::vector<Arrival>();
+        return entry.is_object() ? Reply(entry.value("reply", Json())) : std::vector<Arrival>();
     }
 
   private:
@@ -231,9 +232,10 @@ void SetUp(BenchSession& bench, const Json& dialogue) {
     MainForm& form = bench.Form();
     if (!dialogue.value("recordings", Json::array()).empty()) throw NotBuiltYet{"recordings"};
     SetWallClock(bench, dialogue.value("clock", "2024-05-06 12:00:00"));
-    if (dialogue.contains("random")) bench.line.RandomNumbers = dialogue["random"].get<std::vector<double>>();
+    const auto random = dialogue.value("random", std::vector<double>());
+    if (!random.empty()) bench.line.RandomNumbers = random;
     for (const Json& answer : dialogue.value("answers", Json::array()))
-        bench.dialogs.Answers.push_back(TextOf(answer));
+        bench.dialogs.Answers.push_back(FieldText(answer));
     bench.line.Occupied = dialogue.value("port_occupied", false);
     AddCatalogue(bench, dialogue["catalogue"]);
     bench.line.Answer =
@@ -393,6 +395,8 @@ int Run(const char* path) {
     BenchSession bench;
     SetUp(bench, dialogue);
     bench.line.RunUntil(dialogue.value("stop_at", std::int64_t{3000}));
+    // What is not there yet says so to the user.
+    if (!bench.Form().StatusNote.Value().empty()) throw NotBuiltYet{ToUtf8(bench.Form().StatusNote.Value())};
     std::cout << TraceOf(bench).dump(1) << '\n';
     return 0;
 }

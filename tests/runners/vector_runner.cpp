@@ -11,6 +11,7 @@
 #include "numbers/bit_text.h"
 #include "numbers/register_codecs.h"
 #include "protocol_native/check_words.h"
+#include "protocol_special/hct615d_request.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
@@ -72,6 +73,13 @@ Json CallAddressText(const Json& in) {
     return {{"AddressText", ToUtf8(form.AddressText)}, {"ConMeterAddr", ToUtf8(form.ConMeterAddr.Value())}};
 }
 
+Json CallBuildHct615dReadRequest(const Json& in) {
+    testing::BenchSession bench;
+    bench.Form().AddressText = TextAt(in, 0);
+    BuildHct615dReadRequest(bench.Form());
+    return ToUtf8(bench.Form().SendText);
+}
+
 Json CallApplyDecimalPoint(const Json& in) {
     testing::BenchSession bench;
     Grid& grid = bench.Form().ParameterGrid();
@@ -108,6 +116,7 @@ const std::map<std::string, Routine>& Routines() {
         {"TestCRCWordTqTwo", CallTest<TestCRCWordTqTwo>},
         {"AddressText", CallAddressText},
         {"ApplyDecimalPoint", CallApplyDecimalPoint},
+        {"BuildHct615dReadRequest", CallBuildHct615dReadRequest},
     };
     return routines;
 }

@@ -13,7 +13,6 @@ namespace {
 using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using testing::NativeBench;
 using testing::ShownBox;
 using ::testing::SizeIs;

@@ -10,12 +10,10 @@
 namespace commtest {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::ErrorOf;
 using testing::FormBench;
 using testing::Happen;
 using testing::NativeBench;
-using testing::ShownBox;
 using ::testing::SizeIs;
 
 class IntervalTimer : public ::testing::Test {

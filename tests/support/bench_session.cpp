@@ -63,11 +63,12 @@ void BenchSession::Add(const Text& name, const Text& protocol, const Text& code,
 }
 
 void BenchSession::Choose(const Text& protocol, const Text& instrument) {
-    RunEvent(Form(), [&] {
-        MainForm& form = Form();
+    Happen(*this, [&](MainForm& form) {
         form.ConCommTypeList.Set(protocol);
         RunIfSet(form.ConCommTypeList.Click);
-        if (instrument.empty() || form.ConMeterName[0].Value() == instrument) return;
+    });
+    if (instrument.empty() || Form().ConMeterName[0].Value() == instrument) return;
+    Happen(*this, [&](MainForm& form) {
         form.ConMeterName[0].Set(instrument);
         RunIfSet(form.ConMeterName[0].Click);
     });
