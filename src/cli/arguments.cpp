@@ -33,7 +33,7 @@ int Arguments::WholeNumber(QStringView option, int least, int most) const {
     bool isNumber = false;
     const int number = Value(option).toInt(&isNumber);
     if (!isNumber || number < least || number > most) {
-        throw BadValue(option, u"%1 到 %2 的整数"_s.arg(least).arg(most));
+        throw BadValue(option, u" %1 到 %2 的整数"_s.arg(least).arg(most));
     }
     return number;
 }

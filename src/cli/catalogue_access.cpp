@@ -36,8 +36,13 @@ QString ProgramFolderOf(const Arguments& arguments, Console& console) {
     if (beside.exists(QString::fromStdU16String(Text(kCatalogueFileName)))) return beside.path();
     const QString own =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/CommTest"_s;
-    if (CreateProgramFolder(own.toStdU16String(), FillWithShippedCatalogue)) {
-        console.Tell(u"已建立程序文件夹 %1"_s.arg(own));
+    try {
+        if (CreateProgramFolder(own.toStdU16String(), FillWithShippedCatalogue)) {
+            console.Tell(u"已建立程序文件夹 %1"_s.arg(own));
+        }
+    } catch (const RuntimeError& error) {
+        throw Problem(ExitStatus::NoAccess, u"%1 不能建立程序文件夹 %2，请用 --folder 指定"_s.arg(
+                                                QString::fromStdU16String(error.StandardMessage()), own));
     }
     return own;
 }
@@ -48,7 +53,7 @@ void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
     } catch (const RuntimeError& error) {
         throw Problem(ExitStatus::NoAccess,
                       QString::fromStdU16String(error.StandardMessage()) +
-                          u" 请检查 --folder，或用 commtest-cli catalogue create 新建目录"_s);
+                          u" 请检查 --folder，或用 commtest-cli catalogue create 在另一个文件夹新建目录"_s);
     }
 }
 

@@ -27,7 +27,7 @@ void LeaveAddressBehind(MainForm& form) {
 }
 
 void RequireBuilt(const MainForm& form) {
-    if (form.ProtocolInUse().buildRead != nullptr) return;
+    if (form.ProtocolInUse().IsBuilt()) return;
     throw Problem(ExitStatus::BadUsage,
                   u"协议 \"%1\" 的通讯尚未提供。可用协议请看 commtest-cli list protocols"_s.arg(
                       QString::fromStdU16String(form.ConCommTypeList.Value())));

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace commtest {
@@ -15,8 +16,10 @@ constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
 int pipeEnds[2] = {-1, -1};
 
 void WakeEventLoop(int) {
+    const int formerError = errno;
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(pipeEnds[1], &byte, 1);
+    errno = formerError;
 }
 
 }  // namespace
@@ -31,7 +34,12 @@ Interrupt::Interrupt(std::function<void()> handler) {
     struct sigaction action = {};
     action.sa_handler = WakeEventLoop;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
-    for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &action, &former_[i]);
+    for (std::size_t i = 0; i < kSignals.size(); ++i) {
+        sigaction(kSignals[i], &action, &former_[i]);
+        // A program that was started to outlive its terminal (nohup) goes on.
+        const bool outlivesTerminal = kSignals[i] == SIGHUP && former_[i].sa_handler == SIG_IGN;
+        if (outlivesTerminal) sigaction(SIGHUP, &former_[i], nullptr);
+    }
 }
 
 Interrupt::~Interrupt() {

@@ -20,7 +20,7 @@ Table ProtocolTableOf(Store& store) {
     const StoreRows protocols = InstrumentCatalogue(store).ProtocolList();
     for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
         const Text code = protocols.At(row, 1);
-        const bool isBuilt = Protocols().Of(LeadingWholeNumber(code)).buildRead != nullptr;
+        const bool isBuilt = Protocols().Of(LeadingWholeNumber(code)).IsBuilt();
         table.rows.push_back({code, Trim(protocols.At(row, 0)), isBuilt ? u"是" : u"否"});
     }
     return table;

@@ -20,7 +20,7 @@ Problem CannotWrite(const QFile& file) {
 
 RecordStream::RecordStream(Console& console, bool showsBlocks, const QString& fileName)
     : console_(console), showsBlocks_(showsBlocks), file_(fileName) {
-    if (!fileName.isEmpty() && !file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!fileName.isEmpty() && !file_.open(QIODevice::Append | QIODevice::Unbuffered))
         throw CannotWrite(file_);
 }
 
@@ -30,17 +30,25 @@ void RecordStream::Add(TextView block) {
 
 bool RecordStream::Flush() {
     const std::string blocks = std::exchange(waiting_, {});
-    if (blocks.empty()) return file_.error() == QFile::NoError;
-    if (showsBlocks_) {
-        console_.Print(blocks);
-        console_.Flush();
-    }
-    if (file_.isOpen()) file_.write(blocks.data(), static_cast<qint64>(blocks.size()));
-    return file_.error() == QFile::NoError;
+    if (blocks.empty()) return FileIsGood();
+    if (showsBlocks_) console_.Print(blocks);
+    const bool isOut = !showsBlocks_ || console_.Flush();
+    WriteToFile(blocks);
+    return isOut && FileIsGood();
 }
 
 void RecordStream::Finish() {
-    if (!Flush()) throw CannotWrite(file_);
+    Flush();
+    if (!FileIsGood()) throw CannotWrite(file_);
 }
+
+// What stood in the file goes with the first block, not before there is one.
+void RecordStream::WriteToFile(const std::string& blocks) {
+    if (!file_.isOpen()) return;
+    if (!std::exchange(hasBegun_, true)) file_.resize(0);
+    file_.write(blocks.data(), static_cast<qint64>(blocks.size()));
+}
+
+bool RecordStream::FileIsGood() const { return file_.error() == QFile::NoError; }
 
 }  // namespace commtest

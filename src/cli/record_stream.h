@@ -12,21 +12,26 @@ namespace commtest {
 // They wait here until Flush, a few of them at a time.
 class RecordStream {
   public:
-    // Begins the file of that name anew, none if the name is empty; a Problem if it cannot be written.
+    // The file of that name begins anew with the first block; none if the name is empty. A Problem if it
+    // cannot be written.
     RecordStream(Console& console, bool showsBlocks, const QString& fileName);
 
     void Add(TextView block);
 
-    // False once the file takes no more.
+    // False once the file or the results take no more.
     bool Flush();
 
-    // The last flush; a Problem if anything could not be written.
+    // The last flush; a Problem if the file could not be written.
     void Finish();
 
   private:
+    void WriteToFile(const std::string& blocks);
+    bool FileIsGood() const;
+
     Console& console_;
     bool showsBlocks_;
     QFile file_;
+    bool hasBegun_ = false;  // the file
     std::string waiting_;
 };
 

@@ -60,8 +60,11 @@ QString ReasonOfPermission(const QString& device) {
         return u"设备 %1 正被%2使用。请先结束那个程序"_s.arg(
             device, holder.isEmpty() ? u"另一个程序"_s : u"程序 %1 "_s.arg(holder));
     }
+    const QFileInfo info(device);
+    const bool groupHelps = info.permission(QFile::ReadGroup | QFile::WriteGroup) && info.group() != u"root";
+    if (!groupHelps) return u"没有读写设备 %1 的权限。请管理员放开它的权限"_s.arg(device);
     return u"没有读写设备 %1 的权限。请把用户加入 %2 组 (sudo usermod -aG %2 用户名)，重新登录后再试"_s.arg(
-        device, QFileInfo(device).group());
+        device, info.group());
 }
 
 }  // namespace

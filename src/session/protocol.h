@@ -28,6 +28,9 @@ struct Protocol {
     void (*composeAddress)(MainForm&) = nullptr;                    // AddressText from ConMeterAddr
     void (*showFrameAddress)(MainForm&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
     void (*appendCheckWord)(HexText&) = nullptr;
+
+    // Whether instruments of this protocol can be polled: it is known, and its family is built.
+    bool IsBuilt() const { return code != 0 && buildRead != nullptr; }
 };
 
 // The rows stand in app/protocol_table.cpp.

@@ -17,7 +17,7 @@ std::optional<Behaviour> Behaviour::Read(std::string_view words) {
     if (name == "constant" && numbers.size() == 1) return Constant(numbers[0]);
     if (name == "counter" && numbers.size() == 2) return Behaviour(Kind::Counter, numbers[0], numbers[1], 1);
     if (numbers.size() != 3) return std::nullopt;
-    if (name == "walk") return with(Kind::Walk);
+    if (name == "walk" && numbers[2] >= 0) return with(Kind::Walk);
     if (numbers[2] <= 0) return std::nullopt;
     if (name == "ramp") return with(Kind::Ramp);
     if (name == "sine") return with(Kind::Sine);

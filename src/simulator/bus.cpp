@@ -8,6 +8,8 @@ namespace simulator {
 
 namespace {
 
+constexpr std::size_t kLongestFrame = 4096;  // what comes beyond it is no request
+
 void Add(InstrumentCounts& total, const InstrumentCounts& one) {
     total.requests += one.requests;
     total.continueBytes += one.continueBytes;
@@ -61,7 +63,7 @@ std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs) {
             Continue(out);
             continue;
         }
-        frame_ += byte;
+        if (frame_.size() < kLongestFrame) frame_ += byte;
         if (byte != kFrameEnd) continue;
         TakeFrame(timeMs, out);
         frame_.clear();

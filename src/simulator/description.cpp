@@ -1,6 +1,7 @@
 #include "simulator/description.h"
 
 #include <charconv>
+#include <cmath>
 #include <map>
 #include <sstream>
 
@@ -58,7 +59,8 @@ class Line {
         if (text.empty()) return std::nullopt;
         double value = 0;
         const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-        if (error != std::errc() || stop != text.data() + text.size()) Refuse("a limit", index);
+        const bool isNumber = error == std::errc() && stop == text.data() + text.size();
+        if (!isNumber || !std::isfinite(value)) Refuse("a limit", index);
         return value;
     }
 
@@ -73,7 +75,8 @@ Parameter ParameterOf(const Line& line) {
     if (parameter.address.size() != 4 || !IsAll(parameter.address, kHexDigits)) {
         line.Refuse("an address of four hexadecimal digits", 1);
     }
-    if (!IsAll(parameter.length, kDigits)) line.Refuse("a length in bytes", 2);
+    if (parameter.length.size() != 1 || !IsAll(parameter.length, kDigits))
+        line.Refuse("a length of one digit", 2);
     if (!IsAll(parameter.attribute, "RDWS")) line.Refuse("an attribute of the letters R, D, W, S", 3);
     if (line.At(7).empty()) return parameter;
     parameter.behaviour = Behaviour::Read(line.At(7));
@@ -104,7 +107,7 @@ class Reader {
 
     void Take(const Fields& fields, const Line& line) {
         if (BeginsInstrument(fields)) {
-            Finish();
+            CloseInstrument();
             const int nextAddress = defaults_.firstAddress + static_cast<int>(heads_.size());
             heads_.push_back(HeadOf(line, nextAddress, defaults_.partLength));
         } else if (heads_.empty()) {
@@ -115,16 +118,19 @@ class Reader {
     }
 
     std::vector<Instrument> Finish() {
-        if (!heads_.empty() && instruments_.size() < heads_.size()) {
-            const Head& head = heads_.back();
-            instruments_.emplace_back(head.code, head.address, head.name, std::move(parameters_),
-                                      head.partLength);
-            parameters_.clear();
-        }
-        return instruments_;
+        CloseInstrument();
+        return std::move(instruments_);
     }
 
   private:
+    void CloseInstrument() {
+        if (heads_.empty()) return;
+        const Head& head = heads_.back();
+        instruments_.emplace_back(head.code, head.address, head.name, std::move(parameters_),
+                                  head.partLength);
+        parameters_.clear();
+    }
+
     DescriptionDefaults defaults_;
     std::vector<Head> heads_;
     std::vector<Parameter> parameters_;

@@ -112,7 +112,13 @@ TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndParseNothing) {
         EXPECT_EQ(row.buildRead, nullptr) << code;
         EXPECT_EQ(row.buildWrite, nullptr) << code;
         EXPECT_EQ(row.parseReply, nullptr) << code;
+        EXPECT_FALSE(row.IsBuilt()) << code;
     }
+}
+
+TEST(ProtocolTable, NativeCodesAreBuiltAndUnknownOnesAreNot) {
+    for (const int code : {11, 12, 13}) EXPECT_TRUE(Protocols().Of(code).IsBuilt()) << code;
+    for (const int code : {0, 14, 99}) EXPECT_FALSE(Protocols().Of(code).IsBuilt()) << code;
 }
 
 TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoParserNoMenuAndNoAddress) {

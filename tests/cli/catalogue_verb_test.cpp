@@ -29,17 +29,31 @@ TEST_F(CatalogueVerbTest, MakesAProgramFolder) {
     EXPECT_TRUE(QDir(folder + QString::fromUtf8("/自动保存通讯记录")).exists());
 }
 
+QByteArray ContentOf(const QString& name) {
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 TEST_F(CatalogueVerbTest, LeavesACatalogueThatIsThere) {
+    RunCommand({"catalogue", "create", folder});
+    const QByteArray before = ContentOf(file);
+    const Outcome outcome = RunCommand({"catalogue", "create", folder});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.results, file.toStdString() + " 已存在，没有改动\n");
+    EXPECT_FALSE(before.isEmpty());
+    EXPECT_EQ(ContentOf(file), before);
+}
+
+TEST_F(CatalogueVerbTest, FileOfThatNameThatIsNoCatalogueIsKeptAndTold) {
     QDir().mkpath(folder);
     QFile own(file);
     ASSERT_TRUE(own.open(QIODevice::WriteOnly));
     own.write("own");
     own.close();
     const Outcome outcome = RunCommand({"catalogue", "create", folder});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.results, file.toStdString() + " 已存在，没有改动\n");
-    ASSERT_TRUE(own.open(QIODevice::ReadOnly));
-    EXPECT_EQ(own.readAll(), "own");
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.results, "");
+    EXPECT_EQ(ContentOf(file), "own");
 }
 
 TEST_F(CatalogueVerbTest, FolderThatCannotBeMadeIsAProblem) {

@@ -21,11 +21,11 @@ TEST(PollVerb, WrongValuesAreBadUsageInOneLine) {
         QStringList words;
         const char* line;
     } rows[] = {
-        {{"--address", "x"}, "选项 --address 的值 \"x\" 不对，应为0 到 65535 的整数"},
-        {{"--address", "-1"}, "选项 --address 的值 \"-1\" 不对，应为0 到 65535 的整数"},
-        {{"--interval", "1.5"}, "选项 --interval 的值 \"1.5\" 不对，应为0 到 3600000 的整数"},
-        {{"--count", "0"}, "选项 --count 的值 \"0\" 不对，应为1 到 32767 的整数"},
-        {{"--exchanges", "0"}, "选项 --exchanges 的值 \"0\" 不对，应为1 到 2000000000 的整数"},
+        {{"--address", "x"}, "选项 --address 的值 \"x\" 不对，应为 0 到 65535 的整数"},
+        {{"--address", "-1"}, "选项 --address 的值 \"-1\" 不对，应为 0 到 65535 的整数"},
+        {{"--interval", "1.5"}, "选项 --interval 的值 \"1.5\" 不对，应为 0 到 3600000 的整数"},
+        {{"--count", "0"}, "选项 --count 的值 \"0\" 不对，应为 1 到 32767 的整数"},
+        {{"--exchanges", "0"}, "选项 --exchanges 的值 \"0\" 不对，应为 1 到 2000000000 的整数"},
         {{"--seconds", "0"}, "选项 --seconds 的值 \"0\" 不对，应为大于 0 的秒数"},
         {{"--seconds", "soon"}, "选项 --seconds 的值 \"soon\" 不对，应为大于 0 的秒数"},
         {{"--command", "33"}, "选项 --command 的值 \"33\" 不对，应为 10、20、31、40、50、60"},

@@ -56,6 +56,23 @@ TEST_F(RecordStreamTest, FileHoldsTheSameTextAndBeginsAnew) {
     EXPECT_EQ(results.str(), "");
 }
 
+TEST_F(RecordStreamTest, FileOfAnEarlierRunStaysUntilTheFirstBlock) {
+    QFile file(fileName);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("of an earlier run");
+    file.close();
+    RecordStream record(console, false, fileName);
+    record.Finish();
+    EXPECT_EQ(FileContent(), "of an earlier run");
+}
+
+TEST_F(RecordStreamTest, ResultsThatTakeNoMoreEndTheFlushing) {
+    results.setstate(std::ios::badbit);
+    RecordStream record(console, true, {});
+    record.Add(u"a");
+    EXPECT_FALSE(record.Flush());
+}
+
 TEST_F(RecordStreamTest, FileThatCannotBeOpenedIsAProblem) {
     const QString wrong = folder.filePath(QStringLiteral("none/record.txt"));
     try {

@@ -24,7 +24,7 @@ TEST(WriteVerb, RowAndValueAreNeeded) {
     EXPECT_TRUE(IsProblem(Write({"--row", "13"}), 2, "缺少选项 --value。用法请看 commtest-cli write --help"));
     EXPECT_TRUE(
         IsProblem(Write({"--row", "0", "--value", "1"}), 2,
-                  "选项 --row 的值 \"0\" 不对，应为1 到 32767 的整数。用法请看 commtest-cli write --help"));
+                  "选项 --row 的值 \"0\" 不对，应为 1 到 32767 的整数。用法请看 commtest-cli write --help"));
 }
 
 TEST(WriteVerb, RowWithoutWIsRefused) {

@@ -103,7 +103,8 @@ class PollTest(CommandLineTest):
         # Under this protocol the reading of row after row does not go back to the top.
         with self.simulate(instrument=FILLED) as simulator:
             run = self.poll(simulator.device, "--command", 50, instrument=FILLED)
-        self.assertEqual((run.status, run.problems), (1, "实时错误 '9': 下标越界\n"))
+        self.assertEqual((run.status, run.problems), (
+            1, "实时错误 '9': 下标越界 通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表\n"))
         self.assertIn("\n总计通讯: ", run.output)
 
     def test_program_folder_gets_no_file(self):

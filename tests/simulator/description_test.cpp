@@ -94,7 +94,7 @@ TEST(ReadDescription, TellsFileLineWhatWasExpectedAndWhatStoodThere) {
          "bench.txt:2: expected an address of four hexadecimal digits, found \"20\""},
         {head + "\none | 00G0 | 1 | RW | 0\n",
          "bench.txt:3: expected an address of four hexadecimal digits, found \"00G0\""},
-        {head + "one | 0020 | x | RW | 0\n", "bench.txt:2: expected a length in bytes, found \"x\""},
+        {head + "one | 0020 | x | RW | 0\n", "bench.txt:2: expected a length of one digit, found \"x\""},
         {head + "one | 0020 | 1 | RX | 0\n",
          "bench.txt:2: expected an attribute of the letters R, D, W, S, found \"RX\""},
         {head + "one\n", "bench.txt:2: expected an address of four hexadecimal digits, found \"\""},

@@ -31,11 +31,12 @@ sigset_t CatchEndSignals() {
     sigset_t both;
     sigset_t waiting;
     sigemptyset(&both);
-    for (const int signal : {SIGTERM, SIGINT}) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         sigaction(signal, &action, nullptr);
         sigaddset(&both, signal);
     }
     sigprocmask(SIG_BLOCK, &both, &waiting);
+    signal(SIGPIPE, SIG_IGN);  // nobody may read the output any more; the counts then say so
     return waiting;
 }
 
@@ -43,7 +44,8 @@ std::vector<Instrument> ReadInstruments(const std::vector<std::string>& files, i
     std::vector<Instrument> all;
     for (const std::string& file : files) {
         std::ifstream in(file);
-        if (!in) throw DescriptionError(file + ": cannot be read");
+        if (!in || in.peek() == std::ifstream::traits_type::eof())
+            throw DescriptionError(file + ": cannot be read");
         const std::string text{std::istreambuf_iterator<char>(in), {}};
         const DescriptionDefaults defaults{static_cast<int>(all.size()) + 1, partLength};
         for (Instrument& instrument : ReadDescription(text, file, defaults))
@@ -104,12 +106,13 @@ class Player {
 
 void WriteCounts(const Bus& bus, const std::string& file) {
     if (file.empty()) {
-        std::cout << bus.CountsAsJson() << std::endl;
+        if (!(std::cout << bus.CountsAsJson() << std::endl))
+            throw std::runtime_error("the counts cannot be written");
         return;
     }
     std::ofstream out(file);
     out << bus.CountsAsJson() << '\n';
-    if (!out) throw std::runtime_error(file + ": cannot be written");
+    if (!out.flush()) throw std::runtime_error(file + ": cannot be written");
 }
 
 int Run(const Options& options) {

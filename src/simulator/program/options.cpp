@@ -32,7 +32,7 @@ Number NumberOf(const std::string& name, const std::string& text, Number lowest,
     Number value{};
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     const bool isNumber = error == std::errc() && stop == text.data() + text.size();
-    if (!isNumber || value < lowest || value > highest) {
+    if (!isNumber || !(value >= lowest && value <= highest)) {
         std::ostringstream message;
         message << name << ": \"" << text << "\" is no number from " << lowest << " to " << highest;
         throw UsageError(message.str());
