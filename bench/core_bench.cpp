@@ -31,7 +31,7 @@ const std::vector<TestParameter>& Parameters() {
     return parameters;
 }
 
-std::string Framed(std::string frame) {
+std::string Framed(const std::string& frame) {
     Text hex = u" 40";
     for (const char c : frame) AppendHexByte(hex, static_cast<unsigned char>(c));
     MakeCRCWordTq(hex);

@@ -75,7 +75,8 @@ QString HolderOf(const QString& device) {
 }
 
 QString ReasonOfFailedOpen(const QString& device, const QSerialPort& port, const Text& settings) {
-    if (port.error() == QSerialPort::DeviceNotFoundError) {
+    // A device that is not there can be locked by its name all the same.
+    if (port.error() == QSerialPort::DeviceNotFoundError || !QFileInfo::exists(device)) {
         return u"设备 %1 不存在。请检查接线和设备名"_s.arg(device);
     }
     if (port.error() == QSerialPort::PermissionError) return ReasonOfPermission(device);

@@ -84,8 +84,8 @@ TEST(PollVerb, ProtocolThatIsNotBuiltYetIsRefused) {
 }
 
 TEST(PollVerb, PortThatCannotBeOpenedIsToldWithTheReason) {
-    EXPECT_TRUE(IsProblem(Poll({"--port", "COM1=/dev/no-such-port", "--exchanges", "1"}), 3,
-                          "系统串口被占用,无法打开！ 设备 /dev/no-such-port 不存在。请检查接线和设备名"));
+    EXPECT_TRUE(IsProblem(Poll({"--port", "COM1=/dev/no-port-to-poll", "--exchanges", "1"}), 3,
+                          "系统串口被占用,无法打开！ 设备 /dev/no-port-to-poll 不存在。请检查接线和设备名"));
     EXPECT_TRUE(
         IsProblem(Poll({"--port", "com998"}), 3,
                   "系统串口被占用,无法打开！ 本机没有第 998 个串口。请接上串口，或指定设备: COM998=设备"));

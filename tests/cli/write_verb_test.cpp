@@ -16,7 +16,7 @@ const QStringList kInstrument = {"--protocol", QString::fromUtf8("TQ仪表协议
 // No frame leaves in these tests: the port does not exist.
 Outcome Write(const QStringList& words) {
     return RunInFolder(QStringList("write") + kInstrument + words +
-                       QStringList{"--port", "COM1=/dev/no-such-port"});
+                       QStringList{"--port", "COM1=/dev/no-port-to-write"});
 }
 
 TEST(WriteVerb, RowAndValueAreNeeded) {
@@ -56,7 +56,7 @@ TEST(WriteVerb, ValueBeyondTheRowIsRefusedBeforeThePortIsTouched) {
 }
 
 TEST(WriteVerb, PortThatCannotBeOpenedIsToldWithTheReason) {
-    const char* const line = "系统串口被占用,无法打开！ 设备 /dev/no-such-port 不存在。请检查接线和设备名";
+    const char* const line = "系统串口被占用,无法打开！ 设备 /dev/no-port-to-write 不存在。请检查接线和设备名";
     EXPECT_TRUE(IsProblem(Write({"--row", "13", "--value", "1"}), 3, line));
     EXPECT_TRUE(IsProblem(Write({"--row", "1", "--value", "-1"}), 3, line));
 }

@@ -11,10 +11,10 @@ from programs import CLI, PLAIN, CommandLineTest
 
 class ProblemTest(CommandLineTest):
     def test_port_that_is_not_there(self):
-        run = self.poll("/dev/no-such-port")
+        run = self.poll("/dev/no-port-to-tell")
         self.assertEqual((run.status, run.output), (3, ""))
         self.assertEqual(run.problem_lines,
-                         ["系统串口被占用,无法打开！ 设备 /dev/no-such-port 不存在。请检查接线和设备名"])
+                         ["系统串口被占用,无法打开！ 设备 /dev/no-port-to-tell 不存在。请检查接线和设备名"])
 
     def test_port_that_another_program_holds(self):
         with self.simulate() as simulator:
