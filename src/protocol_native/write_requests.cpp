@@ -35,10 +35,9 @@ void CloseFrame(MainForm& form, void (*makeCheckWord)(HexText&)) {
 // The command digit in the length column decides. An unknown digit leaves the former frame standing, which is
 // then converted once more: the garbage that goes out is what these instruments have always been sent.
 void PutCommand(MainForm& form, const Text& digit, Text value) {
-    constexpr int kSignAndMagnitude = 0;
     if (digit == u"3" || digit == u"4") form.SendText = u"W" + digit;
     if (digit == u"5") {
-        ValueToCommCode(value, kSignAndMagnitude);
+        ValueToCommCode(value, register_format::kSignMagnitudeSwapped);
         form.SendText = u"W5" + value;
     }
 }

@@ -1,5 +1,7 @@
 #include "session/instrument_codec.h"
 
+#include "numbers/register_codecs.h"
+
 namespace commtest {
 
 namespace {
@@ -9,12 +11,14 @@ constexpr int kUnchanged = -1;
 }  // namespace
 
 int WriteFormatOfLength(TextView length) {
-    if (length == u"1") return 7;
-    if (length == u"2") return 0;
-    if (length == u"4") return 2;
+    if (length == u"1") return register_format::kOneByte;
+    if (length == u"2") return register_format::kSignMagnitudeSwapped;
+    if (length == u"4") return register_format::kCustomFloat;
     return kUnchanged;
 }
 
-int ReadFormatOfLength(TextView length) { return length == u"8" ? 8 : WriteFormatOfLength(length); }
+int ReadFormatOfLength(TextView length) {
+    return length == u"8" ? register_format::kAccumulated : WriteFormatOfLength(length);
+}
 
 }  // namespace commtest
