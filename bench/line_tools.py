@@ -39,7 +39,7 @@ class Simulator:
 
     def __init__(self, build, folder, *faults):
         self.link = folder / "line"
-        command = [build / "src/simulator/instrument-simulator", "--link", self.link, "--description", DESCRIPTION]
+        command = [build / "bin/instrument-simulator", "--link", self.link, "--description", DESCRIPTION]
         self.process = subprocess.Popen(words([*command, *faults]), stdout=subprocess.PIPE, encoding="utf-8")
         self.process.stdout.readline()
 
@@ -52,7 +52,7 @@ class Bench:
     """A program folder with the shipped catalogue, and the command line over it."""
 
     def __init__(self, build, folder):
-        self.cli = build / "src/cli/commtest-cli"
+        self.cli = build / "bin/commtest-cli"
         self.folder = folder
         run([self.cli, "catalogue", "create", folder])
         listing = run([self.cli, "list", "instruments", "--folder", folder, "--protocol", PROTOCOL,

@@ -17,6 +17,16 @@ function(commtest_library name)
     target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE commtest_warnings)
 endfunction()
 
+# commtest_program(NAME SOURCE ... [DEPENDS lib ...]): a program that people start. All stand in bin/, so that one
+# finds the other beside itself.
+function(commtest_program name)
+    cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    target_compile_definitions(${name} PRIVATE COMMTEST_VERSION="${PROJECT_VERSION}")
+    target_link_libraries(${name} PRIVATE ${arg_DEPENDS} commtest_warnings)
+endfunction()
+
 # commtest_tests(NAME [DEPENDS lib ...]): one GoogleTest program of the folder's *_test.cpp.
 function(commtest_tests name)
     cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})

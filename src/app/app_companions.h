@@ -14,9 +14,15 @@ class AppCompanions : public Companions {
     bool NextSearchStep(MainForm& form) override;
     void ImportParameterList(MainForm& form) override;
     void ExportParameterLists(MainForm& form) override;
+    void ExportCurrentTable(MainForm& form) override;
+    void ExportAllTables(MainForm& form) override;
+    void ReloadParameters(MainForm& form) override;
     void OpenToolWindow(MainForm& form) override;
     void Leave(MainForm& form) override;
+    void FindCommMeter(MainForm& form) override;
     void LoadRecording(MainForm& form, int row) override;
+    void ChangeRecording(MainForm& form, int entry, int row) override;
+    void ShowChipFilePanel(MainForm& form) override;
     void ShowChipRecord(MainForm& form, int row) override;
 };
 

@@ -1,6 +1,7 @@
 #include "app/session.h"
 
 #include "app/protocol_table.h"
+#include "app/startup.h"
 #include "catalogue/catalogue_lists.h"
 #include "catalogue/instrument_selection.h"
 #include "session/address.h"
@@ -12,6 +13,7 @@ namespace commtest {
 namespace {
 
 void WireHandlers(MainForm& form) {
+    form.ConDelayTime.Change = [&form] { ChangeTime_Change(form); };
     form.ConMeterAddr.Change = [&form] { ConMeterAddr_Change(form); };
     form.ConCommTypeList.Click = [&form] { ConCommTypeList_Click(form); };
     form.ConMeterType.Click = [&form](int index) { ConMeterType_Click(form, index); };

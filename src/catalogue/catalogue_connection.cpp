@@ -1,8 +1,7 @@
 #include "catalogue/catalogue_connection.h"
 
-#include <array>
-
 #include "catalogue/catalogue_schema.h"
+#include "catalogue/update_check.h"
 #include "host/file_names.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
@@ -14,17 +13,43 @@ namespace {
 constexpr int kServerMode = 0;
 constexpr int kLocalMode = 1;
 
-// The values of the first four lines, each behind the first blank of its line; a missing line has none.
-std::array<Text, 4> ServerValues(TextView file) {
-    std::array<Text, 4> values;
-    for (Text& value : values) {
-        const auto lineEnd = file.find(u'\n');
-        Text line(file.substr(0, lineEnd));
-        if (line.ends_with(u'\r')) line.pop_back();
-        value = Trim(Behind(line, u' '));
-        file = lineEnd == TextView::npos ? TextView() : file.substr(lineEnd + 1);
-    }
-    return values;
+// What Setup.ini says, line by line.
+struct ServerFile {
+    Text server;
+    Text user;
+    Text password;
+    Text database;
+};
+
+// The value of the first line, behind its first blank; a missing line has none. The line is taken off.
+Text TakeValue(TextView& file) {
+    const auto lineEnd = file.find(u'\n');
+    Text line(file.substr(0, lineEnd));
+    if (line.ends_with(u'\r')) line.pop_back();
+    file = lineEnd == TextView::npos ? TextView() : file.substr(lineEnd + 1);
+    return Trim(Behind(line, u' '));
+}
+
+ServerFile ReadServerFile(const ProgramFiles& files) {
+    const Text text = files.ReadText(Text(kServerFileName));
+    TextView rest = text;
+    ServerFile file;
+    for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);
+    return file;
+}
+
+StoreAddress AddressOf(const ServerFile& file) {
+    return {StoreAddress::Kind::Server,
+            u"driver={SQL Server};Server=" + file.server + u";uid=" + file.user + u";pwd=" + file.password +
+                u";database=" + file.database,
+            CatalogueTables()};
+}
+
+// The lines of the server and of its user serve here as folder and name of the program's file on the server.
+void OpenServerCatalogue(MainForm& form) {
+    const ServerFile file = ReadServerFile(form.files);
+    PassOverError([&] { OfferUpdate(form, file.server, file.user); });
+    form.store.Open(AddressOf(file));
 }
 
 }  // namespace
@@ -33,19 +58,17 @@ StoreAddress LocalCatalogue(const ProgramFiles& files) {
     return {StoreAddress::Kind::LocalFile, files.PathOf(Text(kCatalogueFileName)), CatalogueTables()};
 }
 
-StoreAddress ServerCatalogue(const ProgramFiles& files) {
-    const auto [server, user, password, database] = ServerValues(files.ReadText(Text(kServerFileName)));
-    return {StoreAddress::Kind::Server,
-            u"driver={SQL Server};Server=" + server + u";uid=" + user + u";pwd=" + password + u";database=" +
-                database,
-            CatalogueTables()};
-}
+StoreAddress ServerCatalogue(const ProgramFiles& files) { return AddressOf(ReadServerFile(files)); }
 
 void OpenCatalogue(MainForm& form, int mode) {
     TextControl& panel = form.StatusBar1[0];
     PassOverErrors(
         [&] {
-            form.store.Open(mode == kServerMode ? ServerCatalogue(form.files) : LocalCatalogue(form.files));
+            if (mode == kServerMode) {
+                OpenServerCatalogue(form);
+            } else {
+                form.store.Open(LocalCatalogue(form.files));
+            }
         },
         // A mode that is neither opens the local file and is still called the network's.
         [&] { panel.Set(panel.Value() + (mode == kLocalMode ? u"    本地数据库" : u"    网络数据库")); });

@@ -14,9 +14,10 @@ StoreAddress LocalCatalogue(const ProgramFiles& files);
 // "label value", name the server, the user, the password and the database. Error 53 without the file.
 StoreAddress ServerCatalogue(const ProgramFiles& files);
 
-// Opens the catalogue of the server in mode 0, else the local one, and adds the word for the mode to the
-// first panel of the status bar. Errors are passed over: the store then stays closed and the word is added
-// all the same. Who wants to know the reason opens LocalCatalogue or ServerCatalogue directly.
+// Opens the catalogue of the server in mode 0, where a newer program is offered first, else the local one,
+// and adds the word for the mode to the first panel of the status bar. Errors are passed over: the store then
+// stays closed and the word is added all the same. Who wants to know the reason opens LocalCatalogue or
+// ServerCatalogue directly.
 void OpenCatalogue(MainForm& form, int mode);
 
 }  // namespace commtest

@@ -2,8 +2,8 @@
 
 namespace commtest {
 
-void ConsoleDialogs::ShowMessage(const Text& text) {
-    console_.Tell(text + u" " + (ReasonOfMessage ? ReasonOfMessage() : Text()));
+void ConsoleDialogs::ShowMessage(const Text& text, const Text& detail) {
+    console_.Tell(text + u" " + detail);
 }
 
 void ConsoleDialogs::ShowError(int, const Text& standardMessage) {

@@ -12,11 +12,10 @@ LineSession::LineSession(const LineOptions& options, Console& console)
     : files_(options.folder),
       port_(options.devices),
       dialogs_(console),
-      session_({port_, dialogs_, clock_, files_, store_, settings_}) {
+      session_({port_, dialogs_, clock_, files_, store_, settings_, program_}) {
     OpenCatalogueOf(files_, store_);
     ChooseInstrument(Form(), options);
     ShowStoredPortSettings(Form(), options.settings + u" " + options.port);
-    dialogs_.ReasonOfMessage = [this] { return port_.LastProblem(); };
     WireEvents();
 }
 

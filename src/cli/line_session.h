@@ -8,6 +8,7 @@
 #include "cli/line_options.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
+#include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
 #include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
@@ -57,6 +58,7 @@ class LineSession {
     ConsoleDialogs dialogs_;
     SystemClock clock_;
     NoSettings settings_;
+    QtProgram program_;
     QtTimers timers_;
     Session session_;
 

@@ -8,10 +8,13 @@ namespace commtest {
 
 enum class ExitStatus {
     Good = 0,
-    BadAnswer = 1,  // the instrument: a reply failed under --strict, a write was refused or reads back
-                    // differently, a run-time error has ended the polling
-    BadUsage = 2,   // the command line: its words, or names and rows that the catalogue does not have
-    NoAccess = 3,   // the port, the catalogue or a file cannot be opened, or has gone
+    // The instrument: a reply failed under --strict, a write was refused or reads back differently, a
+    // run-time error has ended the polling.
+    BadAnswer = 1,
+    // The command line: its words, or names and rows that the catalogue does not have.
+    BadUsage = 2,
+    // The port, the catalogue or a file cannot be opened, or has gone.
+    NoAccess = 3,
 };
 
 // Ends a verb: one line for the user, which says what is wrong and what to do; empty if the user was told

@@ -28,6 +28,7 @@ void Grid::SetSize(int rows, int cols) {
     Row = std::min(Row, std::max(rows - 1, 0));
     Col = std::min(Col, std::max(cols - 1, 0));
     TopRow = std::clamp(TopRow, 1, std::max(rows - 1, 1));
+    ++epoch_;
     MarkDirty();
 }
 
@@ -41,6 +42,7 @@ void Grid::SetCell(int row, int col, Text text) {
 void Grid::Clear() {
     std::fill(cells_.begin(), cells_.end(), Text());
     colours_.clear();
+    ++epoch_;
     MarkDirty();
 }
 

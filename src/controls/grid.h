@@ -31,6 +31,9 @@ class Grid : public Control {
     int TopRow = 1;      // first row below the headings that is in view
     bool Redraw = true;  // a flag, not a counter
 
+    // Moves on when the grid was emptied or has another size: what a view remembers of its cells is void.
+    std::uint64_t Epoch() const { return epoch_; }
+
     int Rows() const { return rows_; }
     int Cols() const { return cols_; }
 
@@ -57,6 +60,7 @@ class Grid : public Control {
   private:
     std::size_t IndexOf(int row, int col) const;
 
+    std::uint64_t epoch_ = 0;
     int rows_ = 0;
     int cols_ = 0;
     std::vector<Text> cells_;

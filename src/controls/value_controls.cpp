@@ -44,6 +44,7 @@ void ListControl::Add(Text item) {
 void ListControl::Clear() {
     items_.clear();
     firstIndex_.clear();
+    ++epoch_;
     MarkDirty();
 }
 

@@ -107,6 +107,7 @@ class ListControl : public Presence {
     void Set(Text text);
 
     const std::vector<Text>& Items() const { return items_; }
+    std::uint64_t Epoch() const { return epoch_; }  // moves on when the list was emptied
     void Add(Text item);
     void Clear();  // empties the list; the text stays
 
@@ -120,6 +121,7 @@ class ListControl : public Presence {
   private:
     Text text_;
     std::vector<Text> items_;
+    std::uint64_t epoch_ = 0;
     std::unordered_map<Text, int> firstIndex_;
 };
 

@@ -9,7 +9,8 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
-    virtual void ShowMessage(const Text& text) = 0;
+    // `detail`, if there is one, says the reason and what to do.
+    virtual void ShowMessage(const Text& text, const Text& detail) = 0;
 
     // The standard message of a run-time error, and its number.
     virtual void ShowError(int number, const Text& standardMessage) = 0;

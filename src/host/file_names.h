@@ -10,5 +10,6 @@ inline constexpr TextView kRecordFolderName = u"自动保存通讯记录";
 inline constexpr TextView kCatalogueFileName = u"通讯数据.mdb";
 inline constexpr TextView kServerFileName = u"Setup.ini";
 inline constexpr TextView kHelpFileName = u"使用说明.ini";
+inline constexpr TextView kUpdaterFileName = u"通讯更新.exe";
 
 }  // namespace commtest

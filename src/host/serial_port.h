@@ -2,10 +2,17 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "runtime/text.h"
 
 namespace commtest {
+
+// A port that the machine has: its number, 1 for "COM1", and the device behind it.
+struct PortDevice {
+    int number = 1;
+    Text device;
+};
 
 // The port of the instruments' line. What arrives is announced by the event PortReceives (session/events.h).
 class SerialPort {
@@ -23,6 +30,12 @@ class SerialPort {
     // Opening a port that cannot be had leaves it closed and raises nothing.
     virtual bool PortOpen() const = 0;
     virtual void SetPortOpen(bool open) = 0;
+
+    // Why the last opening failed, and what to do, in one line; empty if it did not fail.
+    virtual Text LastProblem() const = 0;
+
+    // The ports that there are at this moment, by number.
+    virtual std::vector<PortDevice> Devices() const = 0;
 
     virtual void Output(const std::string& bytes) = 0;
 

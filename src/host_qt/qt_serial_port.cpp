@@ -89,6 +89,15 @@ QString QtSerialPort::WantedDevice() const {
     return real.isEmpty() ? device : real;
 }
 
+std::vector<PortDevice> QtSerialPort::Devices() const {
+    std::map<int, QString> all = devices_;
+    int number = 0;
+    for (const QString& device : MachinePorts()) all.try_emplace(++number, device);
+    std::vector<PortDevice> ports;
+    for (const auto& [portNumber, device] : all) ports.push_back({portNumber, device.toStdU16String()});
+    return ports;
+}
+
 void QtSerialPort::Output(const std::string& bytes) {
     port_.write(bytes.data(), static_cast<qint64>(bytes.size()));
     port_.flush();

@@ -22,9 +22,6 @@ class QtSerialPort : public SerialPort {
     // The device is gone. Told once, from the event loop; the port is closed by then.
     std::function<void(const Text& reason)> IsLost;
 
-    // Why the last opening failed, and what to do, in one line; empty if it did not fail.
-    const Text& LastProblem() const { return problem_; }
-
     std::int16_t CommPort() const override { return number_; }
     void SetCommPort(std::int16_t number) override { number_ = number; }
     Text Settings() const override { return settings_; }
@@ -32,6 +29,8 @@ class QtSerialPort : public SerialPort {
 
     bool PortOpen() const override { return port_.isOpen(); }
     void SetPortOpen(bool open) override;
+    Text LastProblem() const override { return problem_; }
+    std::vector<PortDevice> Devices() const override;
     void Output(const std::string& bytes) override;
     std::string Input() override;
 

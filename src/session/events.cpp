@@ -14,6 +14,8 @@ void RunEvent(MainForm& form, const std::function<void()>& handler) {
         handler();
     } catch (const RuntimeError& error) {
         form.dialogs.ShowError(error.Number(), error.StandardMessage());
+    } catch (const ProgramEnds&) {
+        form.program.End();
     }
 }
 
@@ -31,7 +33,7 @@ void PortIsLost(MainForm& form, const Text& reason) {
         form.MSComm1.SetPortOpen(false);
         if (form.IsRunning()) RunToolbarCommand(form, toolbar::kStartStop);
         ShowPortStatus(form);
-        form.dialogs.ShowMessage(u"串口已断开,通讯停止！" + Text(kLineEnd) + Text(kLineEnd) + reason);
+        form.dialogs.ShowMessage(u"串口已断开,通讯停止！", reason);
     });
 }
 

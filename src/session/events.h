@@ -10,6 +10,9 @@ namespace commtest {
 
 class MainForm;
 
+// Thrown where the program ends at once: nothing more of the handler runs.
+class ProgramEnds {};
+
 void RunEvent(MainForm& form, const std::function<void()>& handler);
 
 void TimerTicks(MainForm& form, int index);

@@ -1,5 +1,7 @@
 #include "session/grid_editing.h"
 
+#include <algorithm>
+
 #include "session/grid_rows.h"
 #include "session/main_form.h"
 #include "session/polling_cycle.h"
@@ -8,19 +10,12 @@ namespace commtest {
 
 namespace {
 
-// Editing stops a running session without button 4: the error file stays open, its buttons disabled.
-void StopForEditing(MainForm& form) {
-    if (!form.IsRunning()) return;
-    form.SetRunning(false);
-    form.CycleStep = 0;
-}
-
 void OpenCellEditor(MainForm& form) {
     const Grid& grid = form.ParameterGrid();
     form.InputText.Set(grid.Cell(grid.Row, grid.Col));
     form.Focus.Ask(FocusWish::Target::CellEditor);
     form.InputText.SetVisible(true);
-    StopForEditing(form);
+    StopInShortWay(form);
 }
 
 void ClickParameter(MainForm& form) {
@@ -35,7 +30,7 @@ void ClickParameter(MainForm& form) {
     } else if (Contains(grid.Cell(grid.Row, column::kAttribute), u"W")) {
         OpenCellEditor(form);
     } else {
-        form.dialogs.ShowMessage(u"注意:参数没有W属性,数据无法修改！");
+        form.dialogs.ShowMessage(u"注意:参数没有W属性,数据无法修改！", {});
         form.InputText.SetVisible(false);
         return;  // the redraw stays off until the next request for it
     }
@@ -59,12 +54,17 @@ void ClickCatalogueRow(MainForm& form) {
     grid.Redraw = true;
 }
 
-void ClickRecordingRow(MainForm& form) {
-    Grid& grid = form.MSHFlexGrid1[2];
-    grid.Redraw = false;
+void ChooseRecording(MainForm& form) {
+    const Grid& grid = form.MSHFlexGrid1[2];
     form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
     RunIfSet(form.ConCommTypeList.Click);
     form.companions.LoadRecording(form, grid.Row);
+}
+
+void ClickRecordingRow(MainForm& form) {
+    Grid& grid = form.MSHFlexGrid1[2];
+    grid.Redraw = false;
+    ChooseRecording(form);
     form.SSTab2.Choose(0);
     grid.Redraw = true;
 }
@@ -78,7 +78,26 @@ void MSHFlexGrid1_Click(MainForm& form, int index) {
     if (index == 3) form.companions.ShowChipRecord(form, form.MSHFlexGrid1[3].Row);
 }
 
+void MSHFlexGrid1_DblClick(MainForm& form, int index) {
+    if (index == 1) {
+        const Grid& grid = form.MSHFlexGrid1[1];
+        form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
+        RunIfSet(form.ConCommTypeList.Click);
+        form.ConMeterName[0].Set(grid.Cell(grid.Row, 3));
+        RunIfSet(form.ConMeterName[0].Click);
+        form.Focus.Ask(FocusWish::Target::CatalogueGrid);
+    }
+    if (index == 2) ChooseRecording(form);
+}
+
 void MSHFlexGrid1_Scroll(MainForm& form, int) { form.InputText.SetVisible(false); }
+
+void Obj_MouseWheel(MainForm& form, int index, int delta) {
+    Grid& grid = form.MSHFlexGrid1[static_cast<std::size_t>(index)];
+    const int wanted = delta < 1 ? grid.TopRow + 1 : grid.TopRow - 1;
+    grid.TopRow = std::clamp(wanted, 1, std::max(LastRow(grid), 1));
+    MSHFlexGrid1_Scroll(form, index);
+}
 
 void InputText_KeyDown(MainForm& form, int key) {
     if (key == key::kEnter) {

@@ -14,8 +14,16 @@ inline constexpr int kEscape = 27;
 // Grid 3: shows the chip record.
 void MSHFlexGrid1_Click(MainForm& form, int index);
 
+// A double click on grid 1 or 2, behind its click: the choice of the row's instrument or recording runs
+// again; grid 1 asks for the focus.
+void MSHFlexGrid1_DblClick(MainForm& form, int index);
+
 // A scroll of a grid hides the cell editor.
 void MSHFlexGrid1_Scroll(MainForm& form, int index);
+
+// One step of the wheel moves a grid by one row: down with a delta below 1, else up. TopRow stays between row
+// 1 and the last row.
+void Obj_MouseWheel(MainForm& form, int index, int delta);
 
 // Enter writes the entry, Escape hides the editor, other keys pass. An entry that is no number ends the
 // handler with error 13: nothing is sent or started.

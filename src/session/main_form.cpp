@@ -19,6 +19,7 @@ MainForm::MainForm(const Outside& outside, const ProtocolTable& protocolTable, C
       files(outside.files),
       store(outside.store),
       settings(outside.settings),
+      program(outside.program),
       protocols(protocolTable),
       companions(companionRoutines),
       texts(faceTexts) {

@@ -11,6 +11,7 @@
 #include "host/clock.h"
 #include "host/dialogs.h"
 #include "host/program_files.h"
+#include "host/program_process.h"
 #include "host/serial_port.h"
 #include "host/settings_store.h"
 #include "host/store.h"
@@ -30,7 +31,12 @@ struct Outside {
     ProgramFiles& files;
     Store& store;
     SettingsStore& settings;
+    ProgramProcess& program;
 };
+
+// Captions of the ticks ConSettingBT.
+inline constexpr std::array<TextView, 8> kSearchBaudRates = {u" 1200",  u" 2400",  u" 4800",  u" 9600",
+                                                             u" 19200", u" 28800", u" 38400", u" 57600"};
 
 // Where the keyboard focus was last asked to go; a view follows it.
 class FocusWish : public Control {
@@ -63,13 +69,14 @@ class MainForm {
     ProgramFiles& files;
     Store& store;
     SettingsStore& settings;
+    ProgramProcess& program;
     const ProtocolTable& protocols;
     Companions& companions;
     const Texts& texts;
 
     // --- The session's state ---
-    std::int16_t ProtocolCode =
-        0;               // which protocol is in use; re-read from MeterCodeText before each routing
+    // Which protocol is in use; re-read from MeterCodeText before each routing.
+    std::int16_t ProtocolCode = 0;
     Text MeterCodeText;  // 编号 of the chosen instrument; its first two characters: ProtocolCode
     std::int32_t CommandCode = command::kReadDynamicTurn;  // which operation each cycle performs
     std::int16_t CycleStep = 0;  // step of the polling state machine, 0..7 (session/polling_cycle.h)
@@ -86,16 +93,15 @@ class MainForm {
     std::int16_t SearchFoundCount = 0;  // replies seen by a search
 
     // The wait for a reply.
-    std::int16_t RxEventCount =
-        0;                       // receive events of two bytes or more since the last send; each buys a tick
-    std::int16_t WaitTicks = 0;  // ticks spent waiting
+    std::int16_t RxEventCount = 0;        // events of two bytes or more since the last send; each buys a tick
+    std::int16_t WaitTicks = 0;           // ticks spent waiting
     std::int16_t ReplyTimeout = 0;        // tick length in milliseconds while waiting
     std::int32_t PartialReplyLength = 0;  // length of ReplyText at the last unfinished look; read by nothing
 
     // The grid's rows.
     std::int16_t CurrentRow = 0;  // the row that the next single read will use
-    std::int16_t FirstDataRow =
-        0;  // first row whose attribute is exactly "RW"; outlives an instrument without one
+    // First row whose attribute is exactly "RW"; outlives an instrument without one.
+    std::int16_t FirstDataRow = 0;
 
     // Kept by the native read builders between calls.
     HexText ReadFrameCommand;    // command of the last static or dynamic read
@@ -123,12 +129,14 @@ class MainForm {
 
     std::vector<std::int16_t> ProtocolCodeOfType;  // the code behind each option button of ConMeterType
     std::int16_t ShowTypeStep = 0;                 // layout step of the two panes, 0..2
+    std::int32_t DelayStep = 1;                    // step of ConDelayTime's spin buttons, in milliseconds
+    bool Activated = false;                        // the work of the start is done
 
     std::array<Timer, 3> Timer1 = {Timer(true, 1000), Timer(false, 300), Timer(false, 1000)};
 
     // --- Controls ---
-    Presence FindFrame;
-    Presence ComShow;  // blink indicator
+    TextControl Caption;  // of the window
+    Presence ComShow;     // blink indicator
     std::array<TextControl, 3> StatusBar1;
     TextControl StatusNote;  // a passing word to the user, beside the three panels
     OptionGroup SSTab2{0};
@@ -142,11 +150,12 @@ class MainForm {
     TextControl ConDataNub{u"16"};
     TextControl ConDelayTime{u"100"};             // milliseconds between two exchanges
     OptionGroup ShowMode{0};                      // 0 ASCII, 1 hexadecimal
-    OptionGroup WriteType{0};                     // 0 two bytes, 1 four bytes, 2 several
+    OptionGroup WriteType{1};                     // 0 two bytes, 1 four bytes, 2 several
     std::array<ListControl, 5> ConCommSetting;    // port, baud rate, data bits, parity, stop bits
     std::array<ListControl, 1> ConSendOutString;  // shows the frame; lists each distinct frame sent
     std::array<TextControl, 3> ConCommMessage;    // failure line, total line, both
     std::array<RecordPane, 2> ConCommString;      // 0 conversion texts, 1 the record
+    RecordPane RichTextBox1;                      // shows the help text
     RecordPane RichTextBox2;                      // shows the error file
     TextControl InputText;                        // the editor in a grid cell
     std::array<Presence, 2> ClearFileCommand;
@@ -158,6 +167,12 @@ class MainForm {
     TickControl Check2;  // 任意长度
     TickControl TimeSetup;
     std::array<Grid, 4> MSHFlexGrid1;  // parameters, catalogue, recordings, chip list
+
+    // The search panel.
+    Presence FindFrame;
+    ListControl ConSettingComm;                                                         // port
+    std::array<TextControl, 2> ConSettingDE = {TextControl(u"1"), TextControl(u"10")};  // first, last address
+    std::array<TickControl, 8> ConSettingBT;                                            // kSearchBaudRates
 
     // Whether the session runs; toolbar button 4 shows the one or the other caption.
     bool IsRunning() const { return running_.Value(); }

@@ -69,6 +69,18 @@ constexpr std::array<Row, 10> kFlowMeterMenu = {{{1, u"读时间值", command::k
                                                  {9, u"全部数据", 0, OpenTools},
                                                  {10, u"系统小工具(校验/浮点数)"}}};
 
+constexpr std::array<MenuEntry, 3> kCatalogueMenu = {
+    {{1, u"显示数据", true}, {2, u"", true}, {3, u"刷新数据", true}}};
+constexpr std::array<MenuEntry, 6> kRecordingMenu = {{{1, u"更改名称", true},
+                                                      {2, u"更改说明", true},
+                                                      {3, u"", true},
+                                                      {4, u"删除......", true},
+                                                      {5, u"", true},
+                                                      {6, u"刷新......", true}}};
+
+// Shows the page once more, with the present rows of its list.
+void RefreshPage(MainForm& form) { form.SSTab2.Choose(form.SSTab2.Chosen()); }
+
 struct MenuRows {
     const Row* first = nullptr;
     const Row* last = nullptr;
@@ -110,6 +122,22 @@ void ChooseMenuEntry(MainForm& form, int menu, int index) {
         if (row.commandCode != 0) form.CommandCode = row.commandCode;
         if (row.action != nullptr) row.action(form);
     }
+}
+
+std::vector<MenuEntry> EntriesOfGrid(const MainForm& form, int grid) {
+    switch (grid) {
+        case 0: return EntriesOfMenu(form, MenuOfProtocol(form));
+        case 1: return {kCatalogueMenu.begin(), kCatalogueMenu.end()};
+        case 2: return {kRecordingMenu.begin(), kRecordingMenu.end()};
+        default: return {};
+    }
+}
+
+void ChooseGridMenuEntry(MainForm& form, int grid, int index, int row) {
+    if (grid == 0) ChooseMenuEntry(form, MenuOfProtocol(form), index);
+    if (grid == 1 && index == 1) form.companions.ShowChipFilePanel(form);
+    if (grid == 1 && index == 3) RefreshPage(form);
+    if (grid == 2) form.companions.ChangeRecording(form, index, row);
 }
 
 void ClearCurrentColumn(MainForm& form) {

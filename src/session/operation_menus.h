@@ -9,7 +9,7 @@ namespace commtest {
 class MainForm;
 enum class OperationMenu;
 
-// One entry of a right-mouse menu of the parameter grid; an empty caption is a separator.
+// One entry of a right-mouse menu; an empty caption is a separator.
 struct MenuEntry {
     int index;
     TextView caption;
@@ -24,6 +24,12 @@ std::vector<MenuEntry> EntriesOfMenu(const MainForm& form, int menu);
 
 // A choice of entry `index` of menu 1 to 4.
 void ChooseMenuEntry(MainForm& form, int menu, int index);
+
+// The entries that a right click on grid `index` brings; none brings no menu.
+std::vector<MenuEntry> EntriesOfGrid(const MainForm& form, int grid);
+
+// A choice of entry `index` of the menu of a grid, `row` being the row under the pointer.
+void ChooseGridMenuEntry(MainForm& form, int grid, int index, int row);
 
 // Empties the current column of the parameter grid from row 6 to the last, if it is column 5 or beyond. Rows
 // 1 to 5 keep their text.

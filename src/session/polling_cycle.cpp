@@ -135,4 +135,10 @@ void StartInShortWay(MainForm& form) {
     form.Timer1[1].SetEnabled(true);
 }
 
+void StopInShortWay(MainForm& form) {
+    if (!form.IsRunning()) return;
+    form.SetRunning(false);
+    form.CycleStep = 0;
+}
+
 }  // namespace commtest

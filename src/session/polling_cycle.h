@@ -23,4 +23,7 @@ void BuildWriteRequest(MainForm& form);
 // The short way into a session: by Enter in the cell editor.
 void StartInShortWay(MainForm& form);
 
+// The short way out of a running session: the error file stays open, its buttons disabled.
+void StopInShortWay(MainForm& form);
+
 }  // namespace commtest

@@ -1,6 +1,9 @@
 #include "session/port_settings.h"
 
+#include <set>
+
 #include "runtime/number.h"
+#include "runtime/runtime_error.h"
 #include "session/main_form.h"
 
 namespace commtest {
@@ -52,7 +55,7 @@ void ShowStoredPortSettings(MainForm& form, TextView stored) {
     const Text portName = Trim(Behind(trimmed, u' '));
     ChangeClosedPort(form.MSComm1, [&] {
         form.MSComm1.SetSettings(settings);
-        form.MSComm1.SetCommPort(PortNumber(portName));
+        PassOverError([&] { form.MSComm1.SetCommPort(PortNumber(portName)); });
     });
     const Text behindBaud = Behind(settings, u',');
     const Text behindParity = Behind(behindBaud, u',');
@@ -63,6 +66,15 @@ void ShowStoredPortSettings(MainForm& form, TextView stored) {
     form.ConCommSetting[2].Set(Before(behindParity, u','));
     form.ConCommSetting[4].Set(Behind(behindParity, u','));
     form.ConCommSetting[0].Set(portName);
+}
+
+void OfferPorts(MainForm& form) {
+    std::set<int> numbers = {1, 2, 3, 4};
+    for (const PortDevice& device : form.MSComm1.Devices()) numbers.insert(device.number);
+    for (ListControl* list : {&form.ConCommSetting[0], &form.ConSettingComm}) {
+        list->Clear();
+        for (int number : numbers) list->Add(u"COM" + WholeText(number));
+    }
 }
 
 void ShowPortStatus(MainForm& form) {

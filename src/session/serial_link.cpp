@@ -22,7 +22,7 @@ bool OpenPortIfClosed(MainForm& form) {
         ShowPortStatus(form);
         return true;
     }
-    form.dialogs.ShowMessage(u"系统串口被占用,无法打开！");
+    form.dialogs.ShowMessage(u"系统串口被占用,无法打开！", form.MSComm1.LastProblem());
     RunToolbarCommand(form, toolbar::kStartStop);
     return false;
 }
@@ -94,7 +94,7 @@ bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
     for (std::size_t blank = 0; blank < frame.size(); blank += 3) {
         const auto value = HexPairValue(TextView(frame).substr(blank + 1, 2));
         if (!value) {
-            form.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！");
+            form.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！", {});
             return false;
         }
         bytes += static_cast<char>(*value);

@@ -3,6 +3,7 @@
 namespace commtest {
 
 const Texts kChineseTexts = {
+    .beforeVersion = u"衡岫TQ系列仪联演示软件(TQ通讯协议) V ",
     .start = u"开始通讯",
     .stop = u"停止通讯",
     .beforeSendCount = u"第 ",

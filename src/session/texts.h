@@ -6,6 +6,7 @@ namespace commtest {
 
 // The words of a face that differ between its Chinese and its English form, one member a place.
 struct Texts {
+    TextView beforeVersion;    // of the window's title
     TextView start;            // toolbar button 4 while the session is stopped
     TextView stop;             // the same while it runs
     TextView beforeSendCount;  // of a record line

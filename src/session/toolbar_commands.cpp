@@ -49,4 +49,11 @@ void RunToolbarCommand(MainForm& form, int index) {
     }
 }
 
+void ToolbarMenuCommand(MainForm& form, TextView caption) {
+    if (caption == u"系统小工具") form.companions.OpenToolWindow(form);
+    if (caption == u"参数地址确认") form.companions.ReloadParameters(form);
+    if (caption == u"导出当前参数地址表") form.companions.ExportCurrentTable(form);
+    if (caption == u"导出全部参数地址表") form.companions.ExportAllTables(form);
+}
+
 }  // namespace commtest

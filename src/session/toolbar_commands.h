@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/text.h"
+
 namespace commtest {
 
 class MainForm;
@@ -16,5 +18,9 @@ inline constexpr int kLeave = 11;
 // The action of a toolbar button; buttons without one do nothing. Button 4 is a toggle: a routine that means
 // to stop a stopped session with it starts it.
 void RunToolbarCommand(MainForm& form, int index);
+
+// A choice of the toolbar's drop-down menus, by its caption. "指令选择" is the view's: it brings the menu of
+// the parameter grid.
+void ToolbarMenuCommand(MainForm& form, TextView caption);
 
 }  // namespace commtest

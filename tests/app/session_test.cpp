@@ -29,7 +29,7 @@ TEST(NewSession, ShowsItsDesignTexts) {
     EXPECT_EQ(ToUtf8(form.ConDelayTime.Value()), "100");
     EXPECT_EQ(form.SSTab2.Chosen(), 0);
     EXPECT_EQ(form.ShowMode.Chosen(), 0);
-    EXPECT_EQ(form.WriteType.Chosen(), 0);
+    EXPECT_EQ(form.WriteType.Chosen(), 1);
     EXPECT_FALSE(form.FindFrame.Visible());
     EXPECT_FALSE(form.InputText.Visible());
     EXPECT_TRUE(form.ConMyCommDriver.Enabled());

@@ -25,7 +25,8 @@ class CatalogueConnectionTest : public ::testing::Test {
     testing::FakeProgramFiles files;
     testing::FakeSettings settings;
     testing::SqliteStore store;
-    Session session{{line, dialogs, line, files, store, settings}};
+    testing::FakeProgram program;
+    Session session{{line, dialogs, line, files, store, settings, program}};
 };
 
 TEST_F(CatalogueConnectionTest, LocalModeOpensTheFileInTheProgramFolder) {

@@ -84,8 +84,7 @@ TEST_F(ConsoleTest, FlushTellsWhetherTheResultsCouldBeWritten) {
 TEST_F(ConsoleTest, MessageOfTheSessionStaysAndTheReasonStandsBehindIt) {
     Console console(results, problems);
     ConsoleDialogs dialogs(console);
-    dialogs.ReasonOfMessage = [] { return Text(u"设备 /dev/x 不存在。请检查接线和设备名"); };
-    dialogs.ShowMessage(u"系统串口被占用,无法打开！");
+    dialogs.ShowMessage(u"系统串口被占用,无法打开！", u"设备 /dev/x 不存在。请检查接线和设备名");
     EXPECT_EQ(problems.str(), "系统串口被占用,无法打开！ 设备 /dev/x 不存在。请检查接线和设备名\n");
 }
 

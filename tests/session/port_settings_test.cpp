@@ -117,13 +117,15 @@ class NotingPort : public SerialPort {
     }
     void Output(const std::string&) override {}
     std::string Input() override { return {}; }
+    Text LastProblem() const override { return {}; }
+    std::vector<PortDevice> Devices() const override { return {}; }
 };
 
 class PortThatNotes : public ::testing::Test {
   protected:
     FormBench bench;
     NotingPort port;
-    MainForm form{{port, bench.dialogs, bench.line, bench.files, *bench.store, bench.settings},
+    MainForm form{{port, bench.dialogs, bench.line, bench.files, *bench.store, bench.settings, bench.program},
                   bench.protocols,
                   bench.companions};
 };

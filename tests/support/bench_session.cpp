@@ -29,7 +29,7 @@ std::unique_ptr<Store> MakeCatalogueWithProtocols() {
 }  // namespace
 
 BenchSession::BenchSession()
-    : store(MakeCatalogueWithProtocols()), session_({line, dialogs, line, files, *store, settings}) {
+    : store(MakeCatalogueWithProtocols()), session_({line, dialogs, line, files, *store, settings, program}) {
     MainForm& form = Form();
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [&form] { PortReceives(form); };

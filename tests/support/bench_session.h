@@ -51,6 +51,7 @@ class BenchSession {
     FakeDialogs dialogs;
     FakeProgramFiles files;
     FakeSettings settings;
+    FakeProgram program;
     std::unique_ptr<Store> store;
 
   private:

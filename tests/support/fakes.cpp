@@ -11,23 +11,23 @@ std::optional<Text> FakeDialogs::NextAnswer() {
     return Answers[nextAnswer_++];
 }
 
-void FakeDialogs::ShowMessage(const Text& text) {
-    Shown.push_back({ShownBox::Kind::Message, text, {}, {}, {}, 0, Time()});
+void FakeDialogs::ShowMessage(const Text& text, const Text& detail) {
+    Shown.push_back({ShownBox::Kind::Message, text, {}, {}, {}, 0, Time(), detail});
 }
 
 void FakeDialogs::ShowError(int number, const Text& standardMessage) {
-    Shown.push_back({ShownBox::Kind::Error, standardMessage, {}, {}, {}, number, Time()});
+    Shown.push_back({ShownBox::Kind::Error, standardMessage, {}, {}, {}, number, Time(), {}});
 }
 
 bool FakeDialogs::AskYesNo(const Text& text) {
     const Text answer = NextAnswer().value_or(u"yes");
-    Shown.push_back({ShownBox::Kind::YesNo, text, {}, {}, answer, 0, Time()});
+    Shown.push_back({ShownBox::Kind::YesNo, text, {}, {}, answer, 0, Time(), {}});
     return answer != u"no";
 }
 
 Text FakeDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
     const Text answer = NextAnswer().value_or(proposal);
-    Shown.push_back({ShownBox::Kind::Input, prompt, title, proposal, answer, 0, Time()});
+    Shown.push_back({ShownBox::Kind::Input, prompt, title, proposal, answer, 0, Time(), {}});
     return answer;
 }
 
@@ -59,6 +59,17 @@ void FakeProgramFiles::SaveRichText(const Text& name, const Text& text) {
 void FakeProgramFiles::WriteToErrorFile(const std::string& bytes) {
     if (!errorFileIsOpen_) throw RuntimeError(RuntimeError::kBadFile);
     ErrorFile += bytes;
+}
+
+DateTime FakeProgram::FileTime(const Text& path) const {
+    const auto found = FileTimes.find(path);
+    if (found == FileTimes.end()) throw RuntimeError(RuntimeError::kFileNotFound);
+    return found->second;
+}
+
+void FakeProgram::Start(const Text& path) {
+    if (!Programs.contains(path)) throw RuntimeError(RuntimeError::kFileNotFound);
+    Started.push_back(path);
 }
 
 std::optional<Text> FakeSettings::Read(const Text& key) const {

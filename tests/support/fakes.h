@@ -9,6 +9,7 @@
 
 #include "host/dialogs.h"
 #include "host/program_files.h"
+#include "host/program_process.h"
 #include "host/settings_store.h"
 
 namespace commtest::testing {
@@ -23,6 +24,7 @@ struct ShownBox {
     Text answer;     // of an input box; "yes" or "no" of a question
     int number = 0;  // of an error
     std::int64_t time = 0;
+    Text detail;  // of a message
 };
 
 // Answers boxes from a list in turn; used up: the proposal, or yes. A question takes "no" as no.
@@ -32,7 +34,7 @@ class FakeDialogs : public Dialogs {
     std::vector<ShownBox> Shown;
     std::function<std::int64_t()> Time = [] { return std::int64_t{0}; };
 
-    void ShowMessage(const Text& text) override;
+    void ShowMessage(const Text& text, const Text& detail) override;
     void ShowError(int number, const Text& standardMessage) override;
     bool AskYesNo(const Text& text) override;
     Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;
@@ -65,6 +67,23 @@ class FakeProgramFiles : public ProgramFiles {
 
   private:
     bool errorFileIsOpen_ = false;
+};
+
+class FakeProgram : public ProgramProcess {
+  public:
+    ProgramVersion Number{1, 2, 3};
+    bool HasPrevInstance = false;
+    std::map<Text, DateTime> FileTimes;
+    std::set<Text> Programs;  // that can be started
+    std::vector<Text> Started;
+    bool HasEnded = false;
+
+    ProgramVersion Version() const override { return Number; }
+    bool PrevInstance() const override { return HasPrevInstance; }
+    Text OwnFile() const override { return u"folder/commtest"; }
+    DateTime FileTime(const Text& path) const override;
+    void Start(const Text& path) override;
+    void End() override { HasEnded = true; }
 };
 
 class FakeSettings : public SettingsStore {

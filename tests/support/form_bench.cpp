@@ -6,7 +6,7 @@ namespace commtest::testing {
 
 FormBench::FormBench(ProtocolTable table)
     : protocols(std::move(table)),
-      form({line, dialogs, line, files, *store, settings}, protocols, companions) {
+      form({line, dialogs, line, files, *store, settings, program}, protocols, companions) {
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [this] { PortReceives(form); };
     line.TimerTick = [this](int index) { TimerTicks(form, index); };

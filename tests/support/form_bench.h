@@ -30,9 +30,17 @@ class NotingCompanions : public Companions {
     }
     void ImportParameterList(MainForm&) override { Note("ImportParameterList"); }
     void ExportParameterLists(MainForm&) override { Note("ExportParameterLists"); }
+    void ExportCurrentTable(MainForm&) override { Note("ExportCurrentTable"); }
+    void ExportAllTables(MainForm&) override { Note("ExportAllTables"); }
+    void ReloadParameters(MainForm&) override { Note("ReloadParameters"); }
     void OpenToolWindow(MainForm&) override { Note("OpenToolWindow"); }
+    void FindCommMeter(MainForm&) override { Note("FindCommMeter"); }
     void Leave(MainForm&) override { Note("Leave"); }
     void LoadRecording(MainForm&, int row) override { Note("LoadRecording " + std::to_string(row)); }
+    void ChangeRecording(MainForm&, int entry, int row) override {
+        Note("ChangeRecording " + std::to_string(entry) + " " + std::to_string(row));
+    }
+    void ShowChipFilePanel(MainForm&) override { Note("ShowChipFilePanel"); }
     void ShowChipRecord(MainForm&, int row) override { Note("ShowChipRecord " + std::to_string(row)); }
 
   private:
@@ -52,6 +60,7 @@ struct FormBench {
     FakeDialogs dialogs;
     FakeProgramFiles files;
     FakeSettings settings;
+    FakeProgram program;
     std::unique_ptr<SqliteStore> store = MakeEmptyCatalogue();
     NotingCompanions companions;
     ProtocolTable protocols;

@@ -36,6 +36,8 @@ class VirtualLine : public TimerDriver, public SerialPort, public Clock {
     std::function<void()> Receives;      // the receive event
     std::function<void(int)> TimerTick;  // by index
     bool Occupied = false;               // opening the port fails
+    Text Problem;                        // why it does
+    std::vector<PortDevice> Ports;       // of the machine
     bool KeepsFrames = true;             // off for runs of many thousand exchanges
     std::vector<double> RandomNumbers = {0.5};
 
@@ -66,6 +68,8 @@ class VirtualLine : public TimerDriver, public SerialPort, public Clock {
     void SetPortOpen(bool open) override { open_ = open && !Occupied; }
     void Output(const std::string& bytes) override;
     std::string Input() override { return std::exchange(waiting_, {}); }
+    Text LastProblem() const override { return Occupied ? Problem : Text(); }
+    std::vector<PortDevice> Devices() const override { return Ports; }
     DateTime Now() const override;
     void Sleep(std::int32_t milliseconds) override { now_ += milliseconds; }
     double Random() override;

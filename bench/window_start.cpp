@@ -1,0 +1,18 @@
+// The program with its window, to its first painted window: window_start PROGRAM_FOLDER
+#include <QApplication>
+
+#include "first_paint.h"
+#include "window/grid_view.h"
+#include "window/window_program.h"
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion("1.0.0");
+    commtest::WindowOptions options;
+    options.folder = QString::fromLocal8Bit(argv[1]);
+    options.settingsFile = options.folder + "/settings.ini";
+    commtest::WindowProgram program(options);
+    if (!program.Start()) return 1;
+    const FirstPaint firstPaint(*program.Window().findChild<commtest::GridView*>()->viewport());
+    return QApplication::exec();
+}

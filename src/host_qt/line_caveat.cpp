@@ -1,0 +1,44 @@
+#include "host_qt/line_caveat.h"
+
+#include <asm/termbits.h>
+#include <sys/ioctl.h>
+
+#include <QStringList>
+#include <cmath>
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The rate that the driver makes; 0 if it does not tell.
+qint32 DriverBaudRate(int descriptor) {
+    termios2 line = {};
+    return ioctl(descriptor, TCGETS2, &line) == 0 ? static_cast<qint32>(line.c_ospeed) : 0;
+}
+
+bool IsSameRate(qint32 wanted, qint32 made) {
+    constexpr double kTolerance = 0.02;
+    return std::abs(made - wanted) <= wanted * kTolerance;
+}
+
+}  // namespace
+
+QString CaveatOf(int descriptor, const LineSettings& settings) {
+    QStringList caveats;
+    const qint32 made = DriverBaudRate(descriptor);
+    if (made != 0 && !IsSameRate(settings.baudRate, made)) {
+        caveats += u"串口不支持波特率 %1，实际为 %2，请换用别的波特率"_s.arg(settings.baudRate).arg(made);
+    }
+    if (settings.stopBits == QSerialPort::OneAndHalfStop && settings.dataBits != QSerialPort::Data5) {
+        caveats += u"串口只在 5 个数据位时有 1.5 个停止位，实际为 2 个"_s;
+    }
+    return caveats.join(u"；"_s);
+}
+
+QSerialPort::StopBits DriverStopBits(QSerialPort::StopBits wanted) {
+    return wanted == QSerialPort::OneAndHalfStop ? QSerialPort::TwoStop : wanted;
+}
+
+}  // namespace commtest

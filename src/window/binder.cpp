@@ -1,0 +1,44 @@
+#include "window/binder.h"
+
+#include <utility>
+
+#include "session/events.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kLookPeriod = 33;  // milliseconds
+
+}  // namespace
+
+Binder::Binder(MainForm& form) : form_(form) {
+    connect(&timer_, &QTimer::timeout, this, &Binder::Look);
+    timer_.start(kLookPeriod);
+}
+
+void Binder::Event(const std::function<void()>& handler) {
+    RunEvent(form_, handler);
+    Look();
+}
+
+void Binder::Watch(const Control& control, std::function<void()> show) {
+    show();
+    watched_.push_back({&control, control.Generation(), std::move(show)});
+}
+
+void Binder::AtEachLook(std::function<void()> look) {
+    look();
+    looks_.push_back(std::move(look));
+}
+
+void Binder::Look() {
+    for (Watched& watched : watched_) {
+        if (watched.shown == watched.control->Generation()) continue;
+        watched.shown = watched.control->Generation();
+        watched.show();
+    }
+    for (const auto& look : looks_) look();
+}
+
+}  // namespace commtest

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+#include "session/main_form.h"
+
+namespace commtest {
+
+// Where widgets and controls meet. About 30 times a second, and behind each event of the user, it looks which
+// controls have changed and lets their widgets show them; the core calls no widget.
+class Binder : public QObject {
+  public:
+    explicit Binder(MainForm& form);
+
+    MainForm& Form() { return form_; }
+
+    // Runs an event of the user through the session's one door and shows what it has changed.
+    void Event(const std::function<void()>& handler);
+
+    // `show` runs at once and whenever the control has changed.
+    void Watch(const Control& control, std::function<void()> show);
+
+    // `look` runs at every look, for views that find out by themselves what has changed.
+    void AtEachLook(std::function<void()> look);
+
+    void Look();
+
+  private:
+    struct Watched {
+        const Control* control;
+        std::uint64_t shown;
+        std::function<void()> show;
+    };
+
+    MainForm& form_;
+    std::vector<Watched> watched_;
+    std::vector<std::function<void()>> looks_;
+    QTimer timer_;
+};
+
+}  // namespace commtest

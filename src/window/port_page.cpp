@@ -1,0 +1,82 @@
+#include "window/port_page.h"
+
+#include <QApplication>
+#include <QScrollArea>
+
+#include "session/port_settings.h"
+#include "window/bindings.h"
+#include "window/pieces.h"
+#include "window/port_box.h"
+#include "window/record_view.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFormWidth = 288;
+
+}  // namespace
+
+PortPage::PortPage(Binder& binder, QWidget* parent) : QWidget(parent), binder_(binder) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(MakeForm());
+    layout->addWidget(MakeHairline(Qt::Vertical));
+    auto* help = new RecordView(binder, binder.Form().RichTextBox1, this);
+    help->setFont(Theme::UiFont());
+    help->setAccessibleName(u"使用说明"_s);
+    layout->addWidget(help, 1);
+}
+
+QWidget* PortPage::MakeForm() {
+    auto* scroll = new QScrollArea(this);
+    scroll->setFixedWidth(kFormWidth);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    auto* contents = new QWidget;
+    contents->setObjectName(u"portForm"_s);
+    auto* grid = new QGridLayout(contents);
+    grid->setContentsMargins(12, 12, 12, 12);
+    grid->setSpacing(8);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(new QLabel(u"串口属性"_s, contents), 0, 0, 1, 2);
+    const QStringList captions = {u"串口号："_s, u"波特率："_s, u"数据位："_s, u"校验位："_s, u"停止位："_s};
+    for (int index = 0; index < captions.size(); ++index) AddField(*grid, index, captions[index], contents);
+    const int behind = grid->rowCount();
+    grid->addWidget(MakeCaption(u"提示: 串口设置将自动生效"_s), behind, 0, 1, 2);
+    grid->setRowStretch(behind + 1, 1);
+    scroll->setWidget(contents);
+    return scroll;
+}
+
+void PortPage::AddField(QGridLayout& grid, int index, const QString& caption, QWidget* parent) {
+    ListControl& control = binder_.Form().ConCommSetting[static_cast<std::size_t>(index)];
+    QComboBox* field = nullptr;
+    if (index == 0) {
+        field = new PortBox(binder_, control, parent);
+    } else {
+        field = new QComboBox(parent);
+        field->setEditable(index == 1);
+        Bind(binder_, control, *field);
+    }
+    field->setAccessibleName(caption.chopped(1));
+    connect(field, &QComboBox::activated, this, &PortPage::Apply);
+    if (field->isEditable()) connect(field->lineEdit(), &QLineEdit::returnPressed, this, &PortPage::Apply);
+    // The field's own list takes the focus only for a while.
+    WhenLeft(*field, [this] {
+        if (QApplication::activePopupWidget() == nullptr) Apply();
+    });
+    const int row = index + 1;
+    grid.addWidget(new QLabel(caption, parent), row, 0);
+    grid.addWidget(field, row, 1);
+}
+
+void PortPage::Apply() {
+    binder_.Event([this] { ConCommSetting_LostFocus(binder_.Form()); });
+}
+
+}  // namespace commtest

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QGridLayout>
+#include <QWidget>
+
+#include "window/binder.h"
+
+namespace commtest {
+
+// The page 串口设置: the five fields of the port, which take effect when they are left, and the help text.
+class PortPage : public QWidget {
+    Q_OBJECT
+
+  public:
+    PortPage(Binder& binder, QWidget* parent);
+
+  private:
+    QWidget* MakeForm();
+    void AddField(QGridLayout& grid, int index, const QString& caption, QWidget* parent);
+    void Apply();
+
+    Binder& binder_;
+};
+
+}  // namespace commtest

@@ -1,0 +1,107 @@
+#include "window/record_view.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include "session/records.h"
+#include "window/bindings.h"
+#include "window/record_highlighter.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMargin = 8;
+constexpr int kClickReach = 4;  // pixels
+
+}  // namespace
+
+RecordView::RecordView(Binder& binder, const RecordPane& pane, QWidget* parent)
+    : QPlainTextEdit(parent), pane_(pane), epoch_(pane.Epoch()) {
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTabChangesFocus(true);
+    setFrameShape(QFrame::NoFrame);
+    setFont(Theme::MonoFont());
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    document()->setDocumentMargin(kMargin);
+    viewport()->setCursor(Qt::ArrowCursor);
+    BindPresence(binder, pane, *this);
+    binder.Watch(pane, [this] { Follow(); });
+}
+
+void RecordView::Follow() {
+    const std::deque<Text>& blocks = pane_.Blocks();
+    if (epoch_ != pane_.Epoch()) {
+        setPlainText(QString::fromStdU16String(pane_.WholeText()));
+    } else if (shown_ != blocks.size()) {
+        Text missing;
+        for (std::size_t index = 0; index < blocks.size() - shown_; ++index) missing += blocks[index];
+        PutOnTop(QString::fromStdU16String(missing));
+    }
+    epoch_ = pane_.Epoch();
+    shown_ = blocks.size();
+}
+
+// A view that stands at the top stays there; any other one keeps the line that it begins with.
+void RecordView::PutOnTop(const QString& text) {
+    QScrollBar& bar = *verticalScrollBar();
+    const bool isAtTop = bar.value() == bar.minimum();
+    const QTextBlock first = firstVisibleBlock();
+    const int linesIntoFirst = bar.value() - first.firstLineNumber();
+    const int number = first.blockNumber();
+    const int blocksBefore = blockCount();
+    QTextCursor(document()).insertText(text);
+    if (isAtTop) return;
+    const QTextBlock moved = document()->findBlockByNumber(number + blockCount() - blocksBefore);
+    bar.setValue(moved.firstLineNumber() + linesIntoFirst);
+}
+
+void RecordView::DropClickIfDragged(const QMouseEvent& event) {
+    if (press_ && (event.pos() - *press_).manhattanLength() > kClickReach) press_.reset();
+}
+
+void RecordView::mousePressEvent(QMouseEvent* event) {
+    press_.reset();
+    if (event->button() == Qt::LeftButton && !textCursor().hasSelection()) press_ = event->pos();
+    QPlainTextEdit::mousePressEvent(event);
+}
+
+void RecordView::mouseMoveEvent(QMouseEvent* event) {
+    DropClickIfDragged(*event);
+    QPlainTextEdit::mouseMoveEvent(event);
+}
+
+void RecordView::mouseReleaseEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    DropClickIfDragged(*event);
+    const bool isClick = press_ && !textCursor().hasSelection();
+    press_.reset();
+    if (isClick) emit Clicked();
+}
+
+void RecordView::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(u"复制"_s, this, &QPlainTextEdit::copy)->setEnabled(textCursor().hasSelection());
+    menu->addAction(u"全选"_s, this, &QPlainTextEdit::selectAll)->setEnabled(!document()->isEmpty());
+    menu->popup(event->globalPos());
+}
+
+RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget* parent) {
+    MainForm& form = binder.Form();
+    auto* view = new RecordView(binder, form.ConCommString[static_cast<std::size_t>(index)], parent);
+    view->setAccessibleName(index == 1 ? u"通讯记录"_s : u"数据转换过程"_s);
+    if (index == 1) new RecordHighlighter(view->document(), theme);
+    QObject::connect(view, &RecordView::Clicked, view, [&binder, index] {
+        binder.Event([&binder, index] { ConCommString_Click(binder.Form(), index); });
+    });
+    return view;
+}
+
+}  // namespace commtest

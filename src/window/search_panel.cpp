@@ -1,0 +1,115 @@
+#include "window/search_panel.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "session/search_panel.h"
+#include "window/bindings.h"
+#include "window/pieces.h"
+#include "window/port_box.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLineHeight = 28;
+constexpr int kMargin = 4;
+constexpr int kPortWidth = 84;
+constexpr int kAddressWidth = 64;
+constexpr int kLargestAddress = 255;
+
+QHBoxLayout* AddLine(QVBoxLayout& lines, int height) {
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(8);
+    line->addStrut(height);
+    lines.addLayout(line);
+    return line;
+}
+
+}  // namespace
+
+SearchPanel::SearchPanel(Binder& binder, QWidget* parent)
+    : QWidget(parent), binder_(binder), hint_(MakeCaption(u"系统提示:完全搜索仪表,耗时将在三分钟左右！"_s)) {
+    setObjectName(u"searchPanel"_s);
+    setAttribute(Qt::WA_StyledBackground);
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(12, kMargin, 12, kMargin + 1);
+    lines->setSpacing(kMargin);
+    firstLine_ = AddLine(*lines, kLineHeight);
+    secondLine_ = AddLine(*lines, kLineHeight);
+    thirdLine_ = AddLine(*lines, 0);
+    hint_->setMinimumHeight(kLineHeight);
+    FillFirstLine();
+    FillSecondLine();
+    SetNarrow(false);
+    BindPresence(binder, binder.Form().FindFrame, *this);
+}
+
+void SearchPanel::SetNarrow(bool narrow) {
+    (narrow ? secondLine_ : thirdLine_)->removeWidget(hint_);
+    QHBoxLayout& line = narrow ? *thirdLine_ : *secondLine_;
+    if (line.indexOf(hint_) < 0) line.addWidget(hint_);
+    const int lines = narrow ? 3 : 2;
+    setFixedHeight(lines * (kLineHeight + kMargin) + kMargin + 1);
+}
+
+void SearchPanel::FillFirstLine() {
+    MainForm& form = binder_.Form();
+    const auto addField = [this](const QString& caption, QWidget* field, int width) {
+        field->setFixedWidth(width);
+        field->setAccessibleName(caption);
+        firstLine_->addWidget(new QLabel(caption, this));
+        firstLine_->addWidget(field);
+    };
+    const auto addAddress = [&](const QString& caption, TextControl& control) {
+        auto* address = new TextSpinBox(this);
+        address->SetRange(1, kLargestAddress);
+        address->setToolTip(u"最小是 1,最大到 255"_s);
+        Bind(binder_, control, *address);
+        addField(caption, address, kAddressWidth);
+    };
+    firstLine_->addWidget(new QLabel(u"仪表搜索设置"_s, this));
+    firstLine_->addSpacing(8);
+    addField(u"串口编号"_s, new PortBox(binder_, form.ConSettingComm, this), kPortWidth);
+    addAddress(u"开始地址"_s, form.ConSettingDE[0]);
+    addAddress(u"结束地址"_s, form.ConSettingDE[1]);
+    firstLine_->addStretch();
+    AddButton(u"开始搜索"_s, 1, true);
+    AddButton(u"放弃搜索"_s, 0, false);
+}
+
+void SearchPanel::FillSecondLine() {
+    secondLine_->addWidget(new QLabel(u"波特率范围"_s, this));
+    for (std::size_t index = 0; index < kSearchBaudRates.size(); ++index) {
+        auto* box = new QCheckBox(QString::fromStdU16String(Text(kSearchBaudRates[index])), this);
+        box->setProperty("tight", true);
+        Bind(binder_, binder_.Form().ConSettingBT[index], *box);
+        secondLine_->addWidget(box);
+    }
+    secondLine_->addStretch();
+}
+
+void SearchPanel::AddButton(const QString& caption, int index, bool isPrimary) {
+    auto* button = new QPushButton(caption, this);
+    if (isPrimary) button->setProperty("primary", true);
+    connect(button, &QPushButton::clicked, this, [this, index] { Press(index); });
+    firstLine_->addWidget(button);
+}
+
+void SearchPanel::Press(int index) {
+    binder_.Event([this, index] { FindMeter_Click(binder_.Form(), index); });
+}
+
+void SearchPanel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        Press(0);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace commtest

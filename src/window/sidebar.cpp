@@ -1,0 +1,202 @@
+#include "window/sidebar.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "window/bindings.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOptionCount = 14;
+constexpr int kFewestOptionsInView = 5;
+constexpr int kLargestAddress = 255;
+
+QComboBox* MakeList(Binder& binder, ListControl& control, const QString& name, const QString& tip) {
+    auto* box = new QComboBox;
+    box->setAccessibleName(name);
+    box->setToolTip(tip);
+    box->setMinimumContentsLength(4);
+    Bind(binder, control, *box);
+    return box;
+}
+
+TextSpinBox* MakeSpinBox(Binder& binder, TextControl& control, const QString& tip) {
+    auto* box = new TextSpinBox;
+    box->setToolTip(tip);
+    Bind(binder, control, *box);
+    return box;
+}
+
+}  // namespace
+
+Sidebar::Sidebar(Binder& binder, QWidget* parent) : QScrollArea(parent), binder_(binder) {
+    setObjectName(u"sidebar"_s);
+    setMinimumWidth(kNarrowest);
+    setMaximumWidth(kWidest);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    auto* contents = new QWidget;
+    contents->setObjectName(u"sidebarContents"_s);
+    auto* layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(12, 8, 12, 8);
+    layout->setSpacing(8);
+    layout->addWidget(MakeFields(binder));
+    layout->addWidget(MakeHairline(Qt::Horizontal));
+    layout->addWidget(MakeOptions(binder));
+    layout->addWidget(MakeHairline(Qt::Horizontal));
+    layout->addWidget(MakeAdvanced(binder));
+    layout->addStretch(1);
+    setWidget(contents);
+}
+
+QWidget* Sidebar::MakeFields(Binder& binder) {
+    MainForm& form = binder.Form();
+    auto* fields = new QWidget;
+    auto* layout = new QVBoxLayout(fields);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(new QLabel(u"仪表选择"_s));
+    layout->addWidget(
+        MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s));
+    layout->addWidget(MakeCaptioned(
+        u"名称"_s,
+        MakeList(binder, form.ConMeterName[0], u"名称"_s,
+                 u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s)));
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(8);
+    TextSpinBox* address = MakeSpinBox(binder, form.ConMeterAddr, {});
+    address->setObjectName(u"ConMeterAddr"_s);
+    address->SetRange(0, kLargestAddress);
+    pair->addWidget(MakeCaptioned(u"仪表地址"_s, address));
+    TextSpinBox* count = MakeSpinBox(binder, form.ConDataNub, u"在逐个读取参数时,设置每次读取参数的个数"_s);
+    count->SetRange(1, kLargestAddress);
+    pair->addWidget(MakeCaptioned(u"参数个数"_s, count));
+    layout->addLayout(pair);
+    layout->addWidget(
+        MakeCaptioned(u"数据格式"_s, MakeList(binder, form.ConDataTypeList, u"数据格式"_s,
+                                              u"(目前暂时不用)根据不同仪表,选择不同的数据包格式"_s)));
+    return fields;
+}
+
+QWidget* Sidebar::MakeOptions(Binder& binder) {
+    auto* contents = new QWidget;
+    contents->setObjectName(u"optionListContents"_s);
+    auto* layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (int index = 0; index < kOptionCount; ++index) {
+        auto* option = new QRadioButton(u"备用"_s);
+        option->setProperty("quiet", true);
+        option->setFixedHeight(optionHeight_);
+        options_ += option;
+        layout->addWidget(option);
+    }
+    BindOptions(binder);
+    optionList_ = new QScrollArea;
+    optionList_->setObjectName(u"optionList"_s);
+    optionList_->setFrameShape(QFrame::NoFrame);
+    optionList_->setWidgetResizable(true);
+    optionList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    optionList_->setFocusPolicy(Qt::NoFocus);
+    optionList_->setWidget(contents);
+    return optionList_;
+}
+
+// An option stands for the protocol of its caption: it is chosen as from the list, which chooses the option in
+// turn and fills the list of instruments.
+void Sidebar::BindOptions(Binder& binder) {
+    MainForm& form = binder.Form();
+    for (QAbstractButton* option : options_) {
+        connect(option, &QAbstractButton::clicked, this, [&binder, &form, option] {
+            binder.Event([&form, option] {
+                form.ConCommTypeList.Set(option->text().toStdU16String());
+                RunIfSet(form.ConCommTypeList.Click);
+            });
+        });
+    }
+    binder.Watch(form.ConMeterType, [this, &form] {
+        const auto& captions = form.ConMeterType.Captions;
+        for (int index = 0; index < kOptionCount; ++index) {
+            QAbstractButton& option = *options_[index];
+            const bool isUsed = static_cast<std::size_t>(index) < captions.size();
+            option.setEnabled(isUsed);
+            if (isUsed)
+                option.setText(QString::fromStdU16String(captions[static_cast<std::size_t>(index)]));
+            option.setAutoExclusive(form.ConMeterType.Chosen() >= 0);
+            option.setChecked(form.ConMeterType.IsChosen(index));
+        }
+        ShowChosenOption();
+    });
+}
+
+QWidget* Sidebar::MakeAdvanced(Binder& binder) {
+    MainForm& form = binder.Form();
+    auto* advanced = new QWidget;
+    auto* layout = new QGridLayout(advanced);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setHorizontalSpacing(8);
+    layout->setVerticalSpacing(8);
+    layout->setColumnStretch(0, 1);
+    layout->setColumnStretch(1, 1);
+    auto* title = new QHBoxLayout;
+    title->setSpacing(4);
+    title->addWidget(new QLabel(u"高级设置"_s));
+    title->addWidget(MakeCaption(u"(通讯时,可不理会这些设置)"_s));
+    title->addStretch();
+    layout->addLayout(title, 0, 0, 1, 2);
+    const auto add = [&](TickControl& control, const QString& caption, const QString& tip, int row,
+                         int column) {
+        auto* box = new QCheckBox(caption);
+        box->setToolTip(tip);
+        Bind(binder, control, *box);
+        layout->addWidget(box, row, column);
+    };
+    add(form.Check2, u"任意长度"_s, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s, 1, 0);
+    add(form.ConSelChange, u"停止滚屏"_s, {}, 1, 1);
+    add(form.ConAutoSave[0], u"自动保存记录"_s, u"保存所有的通讯过程"_s, 2, 0);
+    add(form.ConAutoSave[1], u"保存错误记录"_s, {}, 2, 1);
+    add(form.ConSaveData, u"数据采集"_s, u"收集并保存通讯数据,供仿真使用"_s, 3, 0);
+    add(form.ConMyCommDriver, u"数据演示"_s, u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s, 3,
+        1);
+    return advanced;
+}
+
+void Sidebar::SetOptionHeight(int height) {
+    if (height == optionHeight_) return;
+    optionHeight_ = height;
+    for (QAbstractButton* option : options_) option->setFixedHeight(height);
+    FitOptions();
+}
+
+void Sidebar::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    FitOptions();
+}
+
+// The list takes whole rows of the height that the other pieces leave.
+void Sidebar::FitOptions() {
+    const int others = widget()->layout()->minimumSize().height() - optionList_->minimumHeight();
+    const int rows =
+        std::clamp((viewport()->height() - others) / optionHeight_, kFewestOptionsInView, kOptionCount);
+    optionList_->setFixedHeight(rows * optionHeight_);
+    ShowChosenOption();
+}
+
+void Sidebar::ShowChosenOption() {
+    const int chosen = binder_.Form().ConMeterType.Chosen();
+    if (optionList_ == nullptr || chosen < 0 || chosen >= options_.size()) return;
+    optionList_->ensureWidgetVisible(options_[chosen], 0, 0);
+}
+
+}  // namespace commtest

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QRadioButton>
+#include <QScrollArea>
+
+#include "window/binder.h"
+
+namespace commtest {
+
+// The left side: the instrument panel (Frame2) with the protocols as options, and the advanced settings
+// (Frame3). It scrolls as one where the window is too low.
+class Sidebar : public QScrollArea {
+  public:
+    Sidebar(Binder& binder, QWidget* parent);
+
+    static constexpr int kNarrowest = 232;
+    static constexpr int kFirstWidth = 264;
+    static constexpr int kWidest = 360;
+
+    // Rows of the options: 20 pixels high in a low window, else 24.
+    void SetOptionHeight(int height);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QWidget* MakeFields(Binder& binder);
+    QWidget* MakeOptions(Binder& binder);
+    void BindOptions(Binder& binder);
+    QWidget* MakeAdvanced(Binder& binder);
+    void FitOptions();
+    void ShowChosenOption();
+
+    Binder& binder_;
+    QScrollArea* optionList_ = nullptr;
+    QList<QAbstractButton*> options_;
+    int optionHeight_ = 20;
+};
+
+}  // namespace commtest

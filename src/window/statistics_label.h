@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "window/binder.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+// A stretch of a statistics text. A failure is a counter or a rate of failures above 0.
+struct StatisticsPart {
+    enum class Kind { Words, Number, Failure };
+    QString text;
+    Kind kind;
+    bool operator==(const StatisticsPart&) const = default;
+};
+
+std::vector<StatisticsPart> PartsOfStatistics(const QString& text);
+
+// ConCommMessage(index): 0 the failures, 1 the total, 2 both. The colours are a rendering; the plain text is
+// its accessible name. A double click starts the counters anew.
+class StatisticsLabel : public QWidget {
+    Q_OBJECT
+
+  public:
+    StatisticsLabel(Binder& binder, const Theme& theme, int index, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+  private:
+    void Show(const QString& text);
+
+    Binder& binder_;
+    const Theme& theme_;
+    std::vector<StatisticsPart> parts_;
+    int width_ = 0;  // of the widest text so far
+};
+
+// The line under the record: the total, then the conclusion.
+class StatisticsLine : public QWidget {
+    Q_OBJECT
+
+  public:
+    StatisticsLine(Binder& binder, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace commtest

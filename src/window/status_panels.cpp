@@ -1,0 +1,85 @@
+#include "window/status_panels.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+
+#include "app/startup.h"
+#include "window/bindings.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDotSize = 8;
+constexpr int kNoteTime = 6000;  // milliseconds
+
+}  // namespace
+
+StatusPanels::StatusPanels(Binder& binder, QWidget* parent) : QStatusBar(parent), binder_(binder) {
+    setSizeGripEnabled(false);
+    setContentsMargins(8, 0, 8, 0);
+    AddMakerPanel();
+    addWidget(MakeHairline(Qt::Vertical, 12));
+    AddPortPanel();
+    auto* clock = new QLabel(this);
+    Bind(binder, binder.Form().StatusBar1[2], *clock);
+    addPermanentWidget(clock);
+    FollowNote();
+}
+
+void StatusPanels::AddMakerPanel() {
+    auto* maker = new QLabel(this);
+    maker->setObjectName(u"makerPanel"_s);
+    maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
+    Bind(binder_, binder_.Form().StatusBar1[0], *maker);
+    maker->installEventFilter(this);
+    maker_ = maker;
+    addWidget(maker);
+}
+
+void StatusPanels::AddPortPanel() {
+    MainForm& form = binder_.Form();
+    auto* panel = new QWidget(this);
+    auto* layout = new QHBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    auto* dot = new QFrame(panel);
+    dot->setObjectName(u"comShow"_s);
+    dot->setFixedSize(kDotSize, kDotSize);
+    QSizePolicy policy = dot->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    dot->setSizePolicy(policy);
+    const auto showDot = [dot, &form] { dot->setVisible(form.IsRunning() && form.ComShow.Visible()); };
+    binder_.Watch(form.ComShow, showDot);
+    binder_.Watch(form.RunningState(), showDot);
+    layout->addWidget(dot);
+    auto* port = new QLabel(panel);
+    Bind(binder_, form.StatusBar1[1], *port);
+    layout->addWidget(port, 1);
+    addWidget(panel, 1);
+}
+
+void StatusPanels::FollowNote() {
+    MainForm& form = binder_.Form();
+    binder_.Watch(form.StatusNote, [this, &form] {
+        const QString note = QString::fromStdU16String(form.StatusNote.Value());
+        if (!note.isEmpty()) showMessage(note, kNoteTime);
+    });
+    // The same word can be said again once it has gone.
+    connect(this, &QStatusBar::messageChanged, this, [&form](const QString& shown) {
+        if (shown.isEmpty()) form.StatusNote.Set({});
+    });
+}
+
+bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == maker_ && event->type() == QEvent::MouseButtonDblClick) {
+        binder_.Event([this] { StatusBar1_PanelDblClick(binder_.Form(), 1); });
+        return true;
+    }
+    return QStatusBar::eventFilter(watched, event);
+}
+
+}  // namespace commtest

@@ -1,0 +1,69 @@
+#include "window/tab_row.h"
+
+#include <QHBoxLayout>
+#include <QRadioButton>
+
+#include "window/bindings.h"
+#include "window/icons.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kHeight = 33;
+constexpr int kIconSize = 20;
+
+}  // namespace
+
+TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent), sidebarButton_(new QToolButton(this)), tabs_(new QTabBar(this)) {
+    setObjectName(u"tabRow"_s);
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedHeight(kHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 0, 12, 0);
+    layout->setSpacing(8);
+
+    sidebarButton_->setProperty("flat", true);
+    sidebarButton_->setIconSize({kIconSize, kIconSize});
+    sidebarButton_->setAccessibleName(u"仪表选择"_s);
+    sidebarButton_->setFocusPolicy(Qt::StrongFocus);
+    const auto showIcon = [this, &theme] {
+        const Tokens& tokens = theme.Now();
+        sidebarButton_->setIcon(TwoToneIcon(u"sidebar"_s, tokens.ink, tokens.accent, tokens.disabled));
+    };
+    connect(&theme, &Theme::Changed, this, showIcon);
+    showIcon();
+    layout->addWidget(sidebarButton_);
+
+    MainForm& form = binder.Form();
+    for (const QString& caption : {u"通讯内容"_s, u"串口设置"_s, u"仪表清单"_s, u"演示数据"_s, u"错误记录"_s})
+        tabs_->addTab(caption);
+    tabs_->setDrawBase(false);
+    tabs_->setExpanding(false);
+    tabs_->setAccessibleName(u"页面"_s);
+    binder.Watch(form.SSTab2, [this, &form] {
+        const QSignalBlocker asShown(tabs_);
+        tabs_->setCurrentIndex(form.SSTab2.Chosen());
+    });
+    connect(tabs_, &QTabBar::currentChanged, this,
+            [&binder, &form](int index) { binder.Event([&] { form.SSTab2.Choose(index); }); });
+    layout->addWidget(tabs_, 0, Qt::AlignBottom);
+    layout->addStretch();
+    AddWriteTypes(binder);
+}
+
+void TabRow::AddWriteTypes(Binder& binder) {
+    QList<QAbstractButton*> options;
+    for (const QString& caption : {u" 参数双字节修改"_s, u" 参数四字节修改"_s, u" 参数批量修改"_s}) {
+        auto* option = new QRadioButton(caption, this);
+        option->setProperty("tight", true);
+        options += option;
+        layout()->addWidget(option);
+    }
+    Bind(binder, binder.Form().WriteType, options);
+}
+
+}  // namespace commtest

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QTabBar>
+#include <QToolButton>
+#include <QWidget>
+
+#include "window/binder.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+// The row over the pages: the button of the sidebar, the tabs of SSTab2 and, above the column that it rules,
+// WriteType.
+class TabRow : public QWidget {
+  public:
+    TabRow(Binder& binder, const Theme& theme, QWidget* parent);
+
+    QToolButton& SidebarButton() { return *sidebarButton_; }
+    QTabBar& Tabs() { return *tabs_; }
+
+  private:
+    void AddWriteTypes(Binder& binder);
+
+    QToolButton* sidebarButton_;
+    QTabBar* tabs_;
+};
+
+}  // namespace commtest

@@ -1,0 +1,136 @@
+#include "window/tool_bar.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QStyle>
+#include <array>
+
+#include "session/toolbar_commands.h"
+#include "window/icons.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kExportMenu = 8;
+constexpr int kToolsMenu = 10;
+constexpr int kIconSize = 20;
+constexpr int kHeight = 44;
+
+struct ButtonRow {
+    int index;
+    QStringView caption;
+    QStringView tip;
+    QStringView icon;
+    bool beginsGroup = false;
+};
+
+// Button 4 shows the state of the session, its caption is not of this table.
+constexpr std::array<ButtonRow, 10> kButtons = {
+    {{2, u"导入地址", u"重新从TQ.Dev文件中导入仪表参数地址数据", u"import-address"},
+     {3, u"仪表搜索", u"自动搜索仪表", u"search-instrument"},
+     {4, u"", u"开始/停止仪联", u"start", true},
+     {5, u"通讯事件", u"查询通讯错误事件", u"comm-events", true},
+     {6, u"历史数据", u"所有历史通讯数据", u"history"},
+     {7, u"清空数据", u"清空历史数据", u"clear-data"},
+     {8, u"导出数据", u"导出数据到Excel文件中", u"export-data"},
+     {9, u"特殊地址", u"循环生成多路仪表的参数地址表", u"special-address", true},
+     {10, u"系统工具", u"自定义通讯格式", u"system-tools"},
+     {11, u"退出系统", u"退出本系统", u"quit"}}};
+
+QString NameOf(int index) { return u"toolbar%1"_s.arg(index); }
+
+}  // namespace
+
+ToolBar::ToolBar(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent), binder_(binder), theme_(theme) {
+    setObjectName(u"toolBar"_s);
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedHeight(kHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 0, 8, 1);
+    layout->setSpacing(8);
+    for (const ButtonRow& row : kButtons) {
+        if (row.beginsGroup) layout->addWidget(MakeHairline(Qt::Vertical, 20));
+        if (row.index == toolbar::kLeave) layout->addStretch();
+        layout->addWidget(MakeButton(row.index));
+        Button(row.index).setText(row.caption.toString());
+        Button(row.index).setToolTip(row.tip.toString());
+    }
+    AddMenu(kExportMenu, {u"导出当前参数地址表"_s, u"导出全部参数地址表"_s});
+    AddMenu(kToolsMenu, {u"系统小工具"_s, u"指令选择"_s, u"参数地址确认"_s});
+
+    const MainForm& form = binder.Form();
+    Button(toolbar::kSearch).setCheckable(true);
+    binder.Watch(form.FindFrame,
+                 [this, &form] { Button(toolbar::kSearch).setChecked(form.FindFrame.Visible()); });
+    Button(toolbar::kStartStop).setProperty("primary", true);
+    binder.Watch(form.RunningState(), [this] { ShowStartStop(); });
+    connect(&theme, &Theme::Changed, this, &ToolBar::ShowIcons);
+    ShowIcons();
+}
+
+QToolButton& ToolBar::Button(int index) const { return *findChild<QToolButton*>(NameOf(index)); }
+
+QToolButton* ToolBar::MakeButton(int index) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(NameOf(index));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIconSize({kIconSize, kIconSize});
+    button->setFocusPolicy(Qt::StrongFocus);
+    connect(button, &QToolButton::clicked, this, [this, index] {
+        binder_.Event([&] { RunToolbarCommand(binder_.Form(), index); });
+        // A checked button follows the panel, not the click.
+        Button(toolbar::kSearch).setChecked(binder_.Form().FindFrame.Visible());
+    });
+    return button;
+}
+
+void ToolBar::AddMenu(int index, const QStringList& captions) {
+    auto* menu = new QMenu(&Button(index));
+    for (const QString& caption : captions) {
+        connect(menu->addAction(caption), &QAction::triggered, this, [this, caption] {
+            if (caption == u"指令选择") emit OperationMenuWanted();
+            binder_.Event([&] { ToolbarMenuCommand(binder_.Form(), caption.toStdU16String()); });
+        });
+    }
+    QToolButton& button = Button(index);
+    button.setProperty("drop", true);
+    button.setPopupMode(QToolButton::InstantPopup);
+    button.setMenu(menu);
+}
+
+void ToolBar::ShowStartStop() {
+    QToolButton& button = Button(toolbar::kStartStop);
+    button.setText(QString::fromStdU16String(Text(binder_.Form().StartStopCaption())));
+    button.setProperty("running", binder_.Form().IsRunning());
+    button.style()->unpolish(&button);
+    button.style()->polish(&button);
+    ShowIcons();
+}
+
+void ToolBar::ShowIcons() {
+    const Tokens& tokens = theme_.Now();
+    for (const ButtonRow& row : kButtons) {
+        const bool isPrimary = row.index == toolbar::kStartStop;
+        const bool isRunning = isPrimary && binder_.Form().IsRunning();
+        const QColor primary = isRunning ? tokens.accent : tokens.onAccent;
+        const QString name = isRunning ? u"stop"_s : row.icon.toString();
+        Button(row.index).setIcon(TwoToneIcon(name, isPrimary ? primary : tokens.ink,
+                                              isPrimary ? primary : tokens.accent, tokens.disabled));
+    }
+}
+
+void ToolBar::SetCompact(bool compact) {
+    for (const ButtonRow& row : kButtons) {
+        const bool hasCaption =
+            !compact || row.index == toolbar::kStartStop || Button(row.index).icon().isNull();
+        Button(row.index).setToolButtonStyle(hasCaption ? Qt::ToolButtonTextBesideIcon
+                                                        : Qt::ToolButtonIconOnly);
+    }
+}
+
+}  // namespace commtest
