@@ -130,7 +130,7 @@ void Form_Activate(MainForm& form) {
                    [&] { ConMeterName_Click(form); },         //
                    [&] { LoadGridLayout(form); },             //
                    [&] { form.Caption.Set(TitleOf(form)); },  //
-                   [&] { form.RichTextBox1.Replace(form.files.ReadText(Text(kHelpFileName))); },
+                   [&] { form.RichTextBox1.Replace(form.files.ReadText(Text(kHelpFileName)).text); },
                    [&] { form.ConSettingComm.Set(form.ConCommSetting[0].Value()); },
                    [&] { form.StatusBar1[2].Set(ClockPanelText(form.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //

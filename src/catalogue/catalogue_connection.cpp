@@ -31,7 +31,7 @@ Text TakeValue(TextView& file) {
 }
 
 ServerFile ReadServerFile(const ProgramFiles& files) {
-    const Text text = files.ReadText(Text(kServerFileName));
+    const Text text = files.ReadText(Text(kServerFileName)).text;
     TextView rest = text;
     ServerFile file;
     for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);

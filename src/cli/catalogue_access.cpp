@@ -1,14 +1,10 @@
 #include "cli/catalogue_access.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QStandardPaths>
 #include <algorithm>
 
 #include "catalogue/catalogue_connection.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/shipped_catalogue.h"
-#include "host/file_names.h"
 #include "host_qt/program_folder.h"
 #include "runtime/runtime_error.h"
 
@@ -32,19 +28,15 @@ std::vector<Text> FirstColumn(const StoreRows& result) {
 
 QString ProgramFolderOf(const Arguments& arguments, Console& console) {
     if (arguments.Has(kFolderOption.name)) return arguments.Value(kFolderOption.name);
-    const QDir beside(QCoreApplication::applicationDirPath());
-    if (beside.exists(QString::fromStdU16String(Text(kCatalogueFileName)))) return beside.path();
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/CommTest"_s;
     try {
-        if (CreateProgramFolder(own.toStdU16String(), FillWithShippedCatalogue)) {
-            console.Tell(u"已建立程序文件夹 %1"_s.arg(own));
-        }
+        const ProgramFolder folder = FindProgramFolder(FillWithShippedCatalogue);
+        if (folder.wasMade) console.Tell(u"已建立程序文件夹 %1"_s.arg(folder.path));
+        return folder.path;
     } catch (const RuntimeError& error) {
-        throw Problem(ExitStatus::NoAccess, u"%1 不能建立程序文件夹 %2，请用 --folder 指定"_s.arg(
-                                                QString::fromStdU16String(error.StandardMessage()), own));
+        throw Problem(ExitStatus::NoAccess,
+                      u"%1 不能建立程序文件夹 %2，请用 --folder 指定"_s.arg(
+                          QString::fromStdU16String(error.StandardMessage()), UsersProgramFolder()));
     }
-    return own;
 }
 
 void OpenCatalogueOf(const ProgramFiles& files, Store& store) {

@@ -51,7 +51,7 @@ ExitStatus Catalogue(const Arguments& arguments, Console& console) {
 Verb CatalogueVerb() {
     return {u"catalogue",
             u"create 文件夹",
-            u"建立程序文件夹: 随附的目录和存放记录的文件夹；已有的文件不改动",
+            u"建立程序文件夹: 随附的目录、使用说明和存放记录的文件夹；已有的文件不改动",
             {},
             Catalogue};
 }

@@ -6,6 +6,11 @@
 
 namespace commtest {
 
+struct FileText {
+    Text text;
+    bool isEndOnly = false;
+};
+
 // The files beside the program: all of them stand in the one program folder. Names are relative to it, with
 // "/" between folders.
 class ProgramFiles {
@@ -17,9 +22,9 @@ class ProgramFiles {
     // Full path of a file, whether it exists or not.
     virtual Text PathOf(const Text& name) const = 0;
 
-    // A text file, code page 936 or UTF-8, line ends as they stand; of a longer one the last megabyte. Error
-    // 53 if there is none.
-    virtual Text ReadText(const Text& name) const = 0;
+    // A text file, code page 936 or UTF-8, line ends as they stand; of one longer than a megabyte only the
+    // end, so much of it. A rich-text file is read whole and as its plain text. Error 53 if there is none.
+    virtual FileText ReadText(const Text& name) const = 0;
 
     // Writes `text` as a rich-text file. Error 76 if its folder is missing.
     virtual void SaveRichText(const Text& name, const Text& text) = 0;

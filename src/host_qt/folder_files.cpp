@@ -13,6 +13,11 @@ namespace commtest {
 namespace {
 
 constexpr qint64 kLongestText = 1024 * 1024;  // bytes; of a longer file its end is read
+constexpr qint64 kLongestMark = 16;           // bytes; the beginning of a file, which tells its kind
+
+std::string_view View(const QByteArray& bytes) {
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
 
 void OpenForWriting(QFile& file, QIODevice::OpenMode mode) {
     if (file.open(QIODevice::WriteOnly | mode)) return;
@@ -45,11 +50,12 @@ bool FolderFiles::Exists(const Text& name) const { return QFile::exists(FullPath
 
 Text FolderFiles::PathOf(const Text& name) const { return FullPath(name).toStdU16String(); }
 
-Text FolderFiles::ReadText(const Text& name) const {
+FileText FolderFiles::ReadText(const Text& name) const {
     QFile file(FullPath(name));
     if (!file.open(QIODevice::ReadOnly)) throw RuntimeError(RuntimeError::kFileNotFound);
-    const QByteArray bytes = file.size() > kLongestText ? EndOf(file) : file.readAll();
-    return FromFileBytes({bytes.data(), static_cast<std::size_t>(bytes.size())});
+    if (IsRichText(View(file.peek(kLongestMark)))) return {PlainTextOf(View(file.readAll())), false};
+    const bool isLong = file.size() > kLongestText;
+    return {FromFileBytes(View(isLong ? EndOf(file) : file.readAll())), isLong};
 }
 
 void FolderFiles::SaveRichText(const Text& name, const Text& text) {

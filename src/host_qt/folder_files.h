@@ -15,7 +15,7 @@ class FolderFiles : public ProgramFiles {
 
     bool Exists(const Text& name) const override;
     Text PathOf(const Text& name) const override;
-    Text ReadText(const Text& name) const override;
+    FileText ReadText(const Text& name) const override;
     void SaveRichText(const Text& name, const Text& text) override;
 
     void OpenErrorFile() override;

@@ -1,11 +1,14 @@
 #include "host_qt/program_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 #include <QUuid>
 
 #include "host/file_names.h"
 #include "host_qt/qt_store.h"
+#include "host_qt/shipped_help.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -43,14 +46,27 @@ class DraftFile {
     bool published_ = false;
 };
 
-void CreateCatalogueFile(const QString& path, const std::function<void(Store&)>& fill) {
+// True if the file was made, by `write`; false if one stood there.
+bool CreateMissing(const QString& path, const std::function<void(const Text& draft)>& write) {
+    if (QFile::exists(path)) return false;
     DraftFile draft(path);
-    {
-        QtStore store;
-        store.Open({StoreAddress::Kind::LocalFile, draft.Path(), {}});
-        fill(store);
-    }
+    write(draft.Path());
     draft.Publish(path);
+    return true;
+}
+
+void WriteCatalogue(const Text& path, const std::function<void(Store&)>& fill) {
+    QtStore store;
+    store.Open({StoreAddress::Kind::LocalFile, path, {}});
+    fill(store);
+}
+
+void WriteHelp(const Text& path) {
+    QFile file(QString::fromStdU16String(path));
+    const std::string_view help = ShippedHelp();
+    const auto size = static_cast<qint64>(help.size());
+    if (file.open(QIODevice::WriteOnly) && file.write(help.data(), size) == size && file.flush()) return;
+    throw RuntimeError::OfStore(path + u"：" + file.errorString().toStdU16String());
 }
 
 QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())); }
@@ -60,11 +76,23 @@ QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast
 bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& fill) {
     const QDir directory(ToQt(folder));
     if (!directory.mkpath(QStringLiteral("."))) throw RuntimeError(RuntimeError::kPathNotFound);
-    const QString catalogue = directory.filePath(ToQt(kCatalogueFileName));
-    const bool isMissing = !QFile::exists(catalogue);
-    if (isMissing) CreateCatalogueFile(catalogue, fill);
+    const bool wasMissing = CreateMissing(directory.filePath(ToQt(kCatalogueFileName)),
+                                          [&](const Text& draft) { WriteCatalogue(draft, fill); });
+    CreateMissing(directory.filePath(ToQt(kHelpFileName)), WriteHelp);
     if (!directory.mkpath(ToQt(kRecordFolderName))) throw RuntimeError(RuntimeError::kPathNotFound);
-    return isMissing;
+    return wasMissing;
+}
+
+QString UsersProgramFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/CommTest");
+}
+
+ProgramFolder FindProgramFolder(const std::function<void(Store&)>& fill) {
+    const QDir beside(QCoreApplication::applicationDirPath());
+    if (beside.exists(ToQt(kCatalogueFileName))) return {beside.path(), false};
+    const QString own = UsersProgramFolder();
+    return {own, CreateProgramFolder(own.toStdU16String(), fill)};
 }
 
 }  // namespace commtest

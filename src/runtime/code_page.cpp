@@ -103,10 +103,7 @@ std::string ToCodePage(TextView text) {
     return bytes;
 }
 
-Text FromFileBytes(std::string_view bytes) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(kMark)) return FromUtf8(bytes.substr(kMark.size()));
-    if (IsUtf8(bytes)) return FromUtf8(bytes);
+Text FromCodePage(std::string_view bytes) {
     Text text;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto lead = static_cast<unsigned char>(bytes[i]);
@@ -118,6 +115,12 @@ Text FromFileBytes(std::string_view bytes) {
         text += character == 0 && code != 0 ? u'\uFFFD' : character;
     }
     return text;
+}
+
+Text FromFileBytes(std::string_view bytes) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(kMark)) return FromUtf8(bytes.substr(kMark.size()));
+    return IsUtf8(bytes) ? FromUtf8(bytes) : FromCodePage(bytes);
 }
 
 }  // namespace commtest

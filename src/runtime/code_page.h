@@ -15,6 +15,9 @@ int CharacterCode(char16_t character);
 // The bytes of a text; what the code page cannot hold is written "?".
 std::string ToCodePage(TextView text);
 
+// The text of bytes; a byte that is no character becomes U+FFFD.
+Text FromCodePage(std::string_view bytes);
+
 // The text of a file: UTF-8 (with or without its mark) where the bytes are that, else code page 936; a byte
 // that is neither becomes U+FFFD.
 Text FromFileBytes(std::string_view bytes);

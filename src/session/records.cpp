@@ -10,12 +10,19 @@ namespace commtest {
 
 namespace {
 
+constexpr TextView kEndOnlyNote = u"(文件较长,只显示最后 1 MB)\r\n";
+
 // Two records of one second: the later one gets "-2" behind its digits.
 Text FreeRecordName(const MainForm& form) {
     const Text stem = Text(kRecordFolderName) + u"/记录" + RecordDigits(form.clock.Now());
     Text name = stem + u".rtf";
     for (int turn = 2; form.files.Exists(name); ++turn) name = stem + u"-" + WholeText(turn) + u".rtf";
     return name;
+}
+
+void ShowErrorFile(MainForm& form) {
+    const FileText file = form.files.ReadText(Text(kErrorFileName));
+    form.RichTextBox2.Replace(Text(file.isEndOnly ? kEndOnlyNote : TextView()) + file.text);
 }
 
 }  // namespace
@@ -53,9 +60,7 @@ void ConShowCommand_Click(MainForm& form) {
 
 void ClearFileCommand_Click(MainForm& form, int index) {
     if (index == 0) form.files.EmptyErrorFile();
-    if (index == 1 && !form.IsRunning()) {
-        form.RichTextBox2.Replace(form.files.ReadText(Text(kErrorFileName)));
-    }
+    if (index == 1 && !form.IsRunning()) ShowErrorFile(form);
 }
 
 }  // namespace commtest

@@ -26,7 +26,6 @@ PortPage::PortPage(Binder& binder, QWidget* parent) : QWidget(parent), binder_(b
     layout->addWidget(MakeForm());
     layout->addWidget(MakeHairline(Qt::Vertical));
     auto* help = new RecordView(binder, binder.Form().RichTextBox1, this);
-    help->setFont(Theme::UiFont());
     help->setAccessibleName(u"使用说明"_s);
     layout->addWidget(help, 1);
 }

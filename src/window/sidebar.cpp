@@ -113,8 +113,8 @@ QWidget* Sidebar::MakeOptions(Binder& binder) {
     return optionList_;
 }
 
-// An option stands for the protocol of its caption: it is chosen as from the list, which chooses the option in
-// turn and fills the list of instruments.
+// An option stands for the protocol of its caption: it is chosen as from the list, which chooses the option
+// in turn and fills the list of instruments.
 void Sidebar::BindOptions(Binder& binder) {
     MainForm& form = binder.Form();
     for (QAbstractButton* option : options_) {
@@ -131,8 +131,7 @@ void Sidebar::BindOptions(Binder& binder) {
             QAbstractButton& option = *options_[index];
             const bool isUsed = static_cast<std::size_t>(index) < captions.size();
             option.setEnabled(isUsed);
-            if (isUsed)
-                option.setText(QString::fromStdU16String(captions[static_cast<std::size_t>(index)]));
+            if (isUsed) option.setText(QString::fromStdU16String(captions[static_cast<std::size_t>(index)]));
             option.setAutoExclusive(form.ConMeterType.Chosen() >= 0);
             option.setChecked(form.ConMeterType.IsChosen(index));
         }

@@ -10,6 +10,8 @@ namespace commtest {
 // The left side: the instrument panel (Frame2) with the protocols as options, and the advanced settings
 // (Frame3). It scrolls as one where the window is too low.
 class Sidebar : public QScrollArea {
+    Q_OBJECT
+
   public:
     Sidebar(Binder& binder, QWidget* parent);
 

@@ -12,6 +12,8 @@ namespace commtest {
 // The row over the pages: the button of the sidebar, the tabs of SSTab2 and, above the column that it rules,
 // WriteType.
 class TabRow : public QWidget {
+    Q_OBJECT
+
   public:
     TabRow(Binder& binder, const Theme& theme, QWidget* parent);
 

@@ -20,6 +20,7 @@ def wait_for(condition, what):
 
 class Desktop:
     def __init__(self, width=1366, height=768):
+        self.size = (width, height)
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
@@ -52,6 +53,12 @@ class Desktop:
         window = wait_for(lambda: self._output(*find).split()[:1], "the window")[0]
         subprocess.run(["xdotool", "windowfocus", "--sync", window], env=self.environment, check=True)
         return window
+
+    def fill(self, window):
+        """Lets the window fill the screen, without a frame."""
+        self.do("windowmove", "--sync", window, 0, 0)
+        self.do("windowsize", window, *self.size)
+        self.do("windowmove", window, 0, 0)
 
     def do(self, *words):
         subprocess.run(["xdotool", *[str(word) for word in words]], env=self.environment, check=True)

@@ -66,8 +66,8 @@ TEST_F(FolderFilesTest, FileExistsOnceItIsThere) {
 TEST_F(FolderFilesTest, TextMayBeInEitherEncodingAndKeepsItsLineEnds) {
     Put(QStringLiteral("utf8"), "仪表\r\n2\n");
     Put(QStringLiteral("cp936"), "\xD2\xC7\xB1\xED\r\n2\n");
-    EXPECT_EQ(ToUtf8(files.ReadText(u"utf8")), "仪表\r\n2\n");
-    EXPECT_EQ(ToUtf8(files.ReadText(u"cp936")), "仪表\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadText(u"utf8").text), "仪表\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadText(u"cp936").text), "仪表\r\n2\n");
 }
 
 TEST_F(FolderFilesTest, MissingTextIsError53) {
@@ -76,7 +76,9 @@ TEST_F(FolderFilesTest, MissingTextIsError53) {
 
 TEST_F(FolderFilesTest, TextOfAMegabyteIsReadWhole) {
     Put(QStringLiteral("long"), QByteArray(1024 * 1024, 'a'));
-    EXPECT_EQ(files.ReadText(u"long"), Text(1024 * 1024, u'a'));
+    const FileText file = files.ReadText(u"long");
+    EXPECT_EQ(file.text, Text(1024 * 1024, u'a'));
+    EXPECT_FALSE(file.isEndOnly);
 }
 
 TEST_F(FolderFilesTest, OfALongerTextTheLastMegabyteIsReadFromALineOn) {
@@ -84,7 +86,24 @@ TEST_F(FolderFilesTest, OfALongerTextTheLastMegabyteIsReadFromALineOn) {
     QByteArray bytes = "仪表\n";
     bytes += QByteArray(1024 * 1024 - 3, 'a');
     Put(QStringLiteral("long"), bytes);
-    EXPECT_EQ(files.ReadText(u"long"), Text(1024 * 1024 - 3, u'a'));
+    const FileText file = files.ReadText(u"long");
+    EXPECT_EQ(file.text, Text(1024 * 1024 - 3, u'a'));
+    EXPECT_TRUE(file.isEndOnly);
+}
+
+TEST_F(FolderFilesTest, RichTextIsReadAsItsPlainText) {
+    Put(QStringLiteral("rich"), "{\\rtf1\\ansi{\\fonttbl{\\f0 x;}}\\'d2\\'c7\\u34920?\\par\r\nb}");
+    EXPECT_EQ(ToUtf8(files.ReadText(u"rich").text), "仪表\r\nb");
+}
+
+TEST_F(FolderFilesTest, RichTextIsReadWholeAlsoBeyondAMegabyte) {
+    QByteArray bytes = "{\\rtf1 a{\\pict ";
+    bytes += QByteArray(1024 * 1024, '0');
+    bytes += "}b}";
+    Put(QStringLiteral("rich"), bytes);
+    const FileText file = files.ReadText(u"rich");
+    EXPECT_EQ(ToUtf8(file.text), "ab");
+    EXPECT_FALSE(file.isEndOnly);
 }
 
 TEST_F(FolderFilesTest, RecordIsSavedAsRichText) {

@@ -30,7 +30,8 @@ class CaveatTest : public ::testing::Test {
         ASSERT_EQ(ioctl(descriptor, TCSETS2, &settings), 0);
     }
 
-    std::string Caveat(qint32 baudRate, QSerialPort::DataBits dataBits, QSerialPort::StopBits stopBits) const {
+    std::string Caveat(qint32 baudRate, QSerialPort::DataBits dataBits,
+                       QSerialPort::StopBits stopBits) const {
         return CaveatOf(descriptor, {baudRate, QSerialPort::NoParity, dataBits, stopBits}).toStdString();
     }
 };
@@ -63,7 +64,8 @@ TEST_F(CaveatTest, OneAndAHalfStopBitsAreThereWithFiveDataBitsOnly) {
 TEST_F(CaveatTest, BothAreToldInOneLine) {
     DriverMakes(9600);
     EXPECT_EQ(Caveat(28800, QSerialPort::Data7, QSerialPort::OneAndHalfStop),
-              "串口不支持波特率 28800，实际为 9600，请换用别的波特率；串口只在 5 个数据位时有 1.5 个停止位，实际为 2 个");
+              "串口不支持波特率 28800，实际为 9600，请换用别的波特率；串口只在 5 个数据位时有 1.5 "
+              "个停止位，实际为 2 个");
 }
 
 TEST_F(CaveatTest, NoTerminalHasNone) { EXPECT_EQ(CaveatOf(-1, {}).toStdString(), ""); }

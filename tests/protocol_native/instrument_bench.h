@@ -70,7 +70,7 @@ class InstrumentBench : public BenchSession {
     }
 
     // What ConAutoSave(1) has logged.
-    std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini")); }
+    std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini").text); }
 };
 
 }  // namespace commtest::testing

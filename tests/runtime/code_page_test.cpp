@@ -49,6 +49,11 @@ TEST(ToCodePage, HalfAPairIsOneQuestionMarkAndTakesNothingAlong) {
     EXPECT_EQ(ToCodePage(Text(1, char16_t{0xD83D})), "?");
 }
 
+TEST(FromCodePage, ReadsBytesThatWouldAlsoBeUtf8) {
+    EXPECT_EQ(ToUtf8(FromCodePage("\xC4\xA3 A")), "模 A");
+    EXPECT_EQ(ToUtf8(FromCodePage("a\xD6")), "a\uFFFD");
+}
+
 TEST(FromFileBytes, ReadsCodePage936) {
     EXPECT_EQ(ToUtf8(FromFileBytes("A\xD6\xD0\r\n\xCE\xC2\xB6\xC8")), "A中\r\n温度");
     EXPECT_EQ(ToUtf8(FromFileBytes("\x80")), "€");

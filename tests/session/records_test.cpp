@@ -170,6 +170,14 @@ TEST(ClearFileCommand_Click, ShowsTheErrorFileOnlyWhileStopped) {
     }
 }
 
+TEST(ClearFileCommand_Click, SaysWhereOnlyTheEndOfTheErrorFileIsShown) {
+    FormBench bench;
+    bench.files.ErrorFile = "records";
+    bench.files.ErrorFileIsLong = true;
+    ClearFileCommand_Click(bench.form, 1);
+    EXPECT_EQ(ToUtf8(bench.form.RichTextBox2.WholeText()), "(文件较长,只显示最后 1 MB)\r\nrecords");
+}
+
 // --- The record ---
 
 TEST(SaveRecord, NamesTheFileByTheMomentAndTheLaterOnesOfASecondByTheirTurn) {

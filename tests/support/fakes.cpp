@@ -44,11 +44,11 @@ bool FakeProgramFiles::Exists(const Text& name) const {
     return TextFiles.contains(name);
 }
 
-Text FakeProgramFiles::ReadText(const Text& name) const {
-    if (name == kErrorFileName) return FromFileBytes(ErrorFile);
+FileText FakeProgramFiles::ReadText(const Text& name) const {
+    if (name == kErrorFileName) return {FromFileBytes(ErrorFile), ErrorFileIsLong};
     const auto found = TextFiles.find(name);
     if (found == TextFiles.end()) throw RuntimeError(RuntimeError::kFileNotFound);
-    return found->second;
+    return {found->second, false};
 }
 
 void FakeProgramFiles::SaveRichText(const Text& name, const Text& text) {

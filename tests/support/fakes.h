@@ -53,11 +53,12 @@ class FakeProgramFiles : public ProgramFiles {
     std::map<Text, Text> TextFiles;
     std::vector<std::pair<Text, Text>> SavedRecords;  // name and text, in order
     std::string ErrorFile;                            // its bytes
+    bool ErrorFileIsLong = false;                     // these are its end only
     bool HasRecordFolder = true;
 
     bool Exists(const Text& name) const override;
     Text PathOf(const Text& name) const override { return u"folder/" + name; }
-    Text ReadText(const Text& name) const override;
+    FileText ReadText(const Text& name) const override;
     void SaveRichText(const Text& name, const Text& text) override;
     void OpenErrorFile() override { errorFileIsOpen_ = true; }
     void CloseErrorFile() override { errorFileIsOpen_ = false; }

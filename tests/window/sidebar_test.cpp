@@ -103,13 +103,14 @@ TEST_F(SidebarTest, AdvancedSettingsAreTicks) {
         const char* tip;
     };
     MainForm& form = Form();
-    for (const Row& row : {Row{"任意长度", &form.Check2, "在读多个参数时，随机变化读取数据的长度，用于通讯测试"},
-                           Row{"停止滚屏", &form.ConSelChange, ""},
-                           Row{"自动保存记录", &form.ConAutoSave[0], "保存所有的通讯过程"},
-                           Row{"保存错误记录", &form.ConAutoSave[1], ""},
-                           Row{"数据采集", &form.ConSaveData, "收集并保存通讯数据,供仿真使用"},
-                           Row{"数据演示", &form.ConMyCommDriver,
-                               "可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"}}) {
+    for (const Row& row :
+         {Row{"任意长度", &form.Check2, "在读多个参数时，随机变化读取数据的长度，用于通讯测试"},
+          Row{"停止滚屏", &form.ConSelChange, ""},
+          Row{"自动保存记录", &form.ConAutoSave[0], "保存所有的通讯过程"},
+          Row{"保存错误记录", &form.ConAutoSave[1], ""},
+          Row{"数据采集", &form.ConSaveData, "收集并保存通讯数据,供仿真使用"},
+          Row{"数据演示", &form.ConMyCommDriver,
+              "可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"}}) {
         QCheckBox* box = Box(row.caption);
         ASSERT_NE(box, nullptr) << row.caption;
         EXPECT_EQ(box->toolTip().toStdString(), row.tip);

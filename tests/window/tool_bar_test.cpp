@@ -39,16 +39,12 @@ TEST_F(ToolBarTest, ButtonsHaveTheirCaptionsAndTips) {
         const char* caption;
         const char* tip;
     };
-    for (const Row& row : {Row{2, "导入地址", "重新从TQ.Dev文件中导入仪表参数地址数据"},
-                           Row{3, "仪表搜索", "自动搜索仪表"},
-                           Row{4, "开始通讯", "开始/停止仪联"},
-                           Row{5, "通讯事件", "查询通讯错误事件"},
-                           Row{6, "历史数据", "所有历史通讯数据"},
-                           Row{7, "清空数据", "清空历史数据"},
-                           Row{8, "导出数据", "导出数据到Excel文件中"},
-                           Row{9, "特殊地址", "循环生成多路仪表的参数地址表"},
-                           Row{10, "系统工具", "自定义通讯格式"},
-                           Row{11, "退出系统", "退出本系统"}}) {
+    for (const Row& row :
+         {Row{2, "导入地址", "重新从TQ.Dev文件中导入仪表参数地址数据"}, Row{3, "仪表搜索", "自动搜索仪表"},
+          Row{4, "开始通讯", "开始/停止仪联"}, Row{5, "通讯事件", "查询通讯错误事件"},
+          Row{6, "历史数据", "所有历史通讯数据"}, Row{7, "清空数据", "清空历史数据"},
+          Row{8, "导出数据", "导出数据到Excel文件中"}, Row{9, "特殊地址", "循环生成多路仪表的参数地址表"},
+          Row{10, "系统工具", "自定义通讯格式"}, Row{11, "退出系统", "退出本系统"}}) {
         EXPECT_EQ(toolBar.Button(row.index).text().toStdString(), row.caption);
         EXPECT_EQ(toolBar.Button(row.index).toolTip().toStdString(), row.tip);
     }

@@ -1,0 +1,43 @@
+#include "window/cell_editor.h"
+
+#include <QKeyEvent>
+
+#include "session/grid_editing.h"
+#include "window/bindings.h"
+#include "window/grid_view.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+CellEditor::CellEditor(Binder& binder, GridView& grid)
+    : QLineEdit(grid.viewport()), binder_(binder), grid_(grid) {
+    setObjectName(u"cellEditor"_s);
+    setAccessibleName(u"修改值"_s);
+    setFont(Theme::MonoFont());
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Bind(binder, binder.Form().InputText, *this);
+    WhenLeft(*this, [this] { binder_.Event([this] { InputText_LostFocus(binder_.Form()); }); });
+}
+
+// One pixel higher than the cell, to cover the edge of the row above.
+void CellEditor::TakeFocus() {
+    setGeometry(grid_.visualRect(grid_.currentIndex()).adjusted(0, -1, 0, 0));
+    setFocus(Qt::OtherFocusReason);
+    selectAll();
+}
+
+void CellEditor::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter) {
+        binder_.Event([this] { InputText_KeyDown(binder_.Form(), key::kEnter); });
+    } else if (event->key() == Qt::Key_Escape) {
+        binder_.Event([this] { InputText_KeyDown(binder_.Form(), key::kEscape); });
+        grid_.setFocus();
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+}  // namespace commtest

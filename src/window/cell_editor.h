@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include "window/binder.h"
+
+namespace commtest {
+
+class GridView;
+
+// InputText: the editor over a cell of the parameter grid. It belongs to the view of the grid.
+class CellEditor : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    CellEditor(Binder& binder, GridView& grid);
+
+    // Over the current cell, with the focus and all of its text selected.
+    void TakeFocus();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    Binder& binder_;
+    GridView& grid_;
+};
+
+}  // namespace commtest

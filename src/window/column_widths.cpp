@@ -1,0 +1,96 @@
+#include "window/column_widths.h"
+
+#include <QDataStream>
+#include <QFontMetricsF>
+#include <QIODevice>
+#include <QList>
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "window/grid_columns.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kPadding = 16;        // both sides of a text
+constexpr int kMeasuredRows = 200;  // from the headings on
+constexpr int kWidestByText = 360;
+constexpr int kWidestByUser = 2000;
+
+// Divides `amount` among the widths in proportion to their shares.
+void Divide(int amount, const std::vector<int>& shares, std::vector<int>& widths) {
+    int rest = std::accumulate(shares.begin(), shares.end(), 0);
+    for (std::size_t col = 0; col < widths.size() && rest > 0; ++col) {
+        const int part = amount * shares[col] / rest;
+        widths[col] += part;
+        amount -= part;
+        rest -= shares[col];
+    }
+}
+
+}  // namespace
+
+ColumnWidths::ColumnWidths(const Grid& grid, int index) : grid_(grid), index_(index) { BeginAnew(); }
+
+void ColumnWidths::BeginAnew() {
+    columns_.resize(static_cast<std::size_t>(grid_.Cols()));
+    for (int col = 0; col < grid_.Cols(); ++col) {
+        const ColumnLook look = LookOfColumn(index_, col);
+        Column& column = columns_[static_cast<std::size_t>(col)];
+        column.smallest = std::max(look.smallest, index_ == 0 ? 0 : WidthOfTexts(col));
+        column.wanted = std::max(column.smallest, WidthOf(grid_.Column(col)));
+        column.weight = look.weight;
+    }
+}
+
+int ColumnWidths::WidthOfTexts(int col) const {
+    const QFontMetricsF metrics(Theme::UiFont());
+    double widest = 0;
+    for (int row = 0; row < std::min(grid_.Rows(), kMeasuredRows); ++row)
+        widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdU16String(grid_.Cell(row, col))));
+    return std::min(static_cast<int>(std::ceil(widest)) + kPadding, kWidestByText);
+}
+
+void ColumnWidths::SetByUser(int col, int width) {
+    const auto place = static_cast<std::size_t>(col);
+    if (place < columns_.size()) columns_[place].byUser = width;
+}
+
+std::vector<int> ColumnWidths::InRoom(int room) const {
+    std::vector<int> widths;
+    std::vector<int> wishes;
+    std::vector<int> weights;
+    for (const Column& column : columns_) {
+        const bool isFree = column.byUser == 0;
+        widths.push_back(isFree ? column.smallest : column.byUser);
+        wishes.push_back(isFree ? column.wanted - column.smallest : 0);
+        weights.push_back(isFree ? column.weight : 0);
+    }
+    const int spare = std::max(room - std::accumulate(widths.begin(), widths.end(), 0), 0);
+    const int wished = std::min(spare, std::accumulate(wishes.begin(), wishes.end(), 0));
+    Divide(wished, wishes, widths);
+    Divide(spare - wished, weights, widths);
+    return widths;
+}
+
+QByteArray ColumnWidths::Save() const {
+    QList<qint32> widths;
+    for (const Column& column : columns_) widths += column.byUser;
+    QByteArray saved;
+    QDataStream stream(&saved, QIODevice::WriteOnly);
+    stream << widths;
+    return saved;
+}
+
+void ColumnWidths::Restore(const QByteArray& saved) {
+    QList<qint32> widths;
+    QDataStream stream(saved);
+    stream >> widths;
+    if (widths.size() != std::ssize(columns_)) return;
+    for (int col = 0; col < widths.size(); ++col) SetByUser(col, std::clamp(widths[col], 0, kWidestByUser));
+}
+
+}  // namespace commtest

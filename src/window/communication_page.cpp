@@ -1,0 +1,82 @@
+#include "window/communication_page.h"
+
+#include <QVBoxLayout>
+
+#include "window/cell_editor.h"
+#include "window/communication_strip.h"
+#include "window/grid_view.h"
+#include "window/record_view.h"
+#include "window/statistics_label.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kHandleWidth = 5;
+constexpr int kNarrowestRecord = 320;
+constexpr int kNarrowestConversion = 240;
+constexpr int kLowestPane = 72;
+
+// 58 to 42: the grid over the panes, the record beside the conversion.
+void DivideAtFirst(QSplitter& splitter) {
+    splitter.setHandleWidth(kHandleWidth);
+    splitter.setChildrenCollapsible(false);
+    splitter.setStretchFactor(0, 58);
+    splitter.setStretchFactor(1, 42);
+    splitter.setSizes({5800, 4200});
+}
+
+}  // namespace
+
+CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent),
+      grid_(new GridView(binder, theme, 0, this)),
+      editor_(new CellEditor(binder, *grid_)),
+      halves_(new QSplitter(Qt::Vertical, this)) {
+    halves_->addWidget(grid_);
+    halves_->addWidget(MakeLowerHalf(binder, theme));
+    DivideAtFirst(*halves_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(halves_);
+}
+
+QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
+    auto* half = new QWidget;
+    auto* layout = new QVBoxLayout(half);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    strip_ = new CommunicationStrip(binder, half);
+    layout->addWidget(strip_);
+
+    panes_ = new QSplitter(Qt::Horizontal);
+    record_ = MakeCommPane(binder, theme, 1, panes_);
+    record_->setMinimumWidth(kNarrowestRecord);
+    RecordView* conversion = MakeCommPane(binder, theme, 0, panes_);
+    conversion->setMinimumWidth(kNarrowestConversion);
+    panes_->addWidget(record_);
+    panes_->addWidget(conversion);
+    panes_->setMinimumHeight(kLowestPane);
+    DivideAtFirst(*panes_);
+    layout->addWidget(panes_, 1);
+    layout->addWidget(new StatisticsLine(binder, theme, half));
+    return half;
+}
+
+void CommunicationPage::FocusCellEditor() { editor_->TakeFocus(); }
+
+void CommunicationPage::SaveState(QSettings& settings) const {
+    settings.setValue(u"GridSplitter"_s, halves_->saveState());
+    settings.setValue(u"PaneSplitter"_s, panes_->saveState());
+    settings.setValue(u"ParameterColumns"_s, grid_->SaveWidths());
+}
+
+void CommunicationPage::RestoreState(const QSettings& settings) {
+    halves_->restoreState(settings.value(u"GridSplitter"_s).toByteArray());
+    panes_->restoreState(settings.value(u"PaneSplitter"_s).toByteArray());
+    grid_->RestoreWidths(settings.value(u"ParameterColumns"_s).toByteArray());
+}
+
+}  // namespace commtest

@@ -1,0 +1,42 @@
+#include "window/grid_columns.h"
+
+#include <array>
+
+#include "session/grid_rows.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kUnitsToThePixel = 15;
+
+constexpr std::array<ColumnLook, column::kCount> kParameterColumns = {
+    {{.smallest = 48, .isCode = true, .isQuiet = true, .endsGroup = true},
+     {.smallest = 172, .weight = 40},
+     {.smallest = 60, .weight = 2, .isCode = true, .isQuiet = true},
+     {.smallest = 48, .weight = 2, .isCode = true, .isQuiet = true},
+     {.smallest = 52, .weight = 2, .isCode = true, .isQuiet = true},
+     {.smallest = 60, .weight = 2, .isCode = true, .isQuiet = true, .endsGroup = true},
+     {.smallest = 104, .weight = 12, .isCode = true},
+     {.smallest = 118, .weight = 16, .isCode = true},
+     {.smallest = 100, .weight = 8, .isCode = true, .isQuiet = true},
+     {.smallest = 116, .weight = 8, .isCode = true, .endsGroup = true},
+     {.smallest = 120, .weight = 8, .isCode = true}}};
+
+}  // namespace
+
+ColumnLook LookOfColumn(int index, int col) {
+    if (index == 0 && col < column::kCount) return kParameterColumns[static_cast<std::size_t>(col)];
+    if (col == 0) return {.smallest = 48, .isCode = true, .isQuiet = true, .endsGroup = true};
+    return {.smallest = 48, .weight = 1};
+}
+
+Qt::Alignment AlignmentOf(const GridColumn& column) {
+    if (column.alignment >= 6 && column.alignment <= 8) return Qt::AlignRight | Qt::AlignVCenter;
+    if (column.alignment >= 3 && column.alignment <= 5) return Qt::AlignHCenter | Qt::AlignVCenter;
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+int WidthOf(const GridColumn& column) { return column.width / kUnitsToThePixel; }
+
+}  // namespace commtest

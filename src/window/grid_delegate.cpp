@@ -1,0 +1,100 @@
+#include "window/grid_delegate.h"
+
+#include <QPainter>
+
+#include "session/grid_rows.h"
+#include "window/grid_columns.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kPadding = 8;
+constexpr int kBarWidth = 3;
+
+QColor Mixed(const QColor& ground, const QColor& light, double strength) {
+    const auto part = [strength](int from, int to) {
+        return static_cast<int>(from + (to - from) * strength + 0.5);
+    };
+    return {part(ground.red(), light.red()), part(ground.green(), light.green()),
+            part(ground.blue(), light.blue())};
+}
+
+void PaintBar(QPainter& painter, const QRect& cell, const QColor& colour) {
+    painter.fillRect(cell.left(), cell.top(), kBarWidth, cell.height(), colour);
+}
+
+}  // namespace
+
+GridDelegate::GridDelegate(const MainForm& form, int index, const Theme& theme, const CellFlash& flash,
+                           QObject* parent)
+    : QStyledItemDelegate(parent),
+      form_(form),
+      grid_(form.MSHFlexGrid1[static_cast<std::size_t>(index)]),
+      index_(index),
+      theme_(theme),
+      flash_(flash) {}
+
+bool GridDelegate::IsBeingRead(Place place) const {
+    return index_ == 0 && place.col == column::kNumber && place.row == form_.CurrentRow;
+}
+
+bool GridDelegate::IsMismatch(Place place) const {
+    return grid_.CellColour(place.row, place.col) != kWindowBackground;
+}
+
+bool GridDelegate::MayBeWritten(Place place) const {
+    return index_ == 0 && place.col == column::kNewValue &&
+           Contains(grid_.Cell(place.row, column::kAttribute), u"W");
+}
+
+QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
+    const Tokens& tokens = theme_.Now();
+    const bool isCurrent = place.row == grid_.Row && place.col == grid_.Col;
+    if (IsMismatch(place)) return tokens.warnTint;
+    if (isSelected && !isCurrent) return tokens.tint;
+    if (place.row == grid_.Row) return tokens.row;
+    if (MayBeWritten(place)) return tokens.edit;
+    return place.row % 2 == 0 ? tokens.zebra : tokens.surface;
+}
+
+QColor GridDelegate::InkOf(Place place) const {
+    const Tokens& tokens = theme_.Now();
+    if (IsMismatch(place) || flash_.StrengthOf({place.row, place.col}) > 0) return tokens.text;
+    if (IsBeingRead(place)) return tokens.accent;
+    return LookOfColumn(index_, place.col).isQuiet ? tokens.text2 : tokens.text;
+}
+
+void GridDelegate::PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const {
+    if (text.isEmpty()) return;
+    const QFont& font = LookOfColumn(index_, place.col).isCode ? codeFont_ : uiFont_;
+    const QRect room = cell.adjusted(kPadding, 0, -kPadding, 0);
+    painter.setFont(font);
+    painter.setPen(InkOf(place));
+    painter.drawText(room, static_cast<int>(AlignmentOf(grid_.Column(place.col))) | Qt::TextSingleLine,
+                     QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width()));
+}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    const Place place{index.row() + 1, index.column()};
+    // A handler may have made the grid smaller since the last look.
+    if (place.row >= grid_.Rows() || place.col >= grid_.Cols()) return;
+    const Tokens& tokens = theme_.Now();
+    const QRect& cell = option.rect;
+    const QColor ground = GroundOf(place, option.state.testFlag(QStyle::State_Selected));
+    painter->fillRect(cell, Mixed(ground, tokens.flash, flash_.StrengthOf({place.row, place.col})));
+    if (IsMismatch(place)) PaintBar(*painter, cell, tokens.warn);
+    if (IsBeingRead(place)) PaintBar(*painter, cell, tokens.accent);
+    PaintText(*painter, cell, place, index.data().toString());
+    if (LookOfColumn(index_, place.col).endsGroup) {
+        painter->setPen(tokens.line);
+        painter->drawLine(cell.topRight(), cell.bottomRight());
+    }
+    if (place.row == grid_.Row && place.col == grid_.Col) {
+        painter->setPen(tokens.accent);
+        painter->drawRect(cell.adjusted(0, 0, -1, -1));
+    }
+}
+
+}  // namespace commtest

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include "session/main_form.h"
+#include "window/cell_flash.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+// Paints the cells of MSHFlexGrid1(index). What a cell says by colour it says by a bar, an outline or its
+// text as well.
+class GridDelegate : public QStyledItemDelegate {
+  public:
+    GridDelegate(const MainForm& form, int index, const Theme& theme, const CellFlash& flash,
+                 QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+
+  private:
+    struct Place {
+        int row;  // of the grid
+        int col;
+    };
+
+    bool IsBeingRead(Place place) const;
+    bool IsMismatch(Place place) const;
+    bool MayBeWritten(Place place) const;
+    QColor GroundOf(Place place, bool isSelected) const;
+    QColor InkOf(Place place) const;
+    void PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const;
+
+    const MainForm& form_;
+    const Grid& grid_;
+    int index_;
+    const Theme& theme_;
+    const CellFlash& flash_;
+    QFont uiFont_ = Theme::UiFont();
+    QFont codeFont_ = Theme::MonoFont();
+};
+
+}  // namespace commtest

@@ -1,0 +1,52 @@
+#include "window/grid_model.h"
+
+namespace commtest {
+
+namespace {
+
+int RowsBelowHeader(const Grid& grid) { return grid.Rows() > 0 ? grid.Rows() - 1 : 0; }
+
+}  // namespace
+
+GridModel::GridModel(const Grid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid), rows_(RowsBelowHeader(grid)), columns_(grid.Cols()) {}
+
+void GridModel::Follow() {
+    const int rows = RowsBelowHeader(grid_);
+    if (columns_ != grid_.Cols()) {
+        beginResetModel();
+        rows_ = rows;
+        columns_ = grid_.Cols();
+        endResetModel();
+    } else if (rows > rows_) {
+        beginInsertRows({}, rows_, rows - 1);
+        rows_ = rows;
+        endInsertRows();
+    } else if (rows < rows_) {
+        beginRemoveRows({}, rows, rows_ - 1);
+        rows_ = rows;
+        endRemoveRows();
+    }
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns_; }
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (role != Qt::DisplayRole || !index.isValid()) return {};
+    return TextAt(index.row() + 1, index.column());
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return TextAt(0, section);
+}
+
+// A handler may have made the grid smaller since the last look.
+QString GridModel::TextAt(int row, int col) const {
+    if (row >= grid_.Rows() || col >= grid_.Cols()) return {};
+    return QString::fromStdU16String(grid_.Cell(row, col));
+}
+
+}  // namespace commtest

@@ -1,0 +1,318 @@
+#include "window/grid_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "session/grid_editing.h"
+#include "session/grid_rows.h"
+#include "session/operation_menus.h"
+#include "window/grid_delegate.h"
+#include "window/grid_header.h"
+#include "window/grid_model.h"
+#include "window/second_click.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kWheelStep = 120;
+
+const QStringList kNames = {u"参数表"_s, u"仪表清单"_s, u"演示数据"_s, u"芯片清单"_s};
+
+bool IsReading(int col) { return col >= column::kSingleRead && col <= column::kScaledValue; }
+
+}  // namespace
+
+GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* parent)
+    : QTableView(parent),
+      binder_(binder),
+      form_(binder.Form()),
+      grid_(form_.MSHFlexGrid1[static_cast<std::size_t>(index)]),
+      index_(index),
+      widths_(grid_, index),
+      model_(new GridModel(grid_, this)),
+      flash_(new CellFlash([this](CellFlash::Cell cell) { UpdateCell(cell.first, cell.second); }, this)),
+      secondClick_(new SecondClick(this)) {
+    setHorizontalHeader(new GridHeader(grid_, index, theme, this));
+    setModel(model_);
+    setItemDelegate(new GridDelegate(form_, index, theme, *flash_, this));
+    setAccessibleName(kNames[index]);
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setAutoScroll(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ContiguousSelection);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &GridView::ScrolledByUser);
+    for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &GridView::HideEditor);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int col, int, int width) {
+        if (!isFitting_) widths_.SetByUser(col, width);
+    });
+    connect(&theme, &Theme::Changed, viewport(), qOverload<>(&QWidget::update));
+    BeginAnew();
+    binder.AtEachLook([this] { Follow(); });
+}
+
+// --- What the grid says ---
+
+void GridView::Follow() {
+    if (viewport()->updatesEnabled() != grid_.Redraw) viewport()->setUpdatesEnabled(grid_.Redraw);
+    if (!grid_.Redraw) return;
+    const QScopedValueRollback following(isFollowing_, true);
+    if (generation_ != grid_.Generation()) FollowCells();
+    FollowTopRow();
+    FollowCurrentCell();
+    FollowReadRow();
+}
+
+void GridView::FollowCells() {
+    generation_ = grid_.Generation();
+    if (epoch_ != grid_.Epoch()) BeginAnew();
+    CompareCells();
+}
+
+// Another instrument: nothing of what was shown is left.
+void GridView::BeginAnew() {
+    epoch_ = grid_.Epoch();
+    model_->Follow();
+    executeDelayedItemsLayout();
+    flash_->PutOut();
+    shown_.clear();
+    widths_.BeginAnew();
+    FitColumns();
+    viewport()->update();
+    horizontalHeader()->viewport()->update();
+}
+
+int GridView::FirstRow() const { return verticalScrollBar()->value() + 1; }
+
+int GridView::LastRowInView() const {
+    const int row = rowAt(viewport()->height() - 1);
+    return row < 0 ? LastRow(grid_) : row + 1;
+}
+
+void GridView::CompareCells() {
+    const int first = FirstRow();
+    const int cols = grid_.Cols();
+    std::vector<ShownCell> shown;
+    shown.reserve(static_cast<std::size_t>(std::max(LastRowInView() - first + 1, 0) * cols));
+    const int shownEnd = shownFirst_ + static_cast<int>(shown_.size()) / std::max(cols, 1);
+    for (int row = first; row <= LastRowInView(); ++row) {
+        const bool wasShown = row >= shownFirst_ && row < shownEnd;
+        for (int col = 0; col < cols; ++col) {
+            ShownCell cell;
+            if (wasShown)
+                cell = std::move(shown_[static_cast<std::size_t>((row - shownFirst_) * cols + col)]);
+            NoteCell(cell, row, col, !wasShown);
+            shown.push_back(std::move(cell));
+        }
+    }
+    shown_ = std::move(shown);
+    shownFirst_ = first;
+}
+
+void GridView::NoteCell(ShownCell& shown, int row, int col, bool isNew) {
+    const Text& text = grid_.Cell(row, col);
+    const Colour colour = grid_.CellColour(row, col);
+    if (!isNew && shown.text == text && shown.colour == colour) return;
+    const bool isChangedReading =
+        !isNew && index_ == 0 && IsReading(col) && !text.empty() && shown.text != text;
+    shown = {text, colour};
+    if (isChangedReading && style()->styleHint(QStyle::SH_Widget_Animate, nullptr, this)) {
+        flash_->Light({row, col});
+    } else {
+        UpdateCell(row, col);
+    }
+}
+
+void GridView::FollowTopRow() {
+    if (shownTopRow_ == grid_.TopRow) return;
+    shownTopRow_ = grid_.TopRow;
+    verticalScrollBar()->setValue(grid_.TopRow - 1);
+    CompareCells();
+}
+
+void GridView::FollowCurrentCell() {
+    if (shownRow_ == grid_.Row && shownCol_ == grid_.Col) return;
+    UpdateRow(shownRow_);
+    shownRow_ = grid_.Row;
+    shownCol_ = grid_.Col;
+    UpdateRow(shownRow_);
+    horizontalHeader()->viewport()->update();
+    const QModelIndex current = model_->index(grid_.Row - 1, grid_.Col);
+    if (current == currentIndex()) return;
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect);
+}
+
+void GridView::FollowReadRow() {
+    if (index_ != 0 || shownReadRow_ == form_.CurrentRow) return;
+    UpdateCell(shownReadRow_, column::kNumber);
+    shownReadRow_ = form_.CurrentRow;
+    UpdateCell(shownReadRow_, column::kNumber);
+}
+
+void GridView::UpdateCell(int row, int col) { update(model_->index(row - 1, col)); }
+
+void GridView::UpdateRow(int row) {
+    for (int col = 0; col < model_->columnCount(); ++col) UpdateCell(row, col);
+}
+
+// --- Widths ---
+
+void GridView::SetRowHeight(int pixels) { verticalHeader()->setDefaultSectionSize(pixels); }
+
+void GridView::FitColumns() {
+    const QScopedValueRollback fitting(isFitting_, true);
+    int col = 0;
+    for (int width : widths_.InRoom(viewport()->width())) horizontalHeader()->resizeSection(col++, width);
+}
+
+void GridView::RestoreWidths(const QByteArray& saved) {
+    widths_.Restore(saved);
+    FitColumns();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    FitColumns();
+    verticalScrollBar()->setValue(grid_.TopRow - 1);
+}
+
+// --- What the user does ---
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (isFollowing_ || !current.isValid()) return;
+    scrollTo(current);
+    ScrolledByUser();
+    binder_.Event([&] { grid_.Select(current.row() + 1, current.column()); });
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    pressed_ = {};
+    if (event->button() != Qt::LeftButton) return;  // the current cell stays
+    QTableView::mousePressEvent(event);
+    pressed_ = indexAt(event->position().toPoint());
+}
+
+// The second press of a double click on a grid that stays is no click of its own.
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) QTableView::mousePressEvent(event);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    const QModelIndex pressed = std::exchange(pressed_, {});
+    const bool isClick = event->button() == Qt::LeftButton && pressed.isValid() &&
+                         pressed == indexAt(event->position().toPoint());
+    if (isClick) Click(event->globalPosition().toPoint());
+}
+
+void GridView::Click(QPoint globalPosition) {
+    binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
+    if (index_ == 1 || index_ == 2) {
+        secondClick_->Await(globalPosition,
+                            [this] { binder_.Event([this] { MSHFlexGrid1_DblClick(form_, index_); }); });
+    }
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    const bool isClick =
+        event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelection();
+    } else if (isClick) {
+        if (currentIndex().isValid()) binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    if (event->angleDelta().y() == 0) {
+        QTableView::wheelEvent(event);
+        return;
+    }
+    wheelTravel_ += event->angleDelta().y();
+    for (; std::abs(wheelTravel_) >= kWheelStep;
+         wheelTravel_ -= wheelTravel_ > 0 ? kWheelStep : -kWheelStep) {
+        binder_.Event([this] {
+            grid_.TopRow = FirstRow();
+            Obj_MouseWheel(form_, index_, wheelTravel_);
+        });
+    }
+    event->accept();
+}
+
+void GridView::ScrolledByUser() {
+    const int topRow = verticalScrollBar()->sliderPosition() + 1;
+    if (topRow == FirstRow() && topRow == grid_.TopRow) return;
+    binder_.Event([this, topRow] {
+        grid_.TopRow = topRow;
+        MSHFlexGrid1_Scroll(form_, index_);
+    });
+}
+
+void GridView::HideEditor() {
+    if (index_ == 0 && form_.InputText.Visible())
+        binder_.Event([this] { MSHFlexGrid1_Scroll(form_, index_); });
+}
+
+void GridView::CopySelection() const {
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.isEmpty()) return;
+    const QItemSelectionRange& range = selection.first();
+    QStringList rows;
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+        QStringList cells;
+        for (int col = range.left(); col <= range.right(); ++col)
+            cells += model_->index(row, col).data().toString();
+        rows += cells.join(u'\t');
+    }
+    QApplication::clipboard()->setText(rows.join(u'\n'));
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        PopUpMenu(event->globalPos(), rowAt(event->pos().y()) + 1);
+    } else {
+        PopUpMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+    }
+}
+
+void GridView::PopUpMenu(QPoint globalPosition) { PopUpMenu(globalPosition, grid_.Row); }
+
+void GridView::PopUpMenu(QPoint globalPosition, int row) {
+    const auto entries = EntriesOfGrid(form_, index_);
+    if (entries.empty()) return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const MenuEntry& entry : entries) {
+        if (entry.caption.empty()) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* action =
+            menu->addAction(QString::fromUtf16(entry.caption.data(), std::ssize(entry.caption)));
+        action->setEnabled(entry.enabled);
+        connect(action, &QAction::triggered, this, [this, index = entry.index, row] {
+            binder_.Event([&] { ChooseGridMenuEntry(form_, index_, index, row); });
+        });
+    }
+    menu->popup(globalPosition);
+}
+
+}  // namespace commtest

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QTableView>
+#include <vector>
+
+#include "window/binder.h"
+#include "window/cell_flash.h"
+#include "window/column_widths.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+class GridModel;
+class SecondClick;
+
+// MSHFlexGrid1(index). It shows the cells, the current cell and the first row that the grid has, and stands
+// still while the grid's redraw is off. Parameters whose readings have changed light up for a moment.
+class GridView : public QTableView {
+    Q_OBJECT
+
+  public:
+    GridView(Binder& binder, const Theme& theme, int index, QWidget* parent);
+
+    int Index() const { return index_; }
+
+    // The right-mouse menu of the current cell.
+    void PopUpMenu(QPoint globalPosition);
+
+    void SetRowHeight(int pixels);
+
+    // The columns whose width the user has changed.
+    QByteArray SaveWidths() const { return widths_.Save(); }
+    void RestoreWidths(const QByteArray& saved);
+
+    void keyboardSearch(const QString&) override {}  // letters move nothing
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+  private:
+    struct ShownCell {
+        Text text;
+        Colour colour;
+    };
+
+    // --- What the grid says ---
+    void Follow();
+    void FollowCells();
+    void FollowCurrentCell();
+    void FollowReadRow();
+    void FollowTopRow();
+    void BeginAnew();
+    void CompareCells();
+    void NoteCell(ShownCell& shown, int row, int col, bool isNew);
+    int FirstRow() const;  // in view, of the grid
+    int LastRowInView() const;
+    void UpdateCell(int row, int col);
+    void UpdateRow(int row);
+
+    void FitColumns();
+
+    // --- What the user does ---
+    void Click(QPoint globalPosition);
+    void ScrolledByUser();
+    void HideEditor();
+    void CopySelection() const;
+    void PopUpMenu(QPoint globalPosition, int row);
+
+    Binder& binder_;
+    MainForm& form_;
+    Grid& grid_;
+    int index_;
+    ColumnWidths widths_;
+    GridModel* model_;
+    CellFlash* flash_;
+    SecondClick* secondClick_;
+
+    // What is on the screen.
+    std::uint64_t generation_ = 0;
+    std::uint64_t epoch_ = 0;
+    std::vector<ShownCell> shown_;  // row by row from shownFirst_ on
+    int shownFirst_ = 0;
+    int shownRow_ = -1;
+    int shownCol_ = -1;
+    int shownReadRow_ = -1;
+    int shownTopRow_ = 0;
+    bool isFollowing_ = false;
+
+    bool isFitting_ = false;
+    QModelIndex pressed_;
+    int wheelTravel_ = 0;  // eighths of a degree, less than a step
+};
+
+}  // namespace commtest

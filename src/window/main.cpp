@@ -1,0 +1,71 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <iostream>
+
+#include "runtime/runtime_error.h"
+#include "window/window_program.h"
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kBadUsage = 2;
+constexpr int kNoAccess = 3;
+
+[[noreturn]] void RefuseOption(const QString& problem) {
+    std::cerr << problem.toStdString() << std::endl;
+    std::exit(kBadUsage);
+}
+
+commtest::DeviceMap DevicesOf(const QStringList& ports) {
+    static const QRegularExpression kForm(u"^COM(\\d{1,4})=(.+)$"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    commtest::DeviceMap devices;
+    for (const QString& port : ports) {
+        const auto match = kForm.match(port);
+        if (!match.hasMatch()) RefuseOption(u"--port 须写成 COM1=设备 的形式"_s);
+        devices[match.captured(1).toInt()] = match.captured(2);
+    }
+    return devices;
+}
+
+commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"与串口上的工业仪表通讯：轮询、修改参数、记录。"_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({{u"folder"_s, u"程序文件夹，目录文件 通讯数据.mdb 在其中。"_s, u"文件夹"_s},
+                       {u"settings"_s, u"设置文件，默认为用户的设置。"_s, u"文件"_s},
+                       {u"port"_s, u"串口的设备，可以多次给出。"_s, u"COM1=设备"_s},
+                       {u"simulator"_s, u"在 COM1 上接一台模拟仪表。"_s}});
+    parser.process(application);
+    commtest::WindowOptions options;
+    options.folder = parser.value(u"folder"_s);
+    options.settingsFile = parser.value(u"settings"_s);
+    options.devices = DevicesOf(parser.values(u"port"_s));
+    options.hasSimulator = parser.isSet(u"simulator"_s);
+    return options;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"commtest"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
+    const commtest::WindowOptions options = OptionsOf(application);
+    try {
+        commtest::WindowProgram program(options);
+        if (!program.Start()) return 0;
+        const int status = QApplication::exec();
+        program.Finish();
+        return status;
+    } catch (const commtest::RuntimeError& error) {
+        QMessageBox::critical(nullptr, u"CommTest"_s,
+                              QString::fromStdU16String(error.StandardMessage()) +
+                                  u"\n\n程序文件夹不能建立，请用 --folder 指定另一个文件夹。"_s);
+        return kNoAccess;
+    }
+}

@@ -1,0 +1,287 @@
+#include "window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <array>
+
+#include "app/startup.h"
+#include "session/records.h"
+#include "session/toolbar_commands.h"
+#include "window/communication_page.h"
+#include "window/communication_strip.h"
+#include "window/error_page.h"
+#include "window/grid_view.h"
+#include "window/port_page.h"
+#include "window/record_view.h"
+#include "window/search_panel.h"
+#include "window/sidebar.h"
+#include "window/status_panels.h"
+#include "window/tab_row.h"
+#include "window/tool_bar.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kSmallest(880, 446);
+constexpr QSize kFirst(1366, 700);
+constexpr int kHandleWidth = 5;
+constexpr int kNarrowestMainArea = 715;
+
+// Widths of the window below which it gives up something.
+constexpr int kWithCaptions = 1180;  // of the toolbar
+constexpr int kWithSidebar = 1100;
+constexpr int kSidebarBeside = 952;  // below, it lies over the main area
+constexpr int kRoomyHeight = 800;
+
+constexpr int kAreas = 4;  // sidebar, page, strip, record
+
+}  // namespace
+
+MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
+    : form_(form),
+      theme_(theme),
+      settings_(settings),
+      binder_(form),
+      toolBar_(new ToolBar(binder_, theme, this)),
+      sidebar_(new Sidebar(binder_, this)),
+      columns_(new QSplitter(Qt::Horizontal, this)) {
+    setMinimumSize(kSmallest);
+    resize(kFirst);
+    setWindowIcon(QIcon(u":/icons/app.svg"_s));
+    setCentralWidget(MakeCentre());
+    setStatusBar(new StatusPanels(binder_, this));
+    binder_.Watch(form_.Caption,
+                  [this] { setWindowTitle(QString::fromStdU16String(form_.Caption.Value())); });
+    connect(toolBar_, &ToolBar::OperationMenuWanted, this, [this] {
+        constexpr QPoint kPlace(400, 400);
+        communication_->Parameters().PopUpMenu(mapToGlobal(kPlace));
+    });
+    connect(&tabRow_->SidebarButton(), &QToolButton::clicked, this, &MainWindow::ToggleSidebar);
+    AddShortcuts();
+    RestoreState();
+    FollowFocus();
+    qApp->installEventFilter(this);
+    Adapt();
+}
+
+QWidget* MainWindow::MakeCentre() {
+    columns_->setHandleWidth(kHandleWidth);
+    columns_->addWidget(sidebar_);
+    columns_->addWidget(MakeMainArea());
+    columns_->setStretchFactor(0, 0);
+    columns_->setStretchFactor(1, 1);
+    columns_->setCollapsible(1, false);
+    columns_->setSizes({Sidebar::kFirstWidth, kFirst.width() - Sidebar::kFirstWidth});
+    connect(columns_, &QSplitter::splitterMoved, this, &MainWindow::AdaptMainArea);
+    auto* centre = new QWidget(this);
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(toolBar_);
+    layout->addWidget(columns_, 1);
+    return centre;
+}
+
+QWidget* MainWindow::MakeMainArea() {
+    mainArea_ = new QWidget(this);
+    mainArea_->setMinimumWidth(kNarrowestMainArea);
+    auto* layout = new QVBoxLayout(mainArea_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    tabRow_ = new TabRow(binder_, theme_, mainArea_);
+    searchPanel_ = new SearchPanel(binder_, mainArea_);
+    layout->addWidget(tabRow_);
+    layout->addWidget(searchPanel_);
+    layout->addWidget(MakePages(), 1);
+    return mainArea_;
+}
+
+QWidget* MainWindow::MakePages() {
+    pages_ = new QStackedWidget(mainArea_);
+    communication_ = new CommunicationPage(binder_, theme_, pages_);
+    catalogue_ = new GridView(binder_, theme_, 1, pages_);
+    for (QWidget* page : std::initializer_list<QWidget*>{communication_, new PortPage(binder_, pages_),
+                                                         catalogue_, new GridView(binder_, theme_, 2, pages_),
+                                                         new ErrorPage(binder_, theme_, pages_)})
+        pages_->addWidget(page);
+    binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
+    return pages_;
+}
+
+// --- What is remembered ---
+
+void MainWindow::SaveState() {
+    settings_.beginGroup(u"Window"_s);
+    settings_.setValue(u"Geometry"_s, saveGeometry());
+    settings_.setValue(u"Sidebar"_s, wantsSidebar_);
+    if (!sidebarLiesOver_) settings_.setValue(u"SidebarSplitter"_s, columns_->saveState());
+    communication_->SaveState(settings_);
+    settings_.endGroup();
+    settings_.sync();
+}
+
+void MainWindow::RestoreState() {
+    settings_.beginGroup(u"Window"_s);
+    restoreGeometry(settings_.value(u"Geometry"_s).toByteArray());
+    wantsSidebar_ = settings_.value(u"Sidebar"_s, true).toBool();
+    columns_->restoreState(settings_.value(u"SidebarSplitter"_s).toByteArray());
+    communication_->RestoreState(settings_);
+    settings_.endGroup();
+}
+
+// --- Focus and keys ---
+
+void MainWindow::FollowFocus() {
+    binder_.Watch(form_.Focus, [this] {
+        using enum FocusWish::Target;
+        switch (form_.Focus.Wanted()) {
+            case ParameterGrid: communication_->Parameters().setFocus(); break;
+            case CatalogueGrid: catalogue_->setFocus(); break;
+            case CellEditor: communication_->FocusCellEditor(); break;
+            case Address: sidebar_->findChild<QWidget*>(u"ConMeterAddr"_s)->setFocus(); break;
+            case None: break;
+        }
+    });
+}
+
+void MainWindow::AddKey(const QKeySequence& keys, std::function<void()> action) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, std::move(action));
+}
+
+void MainWindow::AddShortcuts() {
+    const auto press = [this](int index) {
+        LeaveFields();
+        binder_.Event([this, index] { RunToolbarCommand(form_, index); });
+    };
+    AddKey(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
+    AddKey(Qt::CTRL | Qt::Key_F, [this, press] {
+        press(toolbar::kSearch);
+        if (form_.FindFrame.Visible()) searchPanel_->setFocus();
+    });
+    AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
+    AddKey(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });
+    AddKey(Qt::CTRL | Qt::Key_E, [this] {
+        QToolButton& button = toolBar_->Button(8);
+        button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
+    });
+    AddKey(Qt::CTRL | Qt::Key_T,
+           [this] { binder_.Event([this] { ToolbarMenuCommand(form_, u"系统小工具"); }); });
+    for (int tab = 0; tab < pages_->count(); ++tab) {
+        AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)), [this, tab] {
+            binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });
+            FocusInto(pages_->currentWidget());
+        });
+    }
+    AddKey(Qt::Key_F6, [this] { MoveToArea(1); });
+    AddKey(Qt::SHIFT | Qt::Key_F6, [this] { MoveToArea(-1); });
+    AddKey(Qt::Key_F8, [this] { binder_.Event([this] { ConShowCommand_Click(form_); }); });
+    AddKey(Qt::Key_F9, [this] { ToggleSidebar(); });
+    AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_L, [this] { SwitchPalette(); });
+}
+
+// A field of the port page takes effect when it is left; a key that starts the session does not leave it.
+void MainWindow::LeaveFields() {
+    QWidget* focus = QApplication::focusWidget();
+    if (focus != nullptr && pages_->widget(1)->isAncestorOf(focus)) focus->clearFocus();
+}
+
+void MainWindow::MoveToArea(int step) {
+    const std::array<QWidget*, kAreas> areas = {sidebar_->widget(), pages_->currentWidget(),
+                                                &communication_->Strip(), &communication_->Record()};
+    const QWidget* focus = QApplication::focusWidget();
+    int area = step > 0 ? kAreas - 1 : 0;
+    for (int index = 0; index < kAreas; ++index) {
+        QWidget* candidate = areas[static_cast<std::size_t>(index)];
+        if (focus != nullptr && (candidate == focus || candidate->isAncestorOf(focus))) area = index;
+    }
+    for (int turn = 0; turn < kAreas; ++turn) {
+        area = (area + step + kAreas) % kAreas;
+        QWidget* wanted = areas[static_cast<std::size_t>(area)];
+        if (!wanted->isVisible()) continue;
+        FocusInto(wanted);
+        return;
+    }
+}
+
+// The first field of an area; of the first page, the grid.
+void MainWindow::FocusInto(QWidget* area) {
+    QWidget* wanted = area == communication_ ? &communication_->Parameters() : area;
+    while (wanted->focusPolicy() == Qt::NoFocus) wanted = wanted->nextInFocusChain();
+    wanted->setFocus(Qt::TabFocusReason);
+}
+
+void MainWindow::SwitchPalette() {
+    const bool toDark = !theme_.IsDark();
+    theme_.Use(toDark ? Theme::Choice::Dark : Theme::Choice::Light);
+    settings_.setValue(u"Window/Theme"_s, toDark ? u"dark"_s : u"light"_s);
+}
+
+// --- Small windows ---
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    Adapt();
+}
+
+void MainWindow::Adapt() {
+    toolBar_->SetCompact(width() < kWithCaptions);
+    const bool isRoomy = height() >= kRoomyHeight;
+    sidebar_->SetOptionHeight(isRoomy ? 24 : 20);
+    for (GridView* grid : pages_->findChildren<GridView*>()) grid->SetRowHeight(isRoomy ? 24 : 22);
+    isNarrow_ = width() < kWithSidebar;
+    ShowSidebar(!isNarrow_ && wantsSidebar_);
+    AdaptMainArea();
+}
+
+void MainWindow::AdaptMainArea() {
+    communication_->Strip().SetCompact(mainArea_->width() < CommunicationStrip::kOneLineWidth);
+    searchPanel_->SetNarrow(mainArea_->width() < SearchPanel::kTwoLineWidth);
+}
+
+void MainWindow::ToggleSidebar() {
+    const bool shown = !sidebar_->isVisible();
+    if (!isNarrow_) wantsSidebar_ = shown;
+    ShowSidebar(shown);
+    AdaptMainArea();
+}
+
+void MainWindow::ShowSidebar(bool shown) {
+    LaySidebarOver(shown && width() < kSidebarBeside);
+    sidebar_->setVisible(shown);
+}
+
+void MainWindow::LaySidebarOver(bool over) {
+    if (over) {
+        sidebar_->setParent(centralWidget());
+        sidebar_->setGeometry(0, columns_->y(), Sidebar::kFirstWidth, columns_->height());
+        sidebar_->raise();
+    } else if (sidebarLiesOver_) {
+        columns_->insertWidget(0, sidebar_);
+    }
+    sidebarLiesOver_ = over;
+}
+
+// A click outside folds away a sidebar that lies over the main area.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (sidebarLiesOver_ && event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
+        const auto* widget = static_cast<QWidget*>(watched);
+        const bool isOutside = widget->window() == this && widget != sidebar_ &&
+                               !sidebar_->isAncestorOf(widget) && widget != &tabRow_->SidebarButton();
+        if (isOutside) ShowSidebar(false);
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    binder_.Event([this] { Form_Unload(form_); });
+    event->accept();
+}
+
+}  // namespace commtest

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QSettings>
+#include <QSplitter>
+#include <QStackedWidget>
+
+#include "window/binder.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+class CommunicationPage;
+class GridView;
+class SearchPanel;
+class Sidebar;
+class TabRow;
+class ToolBar;
+
+// CommConnect: the window over a session.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    // Sizes, widths and the choice of the palette are remembered in `settings`, in the section "Window".
+    MainWindow(MainForm& form, Theme& theme, QSettings& settings);
+
+    Binder& Views() { return binder_; }
+    void SaveState();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QWidget* MakeCentre();
+    QWidget* MakeMainArea();
+    QWidget* MakePages();
+    void RestoreState();
+    void FollowFocus();
+    void AddShortcuts();
+    void AddKey(const QKeySequence& keys, std::function<void()> action);
+    void MoveToArea(int step);
+    void FocusInto(QWidget* area);
+    void SwitchPalette();
+
+    void Adapt();
+    void AdaptMainArea();
+    void ToggleSidebar();
+    void ShowSidebar(bool shown);
+    void LaySidebarOver(bool over);
+    void LeaveFields();
+
+    MainForm& form_;
+    Theme& theme_;
+    QSettings& settings_;
+    Binder binder_;
+
+    ToolBar* toolBar_;
+    Sidebar* sidebar_;
+    QSplitter* columns_;
+    QWidget* mainArea_ = nullptr;
+    TabRow* tabRow_ = nullptr;
+    SearchPanel* searchPanel_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    CommunicationPage* communication_ = nullptr;
+    GridView* catalogue_ = nullptr;
+    bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough
+    bool sidebarLiesOver_ = false;  // it lies over the main area
+    bool isNarrow_ = false;
+};
+
+}  // namespace commtest

@@ -1,0 +1,99 @@
+#include "window/window_program.h"
+
+#include "app/startup.h"
+#include "catalogue/shipped_catalogue.h"
+#include "host_qt/program_folder.h"
+#include "session/events.h"
+#include "session/port_settings.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<QSettings> OpenSettings(const QString& file) {
+    if (file.isEmpty()) return std::make_unique<QSettings>(u"CommTest"_s, u"CommTest"_s);
+    return std::make_unique<QSettings>(file, QSettings::IniFormat);
+}
+
+QString FolderOf(const WindowOptions& options) {
+    if (!options.folder.isEmpty()) return options.folder;
+    return FindProgramFolder(FillWithShippedCatalogue).path;
+}
+
+// Devices that the user has named for ports: on the command line, else in the section "Ports" of the
+// settings, "COM3=/dev/ttyS1".
+DeviceMap DevicesOf(const WindowOptions& options, const SimulatedInstrument& simulated, QSettings& settings) {
+    DeviceMap devices = options.devices;
+    if (options.hasSimulator) devices.insert_or_assign(1, simulated.Device());
+    settings.beginGroup(u"Ports"_s);
+    for (const QString& name : settings.childKeys()) {
+        const int number = name.mid(3).toInt();
+        if (name.startsWith(u"COM"_s, Qt::CaseInsensitive) && number > 0)
+            devices.try_emplace(number, settings.value(name).toString());
+    }
+    settings.endGroup();
+    return devices;
+}
+
+Theme::Choice PaletteChoice(const QSettings& settings) {
+    const QString choice = settings.value(u"Window/Theme"_s, u"auto"_s).toString();
+    if (choice == u"dark") return Theme::Choice::Dark;
+    return choice == u"light" ? Theme::Choice::Light : Theme::Choice::Auto;
+}
+
+}  // namespace
+
+WindowProgram::WindowProgram(const WindowOptions& options)
+    : store_(OpenSettings(options.settingsFile)),
+      hasSimulator_(options.hasSimulator),
+      files_(FolderOf(options)),
+      port_(DevicesOf(options, simulated_, *store_)),
+      settings_(*store_),
+      session_({port_, dialogs_, clock_, files_, catalogue_, settings_, program_}),
+      theme_(std::make_unique<Theme>(PaletteChoice(*store_))) {
+    WireEvents();
+}
+
+void WindowProgram::WireEvents() {
+    port_.Receives = [this] { PortReceives(Form()); };
+    port_.IsLost = [this](const Text& reason) { PortIsLost(Form(), reason); };
+    for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
+        timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)],
+                      [this, index] { TimerTicks(Form(), index); });
+    }
+}
+
+bool WindowProgram::Start() {
+    RunEvent(Form(), [this] { Form_Activate(Form()); });
+    if (program_.HasEnded()) return false;
+    if (hasSimulator_) StartSimulator();
+    window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
+    dialogs_.SetWindow(window_.get());
+    window_->show();
+    return true;
+}
+
+void WindowProgram::StartSimulator() {
+    if (simulated_.Start()) {
+        RunEvent(Form(), [this] { ChooseSimulated(); });
+    } else {
+        dialogs_.ShowMessage(u"模拟仪表不能启动！", simulated_.Problem().toStdU16String());
+    }
+}
+
+void WindowProgram::ChooseSimulated() {
+    MainForm& form = Form();
+    form.ConCommTypeList.Set(SimulatedInstrument::kProtocol);
+    RunIfSet(form.ConCommTypeList.Click);
+    form.ConMeterName[0].Set(SimulatedInstrument::kName);
+    RunIfSet(form.ConMeterName[0].Click);
+    form.ConMeterAddr.Set(u"1");
+    ShowStoredPortSettings(form, u"9600,N,8,1 COM1");
+    ShowPortStatus(form);
+}
+
+void WindowProgram::Finish() { window_->SaveState(); }
+
+}  // namespace commtest

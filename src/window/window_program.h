@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QSettings>
+#include <memory>
+
+#include "app/session.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/qt_program.h"
+#include "host_qt/qt_serial_port.h"
+#include "host_qt/qt_settings.h"
+#include "host_qt/qt_store.h"
+#include "host_qt/qt_timers.h"
+#include "host_qt/system_clock.h"
+#include "window/main_window.h"
+#include "window/simulated_instrument.h"
+#include "window/window_dialogs.h"
+
+namespace commtest {
+
+struct WindowOptions {
+    QString folder;        // the program folder; empty: the usual one
+    QString settingsFile;  // empty: the user's
+    DeviceMap devices;     // ports that have a device of their own
+    bool hasSimulator = false;
+};
+
+// The program with a window: a session over the machine it runs on.
+class WindowProgram {
+  public:
+    // A run-time error if the program folder cannot be made.
+    explicit WindowProgram(const WindowOptions& options);
+
+    // The work of the start, and the window on the screen. False where the start has ended the program.
+    bool Start();
+
+    // Remembers how the window stands.
+    void Finish();
+
+    MainForm& Form() { return session_.Form(); }
+    MainWindow& Window() { return *window_; }
+
+  private:
+    void WireEvents();
+    void StartSimulator();
+    void ChooseSimulated();
+
+    std::unique_ptr<QSettings> store_;
+    bool hasSimulator_;
+    SimulatedInstrument simulated_;
+
+    FolderFiles files_;
+    QtStore catalogue_;
+    QtSerialPort port_;
+    WindowDialogs dialogs_;
+    SystemClock clock_;
+    QtSettings settings_;
+    QtProgram program_;
+    QtTimers timers_;
+    Session session_;
+    std::unique_ptr<Theme> theme_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace commtest

@@ -1,0 +1,117 @@
+"""The program with its window on a desktop: a user polls an instrument, writes a value and leaves, all by the
+keyboard."""
+
+import configparser
+import json
+import os
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+from desktop import PATIENCE, Desktop, wait_for
+from programs import CLI, PLAIN, Simulator, description
+
+WINDOW = os.environ["COMMTEST"]
+
+DELAY = 22  # row of AL1报警延时, one byte
+WRITTEN = "@01W100312A16"  # 42 to this row; 16 is the exclusive or of the characters behind "@"
+TAKEN = "@01##01"
+
+# Steps of the tabulator from the list of protocols: instrument, address, count, format, options, any length,
+# no scrolling, record.
+TABS_TO_THE_RECORD = 8
+
+
+class WindowTest(unittest.TestCase):
+    def setUp(self):
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.scratch = Path(scratch.name)
+        self.folder = self.scratch / "folder"
+        self.settings = self.scratch / "settings.ini"
+        subprocess.run([CLI, "catalogue", "create", str(self.folder)], check=True, stdout=subprocess.DEVNULL)
+
+    def store(self, **settings):
+        lines = [f'{key}="{value}"' for key, value in settings.items()]
+        self.settings.write_text("\n".join(["[SystemSetting]", *lines, ""]), encoding="utf-8")
+
+    def stored(self):
+        parser = configparser.ConfigParser(interpolation=None)
+        parser.optionxform = str
+        parser.read(self.settings, encoding="utf-8")
+        return {key: value.strip('"') for key, value in parser["SystemSetting"].items()}
+
+    def start(self, desktop, device):
+        return desktop.start([WINDOW, "--folder", self.folder, "--settings", self.settings, "--port", f"COM1={device}"],
+                             XDG_RUNTIME_DIR=str(self.scratch), XDG_CONFIG_HOME=str(self.scratch))
+
+    def records(self):
+        return sorted((self.folder / "自动保存通讯记录").glob("记录*.rtf"))
+
+    def tick_with_the_keyboard(self, desktop):
+        """自动保存记录 and, beside it, 保存错误记录, on the left side of the window."""
+        desktop.press("F6")
+        desktop.press(*["Tab"] * TABS_TO_THE_RECORD, "space", "Tab", "space")
+
+    def test_session_by_the_keyboard(self):
+        self.store(SoftSeting="5 1 16 0 0 1", CommPort="9600,N,8,1 COM1")
+        with Desktop() as desktop, Simulator(self.scratch, description(PLAIN[2]), "--drop", "0.02",
+                                             "--corrupt", "0.02") as simulator:
+            program = self.start(desktop, simulator.device)
+            desktop.window(program)
+            self.tick_with_the_keyboard(desktop)
+            desktop.press("F5")
+            wait_for(lambda: len(self.records()) >= 4, "200 exchanges")
+
+            self.write_until_taken(desktop)
+            desktop.press("F5")
+            desktop.press("ctrl+q")
+            self.assertEqual(program.wait(PATIENCE), 0)
+            self.check_written_value(simulator)
+
+        self.assertEqual(self.stored(), {"ShowType": "1", "CommPort": "9600,N,8,1 COM1", "SoftSeting": "5 1 16 0 0 1"})
+        self.check_error_file()
+        self.check_record()
+        self.assertGreaterEqual(simulator.counts["writes_accepted"], 1)
+
+    def write_until_taken(self, desktop):
+        """Edits the cell of the row; the line is faulty, so the one write may be lost. The editor stops the session,
+        Enter goes on with it."""
+        for _ in range(5):
+            known = len(self.records())
+            desktop.press("ctrl+1", "F6", "ctrl+Home", *["Down"] * (DELAY - 1), "End", "F2")
+            desktop.type("42")
+            desktop.press("Return")
+            wait_for(lambda: len(self.records()) > known + 1, "exchanges behind the write")
+            if any(TAKEN in record.read_text(encoding="ascii") for record in self.records()):
+                return
+        self.fail("no write was taken")
+
+    def check_error_file(self):
+        text = (self.folder / "ErrorComm.ini").read_bytes().decode("gb18030")
+        records = text.split("\r\n\r\n")
+        failures = [record for record in records if record.strip()]
+        self.assertGreater(len(failures), 0)
+        for record in failures:
+            self.assertRegex(record, r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d第 \d+ 次, 向 HX-D10智能数字显示控制仪 发送: ")
+            self.assertIn("        串口设置: 9600,N,8,1", record)
+
+    def check_record(self):
+        texts = [record.read_text(encoding="ascii") for record in self.records()]
+        for text in texts:
+            self.assertTrue(text.startswith("{\\rtf1"))
+            self.assertIn("HX-D10", text)
+        self.assertTrue(any(WRITTEN in text for text in texts))
+
+    def check_written_value(self, simulator):
+        protocol, name, _ = PLAIN
+        poll = subprocess.run([CLI, "poll", "--folder", self.folder, "--protocol", protocol, "--instrument", name,
+                               "--port", f"COM1={simulator.device}", "--interval", "0", "--exchanges", "20",
+                               "--format", "json"], check=True, capture_output=True, text=True)
+        row = next(row for row in json.loads(poll.stdout)["parameters"] if row["row"] == DELAY)
+        self.assertEqual(row["scaledValue"], "42")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,79 @@
+#include "window/status_panels.h"
+
+#include <gtest/gtest.h>
+
+#include <QFrame>
+#include <QLabel>
+#include <QTest>
+
+#include "window/view_bench.h"
+
+namespace commtest::testing {
+namespace {
+
+class StatusPanelsTest : public ::testing::Test {
+  protected:
+    ViewBench bench;
+    StatusPanels panels{bench.binder, nullptr};
+
+    StatusPanelsTest() {
+        panels.resize(1000, 24);
+        panels.show();
+    }
+
+    MainForm& Form() { return bench.Form(); }
+    QLabel* Maker() { return panels.findChild<QLabel*>("makerPanel"); }
+    QFrame* Dot() { return panels.findChild<QFrame*>("comShow"); }
+
+    bool Shows(const QString& text) {
+        for (const QLabel* label : panels.findChildren<QLabel*>()) {
+            if (label->text() == text && label->isVisible()) return true;
+        }
+        return false;
+    }
+};
+
+TEST_F(StatusPanelsTest, ThreePanelsAreShown) {
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司");
+    EXPECT_TRUE(Shows("    欢迎使用本软件"));
+    Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
+    bench.binder.Look();
+    EXPECT_TRUE(Shows("2024年05月06日  12:00:00"));
+}
+
+TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
+    EXPECT_FALSE(Dot()->isVisible());
+    Form().SetRunning(true);
+    bench.binder.Look();
+    EXPECT_TRUE(Dot()->isVisible());
+    Form().ComShow.SetVisible(false);
+    bench.binder.Look();
+    EXPECT_FALSE(Dot()->isVisible());
+}
+
+TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
+    Form().StatusNote.Set(u"系统小工具: 此功能尚未提供");
+    bench.binder.Look();
+    EXPECT_EQ(panels.currentMessage().toStdString(), "系统小工具: 此功能尚未提供");
+    panels.clearMessage();
+    EXPECT_EQ(ToUtf8(Form().StatusNote.Value()), "");
+    Form().StatusNote.Set(u"系统小工具: 此功能尚未提供");
+    bench.binder.Look();
+    EXPECT_EQ(panels.currentMessage().toStdString(), "系统小工具: 此功能尚未提供");
+}
+
+TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {
+    EXPECT_EQ(Maker()->toolTip().toStdString(), "双击第一栏框,可以修改数据库的连接方式");
+}
+
+TEST_F(StatusPanelsTest, DoubleClickOnTheFirstPanelOffersTheOtherCatalogue) {
+    Form().settings.Save(u"SoftSeting", u"1000 1 16 0 0 1");
+    QTest::mouseDClick(Maker(), Qt::LeftButton);
+    ASSERT_EQ(bench.session.dialogs.Shown.size(), 1u);
+    EXPECT_EQ(ToUtf8(bench.session.dialogs.Shown[0].text),
+              "本软件连接的数据库是 本地数据库 ,你需要将它改为 网络数据库 吗？修改将于下次运行时生效！");
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司    网络数据库");
+}
+
+}  // namespace
+}  // namespace commtest::testing

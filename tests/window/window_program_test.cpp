@@ -1,0 +1,147 @@
+#include "window/window_program.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <optional>
+
+#include "catalogue/shipped_catalogue.h"
+#include "host_qt/program_folder.h"
+#include "session/events.h"
+#include "session/toolbar_commands.h"
+
+namespace commtest::testing {
+namespace {
+
+// The whole program with its real store, files and settings, in folders of its own.
+class WindowProgramTest : public ::testing::Test {
+  protected:
+    QTemporaryDir scratch;
+    WindowOptions options;
+    std::optional<WindowProgram> program;
+    QStringList boxes;  // texts of the boxes that came up, each closed at once
+
+    WindowProgramTest() {
+        options.folder = scratch.filePath("folder");
+        options.settingsFile = scratch.filePath("settings.ini");
+        CreateProgramFolder(options.folder.toStdU16String(), FillWithShippedCatalogue);
+        QObject::connect(&closer_, &QTimer::timeout, [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return;
+            boxes += box->text();
+            box->accept();
+        });
+        closer_.start(5);
+    }
+
+    bool Start() {
+        program.emplace(options);
+        return program->Start();
+    }
+
+    void Leave() {
+        RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kLeave); });
+        program->Finish();
+        program.reset();
+        // As the program's own loop would, one more takes note of the end.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    }
+
+    MainForm& Form() { return program->Form(); }
+
+    QString Stored(const QString& key) {
+        return QSettings(options.settingsFile, QSettings::IniFormat).value("SystemSetting/" + key).toString();
+    }
+
+  private:
+    QTimer closer_;
+};
+
+TEST_F(WindowProgramTest, FirstRunWritesTheDefaults) {
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Stored("ShowType"), "1");
+    EXPECT_EQ(Stored("CommPort"), "9600,N,8,1 COM1");
+    EXPECT_EQ(Stored("SoftSeting"), "1000 1 16 0 0 1");
+    EXPECT_TRUE(program->Window().isVisible());
+    EXPECT_EQ(ToUtf8(Form().StatusBar1[0].Value()), "衡岫仪器公司    本地数据库");
+    EXPECT_EQ(boxes, QStringList());
+}
+
+TEST_F(WindowProgramTest, ChoicesAreRestored) {
+    ASSERT_TRUE(Start());
+    Form().ConMeterAddr.Set(u"7");
+    Form().ConDelayTime.Set(u"250");
+    Form().ConMeterName[0].Set(Form().ConMeterName[0].At(1));
+    const Text instrument = Form().ConMeterName[0].Value();
+    RunIfSet(Form().ConMeterName[0].Click);
+    Leave();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().ConMeterAddr.Value()), "7");
+    EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "250");
+    EXPECT_EQ(ToUtf8(Form().ConMeterName[0].Value()), ToUtf8(instrument));
+}
+
+TEST_F(WindowProgramTest, SecondInstanceIsRefused) {
+    ASSERT_TRUE(Start());
+    WindowProgram second(options);
+    EXPECT_FALSE(second.Start());
+    EXPECT_EQ(boxes, QStringList("对不起，本软件已经有一个版本在运行了，请按确定键退出！"));
+}
+
+TEST_F(WindowProgramTest, InstanceThatHasEndedLeavesRoom) {
+    ASSERT_TRUE(Start());
+    Leave();
+    EXPECT_TRUE(Start());
+}
+
+TEST_F(WindowProgramTest, ServerThatCannotBeReachedFallsBackSilently) {
+    QSettings(options.settingsFile, QSettings::IniFormat)
+        .setValue("SystemSetting/SoftSeting", "1000 1 16 0 0 0");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().StatusBar1[0].Value()), "衡岫仪器公司    网络数据库    本地数据库");
+    EXPECT_FALSE(Form().ConCommTypeList.Items().empty());
+    EXPECT_EQ(boxes, QStringList());
+}
+
+TEST_F(WindowProgramTest, WindowOpensWithoutACatalogue) {
+    options.folder = scratch.filePath("empty");
+    QDir().mkpath(options.folder);
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(program->Window().isVisible());
+    EXPECT_TRUE(Form().ConCommTypeList.Items().empty());
+    EXPECT_EQ(boxes, QStringList());
+}
+
+TEST_F(WindowProgramTest, PortThatIsNotThereIsToldWithReasonAndTheProgramGoesOn) {
+    options.devices[1] = scratch.filePath("no-device");
+    ASSERT_TRUE(Start());
+    RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kStartStop); });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !boxes.isEmpty(); }, 3000));
+    EXPECT_EQ(boxes, QStringList("系统串口被占用,无法打开！"));
+    EXPECT_FALSE(Form().IsRunning());
+}
+
+TEST_F(WindowProgramTest, DevicesOfPortsStandInTheSettings) {
+    QSettings(options.settingsFile, QSettings::IniFormat).setValue("Ports/COM9", "/dev/far");
+    ASSERT_TRUE(Start());
+    bool found = false;
+    for (const PortDevice& port : Form().MSComm1.Devices())
+        found |= port.number == 9 && port.device == u"/dev/far";
+    EXPECT_TRUE(found);
+    const auto& offered = Form().ConCommSetting[0].Items();
+    EXPECT_NE(std::find(offered.begin(), offered.end(), u"COM9"), offered.end());
+}
+
+TEST_F(WindowProgramTest, PaletteOfTheSettingsIsUsed) {
+    QSettings(options.settingsFile, QSettings::IniFormat).setValue("Window/Theme", "dark");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(QApplication::palette().window().color(), QColor(0x1C2328));
+}
+
+}  // namespace
+}  // namespace commtest::testing
