@@ -1,5 +1,5 @@
-// A bare window of the toolkit to its first paint: the widgets and cells of the program's window, with nothing
-// behind them.
+// A bare window of the toolkit to its first paint: the widgets and cells of the program's window, with
+// nothing behind them.
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>

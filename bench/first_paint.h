@@ -24,7 +24,8 @@ class FirstPaint : public QObject {
                 [] {
                     timespec now = {};
                     clock_gettime(CLOCK_MONOTONIC, &now);
-                    std::printf("%.6f\n", static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9);
+                    std::printf("%.6f\n",
+                                static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9);
                     QCoreApplication::exit(0);
                 },
                 Qt::QueuedConnection);

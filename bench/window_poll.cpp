@@ -1,5 +1,5 @@
-// The program with its window polls a simulated instrument on a device and tells on the way, a line a reading:
-// exchanges, failures, wall seconds, processor seconds, resident kilobytes.
+// The program with its window polls a simulated instrument on a device and tells on the way, a line a
+// reading: exchanges, failures, wall seconds, processor seconds, resident kilobytes.
 //     window_poll PROGRAM_FOLDER DEVICE INTERVAL_MS EXCHANGES READINGS
 #include <sys/resource.h>
 
@@ -57,8 +57,9 @@ int main(int argc, char* argv[]) {
         if (form.SendCount < next) return;
         next += step;
         const int failures = form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount;
-        std::printf("%d %d %.3f %.3f %ld\n", form.SendCount, failures, static_cast<double>(wall.elapsed()) / 1000,
-                    ProcessorSeconds() - processorAtStart, ResidentKilobytes());
+        std::printf("%d %d %.3f %.3f %ld\n", form.SendCount, failures,
+                    static_cast<double>(wall.elapsed()) / 1000, ProcessorSeconds() - processorAtStart,
+                    ResidentKilobytes());
         std::fflush(stdout);
         if (next > words[4].toInt()) QCoreApplication::exit(0);
     });

@@ -2,6 +2,7 @@
 #include <QApplication>
 
 #include "first_paint.h"
+#include "window/communication_page.h"
 #include "window/grid_view.h"
 #include "window/window_program.h"
 
@@ -13,6 +14,7 @@ int main(int argc, char* argv[]) {
     options.settingsFile = options.folder + "/settings.ini";
     commtest::WindowProgram program(options);
     if (!program.Start()) return 1;
-    const FirstPaint firstPaint(*program.Window().findChild<commtest::GridView*>()->viewport());
+    const FirstPaint firstPaint(
+        *program.Window().findChild<commtest::CommunicationPage*>()->Parameters().viewport());
     return QApplication::exec();
 }

@@ -9,7 +9,8 @@
 namespace commtest {
 
 LineSession::LineSession(const LineOptions& options, Console& console)
-    : files_(options.folder),
+    : console_(console),
+      files_(options.folder),
       port_(options.devices),
       dialogs_(console),
       session_({port_, dialogs_, clock_, files_, store_, settings_, program_}) {
@@ -28,6 +29,7 @@ void LineSession::WireEvents() {
         PortIsLost(Form(), reason);
         LookAtSession();
     };
+    Form().StatusNote.Change = [this] { console_.Tell(Form().StatusNote.Value()); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
     }

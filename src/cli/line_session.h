@@ -52,6 +52,7 @@ class LineSession {
     void LookAtSession();
     void EndRun(End end);
 
+    Console& console_;
     FolderFiles files_;
     QtStore store_;
     QtSerialPort port_;

@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "host_qt/line_caveat.h"
 #include "host_qt/line_settings.h"
 #include "host_qt/port_problem.h"
 
@@ -47,6 +48,7 @@ QtSerialPort::QtSerialPort(DeviceMap devices) : devices_(std::move(devices)) {
 
 void QtSerialPort::SetPortOpen(bool open) {
     if (open == port_.isOpen()) return;
+    problem_.clear();
     if (open) {
         Open();
     } else {
@@ -55,7 +57,6 @@ void QtSerialPort::SetPortOpen(bool open) {
 }
 
 void QtSerialPort::Open() {
-    problem_.clear();
     const auto settings = LineSettingsOf(settings_);
     device_ = WantedDevice();
     if (!settings) {
@@ -72,10 +73,11 @@ void QtSerialPort::Open() {
     port_.setBaudRate(settings->baudRate);
     port_.setParity(settings->parity);
     port_.setDataBits(settings->dataBits);
-    port_.setStopBits(settings->stopBits);
+    port_.setStopBits(DriverStopBits(settings->stopBits));
     if (port_.open(QIODevice::ReadWrite)) {
         // What came while the port was closed belongs to nobody.
         port_.clear(QSerialPort::AllDirections);
+        problem_ = CaveatOf(port_.handle(), *settings).toStdU16String();
     } else {
         problem_ = ReasonOfFailedOpen(device_, port_, settings_).toStdU16String();
     }
@@ -107,7 +109,7 @@ std::string QtSerialPort::Input() { return port_.readAll().toStdString(); }
 
 void QtSerialPort::HandleError(QSerialPort::SerialPortError error) {
     if (!port_.isOpen() || !MeansLoss(error)) return;
-    port_.close();
+    SetPortOpen(false);
     const Text reason = u"设备 %1 已断开。请检查接线后重新开始"_s.arg(device_).toStdU16String();
     QMetaObject::invokeMethod(
         &port_,

@@ -20,6 +20,7 @@ bool OpenPortIfClosed(MainForm& form) {
     form.MSComm1.SetPortOpen(true);
     if (form.MSComm1.PortOpen()) {
         ShowPortStatus(form);
+        if (!form.MSComm1.LastProblem().empty()) form.StatusNote.Set(form.MSComm1.LastProblem());
         return true;
     }
     form.dialogs.ShowMessage(u"系统串口被占用,无法打开！", form.MSComm1.LastProblem());

@@ -1,6 +1,7 @@
 #include "window/bindings.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <utility>
 
 #include "window/list_model.h"
@@ -26,6 +27,25 @@ class LeaveFilter : public QObject {
 
   private:
     std::function<void()> left_;
+};
+
+class EnterFilter : public QObject {
+  public:
+    EnterFilter(QWidget& widget, std::function<void()> entered)
+        : QObject(&widget), entered_(std::move(entered)) {
+        widget.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
+        entered_();
+        return true;
+    }
+
+  private:
+    std::function<void()> entered_;
 };
 
 void ShowText(const ListControl& control, QComboBox& comboBox) {
@@ -122,6 +142,11 @@ void Bind(Binder& binder, ListControl& control, QComboBox& comboBox) {
                          });
     }
     BindPresence(binder, control, comboBox);
+}
+
+void WhenEntered(QWidget& widget, std::function<void()> entered) {
+    widget.setFocusPolicy(Qt::TabFocus);
+    new EnterFilter(widget, std::move(entered));
 }
 
 void WhenLeft(QWidget& widget, std::function<void()> left) { new LeaveFilter(widget, std::move(left)); }

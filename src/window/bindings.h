@@ -27,6 +27,9 @@ void Bind(Binder& binder, ListControl& control, QComboBox& comboBox);
 
 void BindPresence(Binder& binder, const Presence& control, QWidget& widget);
 
+// Enter and the blank key act on a widget that only knows a double click; the tabulator reaches it.
+void WhenEntered(QWidget& widget, std::function<void()> entered);
+
 // `left` runs when the user leaves the widget or its parts for another one of the window; a menu, a box or
 // another program takes the focus only for a while.
 void WhenLeft(QWidget& widget, std::function<void()> left);

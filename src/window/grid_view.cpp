@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
@@ -36,6 +37,7 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
       form_(binder.Form()),
       grid_(form_.MSHFlexGrid1[static_cast<std::size_t>(index)]),
       index_(index),
+      theme_(theme),
       widths_(grid_, index),
       model_(new GridModel(grid_, this)),
       flash_(new CellFlash([this](CellFlash::Cell cell) { UpdateCell(cell.first, cell.second); }, this)),
@@ -185,6 +187,15 @@ void GridView::RestoreWidths(const QByteArray& saved) {
     FitColumns();
 }
 
+// An empty list says that it is one.
+void GridView::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (model_->rowCount() > 0) return;
+    QPainter painter(viewport());
+    painter.setPen(theme_.Now().text2);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, u"没有数据"_s);
+}
+
 void GridView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitColumns();
@@ -234,6 +245,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->matches(QKeySequence::Copy)) {
         CopySelection();
+    } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        PopUpMenu(PlaceOfCurrentCell());
     } else if (isClick) {
         if (currentIndex().isValid()) binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
     } else {
@@ -289,8 +302,12 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Mouse) {
         PopUpMenu(event->globalPos(), rowAt(event->pos().y()) + 1);
     } else {
-        PopUpMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        PopUpMenu(PlaceOfCurrentCell());
     }
+}
+
+QPoint GridView::PlaceOfCurrentCell() const {
+    return viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
 }
 
 void GridView::PopUpMenu(QPoint globalPosition) { PopUpMenu(globalPosition, grid_.Row); }

@@ -41,6 +41,7 @@ class GridView : public QTableView {
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
@@ -71,12 +72,14 @@ class GridView : public QTableView {
     void ScrolledByUser();
     void HideEditor();
     void CopySelection() const;
+    QPoint PlaceOfCurrentCell() const;
     void PopUpMenu(QPoint globalPosition, int row);
 
     Binder& binder_;
     MainForm& form_;
     Grid& grid_;
     int index_;
+    const Theme& theme_;
     ColumnWidths widths_;
     GridModel* model_;
     CellFlash* flash_;

@@ -85,6 +85,14 @@ void RecordView::mouseReleaseEvent(QMouseEvent* event) {
     if (isClick) emit Clicked();
 }
 
+void RecordView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete) {
+        emit Clicked();
+    } else {
+        QPlainTextEdit::keyPressEvent(event);
+    }
+}
+
 void RecordView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -18,13 +18,15 @@ class RecordView : public QPlainTextEdit {
     RecordView(Binder& binder, const RecordPane& pane, QWidget* parent);
 
   signals:
-    // The left button went down and up here, about at one place, and nothing was or is selected.
+    // The left button went down and up here, about at one place, and nothing was or is selected; or Delete
+    // was pressed.
     void Clicked();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:

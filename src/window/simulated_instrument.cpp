@@ -15,6 +15,12 @@ using namespace Qt::StringLiterals;
 const char16_t* const SimulatedInstrument::kProtocol = u"TQ仪表协议";
 const char16_t* const SimulatedInstrument::kName = u"HX-D10智能数字显示控制仪";
 
+SimulatedInstrument::~SimulatedInstrument() {
+    if (process_.state() == QProcess::NotRunning) return;
+    process_.terminate();
+    process_.waitForFinished();
+}
+
 bool SimulatedInstrument::Start() {
     constexpr int kPatience = 3000;  // milliseconds
     const QString description = folder_.filePath(u"indicator.txt"_s);

@@ -9,6 +9,11 @@ namespace commtest {
 // ends with this object, and with the program.
 class SimulatedInstrument {
   public:
+    SimulatedInstrument() = default;
+    SimulatedInstrument(const SimulatedInstrument&) = delete;
+    SimulatedInstrument& operator=(const SimulatedInstrument&) = delete;
+    ~SimulatedInstrument();
+
     // What it plays, as the shipped catalogue names it.
     static const char16_t* const kProtocol;
     static const char16_t* const kName;

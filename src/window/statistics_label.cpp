@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "session/records.h"
+#include "window/bindings.h"
 #include "window/pieces.h"
 #include "window/record_highlighter.h"
 
@@ -52,6 +53,7 @@ std::vector<StatisticsPart> PartsOfStatistics(const QString& text) {
 StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, QWidget* parent)
     : QWidget(parent), binder_(binder), theme_(theme) {
     setToolTip(u"双击则重新记数"_s);
+    WhenEntered(*this, [this] { ClearCounters(); });
     connect(&theme, &Theme::Changed, this, qOverload<>(&QWidget::update));
     const TextControl& message = binder.Form().ConCommMessage[static_cast<std::size_t>(index)];
     binder.Watch(message, [this, &message] { Show(QString::fromStdU16String(message.Value())); });
@@ -82,10 +84,14 @@ void StatisticsLabel::paintEvent(QPaintEvent*) {
         painter.drawText(x, baseline, text);
         x += metrics.horizontalAdvance(text);
     }
+    if (hasFocus()) painter.fillRect(0, height() - 1, x, 1, theme_.Now().accent);
 }
 
 void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
+    if (event->button() == Qt::LeftButton) ClearCounters();
+}
+
+void StatisticsLabel::ClearCounters() {
     binder_.Event([this] { ConCommMessage_DblClick(binder_.Form()); });
 }
 

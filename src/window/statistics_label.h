@@ -35,6 +35,7 @@ class StatisticsLabel : public QWidget {
 
   private:
     void Show(const QString& text);
+    void ClearCounters();
 
     Binder& binder_;
     const Theme& theme_;

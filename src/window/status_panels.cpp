@@ -36,6 +36,7 @@ void StatusPanels::AddMakerPanel() {
     maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
     Bind(binder_, binder_.Form().StatusBar1[0], *maker);
     maker->installEventFilter(this);
+    WhenEntered(*maker, [this] { SwitchCatalogue(); });
     maker_ = maker;
     addWidget(maker);
 }
@@ -76,10 +77,14 @@ void StatusPanels::FollowNote() {
 
 bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {
     if (watched == maker_ && event->type() == QEvent::MouseButtonDblClick) {
-        binder_.Event([this] { StatusBar1_PanelDblClick(binder_.Form(), 1); });
+        SwitchCatalogue();
         return true;
     }
     return QStatusBar::eventFilter(watched, event);
+}
+
+void StatusPanels::SwitchCatalogue() {
+    binder_.Event([this] { StatusBar1_PanelDblClick(binder_.Form(), 1); });
 }
 
 }  // namespace commtest

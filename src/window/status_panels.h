@@ -21,6 +21,7 @@ class StatusPanels : public QStatusBar {
     void AddMakerPanel();
     void AddPortPanel();
     void FollowNote();
+    void SwitchCatalogue();
 
     Binder& binder_;
     QWidget* maker_ = nullptr;
