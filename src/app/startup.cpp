@@ -120,8 +120,7 @@ void RefuseSecondInstance(MainForm& form) {
 void Form_Activate(MainForm& form) {
     if (form.Activated) return;
     RefuseSecondInstance(form);
-    PassOverErrors([&] { OfferPorts(form); },       //
-                   [&] { LoadSettings(form); },     //
+    PassOverErrors([&] { LoadSettings(form); },     //
                    [&] { ShowPortStatus(form); },   //
                    [&] { form.SSTab2.Choose(0); },  //
                    [&] { form.CommandCode = command::kReadDynamicTurn; },

@@ -27,7 +27,8 @@ MainForm::MainForm(const Outside& outside, const ProtocolTable& protocolTable, C
     FindFrame.SetVisible(false);
     StatusBar1[0].Set(u"衡岫仪器公司");
     StatusBar1[1].Set(u"    欢迎使用本软件");
-    Offer<4>(ConCommSetting[0], {u"COM1", u"COM2", u"COM3", u"COM4"});
+    for (ListControl* ports : {&ConCommSetting[0], &ConSettingComm})
+        Offer<4>(*ports, {u"COM1", u"COM2", u"COM3", u"COM4"});
     Offer<8>(ConCommSetting[1],
              {u"1200 ", u"2400 ", u"4800 ", u"9600 ", u"19200 ", u"28800 ", u"38400 ", u"57600 "});
     Offer<4>(ConCommSetting[2], {u"5", u"6", u"7", u"8"});

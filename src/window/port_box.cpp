@@ -16,7 +16,11 @@ PortBox::PortBox(Binder& binder, ListControl& port, QWidget* parent) : QComboBox
     static_cast<ListModel*>(model())->TipOf = [this](const QString& entry) { return DeviceOf(entry); };
 }
 
-void PortBox::showPopup() { QComboBox::showPopup(); }
+// Adapters come and go.
+void PortBox::showPopup() {
+    binder_.Event([this] { OfferPorts(binder_.Form()); });
+    QComboBox::showPopup();
+}
 
 bool PortBox::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) setToolTip(DeviceOf(currentText()));

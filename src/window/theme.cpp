@@ -106,9 +106,14 @@ void Theme::Use(Choice choice) {
     emit Changed();
 }
 
+void Theme::Dress() {
+    isDressed_ = true;
+    Apply();
+}
+
 void Theme::Apply() {
     QApplication::setPalette(PaletteOf(*tokens_));
-    qApp->setStyleSheet(StyleSheetOf(*tokens_, IsDark()));
+    if (isDressed_) qApp->setStyleSheet(StyleSheetOf(*tokens_, IsDark()));
 }
 
 QFont Theme::UiFont() { return FontOf(kUiFamilies, 13); }

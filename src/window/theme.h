@@ -22,6 +22,9 @@ class Theme : public QObject {
 
     void Use(Choice choice);
 
+    // Puts the style sheet on. Widgets that are made before are made much faster.
+    void Dress();
+
     static QFont UiFont();       // 13 px
     static QFont CaptionFont();  // 12 px: captions, heads of grids
     static QFont MonoFont();     // 12 px: frames, numbers, addresses, codes
@@ -33,6 +36,7 @@ class Theme : public QObject {
     void Apply();
 
     bool desktopIsDark_;
+    bool isDressed_ = false;
     const Tokens* tokens_ = &kLightTokens;
 };
 

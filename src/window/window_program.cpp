@@ -70,6 +70,7 @@ bool WindowProgram::Start() {
     if (program_.HasEnded()) return false;
     if (hasSimulator_) StartSimulator();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
+    theme_->Dress();
     dialogs_.SetWindow(window_.get());
     window_->show();
     return true;

@@ -140,13 +140,6 @@ TEST_F(StartUp, ShowsTheTimeOfDay) {
     EXPECT_EQ(Panel(3), "2024年05月06日  12:00:00");
 }
 
-TEST_F(StartUp, OffersThePortsOfTheMachine) {
-    line.Ports = {{1, u"/dev/ttyS0"}, {6, u"/dev/ttyUSB0"}};
-    Start();
-    EXPECT_THAT(form.ConCommSetting[0].Items(), ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4", u"COM6"));
-    EXPECT_THAT(form.ConSettingComm.Items(), ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4", u"COM6"));
-}
-
 // --- ShowType ---
 
 TEST_F(StartUp, LayoutIsPressedAsOftenAsTheSettingSays) {

@@ -39,6 +39,15 @@ TEST_F(PortBoxTest, EachEntryTellsItsDevice) {
     EXPECT_EQ(TipOfEntry(0), "");
 }
 
+TEST_F(PortBoxTest, OfferIsLookedUpWhenTheListOpens) {
+    bench.session.line.Ports.push_back({7, u"/dev/ttyUSB1"});
+    box->showPopup();
+    box->hidePopup();
+    EXPECT_EQ(box->count(), 5);
+    EXPECT_EQ(box->itemText(4).toStdString(), "COM7");
+    EXPECT_EQ(TipOfEntry(4), "/dev/ttyUSB1");
+}
+
 TEST_F(PortBoxTest, BoxTellsTheDeviceOfItsPort) {
     for (const Text& port : {Text(u"COM2"), Text(u" com2 ")}) {
         bench.Form().ConCommSetting[0].Set(port);

@@ -13,6 +13,8 @@ struct ViewBench {
     Theme theme{Theme::Choice::Light};
     Binder binder{session.Form()};
 
+    ViewBench() { theme.Dress(); }
+
     MainForm& Form() { return session.Form(); }
 };
 

@@ -133,8 +133,6 @@ TEST_F(WindowProgramTest, DevicesOfPortsStandInTheSettings) {
     for (const PortDevice& port : Form().MSComm1.Devices())
         found |= port.number == 9 && port.device == u"/dev/far";
     EXPECT_TRUE(found);
-    const auto& offered = Form().ConCommSetting[0].Items();
-    EXPECT_NE(std::find(offered.begin(), offered.end(), u"COM9"), offered.end());
 }
 
 TEST_F(WindowProgramTest, PaletteOfTheSettingsIsUsed) {
