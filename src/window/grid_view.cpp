@@ -71,13 +71,22 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
 // --- What the grid says ---
 
 void GridView::Follow() {
-    if (viewport()->updatesEnabled() != grid_.Redraw) viewport()->setUpdatesEnabled(grid_.Redraw);
-    if (!grid_.Redraw) return;
+    if (!grid_.Redraw) {
+        if (frozen_.isNull()) frozen_ = viewport()->grab();
+        return;
+    }
+    Thaw();
     const QScopedValueRollback following(isFollowing_, true);
     if (generation_ != grid_.Generation()) FollowCells();
     FollowTopRow();
     FollowCurrentCell();
     FollowReadRow();
+}
+
+void GridView::Thaw() {
+    if (frozen_.isNull()) return;
+    frozen_ = {};
+    viewport()->update();
 }
 
 void GridView::FollowCells() {
@@ -189,6 +198,10 @@ void GridView::RestoreWidths(const QByteArray& saved) {
 
 // An empty list says that it is one.
 void GridView::paintEvent(QPaintEvent* event) {
+    if (!frozen_.isNull()) {
+        QPainter(viewport()).drawPixmap(0, 0, frozen_);
+        return;
+    }
     QTableView::paintEvent(event);
     if (model_->rowCount() > 0) return;
     QPainter painter(viewport());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QTableView>
 #include <vector>
 
@@ -53,6 +54,7 @@ class GridView : public QTableView {
 
     // --- What the grid says ---
     void Follow();
+    void Thaw();
     void FollowCells();
     void FollowCurrentCell();
     void FollowReadRow();
@@ -86,6 +88,7 @@ class GridView : public QTableView {
     SecondClick* secondClick_;
 
     // What is on the screen.
+    QPixmap frozen_;  // while the redraw is off
     std::uint64_t generation_ = 0;
     std::uint64_t epoch_ = 0;
     std::vector<ShownCell> shown_;  // row by row from shownFirst_ on

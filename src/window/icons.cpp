@@ -23,7 +23,7 @@ struct Tones {
 // A drawing is rendered when it is shown for the first time, in the pixels of the screen where it is shown.
 class TwoToneEngine : public QIconEngine {
   public:
-    TwoToneEngine(QString drawing, Tones tones) : drawing_(std::move(drawing)), tones_(std::move(tones)) {}
+    TwoToneEngine(QString drawing, Tones tones) : drawing_(std::move(drawing)), tones_(tones) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const qreal ratio = painter->device()->devicePixelRatio();

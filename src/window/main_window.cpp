@@ -79,7 +79,6 @@ QWidget* MainWindow::MakeCentre() {
     columns_->setStretchFactor(1, 1);
     columns_->setCollapsible(1, false);
     columns_->setSizes({Sidebar::kFirstWidth, kFirst.width() - Sidebar::kFirstWidth});
-    connect(columns_, &QSplitter::splitterMoved, this, &MainWindow::AdaptMainArea);
     auto* centre = new QWidget(this);
     auto* layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -237,7 +236,6 @@ void MainWindow::Adapt() {
     for (GridView* grid : pages_->findChildren<GridView*>()) grid->SetRowHeight(isRoomy ? 24 : 22);
     isNarrow_ = width() < kWithSidebar;
     ShowSidebar(!isNarrow_ && wantsSidebar_);
-    AdaptMainArea();
 }
 
 void MainWindow::AdaptMainArea() {
@@ -249,7 +247,6 @@ void MainWindow::ToggleSidebar() {
     const bool shown = !sidebar_->isVisible();
     if (!isNarrow_) wantsSidebar_ = shown;
     ShowSidebar(shown);
-    AdaptMainArea();
 }
 
 void MainWindow::ShowSidebar(bool shown) {
@@ -270,6 +267,7 @@ void MainWindow::LaySidebarOver(bool over) {
 
 // A click outside folds away a sidebar that lies over the main area.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mainArea_ && event->type() == QEvent::Resize) AdaptMainArea();
     if (sidebarLiesOver_ && event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
         const auto* widget = static_cast<QWidget*>(watched);
         const bool isOutside = widget->window() == this && widget != sidebar_ &&

@@ -30,12 +30,10 @@ bool SimulatedInstrument::Start() {
     process_.setStandardInputFile(QProcess::nullDevice());
     process_.start(QCoreApplication::applicationDirPath() + u"/instrument-simulator"_s,
                    {u"--description"_s, description, u"--link"_s, Device()});
+    if (!process_.waitForStarted(kPatience)) return false;
     const QDeadlineTimer deadline(kPatience);
-    while (!QFile::exists(Device())) {
-        if (deadline.hasExpired() || !process_.waitForStarted(0)) return false;
-        QThread::msleep(5);
-    }
-    return true;
+    while (!QFile::exists(Device()) && !deadline.hasExpired()) QThread::msleep(5);
+    return QFile::exists(Device());
 }
 
 }  // namespace commtest

@@ -16,7 +16,9 @@ const QString kTitle = u"CommTest"_s;
 // The program speaks Chinese, whatever the language of the desktop.
 void NameButtons(QMessageBox& box) {
     const auto name = [&box](QMessageBox::StandardButton button, const QString& caption) {
-        if (box.button(button) != nullptr) box.button(button)->setText(caption);
+        if (box.button(button) == nullptr) return;
+        box.button(button)->setText(caption);
+        box.button(button)->setIcon({});
     };
     name(QMessageBox::Ok, u"确定"_s);
     name(QMessageBox::Yes, u"是(&Y)"_s);
