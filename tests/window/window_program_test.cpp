@@ -11,6 +11,7 @@
 
 #include "catalogue/shipped_catalogue.h"
 #include "host_qt/program_folder.h"
+#include "host_qt/pseudo_terminal.h"
 #include "session/events.h"
 #include "session/toolbar_commands.h"
 
@@ -124,6 +125,37 @@ TEST_F(WindowProgramTest, PortThatIsNotThereIsToldWithReasonAndTheProgramGoesOn)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !boxes.isEmpty(); }, 3000));
     EXPECT_EQ(boxes, QStringList("系统串口被占用,无法打开！"));
     EXPECT_FALSE(Form().IsRunning());
+}
+
+TEST_F(WindowProgramTest, PulledOutAdapterStopsTheSessionAndPluggedInAgainGoesOn) {
+    const QString adapter = scratch.filePath("adapter");
+    const auto plugIn = [&](PseudoTerminal& terminal) {
+        QFile::remove(adapter);
+        QFile::link(terminal.Device(), adapter);
+    };
+    const auto press = [this] {
+        RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kStartStop); });
+    };
+    options.devices[1] = adapter;
+    ASSERT_TRUE(Start());
+    PseudoTerminal first;
+    plugIn(first);
+    press();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Form().NoReplyCount > 0; }));
+    const std::string record = ToUtf8(Form().ConCommString[1].WholeText());
+    first.HangUp();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !boxes.isEmpty(); }));
+    EXPECT_EQ(boxes, QStringList("串口已断开,通讯停止！"));
+    EXPECT_FALSE(Form().IsRunning());
+    EXPECT_EQ(ToUtf8(Form().ConCommString[1].WholeText()), record);
+
+    PseudoTerminal second;
+    plugIn(second);
+    const int sent = Form().SendCount;
+    press();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Form().SendCount > sent; }));
+    EXPECT_EQ(second.Read(1), "@");
+    EXPECT_EQ(boxes.size(), 1);
 }
 
 TEST_F(WindowProgramTest, DevicesOfPortsStandInTheSettings) {
