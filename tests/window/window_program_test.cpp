@@ -154,7 +154,7 @@ TEST_F(WindowProgramTest, PulledOutAdapterStopsTheSessionAndPluggedInAgainGoesOn
     const int sent = Form().SendCount;
     press();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Form().SendCount > sent; }));
-    EXPECT_EQ(second.Read(1), "@");
+    EXPECT_EQ(second.Read(8), "@01RR01\r");
     EXPECT_EQ(boxes.size(), 1);
 }
 
