@@ -84,7 +84,7 @@ class PollingSession {
   public:
     explicit PollingSession(FuzzedDataProvider& input)
         : input_(input),
-          session_({line_, dialogs_, line_, files_, ClosedStore(), settings_}),
+          session_({line_, dialogs_, line_, files_, ClosedStore(), settings_, program_}),
           form_(session_.Form()) {
         SetUpForm();
         SetUpRows();
@@ -284,6 +284,7 @@ class PollingSession {
     testing::FakeDialogs dialogs_;
     testing::FakeProgramFiles files_;
     testing::FakeSettings settings_;
+    testing::FakeProgram program_;
     Session session_;
     MainForm& form_;
     std::int16_t code_ = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "protocol_modbus/modbus_protocols.h"
 #include "protocol_native/native_protocols.h"
 #include "protocol_special/hct615d_request.h"
 #include "session/address.h"
@@ -25,33 +26,6 @@ Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const Main
     return protocol;
 }
 
-std::vector<Protocol> ModbusAsciiProtocols() {
-    using enum DisplayMode;
-    Protocol plain = NotBuiltYet(21, u"ModBus-Ascii协议", EndsWithLineFeed, Ascii, OperationMenu::Modbus);
-    Protocol first =
-        NotBuiltYet(22, u"ModBus-Ascii协议-定制01", EndsWithLineFeed, Ascii, OperationMenu::Modbus);
-    plain.showFrameAddress = ShowAsciiFrameAddress;
-    first.showFrameAddress = ShowAsciiFrameAddress;
-    // Its replies are never recognised and never parsed: each frame times out and the cycle goes on.
-    Protocol second = NotBuiltYet(23, u"ModBus-Ascii协议-定制02", nullptr, Unchanged, OperationMenu::None);
-    second.composeAddress = nullptr;
-    return {plain, first, second};
-}
-
-std::vector<Protocol> ModbusRtuProtocols() {
-    const auto row = [](int code, TextView name, OperationMenu menu) {
-        Protocol protocol = NotBuiltYet(code, name, EndsByRtuRule, DisplayMode::Hexadecimal, menu);
-        if (code <= 34) protocol.showFrameAddress = ShowByteFrameAddress;
-        return protocol;
-    };
-    return {row(31, u"ModBus-RTU协议", OperationMenu::Modbus),
-            row(32, u"ModBus-RTU协议-定制01", OperationMenu::Modbus),
-            row(33, u"ModBus-RTU协议-KD700记录仪", OperationMenu::Recorder),
-            row(34, u"ModBus-RTU协议-TQ记录仪板卡", OperationMenu::Modbus),
-            row(35, u"ModBus-RTU协议-标准流量表", OperationMenu::Modbus),
-            row(51, u"ModBus-RTU协议-M46T", OperationMenu::FlowMeter)};
-}
-
 std::vector<Protocol> SpecialProtocols() {
     using enum DisplayMode;
     Protocol novax =
@@ -64,8 +38,7 @@ std::vector<Protocol> SpecialProtocols() {
 
 ProtocolTable MakeTable() {
     ProtocolTable table;
-    for (const auto& family :
-         {NativeProtocols(), ModbusAsciiProtocols(), ModbusRtuProtocols(), SpecialProtocols()}) {
+    for (const auto& family : {NativeProtocols(), AsciiProtocols(), RtuProtocols(), SpecialProtocols()}) {
         table.rows.insert(table.rows.end(), family.begin(), family.end());
     }
     std::sort(table.rows.begin(), table.rows.end(),

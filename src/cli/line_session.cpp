@@ -49,12 +49,17 @@ void LineSession::Tick(int index) {
 void LineSession::LookAtSession() {
     if (isDone_ == nullptr) return;
     if (!Form().IsRunning()) {
-        EndRun(port_.LastProblem().empty() ? End::PortLost : End::NoPort);
+        EndRun(WhyStopped());
     } else if (!Form().Timer1[1].Enabled()) {
         EndRun(End::BadRun);
     } else if ((*isDone_)()) {
         EndRun(End::Done);
     }
+}
+
+LineSession::End LineSession::WhyStopped() const {
+    if (port_.PortOpen()) return End::Refused;
+    return port_.LastProblem().empty() ? End::PortLost : End::NoPort;
 }
 
 void LineSession::EndRun(End end) {

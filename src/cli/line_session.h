@@ -29,6 +29,7 @@ class LineSession {
         NoPort,    // the port could not be opened
         PortLost,  // the port has gone
         BadRun,    // a run-time error has ended the polling
+        Refused,   // the instrument's answer has ended the polling
     };
 
     // Runs the events until `isDone` holds behind one of them, or the session has stopped by itself.
@@ -50,6 +51,7 @@ class LineSession {
     void WireEvents();
     void Tick(int index);
     void LookAtSession();
+    End WhyStopped() const;
     void EndRun(End end);
 
     Console& console_;

@@ -1,8 +1,11 @@
 #include "cli/parameter_write.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "cli/problem.h"
+#include "cli/protocol_manner.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/command_code.h"
@@ -21,8 +24,8 @@ namespace {
 
 // What the parser notes in the record line.
 constexpr TextView kWriteTaken = u"# 仪表的参数";
-constexpr TextView kParameterRead = u"# 仪表的指定参数的数值";
-constexpr TextView kRefused = u"# 仪表的通讯出错";
+constexpr std::array<TextView, 5> kRefusals = {u"# 仪表的通讯出错", u"指令错误", u"该指令无效", u"自诊断错误",
+                                               u"板卡返回错误信息"};
 
 // A float of four bytes holds 23 bits and is shown in nine characters.
 constexpr double kPrecisionOfFloat = 1e-6;
@@ -65,28 +68,13 @@ void RequireNumber(const Text& value) {
     }
 }
 
-// Why a single read does not reach a row; empty if it does.
-QString WhyUnreadable(const MainForm& form, int row) {
-    if (CellOf(form, row, column::kAddress) == kCommandAddress) return u"此行是命令"_s;
-    if (row < form.FirstDataRow) return u"此行在第一个 RW 行之前"_s;
-    const Text& attribute = CellOf(form, row, column::kAttribute);
-    return Contains(attribute, u"R") || Contains(attribute, u"S") ? QString() : u"此行没有 R 属性"_s;
-}
-
-// The row that holds the decimals of a row, 0 if it has its own.
-int DecimalsRow(const MainForm& form, int row) {
-    const Text& decimals = CellOf(form, row, column::kDecimals);
-    if (decimals == u"0") return 0;
-    for (int r = 1; r <= LastRow(form.ParameterGrid()); ++r) {
-        if (HexParse(CellOf(form, r, column::kAddress)) != HexParse(decimals)) continue;
-        const Text& name = CellOf(form, r, column::kName);
-        return Contains(name, u"小数点") || Contains(name, u"虚拟") ? r : 0;
-    }
-    return 0;
-}
-
 std::int32_t Failures(const MainForm& form) {
     return form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount;
+}
+
+bool IsRefusal(const Text& line) {
+    return std::any_of(kRefusals.begin(), kRefusals.end(),
+                       [&line](TextView word) { return Contains(line, word); });
 }
 
 // Runs the cycle for one frame; a good answer is one that the parser notes as `note`.
@@ -97,10 +85,11 @@ Answer Exchange(LineSession& line, TextView note) {
     const auto isDone = [&] { return line.Exchanges() > exchangesBefore && line.IsBetweenExchanges(); };
     const LineSession::End end = line.Run(isDone);
     if (end == LineSession::End::BadRun) throw Problem(ExitStatus::BadAnswer, {});
+    if (end == LineSession::End::Refused) return Answer::Refused;
     if (end != LineSession::End::Done) throw Problem(ExitStatus::NoAccess, {});
     if (!isDone()) throw Problem(ExitStatus::BadAnswer, u"已中断，不知是否写入。请用 poll 查看"_s);
     if (Failures(form) != failuresBefore) return Answer::None;
-    if (Contains(form.LogLine, kRefused)) return Answer::Refused;
+    if (IsRefusal(form.LogLine)) return Answer::Refused;
     return Contains(form.LogLine, note) ? Answer::Good : Answer::None;
 }
 
@@ -113,20 +102,21 @@ void Click(MainForm& form, int row, int col) {
 
 void ReadDecimals(LineSession& line, int row) {
     MainForm& form = line.Form();
-    const int decimalsRow = DecimalsRow(form, row);
+    const ProtocolManner& manner = MannerOf(form);
+    const int decimalsRow = manner.decimalsRow(form, row);
     if (decimalsRow == 0) return;
     const QString decimalsName = u"小数点在%1"_s.arg(RowName(form, decimalsRow));
-    if (const QString reason = WhyUnreadable(form, decimalsRow); !reason.isEmpty()) {
+    if (const QString reason = manner.whyUnreadable(form, decimalsRow); !reason.isEmpty()) {
         throw BadAnswer(form, row, u"%1，%2，读不到，没有写入"_s.arg(decimalsName, reason));
     }
     Click(form, decimalsRow, column::kSingleRead);
     StartInShortWay(form);
-    if (Exchange(line, kParameterRead) != Answer::Good) {
+    if (Exchange(line, manner.goodRead) != Answer::Good) {
         throw BadAnswer(form, row, u"%1，没有读到，没有写入。请检查地址和接线"_s.arg(decimalsName));
     }
 }
 
-void Write(LineSession& line, int row, const Text& value) {
+void WriteOnce(LineSession& line, int row, const Text& value) {
     MainForm& form = line.Form();
     Click(form, row, column::kSingleRead);
     Click(form, row, column::kNewValue);
@@ -136,11 +126,18 @@ void Write(LineSession& line, int row, const Text& value) {
     line.Dialogs().ReasonOfError.clear();
     if (!form.IsRunning()) throw Problem(ExitStatus::BadUsage, {});
     switch (Exchange(line, kWriteTaken)) {
-        case Answer::Refused: throw BadAnswer(form, row, u"仪表拒绝写入 (**)。请检查数值和仪表的写保护"_s);
+        case Answer::Refused: throw BadAnswer(form, row, u"仪表拒绝写入。请检查数值和仪表的写保护"_s);
         case Answer::None:
             throw BadAnswer(form, row, u"没有收到正确的回答，不知是否写入。请检查地址和接线"_s);
         default: return;
     }
+}
+
+// A write in two steps is entered twice.
+void Write(LineSession& line, int row, const Text& value) {
+    WriteOnce(line, row, value);
+    const MainForm& form = line.Form();
+    if (form.SecondHalfPending || form.AsciiSecondHalfPending) WriteOnce(line, row, value);
 }
 
 bool IsSameNumber(const Text& written, const Text& read, const Text& length) {
@@ -152,8 +149,10 @@ bool IsSameNumber(const Text& written, const Text& read, const Text& length) {
 }
 
 void ReadBack(LineSession& line, Console& console, int row, const Text& value) {
-    const MainForm& form = line.Form();
-    if (Exchange(line, kParameterRead) != Answer::Good) {
+    MainForm& form = line.Form();
+    // The answer to the write has moved the row that is read.
+    Click(form, row, column::kSingleRead);
+    if (Exchange(line, MannerOf(form).goodRead) != Answer::Good) {
         throw BadAnswer(form, row, u"已写入 %1，但没有读回。请用 poll 查看"_s.arg(Shown(value)));
     }
     const Text& read = CellOf(form, row, column::kScaledValue);
@@ -173,7 +172,7 @@ void WriteParameter(LineSession& line, Console& console, int row, const Text& va
     form.CommandCode = command::kReadThisRow;
     ReadDecimals(line, row);
     Write(line, row, value);
-    const QString reason = WhyUnreadable(form, row);
+    const QString reason = MannerOf(form).whyUnreadable(form, row);
     if (reason.isEmpty()) {
         ReadBack(line, console, row, value);
     } else {

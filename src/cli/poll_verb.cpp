@@ -1,10 +1,10 @@
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
 
 #include "cli/interrupt.h"
 #include "cli/line_session.h"
 #include "cli/poll_report.h"
+#include "cli/protocol_manner.h"
 #include "cli/record_stream.h"
 #include "cli/verb.h"
 #include "session/polling_cycle.h"
@@ -30,22 +30,24 @@ struct PollOptions {
 
 OptionList PollOptionList() {
     OptionList options = LineOptionList();
-    options.insert(
-        options.end(),
-        {{u"command", u"代码",
-          u"读取方式: 10 动态数据，20 静态数据，31 动态/静态交替，40 本行，50 逐个，60 多个", u"31"},
-         {u"count", u"字节数", u"一次读取多个参数时的数据字节数", u"16"},
-         {u"exchanges", u"N", u"通讯 N 次后结束"},
-         {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
-         {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
-         {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
-          u"text"},
-         {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
+    options.insert(options.end(),
+                   {{u"command", u"代码",
+                     u"读取方式: 10 动态数据，20 静态数据，31 动态/静态交替，40 本行，50 逐个，60 "
+                     u"多个；ModBus-RTU: 80 板卡类型，90 固定测试，91 递增测试",
+                     u"31"},
+                    {u"count", u"字节数", u"一次读取多个参数时的数据字节数", u"16"},
+                    {u"exchanges", u"N", u"通讯 N 次后结束"},
+                    {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
+                    {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
+                    {u"format", u"text|csv|json",
+                     u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录", u"text"},
+                    {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
     return options;
 }
 
 int CommandOf(const Arguments& arguments) {
-    static const QStringList kCommands = {u"10"_s, u"20"_s, u"31"_s, u"40"_s, u"50"_s, u"60"_s};
+    static const QStringList kCommands = {u"10"_s, u"20"_s, u"31"_s, u"40"_s, u"50"_s,
+                                          u"60"_s, u"80"_s, u"90"_s, u"91"_s};
     const QString command = arguments.Value(u"command");
     if (!kCommands.contains(command)) throw arguments.BadValue(u"command", u" "_s + kCommands.join(u"、"_s));
     return command.toInt();
@@ -115,7 +117,8 @@ LineSession::End RunPoll(LineSession& line, const PollOptions& options, RecordSt
 
 ExitStatus StatusOf(LineSession::End end, const PollOptions& options, const MainForm& form) {
     if (end == LineSession::End::PortLost) return ExitStatus::NoAccess;
-    const bool isBad = end == LineSession::End::BadRun || (options.isStrict && HasFailures(form));
+    const bool isBad = end == LineSession::End::BadRun || end == LineSession::End::Refused ||
+                       (options.isStrict && HasFailures(form));
     return isBad ? ExitStatus::BadAnswer : ExitStatus::Good;
 }
 
@@ -128,8 +131,7 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     form.ConCommString[1].BlockFinished = [&record](const Text& block) { record.Add(block); };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
     form.CommandCode = options.command;
-    // Row 0 holds the headings; a user would have clicked on a row by now.
-    form.CurrentRow = std::max<std::int16_t>(form.FirstDataRow, 1);
+    form.CurrentRow = MannerOf(form).firstRow(form);
     form.ConDataNub.Set(options.groupLength);
 
     const LineSession::End end = RunPoll(line, options, record, console);

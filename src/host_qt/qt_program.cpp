@@ -21,10 +21,6 @@ QString LockFileName() {
 
 }  // namespace
 
-QtProgram::QtProgram() : lock_(LockFileName()) {
-    lock_.setStaleLockTime(0);  // a living instance holds its lock, however old
-}
-
 ProgramVersion QtProgram::Version() const {
     const auto number = QVersionNumber::fromString(QCoreApplication::applicationVersion());
     return {number.majorVersion(), number.minorVersion(), number.microVersion()};
@@ -32,7 +28,11 @@ ProgramVersion QtProgram::Version() const {
 
 // A folder that takes no lock file stops nobody from working.
 bool QtProgram::PrevInstance() const {
-    return !lock_.isLocked() && !lock_.tryLock(0) && lock_.error() == QLockFile::LockFailedError;
+    if (lock_ == nullptr) {
+        lock_ = std::make_unique<QLockFile>(LockFileName());
+        lock_->setStaleLockTime(0);  // a living instance holds its lock, however old
+    }
+    return !lock_->isLocked() && !lock_->tryLock(0) && lock_->error() == QLockFile::LockFailedError;
 }
 
 Text QtProgram::OwnFile() const { return QCoreApplication::applicationFilePath().toStdU16String(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLockFile>
+#include <memory>
 
 #include "host/program_process.h"
 
@@ -9,8 +10,6 @@ namespace commtest {
 // The running program. Needs a QCoreApplication with its version set.
 class QtProgram : public ProgramProcess {
   public:
-    QtProgram();
-
     ProgramVersion Version() const override;
 
     // The first instance holds a lock file in the user's run-time folder; one that a crash has left does not
@@ -23,7 +22,7 @@ class QtProgram : public ProgramProcess {
     bool HasEnded() const { return hasEnded_; }
 
   private:
-    mutable QLockFile lock_;
+    mutable std::unique_ptr<QLockFile> lock_;  // from the first question on
     bool hasEnded_ = false;
 };
 

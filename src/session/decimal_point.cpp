@@ -54,11 +54,6 @@ void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
     value = Formatted(value, decimals);
 }
 
-void RepairMissingZero(Text& value) {
-    if (value.starts_with(u".")) value.insert(0, u"0");
-    if (value.starts_with(u"-.")) value.replace(0, 1, u"-0");
-}
-
 }  // namespace
 
 void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide) {
@@ -71,8 +66,13 @@ void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide) {
     } else {
         ScaleDirectly(grid.Cell(row, column::kDecimals), value, divide);
     }
-    RepairMissingZero(value);
+    PutZeroBeforePoint(value);
     grid.Redraw = true;
+}
+
+void PutZeroBeforePoint(Text& value) {
+    if (value.starts_with(u".")) value.insert(0, u"0");
+    if (value.starts_with(u"-.")) value.replace(0, 1, u"-0");
 }
 
 }  // namespace commtest

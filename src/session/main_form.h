@@ -108,6 +108,10 @@ class MainForm {
     Text ReadAttribute;          // what rows must contain to take part
     std::int16_t ReadLimit = 0;  // data bytes of a group read
 
+    // A write in two steps is half done; each kept by its write builder between calls.
+    bool SecondHalfPending = false;       // of an RTU flow meter
+    bool AsciiSecondHalfPending = false;  // of an ASCII instrument
+
     // First static and dynamic reply since the instrument was chosen.
     HexText StaticSample;
     HexText DynamicSample;

@@ -11,10 +11,11 @@ const Protocol& ProtocolTable::Of(int code) const {
     return defaultRow;
 }
 
-void MakeCRCWord(const MainForm& form, HexText& frame) {
+void MakeCRCWord(MainForm& form, HexText& frame) {
     EnsureLeadingBlank(frame);
     const Protocol& protocol = form.protocols.Of(form.ProtocolCode);
     if (protocol.appendCheckWord != nullptr) protocol.appendCheckWord(frame);
+    if (protocol.checkWordIsThatOfAWrite) protocol.buildWrite(form);
 }
 
 }  // namespace commtest

@@ -28,6 +28,7 @@ struct Protocol {
     void (*composeAddress)(MainForm&) = nullptr;                    // AddressText from ConMeterAddr
     void (*showFrameAddress)(MainForm&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
     void (*appendCheckWord)(HexText&) = nullptr;
+    bool checkWordIsThatOfAWrite = false;  // MakeCRCWord builds the write frame of the current row instead
 
     // Whether instruments of this protocol can be polled: it is known, and its family is built.
     bool IsBuilt() const { return code != 0 && buildRead != nullptr; }
@@ -41,7 +42,9 @@ struct ProtocolTable {
     const Protocol& Of(int code) const;
 };
 
-// Appends the check word of the protocol in use; a code without one only gets the leading blank.
-void MakeCRCWord(const MainForm& form, HexText& frame);
+// Appends the check word of the protocol in use; a code without one only gets the leading blank. Where the
+// check word is that of a write, the frame gets no more than the blank, and SendText the write. Errors of the
+// builder.
+void MakeCRCWord(MainForm& form, HexText& frame);
 
 }  // namespace commtest

@@ -8,7 +8,9 @@ namespace simulator {
 
 namespace {
 
-constexpr std::size_t kLongestFrame = 4096;  // what comes beyond it is no request
+Framing FramingOnTheLine(const std::vector<Instrument>& instruments) {
+    return instruments.empty() ? Framing::Native : FramingOf(instruments.front().Code()).value();
+}
 
 void Add(InstrumentCounts& total, const InstrumentCounts& one) {
     total.requests += one.requests;
@@ -52,21 +54,19 @@ std::string Quoted(const std::string& text) {
 Bus::Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed, int turnaroundMs)
     : instruments_(std::move(instruments)),
       counts_(instruments_.size()),
-      line_(rates, seed),
+      framing_(FramingOnTheLine(instruments_)),
+      reader_(framing_),
+      line_(rates, seed, SparedBytes(framing_)),
       turnaroundMs_(turnaroundMs) {}
 
 std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs) {
     std::vector<Chunk> out;
-    for (const char byte : bytes) {
-        if (byte == kFrameStart) frame_.clear();
-        if (byte == kContinue) {
+    for (const std::string& frame : reader_.Take(bytes, timeMs)) {
+        if (framing_ == Framing::Native && frame.front() == kContinue) {
             Continue(out);
-            continue;
+        } else {
+            TakeFrame(frame, timeMs, out);
         }
-        if (frame_.size() < kLongestFrame) frame_ += byte;
-        if (byte != kFrameEnd) continue;
-        TakeFrame(timeMs, out);
-        frame_.clear();
     }
     return out;
 }
@@ -88,13 +88,13 @@ std::string Bus::CountsAsJson() const {
     return out.str();
 }
 
-void Bus::TakeFrame(double timeMs, std::vector<Chunk>& out) {
+void Bus::TakeFrame(std::string_view frame, double timeMs, std::vector<Chunk>& out) {
     parts_.clear();
     for (std::size_t i = 0; i < instruments_.size(); ++i) {
         Instrument& instrument = instruments_[i];
-        const auto content = ContentOfRequest(instrument.Code(), instrument.Address(), frame_);
+        const auto content = ContentOfFrame(instrument.Code(), instrument.Address(), frame);
         if (!content) continue;
-        Instrument::Answer answer = instrument.AnswerTo(*content, timeMs / 1000);
+        Answer answer = instrument.AnswerTo(*content, timeMs / 1000);
         ++counts_[i].requests;
         if (answer.isRefused) ++counts_[i].refusals;
         if (answer.isWrite && !answer.isRefused) ++counts_[i].writesAccepted;
@@ -118,8 +118,8 @@ void Bus::Continue(std::vector<Chunk>& out) {
 
 void Bus::SendNextPart(std::vector<Chunk>& out) {
     const Instrument& instrument = instruments_[asked_];
-    const char end = parts_.size() > 1 ? kPartEnd : kFrameEnd;
-    const std::string reply = MakeReply(instrument.Code(), instrument.Address(), parts_.front(), end);
+    const std::string reply =
+        MakeReplyFrame(instrument.Code(), instrument.Address(), parts_.front(), parts_.size() == 1);
     parts_.erase(parts_.begin());
     const std::vector<Chunk> chunks = line_.Carry(reply, turnaroundMs_, counts_[asked_].faults);
     if (!chunks.empty()) ++counts_[asked_].answers;

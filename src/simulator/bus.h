@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "simulator/faults.h"
+#include "simulator/framing.h"
 #include "simulator/instrument.h"
 
 namespace simulator {
@@ -18,7 +19,7 @@ struct InstrumentCounts {
     FaultCounts faults;
 };
 
-// Several instruments on one line. Bytes may come in any pieces; a request is complete with its line end.
+// Several instruments on one line, all of one framing: that of the first. Bytes may come in any pieces.
 class Bus {
   public:
     Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed,
@@ -36,17 +37,18 @@ class Bus {
     std::string CountsAsJson() const;
 
   private:
-    void TakeFrame(double timeMs, std::vector<Chunk>& out);
+    void TakeFrame(std::string_view frame, double timeMs, std::vector<Chunk>& out);
     void Continue(std::vector<Chunk>& out);
     void SendNextPart(std::vector<Chunk>& out);
 
     std::vector<Instrument> instruments_;
     std::vector<InstrumentCounts> counts_;
+    Framing framing_;
+    RequestReader reader_;
     FaultyLine line_;
     int turnaroundMs_;
     long ignoredFrames_ = 0;
 
-    std::string frame_;               // bytes of the request so far
     std::size_t asked_ = 0;           // the instrument that answers
     std::vector<std::string> parts_;  // of its answer, the ones that wait
 };

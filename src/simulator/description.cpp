@@ -5,6 +5,9 @@
 #include <map>
 #include <sstream>
 
+#include "simulator/framing.h"
+#include "simulator/register_codes.h"
+
 namespace simulator {
 
 namespace {
@@ -85,16 +88,20 @@ Parameter ParameterOf(const Line& line) {
 }
 
 struct Head {
-    int code;
+    Model model;
     std::string name;
     int address;
     int partLength;
 };
 
 Head HeadOf(const Line& line, int nextAddress, int partLength) {
-    const std::string text = line.At(0).substr(0, 2);
-    if (text != "11" && text != "12" && text != "13") line.Refuse("a code that begins with 11, 12 or 13", 0);
-    return {std::stoi(text), line.At(1), line.Whole(2, nextAddress, "an address"),
+    const std::string code = line.At(0);
+    const Model model{std::stoi(code.substr(0, 2)), std::stoi(code.substr(2, 2))};
+    if (!FramingOf(model.code))
+        line.Refuse("a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51", 0);
+    if (!IsKnownFormat(model))
+        line.Refuse("a code with the number format 00, 01, 02, 03, 06, 07 or 11 behind its protocol", 0);
+    return {model, line.At(1), line.Whole(2, nextAddress, "an address"),
             line.Whole(3, partLength, "a part length")};
 }
 
@@ -126,7 +133,7 @@ class Reader {
     void CloseInstrument() {
         if (heads_.empty()) return;
         const Head& head = heads_.back();
-        instruments_.emplace_back(head.code, head.address, head.name, std::move(parameters_),
+        instruments_.emplace_back(head.model, head.address, head.name, std::move(parameters_),
                                   head.partLength);
         parameters_.clear();
     }
@@ -153,6 +160,14 @@ std::vector<Instrument> ReadDescription(std::string_view text, const std::string
     std::vector<Instrument> instruments = reader.Finish();
     if (instruments.empty()) throw DescriptionError(source + ": expected an instrument, found none");
     return instruments;
+}
+
+void RefuseMixedFramings(const std::vector<Instrument>& instruments) {
+    for (const Instrument& instrument : instruments) {
+        if (FramingOf(instrument.Code()) == FramingOf(instruments.front().Code())) continue;
+        throw DescriptionError("expected instruments that share a line, found \"" +
+                               instruments.front().Name() + "\" and \"" + instrument.Name() + "\"");
+    }
 }
 
 void RefuseSharedAddresses(const std::vector<Instrument>& instruments) {

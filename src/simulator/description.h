@@ -26,10 +26,13 @@ struct DescriptionDefaults {
     int partLength = 0;
 };
 
-// `source` names the text in messages: "bench.txt:7: expected ..., found ...". Instruments of protocols other
-// than 11, 12 and 13 are refused.
+// `source` names the text in messages: "bench.txt:7: expected ..., found ...". Instruments of protocols or
+// number formats that cannot be played are refused.
 std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source,
                                         const DescriptionDefaults& defaults = {});
+
+// Native, Modbus ASCII and Modbus RTU instruments do not understand each other's bytes.
+void RefuseMixedFramings(const std::vector<Instrument>& instruments);
 
 // Two instruments at one address would never both be heard.
 void RefuseSharedAddresses(const std::vector<Instrument>& instruments);

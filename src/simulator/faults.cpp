@@ -51,9 +51,17 @@ char FaultyLine::OtherByte(char byte) {
     }
 }
 
+char FaultyLine::OtherDigit(char digit) {
+    for (;;) {
+        const char other = "0123456789ABCDEF"[random_.Between(0, 15)];
+        if (other != digit) return other;
+    }
+}
+
 void FaultyLine::Corrupt(std::string& reply) {
-    const auto at = static_cast<std::size_t>(random_.Between(1, static_cast<int>(reply.size()) - 2));
-    reply[at] = OtherByte(reply[at]);
+    const auto last = static_cast<int>(reply.size() - spared_.tail) - 1;
+    const auto at = static_cast<std::size_t>(random_.Between(static_cast<int>(spared_.head), last));
+    reply[at] = spared_.keepsDigits ? OtherDigit(reply[at]) : OtherByte(reply[at]);
 }
 
 void FaultyLine::AddNoise(std::string& reply) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "simulator/behaviour.h"
+#include "simulator/framing.h"
 
 namespace simulator {
 
@@ -17,8 +18,8 @@ struct Chunk {
 // reply; split, delay and noise may come on top of them. The host waits 1200 ms for a reply.
 struct FaultRates {
     double drop = 0;      // nothing is sent
-    double corrupt = 0;   // one byte from the second to the last check byte is another one, never a line end
-    double truncate = 0;  // at least one byte is sent, never the line end
+    double corrupt = 0;   // one byte that the framing does not spare is another one, never a line end
+    double truncate = 0;  // at least one byte is sent, never the last one
     double late = 0;      // behind the host's wait
     double split = 0;     // in two to four chunks, all inside the wait
     double delay = 0;     // inside the wait
@@ -38,20 +39,23 @@ struct FaultCounts {
 // Does to replies what a bad line does; the same seed does it the same way again.
 class FaultyLine {
   public:
-    FaultyLine(const FaultRates& rates, std::uint64_t seed) : rates_(rates), random_(seed) {}
+    FaultyLine(const FaultRates& rates, std::uint64_t seed, const Spared& spared = {})
+        : rates_(rates), random_(seed), spared_(spared) {}
 
-    // What becomes of a reply that ends in its line end; counted into `counts`.
+    // What becomes of a whole reply; counted into `counts`.
     std::vector<Chunk> Carry(std::string reply, int turnaroundMs, FaultCounts& counts);
 
   private:
     bool Happens(double rate) { return rate > 0 && random_.Fraction() < rate; }
     char OtherByte(char byte);
+    char OtherDigit(char digit);
     void Corrupt(std::string& reply);
     void AddNoise(std::string& reply);
     std::vector<Chunk> Split(const std::string& reply, int delayMs);
 
     FaultRates rates_;
     RandomStream random_;
+    Spared spared_;
 };
 
 }  // namespace simulator

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "simulator/framing.h"
+#include "simulator/modbus_answers.h"
 #include "simulator/value_codes.h"
 
 namespace simulator {
@@ -40,16 +42,16 @@ Behaviour SuitableBehaviour(const Parameter& parameter, int position) {
     return Behaviour::Constant(static_cast<double>(static_cast<long>(low + (high - low) / 4)));
 }
 
-Instrument::Answer Refused(bool isWrite) { return {{"**"}, isWrite, true}; }
-Instrument::Answer Accepted() { return {{"##"}, true, false}; }
-Instrument::Answer Told(std::vector<std::string> parts) { return {std::move(parts), false, false}; }
+Answer Refused(bool isWrite) { return {{"**"}, isWrite, true}; }
+Answer Accepted() { return {{"##"}, true, false}; }
+Answer Told(std::vector<std::string> parts) { return {std::move(parts), false, false}; }
 
 }  // namespace
 
-Instrument::Instrument(int code, int address, std::string name, std::vector<Parameter> parameters,
+Instrument::Instrument(Model model, int address, std::string name, std::vector<Parameter> parameters,
                        int partLength)
-    : code_(code), address_(address), name_(std::move(name)), partLength_(partLength) {
-    const bool lengthInAddress = code == kLengthInAddressCode;
+    : model_(model), address_(address), name_(std::move(name)), partLength_(partLength) {
+    const bool lengthInAddress = model.code == kLengthInAddressCode;
     for (Parameter& parameter : parameters) {
         const auto position = static_cast<int>(rows_.size());
         const std::string number = lengthInAddress ? parameter.address.substr(1) : parameter.address;
@@ -61,7 +63,8 @@ Instrument::Instrument(int code, int address, std::string name, std::vector<Para
     }
 }
 
-Instrument::Answer Instrument::AnswerTo(std::string_view content, double seconds) {
+Answer Instrument::AnswerTo(std::string_view content, double seconds) {
+    if (FramingOf(model_.code) != Framing::Native) return AnswerToModbus(model_, rows_, content, seconds);
     if (content == "RD") return Told({"RD" + DynamicData(seconds)});
     if (content == "RR") return Told(StaticParts(seconds));
     if (content.starts_with("RE")) return Read(content.substr(2), seconds);
@@ -122,7 +125,7 @@ std::size_t Instrument::IndexOf(int address) const {
 }
 
 // "aaaaHH": whole parameters from an address on, as many as fit into HH bytes, the first in any case.
-Instrument::Answer Instrument::Read(std::string_view content, double seconds) const {
+Answer Instrument::Read(std::string_view content, double seconds) const {
     if (content.size() != 6 && content.size() != 7) return Refused(false);
     const auto address = Hex(content.substr(0, 4));
     const auto wanted = Hex(content.substr(4));
@@ -144,8 +147,8 @@ Instrument::Answer Instrument::Read(std::string_view content, double seconds) co
 }
 
 // Codes 11 and 13 "Laaaav..."; code 12 "Laaa0Lv...". Commands without address: "3", "4", "5vvvv".
-Instrument::Answer Instrument::Write(std::string_view content) {
-    const bool lengthInAddress = code_ == kLengthInAddressCode;
+Answer Instrument::Write(std::string_view content) {
+    const bool lengthInAddress = model_.code == kLengthInAddressCode;
     if (!lengthInAddress && (content.size() == 1 || (content.size() == 5 && content[0] == '5'))) {
         return RunCommand(content);
     }
@@ -162,12 +165,7 @@ Instrument::Answer Instrument::Write(std::string_view content) {
     return Accepted();
 }
 
-bool Instrument::Accepts(const Row& row, std::optional<double> value) {
-    return value && Has(row.parameter.attribute, "W") && *value >= row.parameter.lowest.value_or(*value) &&
-           *value <= row.parameter.highest.value_or(*value);
-}
-
-Instrument::Answer Instrument::RunCommand(std::string_view content) const {
+Answer Instrument::RunCommand(std::string_view content) const {
     for (const Row& row : rows_) {
         const bool isThis = row.isCommand && row.parameter.length == content.substr(0, 1);
         if (!isThis) continue;

@@ -107,8 +107,9 @@ class CommandLineTest(unittest.TestCase):
     def poll(self, device, *options, instrument=PLAIN):
         return self.finish(self.start("poll", device, instrument, "--interval", 0, *options))
 
-    def write(self, device, row, value, instrument=PLAIN):
-        return self.finish(self.start("write", device, instrument, "--interval", 0, "--row", row, "--value", value))
+    def write(self, device, row, value, *options, instrument=PLAIN):
+        return self.finish(self.start("write", device, instrument, "--interval", 0, "--row", row, "--value", value,
+                                      *options))
 
     def simulate(self, *options, instrument=PLAIN, **details):
         return Simulator(self.outer.name, description(instrument[2], **details), *options)

@@ -48,7 +48,7 @@ class WriteTest(CommandLineTest):
             run = self.write(simulator.device, DELAY, 61)
         self.assertEqual(run.status, 1)
         self.assertIn("@01**01\\0D", run.output)
-        self.assertEqual(run.problem_lines, ["第 22 行 AL1报警延时: 仪表拒绝写入 (**)。请检查数值和仪表的写保护"])
+        self.assertEqual(run.problem_lines, ["第 22 行 AL1报警延时: 仪表拒绝写入。请检查数值和仪表的写保护"])
         self.assertEqual(simulator.counts["refusals"], 1)
 
     def test_command_row_is_not_read_back(self):

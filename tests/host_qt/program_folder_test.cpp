@@ -70,7 +70,7 @@ TEST_F(ProgramFolderTest, HoldsTheHelpText) {
     const QByteArray text = ContentOf(help);
     EXPECT_TRUE(text.startsWith("CommTest 使用说明 ")) << text.left(80).toStdString();
     EXPECT_TRUE(text.contains("\n  F5               开始/停止通讯\n"));
-    EXPECT_TRUE(text.endsWith(" (以制表符分隔)\n")) << text.right(80).toStdString();
+    EXPECT_TRUE(text.endsWith("回车等于双击。\n")) << text.right(80).toStdString();
 }
 
 TEST_F(ProgramFolderTest, AHelpFileThatStandsThereIsKeptAndAMissingOneIsMade) {

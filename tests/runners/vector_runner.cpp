@@ -9,7 +9,11 @@
 #include <type_traits>
 
 #include "numbers/bit_text.h"
+#include "numbers/crc16.h"
+#include "numbers/lrc.h"
 #include "numbers/register_codecs.h"
+#include "protocol_modbus/decimal_row.h"
+#include "protocol_modbus/rtu_frame.h"
 #include "protocol_native/check_words.h"
 #include "protocol_special/hct615d_request.h"
 #include "runtime/hex_text.h"
@@ -55,6 +59,16 @@ Json CallTest(const Json& in) {
     return test(TextAt(in, 0));
 }
 
+Json CallCrcTables(const Json& in) {
+    const auto index = in.at(0).get<std::size_t>();
+    return {kCrcFirstTable.at(index), kCrcSecondTable.at(index)};
+}
+
+template <Text (*checkWord)(Text)>
+Json CallCheckWord(const Json& in) {
+    return ToUtf8(checkWord(TextAt(in, 0)));
+}
+
 Json CallMakeCRCWord(const Json& in) {
     testing::BenchSession bench;
     bench.Form().ProtocolCode = static_cast<std::int16_t>(NumberAt(in, 1));
@@ -80,7 +94,8 @@ Json CallBuildHct615dReadRequest(const Json& in) {
     return ToUtf8(bench.Form().SendText);
 }
 
-Json CallApplyDecimalPoint(const Json& in) {
+template <void (*scale)(MainForm&, int, Text&, bool)>
+Json CallScale(const Json& in) {
     testing::BenchSession bench;
     Grid& grid = bench.Form().ParameterGrid();
     const Json& rows = in.at(0);
@@ -92,7 +107,7 @@ Json CallApplyDecimalPoint(const Json& in) {
         }
     }
     Text value = TextAt(in, 2);
-    ApplyDecimalPoint(bench.Form(), NumberAt(in, 1), value, in.at(3).get<bool>());
+    scale(bench.Form(), NumberAt(in, 1), value, in.at(3).get<bool>());
     return ToUtf8(value);
 }
 
@@ -114,8 +129,14 @@ const std::map<std::string, Routine>& Routines() {
         {"MakeCRCWordTqTwo", InPlace<MakeCRCWordTqTwo>},
         {"TestCRCWordTq", CallTest<TestCRCWordTq>},
         {"TestCRCWordTqTwo", CallTest<TestCRCWordTqTwo>},
+        {"LrcOfPairs", CallCheckWord<LrcOfPairs>},
+        {"LrcOfChars", CallCheckWord<LrcOfChars>},
         {"AddressText", CallAddressText},
-        {"ApplyDecimalPoint", CallApplyDecimalPoint},
+        {"AppendRtuCrc", InPlace<AppendRtuCrc>},
+        {"TestRtuCrc", CallTest<TestRtuCrc>},
+        {"CrcTables", CallCrcTables},
+        {"ApplyDecimalPoint", CallScale<ApplyDecimalPoint>},
+        {"ScaleByDecimalRow", CallScale<ScaleByDecimalRow>},
         {"BuildHct615dReadRequest", CallBuildHct615dReadRequest},
     };
     return routines;

@@ -497,7 +497,11 @@ TEST_F(PollingCycle, CodeWithoutARowReadsWithTheDefaultRow) {
 }
 
 TEST_F(PollingCycle, ProtocolWithoutAnEndRuleTimesOutAtEachFrameAndCountsNothing) {
-    FormBench each;
+    Protocol requestsOnly;
+    requestsOnly.code = 23;
+    ProtocolTable table;
+    table.rows = {requestsOnly};
+    FormBench each(table);
     each.form.ProtocolCode = 23;
     each.form.MeterCodeText = u"2300";
     each.form.SendText = u" 01";  // nothing builds a frame here

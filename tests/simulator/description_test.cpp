@@ -4,7 +4,9 @@
 
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
+#include "simulator/hex_digits.h"
 #include "simulator/sample_instruments.h"
 
 namespace simulator {
@@ -85,8 +87,16 @@ TEST(ReadDescription, TellsFileLineWhatWasExpectedAndWhatStoodThere) {
     const Mistake mistakes[] = {
         {"", "bench.txt: expected an instrument, found none"},
         {"# nothing\n", "bench.txt: expected an instrument, found none"},
-        {"31000101 | other\n",
-         "bench.txt:1: expected a code that begins with 11, 12 or 13, found \"31000101\""},
+        {"41000101 | other\n",
+         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51, found "
+         "\"41000101\""},
+        {"23000101 | requests only\n",
+         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51, found "
+         "\"23000101\""},
+        {"31050101 | decimals\n",
+         "bench.txt:1: expected a code with the number format 00, 01, 02, 03, 06, 07 or 11 behind its "
+         "protocol, "
+         "found \"31050101\""},
         {"one | 0020 | 1 | RW | 0\n", "bench.txt:1: expected the code of an instrument, found \"one\""},
         {"11000101 | first | five\n", "bench.txt:1: expected an address, found \"five\""},
         {"11000101 | first | 5 | -1\n", "bench.txt:1: expected a part length, found \"-1\""},
@@ -125,6 +135,84 @@ TEST(ShippedDescriptions, CanBePlayed) {
         for (Instrument& instrument : ReadDescription(text, name)) {
             EXPECT_GT(instrument.AnswerTo("RD", 0).parts.front().size(), 4U) << name;
             EXPECT_GT(instrument.AnswerTo("RR", 0).parts.front().size(), 4U) << name;
+        }
+    }
+}
+
+TEST(ReadDescription, CodeOfAModbusInstrumentTellsItsNumberFormat) {
+    std::vector<Instrument> instruments = ReadDescription(
+        "31030602 | three phases\n"
+        "one | 0010 | 4 | R | 0 | | | constant 100\n"
+        "31010107 | indicator\n"
+        "one | 0010 | 4 | R | 0 | | | constant 100\n",
+        "bench.txt");
+    const std::string request = {3, 0, 16, 0, 2};
+    EXPECT_EQ(HexOfBytes(instruments[0].AnswerTo(request, 0).parts[0]), "030442C80000");
+    EXPECT_EQ(HexOfBytes(instruments[1].AnswerTo(request, 0).parts[0]), "030400000064");
+}
+
+TEST(RefuseMixedFramings, NamesTwoInstrumentsThatDoNotShareALine) {
+    const auto instruments =
+        ReadDescription("31010101 | first\n35030101 | second\n21010101 | third\n", "bench.txt");
+    try {
+        RefuseMixedFramings(instruments);
+        FAIL() << "accepted";
+    } catch (const DescriptionError& error) {
+        EXPECT_STREQ(error.what(), "expected instruments that share a line, found \"first\" and \"third\"");
+    }
+    RefuseMixedFramings({instruments[0], instruments[1]});
+}
+
+std::string TextOf(const std::string& name) {
+    std::ifstream file(DATA_FOLDER + name);
+    EXPECT_TRUE(file) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The rows of a list, without what only a description says; remarks and blanks do not count.
+std::vector<std::string> RowsOf(const std::string& text, std::size_t fields) {
+    std::vector<std::string> rows;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty() || line.front() == '#') continue;
+        std::string row;
+        std::istringstream fieldsOfLine(line);
+        std::string field;
+        for (std::size_t i = 0; i < fields && std::getline(fieldsOfLine, field, '|'); ++i) {
+            std::erase(field, ' ');
+            row += field + "|";
+        }
+        while (row.ends_with("||")) row.pop_back();
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+TEST(ShippedDescriptions, ModbusInstrumentsAreThoseOfTheCatalogue) {
+    constexpr std::size_t kFieldsOfAList = 7;
+    const char* files[][2] = {
+        {"/simulator/modbus_rtu.txt", "/catalogue/instruments/31_rtu_indicator.txt"},
+        {"/simulator/modbus_ascii.txt", "/catalogue/instruments/21_ascii_indicator.txt"}};
+    for (const auto& [description, list] : files) {
+        auto described = RowsOf(TextOf(description), kFieldsOfAList);
+        const auto listed = RowsOf(TextOf(list), kFieldsOfAList);
+        EXPECT_EQ(described.front(), listed.front() + "1|");  // and the address
+        described.front() = listed.front();
+        EXPECT_EQ(described, listed) << description;
+    }
+}
+
+TEST(ShippedDescriptions, ModbusListsCanBePlayed) {
+    const char* requests[][2] = {
+        {"21_ascii_indicator", "0300100001"},    {"22_ascii_bcd_meter", "031001"},
+        {"31_flow_meter", "0400100004"},         {"31_rtu_indicator", "0300100001"},
+        {"31_three_phase_meter", "0300100002"},  {"32_rtu_pressure_meter", "0300100001"},
+        {"33_paperless_recorder", "0400100001"}, {"34_recorder_card", "0300100001"},
+        {"35_flow_display", "0300100002"},       {"51_temperature_module", "0300100002"}};
+    for (const auto& [name, request] : requests) {
+        const std::string file = std::string("/catalogue/instruments/") + name + ".txt";
+        for (Instrument& instrument : ReadDescription(TextOf(file), file)) {
+            EXPECT_FALSE(instrument.AnswerTo(BytesOfHex(request).value(), 0).isRefused) << name;
         }
     }
 }

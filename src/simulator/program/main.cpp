@@ -1,4 +1,5 @@
-// instrument-simulator: instruments of the native protocol on a pseudo-terminal or a device.
+// instrument-simulator: instruments of the native protocol or of the Modbus family on a pseudo-terminal or a
+// device.
 
 #include <poll.h>
 #include <signal.h>
@@ -51,6 +52,7 @@ std::vector<Instrument> ReadInstruments(const std::vector<std::string>& files, i
         for (Instrument& instrument : ReadDescription(text, file, defaults))
             all.push_back(std::move(instrument));
     }
+    RefuseMixedFramings(all);
     RefuseSharedAddresses(all);
     return all;
 }

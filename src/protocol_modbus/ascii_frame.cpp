@@ -1,0 +1,27 @@
+#include "protocol_modbus/ascii_frame.h"
+
+#include "numbers/lrc.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr TextView kColonByte = u" 3A";
+
+}  // namespace
+
+HexText AsciiReadFrame(const Text& body, Text (*checkWord)(Text)) {
+    return HexTextOfReadable(u":" + body + checkWord(body) + Text(kLineEnd));
+}
+
+// No line feed: the instruments' users rely on a write that ends so.
+HexText AsciiWriteFrame(const Text& body) {
+    return HexTextOfReadable(u":" + body + LrcOfPairs(body) + u"\r");
+}
+
+void MakeCRCWordModBusAscii(HexText& frame) {
+    EnsureLeadingBlank(frame);
+    if (frame.starts_with(kColonByte)) frame.erase(0, kColonByte.size());
+}
+
+}  // namespace commtest

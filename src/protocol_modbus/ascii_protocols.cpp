@@ -1,0 +1,41 @@
+#include "protocol_modbus/ascii_read_requests.h"
+#include "protocol_modbus/ascii_reply_parser.h"
+#include "protocol_modbus/ascii_write_requests.h"
+#include "protocol_modbus/modbus_protocols.h"
+#include "session/address.h"
+#include "session/frame_end.h"
+
+namespace commtest {
+
+std::vector<Protocol> AsciiProtocols() {
+    Protocol plain;
+    plain.code = 21;
+    plain.name = u"ModBus-Ascii协议";
+    plain.buildRead = BuildAsciiRead;
+    plain.buildWrite = BuildAsciiWrite;
+    plain.replyIsComplete = EndsWithLineFeed;
+    plain.parseReply = ParseAsciiReply;
+    plain.displayMode = DisplayMode::Ascii;
+    plain.menu = OperationMenu::Modbus;
+    plain.composeAddress = ComposeTwoDigitAddress;
+    plain.showFrameAddress = ShowAsciiFrameAddress;
+    plain.checkWordIsThatOfAWrite = true;
+
+    Protocol first = plain;
+    first.code = 22;
+    first.name = u"ModBus-Ascii协议-定制01";
+    first.buildRead = BuildAsciiReadCustom01;
+    first.buildWrite = nullptr;
+    first.parseReply = ParseAsciiReplyTwo;
+    first.checkWordIsThatOfAWrite = false;
+
+    // Its replies are never recognised and never parsed: each frame times out and the cycle goes on. It takes
+    // no part in the composing of addresses: it keeps what another protocol left.
+    Protocol second;
+    second.code = 23;
+    second.name = u"ModBus-Ascii协议-定制02";
+    second.buildRead = BuildAsciiReadCustom02;
+    return {plain, first, second};
+}
+
+}  // namespace commtest

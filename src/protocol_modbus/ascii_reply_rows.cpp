@@ -1,0 +1,80 @@
+#include "protocol_modbus/ascii_reply_rows.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "protocol_modbus/ratio_row.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+#include "session/grid_rows.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+// The digits between the byte count and the check word.
+Text DataDigits(const MainForm& form) {
+    constexpr int kDataPosition = 22;
+    constexpr int kCheckWordAndLineEnd = 12;
+    constexpr int kAround = kDataPosition - 1 + kCheckWordAndLineEnd;
+    return ReadableOf(Mid(form.ReplyText, kDataPosition, Len(form.ReplyText) - kAround));
+}
+
+// Moves a row's share of the data into its cells; gives the digits that count.
+Text TakeDigits(Grid& grid, int row, Text& data) {
+    const Text digits = Left(data, Whole16(2 * ToNumber(grid.Cell(row, column::kLength))));
+    data.erase(0, digits.size());
+    grid.SetCell(row, column::kSingleRead, digits);
+    Text note;
+    Text counting = digits;
+    if (grid.Cell(row, column::kAttribute) == u"RW") {
+        const bool isRatio = IsRatioRow(grid, row);
+        note = isRatio ? u"取3 4 7 8这4个字符  " : u"取最后两个字符  ";
+        counting = isRatio ? Mid(digits, 3, 2) + Mid(digits, 7) : Right(digits, 2);
+    }
+    grid.SetCell(row, column::kGroupRead, note + counting);
+    return counting;
+}
+
+void FillRow(Grid& grid, int row, const Text& digits) {
+    constexpr double kMostShown = 3;
+    const std::int32_t value = HexParse(digits);
+    grid.SetCell(row, column::kValue, WholeText(value));
+    const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
+    if (decimals < 0) throw RuntimeError(RuntimeError::kInvalidArgument);
+    const double scaled = value / Finite(std::pow(10.0, decimals));
+    const int shown = static_cast<int>(std::min(decimals, kMostShown));
+    grid.SetCell(row, column::kScaledValue, GroupedText(scaled, shown));
+}
+
+void FillRowTwo(Grid& grid, int row, const Text& digits) {
+    constexpr int kSign = 8;
+    const std::int32_t value = ToWhole32(Mid(digits, 3));
+    grid.SetCell(row, column::kValue, WholeText(value));
+    const int head = HexParse(Mid(digits, 2, 1));
+    const int decimals = head % kSign;
+    const Text scaled = FixedTextWithZero(value / std::pow(10.0, decimals), decimals);
+    grid.SetCell(row, column::kScaledValue, head >= kSign ? u"-" + scaled : scaled);
+}
+
+void Walk(MainForm& form, void (*fillRow)(Grid&, int, const Text&), int mostLeftOver) {
+    Text data = DataDigits(form);
+    Grid& grid = form.ParameterGrid();
+    for (int row = form.CurrentRow; row < grid.Rows(); ++row) {
+        fillRow(grid, row, TakeDigits(grid, row, data));
+        if (Len(data) > mostLeftOver) continue;
+        form.CurrentRow = Whole16(row + 1);
+        break;
+    }
+    if (form.CommandCode != command::kReadSeveralRows) KeepRowInView(form);
+}
+
+}  // namespace
+
+void DecodeAsciiRows(MainForm& form) { Walk(form, FillRow, 9); }
+
+void DecodeAsciiRowsTwo(MainForm& form) { Walk(form, FillRowTwo, 4); }
+
+}  // namespace commtest

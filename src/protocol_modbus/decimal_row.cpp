@@ -1,0 +1,60 @@
+#include "protocol_modbus/decimal_row.h"
+
+#include <cmath>
+#include <optional>
+
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+#include "session/decimal_point.h"
+#include "session/grid_rows.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+// Column 8 of the referenced row; empty if there is none.
+Text ReferencedDecimals(const Grid& grid, int row) {
+    const auto address = HexParse(grid.Cell(row, column::kDecimals));
+    for (int r = 1; r < grid.Rows(); ++r) {
+        if (HexParse(grid.Cell(r, column::kAddress)) != address) continue;
+        if (grid.Cell(r, column::kAttribute) != u"S") return grid.Cell(r, column::kValue);
+    }
+    return {};
+}
+
+std::optional<double> UsableDecimals(const Text& text) {
+    double decimals = -1;
+    PassOverError([&] { decimals = ToNumber(text); });
+    if (decimals > -1 && decimals < 5) return decimals;
+    return std::nullopt;
+}
+
+void Scale(Text& value, double decimals, bool divide) {
+    const double factor = std::pow(10.0, decimals);
+    const double number = ToNumber(value);
+    value = NumberText(Finite(divide ? number / factor : number * factor));
+}
+
+// Decimals may be a fraction: the power above takes it as it is, the shown digits are its rounding.
+void ShowDecimals(Text& value, double decimals) {
+    const int digits = Whole32(decimals);
+    if (digits > 0) value = FixedText(ToNumber(value), digits);
+}
+
+}  // namespace
+
+void ScaleByDecimalRow(MainForm& form, int row, Text& value, bool divide) {
+    if (value.empty()) return;
+    Grid& grid = form.ParameterGrid();
+    grid.Redraw = false;
+    PassOverErrors([&] {
+        const auto decimals = UsableDecimals(ReferencedDecimals(grid, row));
+        if (!decimals) return;
+        PassOverErrors([&] { Scale(value, *decimals, divide); }, [&] { ShowDecimals(value, *decimals); });
+    });
+    PutZeroBeforePoint(value);
+    grid.Redraw = true;
+}
+
+}  // namespace commtest

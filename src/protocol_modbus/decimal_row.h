@@ -1,0 +1,16 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+class MainForm;
+
+// Scales a value text by a decimals parameter: column 5 of the row is the hexadecimal address of the first
+// other row, not of attribute "S", whose column 8 holds the decimals. Divided on reading (1234
+// becomes 12.34), multiplied on writing (12.34 becomes 1234.00). Without such a row, or with decimals outside
+// -1 to 5 (both excluded), the value stays; so does one that is no number. The grid's redraw is on
+// afterwards, unless the value is empty. Passes over run-time errors.
+void ScaleByDecimalRow(MainForm& form, int row, Text& value, bool divide);
+
+}  // namespace commtest

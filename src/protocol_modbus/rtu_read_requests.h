@@ -1,0 +1,20 @@
+#pragma once
+
+namespace commtest {
+
+class MainForm;
+
+// Fill SendText for the next poll by CommandCode, and move CurrentRow into the grid. The grid's redraw is on
+// afterwards. Errors: 13 for a ConDataNub that is no number, and in form A for a length that begins with no
+// digit. The forms differ in how they read; address 1, row address 0010, a single read:
+//   A  function 03 or 04 by length and instrument   " 01 03 00 10 00 01 85 CF"
+//   B  function 03, one register                    " 01 03 00 10 00 01 85 CF"
+//   C  function 04, one register                    " 01 04 00 10 00 01 30 0F"
+//   D  function 03, two registers                   " 01 03 00 10 00 02 C5 CE"
+// Only A and D know the board type and the tests; the others send the last frame again for these.
+void BuildRtuReadFormA(MainForm& form);  // codes 31, 34
+void BuildRtuReadFormB(MainForm& form);  // code 32
+void BuildRtuReadFormC(MainForm& form);  // code 33
+void BuildRtuReadFormD(MainForm& form);  // codes 35, 51
+
+}  // namespace commtest

@@ -1,0 +1,109 @@
+#include "protocol_modbus/rtu_reply_rows.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "protocol_modbus/decimal_row.h"
+#include "protocol_modbus/read_operation.h"
+#include "protocol_modbus/rtu_value.h"
+#include "runtime/number.h"
+#include "session/grid_rows.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kFrontWidth = 9;  // address, function, third byte
+constexpr int kCrcWidth = 6;
+constexpr std::size_t kByteWidth = 3;
+constexpr std::size_t kFewestLeft = 7;  // a walk with less data left is over
+
+// The data still to be shared out, a blank in front of each byte.
+using Data = TextView;
+
+// Bytes `first` to `last`, counted from 1, joined without blanks; what lies beyond the end is missing.
+Text Joined(Data data, int first, int last) {
+    Text code;
+    for (int byte = first; byte <= last; ++byte) {
+        const auto digits = static_cast<std::size_t>(byte) * kByteWidth - 2;
+        if (digits < data.size()) code += data.substr(digits, 2);
+    }
+    return code;
+}
+
+Text WordsSwapped(Data data) { return Joined(data, 3, 4) + Joined(data, 1, 2); }
+
+void DropBytes(Data& data, std::size_t count) {
+    data.remove_prefix(std::min(count * kByteWidth, data.size()));
+}
+
+// Takes a row's share out of the data; nothing if its length names none. On a flow meter the data of one
+// reply stay for the following rows, all of which are filled from it: its users rely on that.
+class RowCutter {
+  public:
+    explicit RowCutter(const MainForm& form)
+        : grid_(form.ParameterGrid()),
+          format_(Mid(form.MeterCodeText, 3, 2)),
+          isFlowMeter_(Contains(form.ConMeterName[0].Value(), u"流量计")) {}
+
+    std::optional<Text> Cut(int row, Data& data) const {
+        const Text& length = grid_.Cell(row, column::kLength);
+        const Data whole = data;
+        if (length == u"1" || length == u"2") {
+            const int count = length == u"1" ? 1 : 2;
+            DropBytes(data, static_cast<std::size_t>(count));
+            return Joined(whole, 1, count);
+        }
+        if (length == u"4") {
+            if (!isFlowMeter_ || IsAtZero(row)) DropBytes(data, 4);
+            if (format_ == u"11") return WordsSwapped(whole);
+            return Joined(whole, 1, format_ == u"12" && !IsAtZero(row) ? 8 : 4);
+        }
+        if (length == u"5") {
+            if (!isFlowMeter_) data = {};
+            return format_ == u"11" ? WordsSwapped(whole) : Joined(whole, 1, 10);
+        }
+        return std::nullopt;
+    }
+
+  private:
+    bool IsAtZero(int row) const { return grid_.Cell(row, column::kAddress) == u"0000"; }
+
+    const Grid& grid_;
+    Text format_;
+    bool isFlowMeter_;
+};
+
+void ShowValue(MainForm& form, int row, int rawColumn) {
+    Grid& grid = form.ParameterGrid();
+    Text value = grid.Cell(row, rawColumn);
+    DecodeRtuValue(form, value);
+    grid.SetCell(row, column::kValue, value);
+    if (grid.Cell(row, column::kDecimals) != u"0") ScaleByDecimalRow(form, row, value, true);
+    grid.SetCell(row, column::kScaledValue, value);
+}
+
+}  // namespace
+
+void DecodeRtuRows(MainForm& form) {
+    Data data = form.ReplyText;
+    if (data.size() <= kFrontWidth + kCrcWidth) return;
+    data = data.substr(kFrontWidth, data.size() - kFrontWidth - kCrcWidth);
+    Grid& grid = form.ParameterGrid();
+    const RowCutter cutter(form);
+    const bool isGroupRead = form.CommandCode == command::kReadSeveralRows;
+    const int rawColumn = isGroupRead ? column::kGroupRead : column::kSingleRead;
+    form.CurrentRow = std::max(form.CurrentRow, kFirstModbusRow);
+    for (int row = form.CurrentRow; row < grid.Rows(); ++row) {
+        if (auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, std::move(*raw));
+        ShowValue(form, row, rawColumn);
+        if (!isGroupRead) KeepRowInView(form);
+        if (data.size() < kFewestLeft) {
+            form.CurrentRow = Whole16(row + 1);
+            return;
+        }
+    }
+}
+
+}  // namespace commtest

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+class MainForm;
+
+// An RTU instrument has one number format (numbers/register_codecs.h) for all its values: characters 3 and 4
+// of MeterCodeText. Errors of the codecs, and 13 if these characters are no number.
+
+// Number text to code text.
+void EncodeRtuValue(const MainForm& form, Text& value);
+
+// Code text to number text. On an instrument named with "相" every code of eight characters reads 49.5.
+void DecodeRtuValue(const MainForm& form, Text& value);
+
+}  // namespace commtest

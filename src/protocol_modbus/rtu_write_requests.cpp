@@ -1,0 +1,110 @@
+#include "protocol_modbus/rtu_write_requests.h"
+
+#include "protocol_modbus/decimal_row.h"
+#include "protocol_modbus/rtu_frame.h"
+#include "protocol_modbus/rtu_value.h"
+#include "runtime/number.h"
+#include "session/grid_rows.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr TextView kWriteOne = u" 06 ";
+constexpr TextView kWriteSeveral = u" 10 ";
+
+namespace write_type {
+constexpr int kTwoBytes = 0;
+constexpr int kFourBytes = 1;
+constexpr int kSeveral = 2;
+}  // namespace write_type
+
+const Text& CellOfRow(const MainForm& form, int col) {
+    const Grid& grid = form.ParameterGrid();
+    return grid.Cell(grid.Row, col);
+}
+
+// The entry as code text; the cell keeps it as typed.
+Text TakeEntry(MainForm& form) {
+    Grid& grid = form.ParameterGrid();
+    Text value = form.InputText.Value();
+    grid.SetCell(grid.Row, grid.Col, value);
+    if (grid.Cell(grid.Row, column::kDecimals) != u"0") ScaleByDecimalRow(form, grid.Row, value, false);
+    EncodeRtuValue(form, value);
+    return value;
+}
+
+// Bytes of a code text, `first` counting from 1, each behind a blank.
+HexText Bytes(const Text& code, int first, int count) {
+    HexText bytes;
+    for (int byte = first; byte < first + count; ++byte) bytes += u" " + Mid(code, 2 * byte - 1, 2);
+    return bytes;
+}
+
+HexText DataOfLength(const Text& code, const Text& length) {
+    if (length == u"1") return u" " + code;
+    if (length == u"2") return Bytes(code, 1, 2);
+    if (length == u"4") return Bytes(code, 1, 4);
+    return code;
+}
+
+void Compose(MainForm& form, TextView function, const Text& address, const HexText& data) {
+    form.SendText = form.AddressText + Text(function) + SplitAddress(address) + data;
+}
+
+Text NextAddress(const Text& address) {
+    return FittedToWidth(HexOf(static_cast<double>(HexParse(address)) + 1), 4);
+}
+
+// The user is asked to enter the value once more; the second entry gives the second word, of whatever row it
+// is made in.
+void ComposeNextHalf(MainForm& form, const Text& code) {
+    const Text& address = CellOfRow(form, column::kAddress);
+    if (form.SecondHalfPending) {
+        Compose(form, kWriteOne, NextAddress(address), Bytes(code, 3, 2));
+    } else {
+        form.dialogs.ShowMessage(
+            u"由于 " + CellOfRow(form, column::kName) +
+                u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！",
+            Text());
+        Compose(form, kWriteOne, address, Bytes(code, 1, 2));
+    }
+    form.SecondHalfPending = !form.SecondHalfPending;
+}
+
+void ComposeByWriteType(MainForm& form, const Text& code) {
+    const Text& address = CellOfRow(form, column::kAddress);
+    const HexText data = Bytes(code, 1, 4);
+    switch (form.WriteType.Chosen()) {
+        case write_type::kTwoBytes: return ComposeNextHalf(form, code);
+        case write_type::kFourBytes: return Compose(form, kWriteOne, address, data);
+        case write_type::kSeveral: return Compose(form, kWriteSeveral, address, u" 00 02 04" + data);
+        default: return;
+    }
+}
+
+void CloseWrite(MainForm& form) {
+    AppendRtuCrc(form.SendText);
+    form.InputText.SetVisible(false);
+}
+
+}  // namespace
+
+// Function 06 goes out whatever the length, with one, two or four data bytes; the instruments take it so.
+void BuildRtuWrite(MainForm& form) {
+    const Text code = TakeEntry(form);
+    const HexText data = DataOfLength(code, CellOfRow(form, column::kLength));
+    Compose(form, kWriteOne, CellOfRow(form, column::kAddress), data);
+    CloseWrite(form);
+}
+
+// A row of another length composes nothing: the frame left standing gains two bytes and goes out, which the
+// instruments' users rely on.
+void BuildRtuWriteFlow(MainForm& form) {
+    const Text code = TakeEntry(form);
+    if (CellOfRow(form, column::kLength) == u"4") ComposeByWriteType(form, code);
+    CloseWrite(form);
+}
+
+}  // namespace commtest

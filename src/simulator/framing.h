@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// How requests and replies stand on the line, by the protocol code of an instrument.
+namespace simulator {
+
+enum class Framing { Native, ModbusAscii, ModbusRtu };
+
+// Nothing for a code that no simulated instrument speaks.
+std::optional<Framing> FramingOf(int code);
+
+// The content of a request for the instrument of that code and address, nothing if it is none.
+std::optional<std::string> ContentOfFrame(int code, int address, std::string_view frame);
+
+// A reply as it leaves the instrument; after all parts but the last one the host asks for more.
+std::string MakeReplyFrame(int code, int address, std::string_view content, bool isLastPart);
+
+// What a corruption leaves alone, so that the check of the reply fails and nothing else: bytes at both ends,
+// and with `keepsDigits` a hexadecimal digit becomes another one.
+struct Spared {
+    std::size_t head = 1;
+    std::size_t tail = 1;
+    bool keepsDigits = false;
+};
+Spared SparedBytes(Framing framing);
+
+// Cuts what comes on a line into requests.
+class RequestReader {
+  public:
+    explicit RequestReader(Framing framing) : framing_(framing) {}
+
+    // The frames that these bytes bring to their end. A native continue byte is a frame of its own. A request
+    // of Modbus RTU has no end character: it is complete when its check bytes are right, and what is no
+    // request by the time of a silence is one frame of rubbish.
+    std::vector<std::string> Take(std::string_view bytes, double timeMs);
+
+  private:
+    bool EndsFrame(char byte);
+
+    Framing framing_;
+    std::string frame_;  // bytes of the request so far
+    double lastByteMs_ = 0;
+};
+
+}  // namespace simulator

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "simulator/bus.h"
+#include "simulator/modbus_bytes.h"
+#include "simulator/sample_instruments.h"
+
+namespace simulator {
+namespace {
+
+Instrument Holding(int code, int address, double value) {
+    return {Model{code, 1}, address, "holding", {Fixed("0010", "2", "RW", value, 0, 1000)}};
+}
+
+class QuietLine {
+  public:
+    explicit QuietLine(std::vector<Instrument> instruments) : bus(std::move(instruments), FaultRates{}, 1) {}
+
+    std::string Ask(const std::string& bytes, double timeMs = 0) {
+        return BytesOf(bus.Receive(bytes, timeMs));
+    }
+    std::string AskPairs(const std::string& pairs, double timeMs = 0) {
+        return Pairs(Ask(FromPairs(pairs), timeMs));
+    }
+
+    Bus bus;
+};
+
+TEST(ModbusBus, RtuInstrumentsAnswerAtTheirAddresses) {
+    QuietLine line({Holding(31, 1, 100), Holding(32, 2, 7)});
+    EXPECT_EQ(line.AskPairs("01 03 00 10 00 01 85 CF"), "01 03 02 00 64 B9 AF");
+    EXPECT_EQ(line.AskPairs("02 03 00 10 00 01 85 FC"), "02 03 02 00 07 BD 86");
+    EXPECT_EQ(line.AskPairs("03 03 00 10 00 01 84 2D"), "");
+    EXPECT_EQ(line.bus.IgnoredFrames(), 1);
+    EXPECT_EQ(line.bus.CountsOf(0).requests, 1);
+    EXPECT_EQ(line.bus.CountsOf(1).requests, 1);
+}
+
+TEST(ModbusBus, AsciiInstrumentsAnswerAtTheirAddresses) {
+    QuietLine line({Holding(21, 1, 100), Holding(21, 2, 7)});
+    EXPECT_EQ(line.Ask(":010300100001EB\r\n"), ":010302006496\r\n");
+    EXPECT_EQ(line.Ask(":020300100001EA\r\n"), ":0203020007F2\r\n");
+    EXPECT_EQ(line.Ask(":030300100001E9\r\n"), "");
+    EXPECT_EQ(line.bus.IgnoredFrames(), 1);
+}
+
+TEST(ModbusBus, WriteComesWithoutALineFeedAndIsAnsweredWithOne) {
+    QuietLine line({Holding(21, 1, 100)});
+    EXPECT_EQ(line.Ask(":01060010000ADF\r"), ":01060010000ADF\r\n");
+    EXPECT_EQ(line.Ask(":0106001003E9FD\r"), ":01870375\r\n");
+    EXPECT_EQ(line.bus.Total().writesAccepted, 1);
+    EXPECT_EQ(line.bus.Total().refusals, 1);
+}
+
+TEST(ModbusBus, RubbishOnAnRtuLineIsOneIgnoredFrame) {
+    QuietLine line({Holding(31, 1, 100)});
+    EXPECT_EQ(line.AskPairs("01 03 00 10 00 01 85 CE", 0), "");
+    EXPECT_EQ(line.bus.IgnoredFrames(), 0);
+    EXPECT_EQ(line.AskPairs("01 03 00 10 00 01 85 CF", 300), "01 03 02 00 64 B9 AF");
+    EXPECT_EQ(line.bus.IgnoredFrames(), 1);
+}
+
+// --- Faults ---
+
+constexpr int kReplies = 3000;
+const std::string kDigits = "0123456789ABCDEF";
+
+// The places at which a corruption of these replies was seen; each hit one byte.
+std::set<std::size_t> CorruptPlaces(const Instrument& instrument, const std::string& request,
+                                    const std::string& reply, bool keepsDigits) {
+    Bus bus({instrument}, {.corrupt = 0.5}, 7);
+    std::set<std::size_t> places;
+    long corrupt = 0;
+    for (int i = 0; i < kReplies; ++i) {
+        const std::string bytes = BytesOf(bus.Receive(request, 0));
+        if (bytes == reply) continue;
+        ++corrupt;
+        EXPECT_EQ(bytes.size(), reply.size());
+        int differences = 0;
+        for (std::size_t at = 0; at < bytes.size(); ++at) {
+            if (bytes[at] == reply[at]) continue;
+            ++differences;
+            places.insert(at);
+            EXPECT_TRUE(!keepsDigits || kDigits.find(bytes[at]) != std::string::npos);
+        }
+        EXPECT_EQ(differences, 1);
+    }
+    EXPECT_EQ(bus.Total().faults.corruptions, corrupt);
+    EXPECT_GT(corrupt, kReplies / 3);
+    return places;
+}
+
+TEST(ModbusFaults, CorruptRtuReplyKeepsAddressFunctionAndByteCount) {
+    EXPECT_EQ(CorruptPlaces(Holding(31, 1, 100), FromPairs("01 03 00 10 00 01 85 CF"),
+                            FromPairs("01 03 02 00 64 B9 AF"), false),
+              (std::set<std::size_t>{3, 4, 5, 6}));
+}
+
+TEST(ModbusFaults, CorruptAsciiReplyKeepsColonAndLineEndAndItsDigitsAreDigits) {
+    EXPECT_EQ(CorruptPlaces(Holding(21, 1, 100), ":010300100001EB\r\n", ":010302006496\r\n", true),
+              (std::set<std::size_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+}
+
+TEST(ModbusFaults, TruncatedReplyLosesAtLeastItsLastByte) {
+    const std::pair<int, std::string> requests[] = {{31, FromPairs("01 03 00 10 00 01 85 CF")},
+                                                    {21, ":010300100001EB\r\n"}};
+    for (const auto& [code, request] : requests) {
+        Bus bus({Holding(code, 1, 100)}, {.truncate = 1}, 7);
+        const std::size_t whole = code == 31 ? 7 : 15;
+        std::set<std::size_t> lengths;
+        for (int i = 0; i < kReplies; ++i) lengths.insert(BytesOf(bus.Receive(request, 0)).size());
+        EXPECT_EQ(*lengths.begin(), 1U);
+        EXPECT_EQ(*lengths.rbegin(), whole - 1);
+        EXPECT_EQ(lengths.size(), whole - 1);
+        EXPECT_EQ(bus.Total().faults.truncations, kReplies);
+    }
+}
+
+}  // namespace
+}  // namespace simulator
