@@ -4,14 +4,14 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/resource.h>
 #include <termios.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+
+#include "loop_costs.h"
 
 namespace {
 
@@ -42,15 +42,6 @@ bool Exchange(int port) {
     }
 }
 
-double ProcessorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& t) {
-        return static_cast<double>(t.tv_sec) + 1e-6 * static_cast<double>(t.tv_usec);
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -60,14 +51,13 @@ int main(int argc, char** argv) {
     }
     const int port = OpenRaw(argv[1]);
     const int exchanges = std::atoi(argv[2]);
-    const auto start = std::chrono::steady_clock::now();
+    const LoopCosts costs;
     for (int i = 0; i < exchanges; ++i) {
         if (!Exchange(port)) {
             std::fprintf(stderr, "bare_loop: no reply to exchange %d\n", i + 1);
             return 1;
         }
     }
-    const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - start;
-    std::printf("%f %f %d\n", wall.count(), ProcessorSeconds(), exchanges);
+    costs.Print(exchanges);
     return 0;
 }

@@ -4,6 +4,7 @@ import csv
 import json
 import os
 import signal
+import sqlite3
 import subprocess
 import sys
 import time
@@ -37,9 +38,9 @@ def run(command):
 class Simulator:
     """The simulated instrument behind a pseudo-terminal; `stop` gives its counts."""
 
-    def __init__(self, build, folder, *faults):
+    def __init__(self, build, folder, *faults, description=DESCRIPTION):
         self.link = folder / "line"
-        command = [build / "bin/instrument-simulator", "--link", self.link, "--description", DESCRIPTION]
+        command = [build / "bin/instrument-simulator", "--link", self.link, "--description", description]
         self.process = subprocess.Popen(words([*command, *faults]), stdout=subprocess.PIPE, encoding="utf-8")
         self.process.stdout.readline()
 
@@ -51,6 +52,8 @@ class Simulator:
 class Bench:
     """A program folder with the shipped catalogue, and the command line over it."""
 
+    protocol = PROTOCOL
+
     def __init__(self, build, folder):
         self.cli = build / "bin/commtest-cli"
         self.folder = folder
@@ -60,6 +63,26 @@ class Bench:
         self.instrument = next(csv.DictReader(listing.splitlines()))["仪表名称"]
 
     def poll(self, device, exchanges, *options):
-        return words([self.cli, "poll", "--folder", self.folder, "--protocol", PROTOCOL,
+        return words([self.cli, "poll", "--folder", self.folder, "--protocol", self.protocol,
                       "--instrument", self.instrument, "--port", f"COM1={device}", "--interval", "0",
                       "--exchanges", exchanges, *options])
+
+
+class ModbusBench(Bench):
+    """The same with an instrument of two thousand registers in a row, from 0100 on; `description` plays it."""
+
+    protocol = "ModBus-RTU协议"
+    rows = [("0000", "R")] * 5 + [(f"{0x0100 + n:04X}", "RW") for n in range(2000)]
+
+    def __init__(self, build, folder):
+        super().__init__(build, folder)
+        self.instrument = "长表"
+        self.description = folder / "long.txt"
+        with sqlite3.connect(folder / "通讯数据.mdb") as catalogue:
+            catalogue.execute("INSERT INTO 仪表_名称 (仪表ID, 仪表名称, 编号, 协议, 类别ID) VALUES (999, ?, '31019999', ?, 1)",
+                              (self.instrument, self.protocol))
+            catalogue.executemany(
+                "INSERT INTO 仪表_参数 (仪表ID, 参数名称, 地址, 长度, 属性, 小数点) VALUES (999, '寄存器', ?, '2', ?, '0')",
+                self.rows)
+        lines = [f"寄存器 | {address} | 2 | {attribute} | 0 | | | constant 7" for address, attribute in self.rows]
+        self.description.write_text("\n".join(["31019999 | 长表 | 1", *lines, ""]), encoding="utf-8")

@@ -106,6 +106,9 @@ class Modbus {
     std::string Registers(int first, int count) const {
         std::string data(2 * static_cast<std::size_t>(count), '\0');
         for (auto row = rows_.rbegin(); row != rows_.rend(); ++row) {
+            const bool isAsked =
+                FirstRegister(*row) < first + count && FirstRegister(*row) + SizeOf(*row) / 2 > first;
+            if (!isAsked) continue;
             const std::string bytes = BytesOf(*row, SizeOf(*row));
             int at = 2 * (FirstRegister(*row) - first);
             for (const char byte : bytes) {

@@ -1,7 +1,7 @@
 // A Modbus RTU server on a serial device, for the whole-program tests: modbus_rtu_server DEVICE ADDRESS
 // Holding register n starts with (n * 257 + 3) modulo 65536, input register n with (n * 3 + 1) modulo 65536.
-// Prints "ready"; a line "N" on standard input is answered with the value of holding register N; ends with its
-// input.
+// Prints "ready"; a line "N" on standard input is answered with the value of holding register N; ends with
+// its input.
 #include <modbus/modbus.h>
 #include <poll.h>
 #include <unistd.h>
@@ -55,7 +55,8 @@ int main(int argc, char* argv[]) {
     }
     Fill(*mapping);
     std::cout << "ready" << std::endl;
-    std::array<pollfd, 2> waits = {{{modbus_get_socket(context.get()), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}}};
+    std::array<pollfd, 2> waits = {
+        {{modbus_get_socket(context.get()), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}}};
     while (poll(waits.data(), waits.size(), -1) > 0) {
         if ((waits[0].revents & POLLIN) != 0) AnswerRequest(context.get(), mapping.get());
         if (waits[1].revents == 0) continue;
