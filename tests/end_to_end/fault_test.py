@@ -2,13 +2,13 @@
 
 import unittest
 
-from programs import CommandLineTest
+from programs import ASCII, PLAIN, RTU, CommandLineTest
 
 
 class FaultTest(CommandLineTest):
-    def check(self, exchanges, *faults):
-        with self.simulate(*faults) as simulator:
-            run = self.poll(simulator.device, "--exchanges", exchanges, "--format", "json")
+    def check(self, exchanges, *faults, instrument=PLAIN):
+        with self.simulate(*faults, instrument=instrument) as simulator:
+            run = self.poll(simulator.device, "--exchanges", exchanges, "--format", "json", instrument=instrument)
         self.assertEqual((run.status, run.problems), (0, ""))
         counts = simulator.counts
         self.assertEqual(run.json["statistics"],
@@ -22,6 +22,14 @@ class FaultTest(CommandLineTest):
                             "--split", "0.03", "--delay", "0.01")
         for fault in ("dropped", "truncated", "corrupted", "split", "delayed"):
             self.assertGreater(counts[fault], 0, fault)
+
+    def test_faults_of_every_kind_on_modbus_lines(self):
+        for instrument in (RTU, ASCII):
+            with self.subTest(instrument[0]):
+                counts = self.check(200, "--seed", "5", "--drop", "0.01", "--truncate", "0.01", "--corrupt", "0.1",
+                                    instrument=instrument)
+                for fault in ("dropped", "truncated", "corrupted"):
+                    self.assertGreater(counts[fault], 0, fault)
 
     def test_every_reply_is_corrupt(self):
         self.assertEqual(self.check(300, "--corrupt", "1")["corrupted"], 300)

@@ -6,16 +6,14 @@ import unittest
 from pathlib import Path
 
 from null_modem import NullModem
-from programs import PATIENCE, CommandLineTest
+from programs import ASCII, PATIENCE, RTU, CommandLineTest
 
 RTU_SERVER = os.environ["MODBUS_RTU_SERVER"]
 ASCII_SERVER = Path(__file__).parent / "peers/modbus_ascii_server.py"
 
-INDICATOR = ("ModBus-RTU协议", "HX-M31智能数显表", None)
 THREE_PHASES = ("ModBus-RTU协议", "HX-E30三相电量表", None)
 FLOW_METER = ("ModBus-RTU协议", "HX-L31电磁流量计", None)
 FLOW_DISPLAY = ("ModBus-RTU协议-标准流量表", "HX-F35标准流量表", None)
-ASCII_INDICATOR = ("ModBus-Ascii协议", "HX-M21智能数显表", None)
 
 FIRST_ROW = 6
 DECIMALS, LOWER_LIMIT, FILTER = 11, 13, 16  # rows of the indicator
@@ -84,7 +82,7 @@ class PeerTest(CommandLineTest):
 class RtuPeerTest(PeerTest):
     def test_every_row_read_alone_equals_its_register(self):
         with RtuServer() as server:
-            rows = self.read(server, INDICATOR, 50, 30)
+            rows = self.read(server, RTU, 50, 30)
         self.assertGreater(len(rows), 20)
         for row in rows:
             held = holding(int(row["address"], 16))
@@ -92,18 +90,18 @@ class RtuPeerTest(PeerTest):
 
     def test_rows_read_together_equal_their_registers(self):
         with RtuServer() as server:
-            rows = self.read(server, INDICATOR, 60, 30, "--count", 5)
+            rows = self.read(server, RTU, 60, 30, "--count", 5)
         for row in rows:
             self.assertEqual(row["groupRead"], f"{holding(int(row['address'], 16)):04X}", row["name"])
 
     def test_last_register_of_a_group_fills_no_row(self):
         with RtuServer() as server:
-            rows = self.read(server, INDICATOR, 60, 1, "--count", 5)
+            rows = self.read(server, RTU, 60, 1, "--count", 5)
         self.assertEqual([row["row"] for row in rows if row["groupRead"]], [6, 7, 8, 9])
 
     def test_written_value_is_in_the_register(self):
         with RtuServer() as server:
-            run = self.write(server.device, FILTER, 7, instrument=INDICATOR)
+            run = self.write(server.device, FILTER, 7, instrument=RTU)
             held = server.holds(0x0025)
         self.assertEqual((run.status, run.problems), (0, ""))
         self.assertTrue(run.output.endswith("第 16 行 滤波系数: 已写入 7，读回 7，一致\n"))
@@ -111,8 +109,8 @@ class RtuPeerTest(PeerTest):
 
     def test_written_value_is_scaled_by_the_decimals_of_the_peer(self):
         with RtuServer() as server:
-            self.write(server.device, DECIMALS, 1, instrument=INDICATOR)
-            run = self.write(server.device, LOWER_LIMIT, "12.5", instrument=INDICATOR)
+            self.write(server.device, DECIMALS, 1, instrument=RTU)
+            run = self.write(server.device, LOWER_LIMIT, "12.5", instrument=RTU)
             held = server.holds(0x0022)
         self.assertEqual((run.status, run.problems), (0, ""))
         self.assertTrue(run.output.endswith("已写入 12.5，读回 12.5，一致\n"))
@@ -155,7 +153,7 @@ class RtuPeerTest(PeerTest):
 class AsciiPeerTest(PeerTest):
     def test_readable_rows_equal_their_registers(self):
         with AsciiServer() as server:
-            rows = self.read(server, ASCII_INDICATOR, 50, 30)
+            rows = self.read(server, ASCII, 50, 30)
         readings = [row for row in rows if row["attribute"] == "R"]
         self.assertEqual(len(readings), 5)
         for row in readings:
@@ -164,13 +162,13 @@ class AsciiPeerTest(PeerTest):
 
     def test_writable_rows_show_the_low_byte(self):
         with AsciiServer() as server:
-            rows = self.read(server, ASCII_INDICATOR, 50, 30)
+            rows = self.read(server, ASCII, 50, 30)
         row = next(row for row in rows if row["name"] == "滤波系数")
         self.assertEqual((row["singleRead"], row["value"]), ("2225", str(0x25)))
 
     def test_write_without_a_line_feed_is_not_heard_by_a_strict_peer(self):
         with AsciiServer() as server:
-            run = self.write(server.device, DECIMALS, 2, instrument=ASCII_INDICATOR)
+            run = self.write(server.device, DECIMALS, 2, instrument=ASCII)
             held = server.holds(0x0020)
         self.assertEqual(run.status, 1)
         self.assertIn("仪表无应答", run.output)

@@ -16,6 +16,9 @@ PLAIN = ("TQ仪表协议", "HX-D10智能数字显示控制仪", "11_digital_indi
 SUM = ("TQ仪表协议-定制累加和", "HX-D12智能光柱显示仪", "12_bar_indicator.txt")
 FILLED = ("TQ仪表协议-定制异或和", "HX-D13智能双回路显示仪", "13_two_loop_indicator.txt")
 
+RTU = ("ModBus-RTU协议", "HX-M31智能数显表", "31_rtu_indicator.txt")
+ASCII = ("ModBus-Ascii协议", "HX-M21智能数显表", "21_ascii_indicator.txt")
+
 PATIENCE = 60  # seconds
 
 
