@@ -165,7 +165,11 @@ void GridView::FollowCurrentCell() {
     horizontalHeader()->viewport()->update();
     const QModelIndex current = model_->index(grid_.Row - 1, grid_.Col);
     if (current == currentIndex()) return;
-    selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect);
+    if (current.isValid()) {
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect);
+    } else {
+        selectionModel()->clear();  // it stands on the headings
+    }
 }
 
 void GridView::FollowReadRow() {
@@ -224,6 +228,9 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     ScrolledByUser();
     binder_.Event([&] { grid_.Select(current.row() + 1, current.column()); });
 }
+
+// The focus alone does not move the current cell.
+void GridView::focusInEvent(QFocusEvent* event) { QAbstractScrollArea::focusInEvent(event); }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     pressed_ = {};

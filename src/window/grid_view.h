@@ -36,6 +36,7 @@ class GridView : public QTableView {
     void keyboardSearch(const QString&) override {}  // letters move nothing
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -1,0 +1,76 @@
+#include "session/search_panel.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "session/toolbar_commands.h"
+#include "support/form_bench.h"
+
+namespace commtest {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::FormBench;
+using ::testing::IsEmpty;
+
+class SearchPanel : public ::testing::Test {
+  protected:
+    SearchPanel() { form.FindFrame.SetVisible(true); }
+
+    void Start() { RunToolbarCommand(form, toolbar::kStartStop); }
+
+    FormBench bench;
+    MainForm& form = bench.form;
+};
+
+TEST_F(SearchPanel, GivingUpHidesItAndARunningSearchGoesOn) {
+    form.CommandCode = 1031;
+    Start();
+    FindMeter_Click(form, 0);
+    EXPECT_FALSE(form.FindFrame.Visible());
+    EXPECT_TRUE(form.IsRunning());
+    EXPECT_EQ(form.CycleStep, 1);
+    EXPECT_EQ(form.CommandCode, 1031);
+    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+}
+
+TEST_F(SearchPanel, SearchBeginsAndThePanelStays) {
+    FindMeter_Click(form, 1);
+    EXPECT_THAT(bench.companions.Calls, ElementsAre("FindCommMeter"));
+    EXPECT_TRUE(form.FindFrame.Visible());
+}
+
+TEST_F(SearchPanel, SearchBeginsInAStoppedSessionWhoseErrorFileStaysOpen) {
+    Start();
+    bool wasRunning = true;
+    std::int16_t step = 1;
+    bench.companions.Called = [&] {
+        wasRunning = form.IsRunning();
+        step = form.CycleStep;
+    };
+    FindMeter_Click(form, 1);
+    EXPECT_THAT(bench.companions.Calls, ElementsAre("FindCommMeter"));
+    EXPECT_FALSE(wasRunning);
+    EXPECT_EQ(step, 0);
+    EXPECT_TRUE(bench.files.ErrorFileIsOpen());
+    EXPECT_FALSE(form.ClearFileCommand[0].Enabled());
+    EXPECT_FALSE(form.ClearFileCommand[1].Enabled());
+}
+
+TEST_F(SearchPanel, SearchWhileStoppedLeavesTheStepOfTheCycle) {
+    form.CycleStep = 3;
+    FindMeter_Click(form, 1);
+    EXPECT_EQ(form.CycleStep, 3);
+    EXPECT_FALSE(form.IsRunning());
+}
+
+TEST_F(SearchPanel, HasTwoButtons) {
+    for (const int button : {-1, 2}) {
+        FindMeter_Click(form, button);
+        EXPECT_TRUE(form.FindFrame.Visible()) << button;
+        EXPECT_THAT(bench.companions.Calls, IsEmpty()) << button;
+    }
+}
+
+}  // namespace
+}  // namespace commtest
