@@ -10,7 +10,8 @@ namespace commtest {
 //   "01 03 00 10 00 01" -> " 01 03 00 10 00 01 85 CF"
 void AppendRtuCrc(HexText& frame);
 
-// Whether the last two bytes of a received frame are the CRC of those in front. Fewer than two never pass.
+// Whether the last two bytes of a received frame are the CRC of those in front. Fewer than three bytes never
+// pass.
 bool TestRtuCrc(const HexText& frame);
 
 // A four-character address as it stands in a frame: "0010" becomes "00 10".

@@ -21,10 +21,10 @@ std::vector<Protocol> RtuProtocols() {
     plain.composeAddress = ComposeTwoDigitAddress;
     plain.showFrameAddress = ShowByteFrameAddress;
 
-    Protocol first = plain;
-    first.code = 32;
-    first.name = u"ModBus-RTU协议-定制01";
-    first.buildRead = BuildRtuReadFormB;
+    Protocol customised = plain;
+    customised.code = 32;
+    customised.name = u"ModBus-RTU协议-定制01";
+    customised.buildRead = BuildRtuReadFormB;
 
     Protocol recorder = plain;
     recorder.code = 33;
@@ -44,14 +44,14 @@ std::vector<Protocol> RtuProtocols() {
     flowMeter.buildWrite = BuildRtuWriteFlow;
     flowMeter.showFrameAddress = nullptr;
 
-    Protocol second = flowMeter;
-    second.code = 51;
-    second.name = u"ModBus-RTU协议-M46T";
-    second.buildWrite = nullptr;
-    second.menu = OperationMenu::FlowMeter;
+    Protocol m46t = flowMeter;
+    m46t.code = 51;
+    m46t.name = u"ModBus-RTU协议-M46T";
+    m46t.buildWrite = nullptr;
+    m46t.menu = OperationMenu::FlowMeter;
 
     plain.checkWordIsThatOfAWrite = true;
-    return {plain, first, recorder, board, flowMeter, second};
+    return {plain, customised, recorder, board, flowMeter, m46t};
 }
 
 }  // namespace commtest

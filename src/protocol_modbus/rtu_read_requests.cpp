@@ -41,9 +41,9 @@ void Compose(MainForm& form, TextView function, const Text& address, TextView co
 
 // --- The single reads ---
 
-// A row of four bytes is read with one register, except on phase instruments and flow meters; the instruments
-// have always been asked so. A length of none of these kinds leaves the frame standing, which then gains two
-// more bytes each time.
+// A row of four bytes is read with one register, except on phase instruments and flow meters. A length of
+// none of these kinds leaves the frame standing, which then gains two more bytes each time. The instruments'
+// users rely on both.
 void ComposeSingleReadByLength(MainForm& form) {
     const double length = ToNumber(Left(CellOfCurrentRow(form, column::kLength), 1));
     const Text address = ZeroToppedRowAddress(form);

@@ -5,8 +5,9 @@ namespace commtest {
 class MainForm;
 
 // Fill SendText for the next poll by CommandCode, and move CurrentRow into the grid. The grid's redraw is on
-// afterwards. Errors: 13 for a ConDataNub that is no number, and in form A for a length that begins with no
-// digit. The forms differ in how they read; address 1, row address 0010, a single read:
+// afterwards, off behind an error: 13 for a ConDataNub that is no number, 6 for one beyond 16 bits, and in
+// form A 13 for a length that begins with no digit. The forms differ in how they read; address 1, row address
+// 0010, a single read:
 //   A  function 03 or 04 by length and instrument   " 01 03 00 10 00 01 85 CF"
 //   B  function 03, one register                    " 01 03 00 10 00 01 85 CF"
 //   C  function 04, one register                    " 01 04 00 10 00 01 30 0F"

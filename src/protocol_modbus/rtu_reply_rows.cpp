@@ -38,6 +38,12 @@ void DropBytes(Data& data, std::size_t count) {
     data.remove_prefix(std::min(count * kByteWidth, data.size()));
 }
 
+Text TakeBytes(Data& data, int count) {
+    Text code = Joined(data, 1, count);
+    DropBytes(data, static_cast<std::size_t>(count));
+    return code;
+}
+
 // Takes a row's share out of the data; nothing if its length names none. On a flow meter the data of one
 // reply stay for the following rows, all of which are filled from it: its users rely on that.
 class RowCutter {
@@ -49,26 +55,27 @@ class RowCutter {
 
     std::optional<Text> Cut(int row, Data& data) const {
         const Text& length = grid_.Cell(row, column::kLength);
-        const Data whole = data;
-        if (length == u"1" || length == u"2") {
-            const int count = length == u"1" ? 1 : 2;
-            DropBytes(data, static_cast<std::size_t>(count));
-            return Joined(whole, 1, count);
-        }
-        if (length == u"4") {
-            if (!isFlowMeter_ || IsAtZero(row)) DropBytes(data, 4);
-            if (format_ == u"11") return WordsSwapped(whole);
-            return Joined(whole, 1, format_ == u"12" && !IsAtZero(row) ? 8 : 4);
-        }
-        if (length == u"5") {
-            if (!isFlowMeter_) data = {};
-            return format_ == u"11" ? WordsSwapped(whole) : Joined(whole, 1, 10);
-        }
+        if (length == u"1") return TakeBytes(data, 1);
+        if (length == u"2") return TakeBytes(data, 2);
+        if (length == u"4") return CutFour(grid_.Cell(row, column::kAddress) == u"0000", data);
+        if (length == u"5") return CutFive(data);
         return std::nullopt;
     }
 
   private:
-    bool IsAtZero(int row) const { return grid_.Cell(row, column::kAddress) == u"0000"; }
+    // Of format 12 eight bytes are shown and four of them stay for the next row.
+    Text CutFour(bool isAtZero, Data& data) const {
+        const bool isLong = format_ == u"12" && !isAtZero;
+        Text code = format_ == u"11" ? WordsSwapped(data) : Joined(data, 1, isLong ? 8 : 4);
+        if (!isFlowMeter_ || isAtZero) DropBytes(data, 4);
+        return code;
+    }
+
+    Text CutFive(Data& data) const {
+        Text code = format_ == u"11" ? WordsSwapped(data) : Joined(data, 1, 10);
+        if (!isFlowMeter_) data = {};
+        return code;
+    }
 
     const Grid& grid_;
     Text format_;

@@ -5,6 +5,8 @@
 
 #include "session/grid_editing.h"
 #include "session/operation_menus.h"
+#include "session/search_panel.h"
+#include "session/toolbar_commands.h"
 #include "support/form_bench.h"
 #include "support/native_instrument.h"
 
@@ -96,6 +98,17 @@ TEST(SessionHandlers, TabLoadsItsList) {
     EXPECT_EQ(ToUtf8(bench.Form().MSHFlexGrid1[1].Cell(1, 3)), "仪表甲");
 }
 
+TEST(SessionHandlers, RefreshOfTheInstrumentListLoadsItAnew) {
+    NativeBench bench;
+    bench.Form().SSTab2.Choose(2);
+    bench.Add(u"仪表乙", testing::kNativeProtocol, u"1102", {{u"温度", u"0300", u"2", u"D", u"0"}});
+    ASSERT_EQ(bench.Form().MSHFlexGrid1[1].Rows(), 2);
+    ChooseGridMenuEntry(bench.Form(), 1, 3, 1);
+    ASSERT_EQ(bench.Form().MSHFlexGrid1[1].Rows(), 3);
+    EXPECT_EQ(ToUtf8(bench.Form().MSHFlexGrid1[1].Cell(2, 3)), "仪表乙");
+    EXPECT_EQ(bench.Form().SSTab2.Chosen(), 2);
+}
+
 TEST(SessionHandlers, WriteTypeBringsTheGridIntoView) {
     BenchSession bench;
     bench.Form().SSTab2.Choose(1);
@@ -134,6 +147,15 @@ TEST(FeaturesNotBuiltYet, SayTheirNameInTheStatusNote) {
         {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, "数据演示: 此功能尚未提供"},
         {[](MainForm& form) { ChooseMenuEntry(form, 1, 12); }, "系统小工具: 此功能尚未提供"},
         {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, "芯片资料: 此功能尚未提供"},
+        {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, "芯片资料: 此功能尚未提供"},
+        {[](MainForm& form) { ChooseGridMenuEntry(form, 2, 4, 1); }, "演示数据: 此功能尚未提供"},
+        {[](MainForm& form) { FindMeter_Click(form, 1); }, "仪表搜索: 此功能尚未提供"},
+        {[](MainForm& form) { ToolbarMenuCommand(form, u"系统小工具"); }, "系统小工具: 此功能尚未提供"},
+        {[](MainForm& form) { ToolbarMenuCommand(form, u"参数地址确认"); }, "参数地址确认: 此功能尚未提供"},
+        {[](MainForm& form) { ToolbarMenuCommand(form, u"导出当前参数地址表"); },
+         "导出当前参数地址表: 此功能尚未提供"},
+        {[](MainForm& form) { ToolbarMenuCommand(form, u"导出全部参数地址表"); },
+         "导出全部参数地址表: 此功能尚未提供"},
     };
     for (const auto& [action, note] : features) {
         BenchSession bench;

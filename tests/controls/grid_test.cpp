@@ -147,5 +147,24 @@ TEST(Grid, GenerationMovesOnWithCellsColoursAndSize) {
     EXPECT_FALSE(moves([&] { grid.SetRows(5); }));
 }
 
+TEST(Grid, EpochMovesOnWhenItIsEmptiedOrHasAnotherSize) {
+    Grid grid = GridOf(2, 2);
+    auto before = grid.Epoch();
+    const auto moves = [&](auto&& change) {
+        change();
+        return std::exchange(before, grid.Epoch()) != grid.Epoch();
+    };
+    EXPECT_TRUE(moves([&] { grid.Clear(); }));
+    EXPECT_TRUE(moves([&] { grid.Clear(); }));
+    EXPECT_TRUE(moves([&] { grid.SetRows(5); }));
+    EXPECT_TRUE(moves([&] { grid.SetSize(5, 3); }));
+    EXPECT_TRUE(moves([&] { grid.SetSize(4, 3); }));
+    EXPECT_FALSE(moves([&] { grid.SetSize(4, 3); }));
+    EXPECT_FALSE(moves([&] { grid.SetRows(4); }));
+    EXPECT_FALSE(moves([&] { grid.SetCell(0, 0, u"x"); }));
+    EXPECT_FALSE(moves([&] { grid.SetCellColour(0, 0, kLightRed); }));
+    EXPECT_FALSE(moves([&] { grid.Select(1, 1); }));
+}
+
 }  // namespace
 }  // namespace commtest

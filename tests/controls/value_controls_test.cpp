@@ -97,6 +97,10 @@ TEST(OptionGroup, ShowingRunsNoClick) {
     group.Show(1);
     EXPECT_EQ(clicks, 0);
     EXPECT_EQ(group.Chosen(), 1);
+    EXPECT_TRUE(group.IsChosen(1));
+    EXPECT_FALSE(group.IsChosen(0));
+    group.Show(1);
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST(OptionGroup, HasNoneChosenAtFirst) { EXPECT_EQ(OptionGroup().Chosen(), -1); }
@@ -156,6 +160,21 @@ TEST(ListControl, SettingTheTextRunsTheChangeButNoClick) {
     list.Set(u"乙");
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(clicks, 0);
+}
+
+TEST(ListControl, EpochMovesOnWhenTheListIsEmptied) {
+    ListControl list;
+    const auto before = list.Epoch();
+    list.Add(u"甲");
+    list.Set(u"甲");
+    EXPECT_EQ(list.Epoch(), before);
+    list.Clear();
+    const auto emptied = list.Epoch();
+    EXPECT_NE(emptied, before);
+    list.Add(u"乙");
+    EXPECT_EQ(list.Epoch(), emptied);
+    list.Clear();
+    EXPECT_NE(list.Epoch(), emptied);
 }
 
 // --- What a view asks ---

@@ -99,8 +99,8 @@ TEST_F(QtProgramTest, InstanceThatCrashedDoesNotCount) {
 TEST_F(QtProgramTest, FileTimeIsLocalAndItsPathMayHaveBackslashes) {
     QFile file(PathOf(QStringLiteral("程序.EXE")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(file.setFileTime(QDateTime(QDate(2024, 5, 6), QTime(12, 30, 59)),
-                                 QFileDevice::FileModificationTime));
+    ASSERT_TRUE(
+        file.setFileTime(QDateTime(QDate(2024, 5, 6), QTime(12, 30, 59)), QFileDevice::FileModificationTime));
     file.close();
     const Text path = folder.path().toStdU16String();
     for (const Text& name : {path + u"/程序.EXE", path + u"\\程序.EXE"}) {

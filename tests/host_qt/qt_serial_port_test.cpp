@@ -6,7 +6,9 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <ctime>
+#include <map>
 #include <numeric>
 #include <optional>
 
@@ -202,6 +204,22 @@ TEST_F(QtSerialPortTest, ClosingIsNoLoss) {
     line.HangUp();
     RunEventLoopFor(50ms);
     EXPECT_TRUE(losses.empty());
+}
+
+// --- The ports on offer ---
+
+TEST_F(QtSerialPortTest, NamedDevicesAreOfferedUnderTheirNumbersInOrder) {
+    const QtSerialPort named({{200, QStringLiteral("/dev/b")}, {1, QStringLiteral("/dev/仪表")}});
+    std::vector<int> numbers;
+    std::map<int, std::string> devices;
+    for (const PortDevice& each : named.Devices()) {
+        numbers.push_back(each.number);
+        devices[each.number] = ToUtf8(each.device);
+    }
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+    EXPECT_EQ(devices.size(), numbers.size());
+    EXPECT_EQ(devices[1], "/dev/仪表");  // before a port of the machine
+    EXPECT_EQ(devices[200], "/dev/b");
 }
 
 }  // namespace

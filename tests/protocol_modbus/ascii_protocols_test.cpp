@@ -69,7 +69,7 @@ TEST(AsciiProtocols, CheckWordOfCode21IsAWriteOfTheCurrentRow) {
     HexText frame = u"3A 30";
     MakeCRCWord(bench.Form(), frame);
     EXPECT_EQ(ToUtf8(frame), " 3A 30");
-    EXPECT_EQ(testing::CharactersOf(bench.Form().SendText), ":0106001003E8FE\r");
+    EXPECT_EQ(bench.Frame(), ":0106001003E8FE\r");
 }
 
 TEST(AsciiProtocols, CheckWordOfTheCustomFormsIsNone) {

@@ -10,7 +10,6 @@ namespace commtest {
 namespace {
 
 using testing::AsciiBench;
-using testing::CharactersOf;
 using testing::ErrorOf;
 using testing::TestParameter;
 
@@ -39,7 +38,7 @@ struct WriteBench : AsciiBench {
         Rows().Select(row, column::kNewValue);
         Form().InputText.Set(entry);
         BuildAsciiWrite(Form());
-        return CharactersOf(Form().SendText);
+        return Frame();
     }
 };
 

@@ -12,7 +12,7 @@ namespace commtest::testing {
 // a blank in front of each byte.
 struct RtuBench : InstrumentBench {
     explicit RtuBench(int code, const std::vector<TestParameter>& parameters = NineWords())
-        : InstrumentBench(code, BehindFiveCommands(parameters)) {
+        : InstrumentBench(code, parameters) {
         Form().AddressText = u"01";
         Form().CurrentRow = kFirstRow;
         Form().LogLine.clear();

@@ -20,19 +20,13 @@ inline HexText FrameOf(std::string_view characters) {
 }
 inline std::string CharactersOf(const HexText& frame) { return BytesOfHex(ToUtf8(frame)); }
 
-// Rows 1 to 5 of an instrument are commands here, so that its parameters begin at row 6.
-inline std::vector<TestParameter> BehindFiveCommands(const std::vector<TestParameter>& parameters) {
-    std::vector<TestParameter> rows(5, {u"命令", u"0000", u"3", u"W", u"0"});
-    rows.insert(rows.end(), parameters.begin(), parameters.end());
-    return rows;
-}
-
-// A bench with one instrument of the native family, chosen, at address 1; the session is stopped.
+// A bench with one instrument, chosen, at address 1; the session is stopped. Rows 1 to 5 are commands, its
+// parameters begin at row 6.
 class InstrumentBench : public BenchSession {
   public:
     InstrumentBench(int code, const std::vector<TestParameter>& parameters) {
         const Text protocol(Form().protocols.Of(code).name);
-        Add(u"仪表", protocol, WholeText(code) + u"0100", parameters);
+        Add(u"仪表", protocol, WholeText(code) + u"0100", BehindFiveCommands(parameters));
         Choose(protocol, u"仪表");
         Form().AddressText = u" 30 31";
     }
@@ -40,11 +34,14 @@ class InstrumentBench : public BenchSession {
     Grid& Rows() { return Form().ParameterGrid(); }
     void SetCell(int row, int col, const Text& text) { Rows().SetCell(row, col, text); }
 
+    // The frame that stands ready, in characters.
+    std::string Frame() { return CharactersOf(Form().SendText); }
+
     // The frame of the next poll under a command code, in characters.
     std::string Poll(std::int32_t commandCode) {
         Form().CommandCode = commandCode;
         BuildReadRequest(Form());
-        return CharactersOf(Form().SendText);
+        return Frame();
     }
 
     // A reply has come, in characters, while CycleStep was `step`.
@@ -71,6 +68,13 @@ class InstrumentBench : public BenchSession {
 
     // What ConAutoSave(1) has logged.
     std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini").text); }
+
+  private:
+    static std::vector<TestParameter> BehindFiveCommands(const std::vector<TestParameter>& parameters) {
+        std::vector<TestParameter> rows(5, {u"命令", u"0000", u"3", u"W", u"0"});
+        rows.insert(rows.end(), parameters.begin(), parameters.end());
+        return rows;
+    }
 };
 
 }  // namespace commtest::testing

@@ -9,28 +9,21 @@
 namespace commtest {
 namespace {
 
-using testing::BehindFiveCommands;
-using testing::CharactersOf;
 using testing::ErrorOf;
 using testing::InstrumentBench;
 using testing::TestParameter;
 
 // Rows 6 and 7 are dynamic, row 8 is the first with "RW", row 14 the last of the grid.
-std::vector<TestParameter> Parameters() {
-    return BehindFiveCommands({{u"测量值", u"0010", u"2", u"D", u"0"},
-                               {u"流量", u"0012", u"4", u"D", u"0"},
-                               {u"上限", u"0020", u"2", u"RW", u"0"},
-                               {u"下限", u"0022", u"2", u"RW", u"0"},
-                               {u"系数", u"0024", u"4", u"RW", u"0"},
-                               {u"方式", u"0028", u"1", u"RW", u"0"},
-                               {u"校零", u"0000", u"4", u"W", u"0"},
-                               {u"编号", u"0030", u"2", u"S", u"0"},
-                               {u"版本", u"0040", u"1", u"R", u"0"}});
-}
+const std::vector<TestParameter> kParameters = {
+    {u"测量值", u"0010", u"2", u"D", u"0"}, {u"流量", u"0012", u"4", u"D", u"0"},
+    {u"上限", u"0020", u"2", u"RW", u"0"},  {u"下限", u"0022", u"2", u"RW", u"0"},
+    {u"系数", u"0024", u"4", u"RW", u"0"},  {u"方式", u"0028", u"1", u"RW", u"0"},
+    {u"校零", u"0000", u"4", u"W", u"0"},   {u"编号", u"0030", u"2", u"S", u"0"},
+    {u"版本", u"0040", u"1", u"R", u"0"}};
 
 // The same instrument under code 12: a length character and three address characters in one column.
 std::vector<TestParameter> ParametersWithLengthInAddress() {
-    std::vector<TestParameter> rows = Parameters();
+    std::vector<TestParameter> rows = kParameters;
     for (TestParameter& row : rows) {
         if (row.address != u"0000") row.address = row.length + row.address.substr(1);
     }
@@ -39,7 +32,7 @@ std::vector<TestParameter> ParametersWithLengthInAddress() {
 
 struct ReadBench : InstrumentBench {
     explicit ReadBench(int code)
-        : InstrumentBench(code, code == 12 ? ParametersWithLengthInAddress() : Parameters()) {}
+        : InstrumentBench(code, code == 12 ? ParametersWithLengthInAddress() : kParameters) {}
 };
 
 // --- Static and dynamic reads ---
@@ -123,11 +116,11 @@ TEST(NativeRead, ReplayReadsByTheParityOfSendCount) {
         const bool isSum = build == BuildTqGroupReadRequest;
         form.SendCount = 1;
         build(form);
-        EXPECT_EQ(CharactersOf(form.SendText), isSum ? "@01RR05\r" : "@01RR01\r");
+        EXPECT_EQ(bench.Frame(), isSum ? "@01RR05\r" : "@01RR01\r");
         EXPECT_EQ(ToUtf8(form.ReadFrameCommand), " 52 52");
         form.SendCount = 2;
         build(form);
-        EXPECT_EQ(CharactersOf(form.SendText), isSum ? "@01RDF7\r" : "@01RD17\r");
+        EXPECT_EQ(bench.Frame(), isSum ? "@01RDF7\r" : "@01RD17\r");
         EXPECT_EQ(ToUtf8(form.ReadFrameCommand), " 52 44");
         EXPECT_EQ(form.CommandCode, 10001);
         EXPECT_EQ(form.CurrentRow, 11);
@@ -352,8 +345,8 @@ TEST(NativeSingleRead, EmptyAddressColumnGivesCode12AShortFrame) {
 }
 
 TEST(NativeSingleRead, BringsTheRowIntoView) {
-    std::vector<TestParameter> parameters = Parameters();
-    parameters.resize(29, {u"参数", u"0050", u"2", u"RW", u"0"});
+    std::vector<TestParameter> parameters = kParameters;
+    parameters.resize(24, {u"参数", u"0050", u"2", u"RW", u"0"});
     InstrumentBench bench(11, parameters);
     bench.Form().CurrentRow = 15;
     bench.Poll(60);

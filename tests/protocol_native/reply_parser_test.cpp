@@ -11,8 +11,6 @@
 namespace commtest {
 namespace {
 
-using testing::BehindFiveCommands;
-using testing::CharactersOf;
 using testing::FrameOf;
 using testing::InstrumentBench;
 
@@ -21,10 +19,10 @@ constexpr int kDynamicRow = 6;
 
 struct ParserBench : InstrumentBench {
     explicit ParserBench(int code = 11)
-        : InstrumentBench(code, BehindFiveCommands({{u"测量值", u"0010", u"2", u"D", u"0"},
-                                                    {u"流量", u"0012", u"2", u"D", u"0"},
-                                                    {u"上限", u"0020", u"2", u"RW", u"0"},
-                                                    {u"下限", u"0022", u"2", u"RW", u"0"}})) {
+        : InstrumentBench(code, {{u"测量值", u"0010", u"2", u"D", u"0"},
+                                 {u"流量", u"0012", u"2", u"D", u"0"},
+                                 {u"上限", u"0020", u"2", u"RW", u"0"},
+                                 {u"下限", u"0022", u"2", u"RW", u"0"}}) {
         Form().LogLine = u"<";
     }
     std::string Line() { return ToUtf8(Form().LogLine); }
@@ -316,7 +314,7 @@ TEST(ParseTqReply, DemonstrationAsksForNoPart) {
     bench.Form().ConMyCommDriver.Set(true);
     bench.Parse(7, "@01RDC8006C\n");
     EXPECT_EQ(bench.line.FrameCount(), 0u);
-    EXPECT_EQ(CharactersOf(bench.Form().SendText), "@01RD17\r");
+    EXPECT_EQ(bench.Frame(), "@01RD17\r");
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kGroupRead), "C800");
 }
 
@@ -324,7 +322,7 @@ TEST(ParseTqReply, NothingAsksForAPartBehindAWrongCheckWord) {
     PartsBench bench;
     bench.Parse(7, "@01RDC80000\n");
     EXPECT_EQ(bench.line.FrameCount(), 0u);
-    EXPECT_EQ(CharactersOf(bench.Form().SendText), "@01RD17\r");
+    EXPECT_EQ(bench.Frame(), "@01RD17\r");
 }
 
 TEST(ParseTqReply, PartOfUnknownWordIsNotContinuedButWalked) {

@@ -9,7 +9,6 @@
 namespace commtest {
 namespace {
 
-using testing::BehindFiveCommands;
 using testing::ErrorOf;
 using testing::FrameOf;
 using testing::InstrumentBench;
@@ -17,15 +16,15 @@ using testing::InstrumentBench;
 // Rows 6 and 7 are dynamic, rows 8 to 14 static; row 14 is the last of the grid.
 struct RowsBench : InstrumentBench {
     explicit RowsBench(int code = 11)
-        : InstrumentBench(code, BehindFiveCommands({{u"测量值", u"0010", u"2", u"D", u"0"},
-                                                    {u"流量", u"0012", u"4", u"D", u"0"},
-                                                    {u"上限", u"0020", u"2", u"RW", u"0"},
-                                                    {u"下限", u"0022", u"2", u"RW", u"0"},
-                                                    {u"方式", u"0024", u"1", u"RW", u"0"},
-                                                    {u"系数", u"0025", u"4", u"RW", u"0"},
-                                                    {u"累积", u"0029", u"8", u"RW", u"0"},
-                                                    {u"日期", u"0031", u"3", u"RW", u"0"},
-                                                    {u"版本", u"0034", u"1", u"RW", u"0"}})) {
+        : InstrumentBench(code, {{u"测量值", u"0010", u"2", u"D", u"0"},
+                                 {u"流量", u"0012", u"4", u"D", u"0"},
+                                 {u"上限", u"0020", u"2", u"RW", u"0"},
+                                 {u"下限", u"0022", u"2", u"RW", u"0"},
+                                 {u"方式", u"0024", u"1", u"RW", u"0"},
+                                 {u"系数", u"0025", u"4", u"RW", u"0"},
+                                 {u"累积", u"0029", u"8", u"RW", u"0"},
+                                 {u"日期", u"0031", u"3", u"RW", u"0"},
+                                 {u"版本", u"0034", u"1", u"RW", u"0"}}) {
         Form().SendText = FrameOf("@01RR01\r");
         for (int row = 1; row <= 5; ++row) SetCell(row, column::kGroupRead, u"");
     }

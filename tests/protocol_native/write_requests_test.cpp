@@ -9,21 +9,14 @@
 namespace commtest {
 namespace {
 
-using testing::BehindFiveCommands;
-using testing::CharactersOf;
 using testing::ErrorOf;
 using testing::InstrumentBench;
-using testing::TestParameter;
 
-std::vector<TestParameter> Parameters() {
-    return BehindFiveCommands({{u"上限", u"0123", u"2", u"RW", u"0"},
-                               {u"方式", u"0028", u"1", u"RW", u"0"},
-                               {u"系数", u"0024", u"4", u"RW", u"0"},
-                               {u"累积", u"0030", u"8", u"RW", u"0"},
-                               {u"日期", u"0038", u"3", u"R", u"0"},
-                               {u"小数点", u"0060", u"1", u"RW", u"0"},
-                               {u"下限", u"0022", u"2", u"RW", u"2"}});
-}
+const std::vector<testing::TestParameter> kParameters = {
+    {u"上限", u"0123", u"2", u"RW", u"0"}, {u"方式", u"0028", u"1", u"RW", u"0"},
+    {u"系数", u"0024", u"4", u"RW", u"0"}, {u"累积", u"0030", u"8", u"RW", u"0"},
+    {u"日期", u"0038", u"3", u"R", u"0"},  {u"小数点", u"0060", u"1", u"RW", u"0"},
+    {u"下限", u"0022", u"2", u"RW", u"2"}};
 constexpr int kTwoBytes = 6;
 constexpr int kOneByte = 7;
 constexpr int kFourBytes = 8;
@@ -34,7 +27,7 @@ constexpr int kTwoDecimals = 12;
 constexpr int kCommand = 3;
 
 struct WriteBench : InstrumentBench {
-    explicit WriteBench(int code) : InstrumentBench(code, Parameters()) {
+    explicit WriteBench(int code) : InstrumentBench(code, kParameters) {
         Form().SendText = u" 40";
         Form().InputText.SetVisible(true);
     }
@@ -47,7 +40,7 @@ struct WriteBench : InstrumentBench {
         } else {
             BuildTqWriteRequest(Form());
         }
-        return CharactersOf(Form().SendText);
+        return Frame();
     }
 };
 
@@ -187,7 +180,7 @@ TEST(NativeWrite, FillOfCode13StandsReadyInTheBuilder) {
 // --- From the entry to the line ---
 
 TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
-    InstrumentBench bench(11, Parameters());
+    InstrumentBench bench(11, kParameters);
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
     bench.WillReply({"@01##01\r", "@01RD17\r"});
@@ -197,7 +190,7 @@ TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
 }
 
 TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
-    InstrumentBench bench(12, Parameters());
+    InstrumentBench bench(12, kParameters);
     bench.SetCell(kTwoBytes, column::kAddress, u"2123");
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
@@ -206,7 +199,7 @@ TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
 }
 
 TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
-    InstrumentBench bench(11, Parameters());
+    InstrumentBench bench(11, kParameters);
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");
     bench.TypeAndEnter(u"1235");
@@ -218,7 +211,7 @@ TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
 }
 
 TEST(NativeWriteOnTheLine, EntryThatIsNoNumberSendsAndStartsNothing) {
-    InstrumentBench bench(11, Parameters());
+    InstrumentBench bench(11, kParameters);
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"12a");
     EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{"实时错误 '13':\r\n\r\n类型不匹配"});
@@ -229,7 +222,7 @@ TEST(NativeWriteOnTheLine, EntryThatIsNoNumberSendsAndStartsNothing) {
 }
 
 TEST(NativeWriteOnTheLine, Code13SendsWhateverFrameStands) {
-    InstrumentBench bench(13, Parameters());
+    InstrumentBench bench(13, kParameters);
     bench.Form().SendText = testing::FrameOf("@01RD17\r");
     bench.Click(kTwoBytes, column::kNewValue);
     bench.TypeAndEnter(u"1234");

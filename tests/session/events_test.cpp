@@ -63,6 +63,23 @@ TEST_F(Events, ErrorEndsTheHandlerAndTheNextEventRuns) {
     EXPECT_THAT(bench.dialogs.Shown, SizeIs(1));
 }
 
+TEST_F(Events, EndOfTheProgramEndsTheHandlerAndIsShownToNobody) {
+    bool reached = false;
+    RunEvent(form, [&] {
+        throw ProgramEnds();
+        reached = true;
+    });
+    EXPECT_FALSE(reached);
+    EXPECT_TRUE(bench.program.HasEnded);
+    EXPECT_THAT(bench.dialogs.Shown, SizeIs(0));
+}
+
+TEST_F(Events, NeitherAnErrorNorAQuietEventEndsTheProgram) {
+    RunEvent(form, [] { throw RuntimeError(RuntimeError::kOverflow); });
+    RunEvent(form, [] {});
+    EXPECT_FALSE(bench.program.HasEnded);
+}
+
 TEST_F(Events, TickReachesItsOwnTimerOnly) {
     form.CycleStep = 4;
     TimerTicks(form, 0);

@@ -286,5 +286,103 @@ TEST_F(ListClicks, RowOfTheChipListShowsItsRecord) {
     EXPECT_EQ(form.SSTab2.Chosen(), 2);
 }
 
+// --- A double click on the lists ---
+
+TEST_F(ListClicks, DoubleClickOnTheInstrumentListChoosesAgainWhatIsChosenAndTakesTheFocus) {
+    form.ConMeterName[0].Click = [this] {
+        clicks.push_back("instrument " + ToUtf8(form.ConMeterName[0].Value()));
+        form.Focus.Ask(FocusWish::Target::ParameterGrid);
+    };
+    form.ConCommTypeList.Set(u"TQ仪表协议");
+    form.ConMeterName[0].Set(u"仪表甲");
+    Fill(1, 3, u"TQ仪表协议", u"类别", u"仪表甲");
+    MSHFlexGrid1_DblClick(form, 1);
+    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议", "instrument 仪表甲"));
+    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::CatalogueGrid);
+    EXPECT_EQ(form.SSTab2.Chosen(), 2);
+}
+
+TEST_F(ListClicks, DoubleClickChoosesTheRowsInstrumentWhateverItsProtocolBrought) {
+    form.ConCommTypeList.Click = [this] { form.ConMeterName[0].Set(u"仪表甲"); };
+    Fill(1, 1, u"TQ仪表协议", u"类别", u"仪表乙");
+    MSHFlexGrid1_DblClick(form, 1);
+    EXPECT_THAT(clicks, ElementsAre("instrument 仪表乙"));
+}
+
+TEST_F(ListClicks, DoubleClickOnTheRecordingsLoadsTheRecordingAgain) {
+    form.ConCommTypeList.Set(u"TQ仪表协议");
+    Fill(2, 2, u"TQ仪表协议", u"仪表甲", u"说明");
+    MSHFlexGrid1_DblClick(form, 2);
+    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议"));
+    EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 2"));
+    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::None);
+}
+
+TEST_F(ListClicks, DoubleClickOnAnotherGridDoesNothing) {
+    form.ParameterGrid().SetCell(1, 4, u"RW");
+    form.ParameterGrid().Select(1, 10);
+    for (const int grid : {0, 3}) MSHFlexGrid1_DblClick(form, grid);
+    EXPECT_THAT(clicks, IsEmpty());
+    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+    EXPECT_FALSE(form.InputText.Visible());
+    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::None);
+}
+
+// --- The wheel ---
+
+struct WheelStep {
+    int topRow;
+    int delta;
+    int after;
+};
+
+TEST_F(ListClicks, WheelMovesAGridByOneRowBetweenTheFirstAndTheLast) {
+    const WheelStep steps[] = {{1, -120, 2}, {2, -1, 3}, {1, 0, 2},   {3, -120, 3}, {3, 0, 3},
+                               {3, 120, 2},  {3, 1, 2},  {2, 240, 1}, {1, 1, 1},    {1, 120, 1}};
+    for (const int grid : {1, 2, 3}) {
+        for (const WheelStep& step : steps) {
+            form.MSHFlexGrid1[static_cast<std::size_t>(grid)].TopRow = step.topRow;
+            Obj_MouseWheel(form, grid, step.delta);
+            EXPECT_EQ(form.MSHFlexGrid1[static_cast<std::size_t>(grid)].TopRow, step.after)
+                << grid << ": " << step.topRow << ' ' << step.delta;
+        }
+    }
+}
+
+TEST_F(ListClicks, WheelMovesItsOwnGridAlone) {
+    const auto topRows = [this] {
+        std::vector<int> rows;
+        for (const Grid& grid : form.MSHFlexGrid1) rows.push_back(grid.TopRow);
+        return rows;
+    };
+    Obj_MouseWheel(form, 0, -120);
+    EXPECT_THAT(topRows(), ElementsAre(2, 1, 1, 1));
+    Obj_MouseWheel(form, 2, -120);
+    EXPECT_THAT(topRows(), ElementsAre(2, 1, 2, 1));
+}
+
+TEST_F(ListClicks, WheelReachesTheLastRowOfTheParameterGrid) {
+    for (int step = 1; step <= 20; ++step) Obj_MouseWheel(form, 0, -120);
+    EXPECT_EQ(form.ParameterGrid().TopRow, 14);
+}
+
+TEST_F(ListClicks, WheelLeavesAGridWithoutRowsAtItsFirst) {
+    form.MSHFlexGrid1[1].SetSize(0, 0);
+    form.MSHFlexGrid1[2].SetSize(1, 5);
+    for (const int grid : {1, 2}) {
+        Obj_MouseWheel(form, grid, -120);
+        EXPECT_EQ(form.MSHFlexGrid1[static_cast<std::size_t>(grid)].TopRow, 1) << grid;
+    }
+}
+
+TEST_F(ListClicks, WheelHidesTheEditorAlsoWhereTheGridCannotMove) {
+    for (const int grid : {0, 1, 2, 3}) {
+        form.InputText.SetVisible(true);
+        Obj_MouseWheel(form, grid, 120);
+        EXPECT_FALSE(form.InputText.Visible()) << grid;
+    }
+}
+
 }  // namespace
 }  // namespace commtest

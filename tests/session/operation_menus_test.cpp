@@ -133,6 +133,102 @@ TEST_F(OperationMenus, EntryChosenUnderReplayOverwritesTheReplaysCommandCode) {
     EXPECT_EQ(form.CommandCode, 40);
 }
 
+// --- The menu of each grid ---
+
+std::vector<std::string> EntriesAsTexts(const MainForm& form, int grid) {
+    std::vector<std::string> texts;
+    for (const MenuEntry& entry : EntriesOfGrid(form, grid)) {
+        texts.push_back(std::to_string(entry.index) + " " + ToUtf8(entry.caption) +
+                        (entry.enabled ? "" : " disabled"));
+    }
+    return texts;
+}
+
+TEST_F(OperationMenus, ParameterGridBringsTheMenuOfTheProtocolInUse) {
+    form.ProtocolCode = 33;
+    EXPECT_THAT(EntriesAsTexts(form, 0),
+                ElementsAre("1 实时测量数据", "2 仪表组态数据", "3 ", "4 历史数据", "5 ", "6 清除该列内容",
+                            "7 ", "8 串口通讯仿真", "9 系统小工具(校验/浮点数)"));
+    form.ProtocolCode = 41;
+    EXPECT_THAT(EntriesAsTexts(form, 0),
+                ElementsAre("1 逐个读取数据", "2 固定读取数据 disabled", "3 多个读取数据", "4 读取板卡类型",
+                            "5 通讯测试(固定)", "6 通讯测试(递增)", "7 ", "8 清除该列内容", "9 ",
+                            "10 串口通讯仿真", "11 系统小工具(校验/浮点数)"));
+    const std::int16_t withoutMenu[] = {23, 42, 0};
+    for (const std::int16_t code : withoutMenu) {
+        form.ProtocolCode = code;
+        EXPECT_THAT(EntriesAsTexts(form, 0), IsEmpty()) << code;
+    }
+}
+
+TEST_F(OperationMenus, ListsBringTheirMenusUnderEveryProtocol) {
+    const std::int16_t codes[] = {11, 41, 42, 0};
+    for (const std::int16_t code : codes) {
+        form.ProtocolCode = code;
+        EXPECT_THAT(EntriesAsTexts(form, 1), ElementsAre("1 显示数据", "2 ", "3 刷新数据"));
+        EXPECT_THAT(EntriesAsTexts(form, 2),
+                    ElementsAre("1 更改名称", "2 更改说明", "3 ", "4 删除......", "5 ", "6 刷新......"));
+        EXPECT_THAT(EntriesAsTexts(form, 3), IsEmpty());
+    }
+}
+
+TEST_F(OperationMenus, EntryOfTheParameterGridIsOfTheProtocolsMenu) {
+    struct Choice {
+        std::int16_t protocol;
+        int entry;
+        std::int32_t commandCode;
+    };
+    for (const Choice& choice :
+         {Choice{11, 5, 40}, Choice{31, 5, 90}, Choice{41, 1, 50}, Choice{33, 1, 10}, Choice{51, 1, 10},
+          Choice{33, 2, 77}, Choice{42, 1, 77}, Choice{23, 1, 77}}) {
+        form.ProtocolCode = choice.protocol;
+        form.CommandCode = 77;
+        ChooseGridMenuEntry(form, 0, choice.entry, 1);
+        EXPECT_EQ(form.CommandCode, choice.commandCode) << choice.protocol << ' ' << choice.entry;
+    }
+    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+}
+
+class ListMenus : public OperationMenus {
+  protected:
+    ListMenus() {
+        form.CommandCode = 77;
+        form.SSTab2.Show(2);
+        form.SSTab2.Click = [this](int tab) { tabs.push_back(tab); };
+    }
+
+    std::vector<int> tabs;  // shown anew
+};
+
+TEST_F(ListMenus, FirstEntryOfTheInstrumentListShowsTheChipFiles) {
+    ChooseGridMenuEntry(form, 1, 1, 4);
+    EXPECT_THAT(bench.companions.Calls, ElementsAre("ShowChipFilePanel"));
+    EXPECT_THAT(tabs, IsEmpty());
+}
+
+TEST_F(ListMenus, RefreshOfTheInstrumentListShowsItsPageAnew) {
+    ChooseGridMenuEntry(form, 1, 3, 4);
+    EXPECT_THAT(tabs, ElementsAre(2));
+    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+}
+
+TEST_F(ListMenus, EntryOfTheRecordingsGoesOnWithItsNumberAndTheRowUnderThePointer) {
+    form.MSHFlexGrid1[2].SetSize(9, 4);
+    form.MSHFlexGrid1[2].Select(5, 1);
+    for (const int entry : {1, 2, 4, 6}) ChooseGridMenuEntry(form, 2, entry, 7);
+    EXPECT_THAT(bench.companions.Calls, ElementsAre("ChangeRecording 1 7", "ChangeRecording 2 7",
+                                                    "ChangeRecording 4 7", "ChangeRecording 6 7"));
+    EXPECT_EQ(form.MSHFlexGrid1[2].Row, 5);
+}
+
+TEST_F(ListMenus, SeparatorAndTheChipListChooseNothing) {
+    ChooseGridMenuEntry(form, 1, 2, 1);
+    for (const int entry : {1, 3}) ChooseGridMenuEntry(form, 3, entry, 1);
+    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_THAT(tabs, IsEmpty());
+    EXPECT_EQ(form.CommandCode, 77);
+}
+
 // --- Clearing a column ---
 
 struct Clearing {

@@ -697,6 +697,38 @@ TEST_F(PollingCycle, HundredThatOverflowsTheCommandCodeStartsNothing) {
     EXPECT_FALSE(each.form.IsRunning());
 }
 
+// --- The short way out ---
+
+TEST_F(PollingCycle, ShortWayOutIdlesTheCycleAndLeavesTheErrorFileOpen) {
+    bench.Start();
+    bench.line.RunUntil(300);
+    StopInShortWay(form);
+    EXPECT_EQ(ToUtf8(form.StartStopCaption()), "开始通讯");
+    EXPECT_EQ(form.CycleStep, 0);
+    EXPECT_TRUE(bench.files.ErrorFileIsOpen());
+    EXPECT_FALSE(form.ClearFileCommand[0].Enabled());
+    EXPECT_FALSE(form.ClearFileCommand[1].Enabled());
+}
+
+TEST_F(PollingCycle, ShortWayOutLeavesThePortToTheNextTick) {
+    bench.Start();
+    bench.line.RunUntil(300);
+    StopInShortWay(form);
+    EXPECT_TRUE(bench.line.PortOpen());
+    EXPECT_TRUE(form.Timer1[1].Enabled());
+    bench.line.RunUntil(600);
+    EXPECT_FALSE(bench.line.PortOpen());
+    EXPECT_FALSE(form.Timer1[1].Enabled());
+    EXPECT_THAT(bench.SentFrames(), SizeIs(1));
+}
+
+TEST_F(PollingCycle, ShortWayOutOfAStoppedSessionLeavesTheStepOfTheCycle) {
+    form.CycleStep = 3;
+    StopInShortWay(form);
+    EXPECT_EQ(form.CycleStep, 3);
+    EXPECT_FALSE(form.IsRunning());
+}
+
 // --- Timer 0 ---
 
 TEST_F(PollingCycle, ClockPanelIsWrittenEachSecond) {

@@ -174,6 +174,56 @@ TEST_F(PortSettings, StoredSettingsFillTheFiveFields) {
     EXPECT_EQ(bench.line.CommPort(), 2);
 }
 
+TEST_F(PortSettings, StoredPortWithoutANumberLeavesTheNumberOfThePortAndFillsTheFields) {
+    const std::pair<Text, std::string> rows[] = {
+        {u"4800,E,7,2 port", "port"}, {u"4800,E,7,2 COMX", "COMX"}, {u"4800,E,7,2", ""}};
+    for (const auto& [stored, portField] : rows) {
+        bench.line.SetCommPort(6);
+        Choose(u"COM6", u"9600", u"8", u"无校验", u"1");
+        ShowStoredPortSettings(form, stored);
+        EXPECT_EQ(bench.line.CommPort(), 6);
+        EXPECT_EQ(ToUtf8(bench.line.Settings()), "4800,E,7,2");
+        EXPECT_EQ(ToUtf8(form.ConCommSetting[0].Value()), portField);
+        EXPECT_EQ(ToUtf8(form.ConCommSetting[3].Value()), "偶校验");
+        EXPECT_EQ(ToUtf8(form.ConCommSetting[4].Value()), "2");
+    }
+}
+
+TEST_F(PortThatNotes, OpenPortIsOpenAgainBehindAStoredNameWithoutANumber) {
+    port.Open = true;
+    ShowStoredPortSettings(form, u"4800,O,7,2 port");
+    EXPECT_THAT(port.Steps, ElementsAre("close", "4800,O,7,2", "open"));
+}
+
+// --- The ports on offer ---
+
+TEST_F(PortSettings, FirstFourPortsAreOfferedAlsoByAMachineWithoutAny) {
+    OfferPorts(form);
+    EXPECT_THAT(form.ConCommSetting[0].Items(), ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4"));
+    EXPECT_THAT(form.ConSettingComm.Items(), ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4"));
+}
+
+TEST_F(PortSettings, FurtherPortsOfTheMachineFollowInOrderOfTheirNumbers) {
+    bench.line.Ports = {{12, u"/dev/c"}, {5, u"/dev/b"}, {2, u"/dev/a"}};
+    OfferPorts(form);
+    EXPECT_THAT(form.ConCommSetting[0].Items(),
+                ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4", u"COM5", u"COM12"));
+    EXPECT_THAT(form.ConSettingComm.Items(),
+                ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4", u"COM5", u"COM12"));
+}
+
+TEST_F(PortSettings, PortThatIsGoneIsNoLongerOfferedAndTheFieldsKeepTheirTexts) {
+    bench.line.Ports = {{7, u"/dev/a"}};
+    OfferPorts(form);
+    form.ConCommSetting[0].Set(u"COM7");
+    form.ConSettingComm.Set(u"COM9");
+    bench.line.Ports.clear();
+    OfferPorts(form);
+    EXPECT_THAT(form.ConCommSetting[0].Items(), ElementsAre(u"COM1", u"COM2", u"COM3", u"COM4"));
+    EXPECT_EQ(ToUtf8(form.ConCommSetting[0].Value()), "COM7");
+    EXPECT_EQ(ToUtf8(form.ConSettingComm.Value()), "COM9");
+}
+
 TEST_F(PortSettings, FieldsOfferTheUsualChoices) {
     const FormBench fresh;
     EXPECT_THAT(fresh.form.ConCommSetting[3].Items(), ElementsAre(u"无校验", u"奇校验", u"偶校验"));

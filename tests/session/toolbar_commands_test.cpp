@@ -53,6 +53,28 @@ TEST_F(ToolbarCommands, OtherButtonsDoNothing) {
     EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
 }
 
+TEST_F(ToolbarCommands, DropDownEntriesGoToTheFloorsAbove) {
+    const std::pair<Text, std::string> entries[] = {{u"导出当前参数地址表", "ExportCurrentTable"},
+                                                    {u"导出全部参数地址表", "ExportAllTables"},
+                                                    {u"系统小工具", "OpenToolWindow"},
+                                                    {u"参数地址确认", "ReloadParameters"}};
+    for (const auto& [caption, call] : entries) {
+        bench.companions.Calls.clear();
+        ToolbarMenuCommand(form, caption);
+        EXPECT_THAT(bench.companions.Calls, ElementsAre(call));
+    }
+    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+}
+
+TEST_F(ToolbarCommands, OtherCaptionsOfADropDownDoNothing) {
+    for (const Text& caption : {Text(u"指令选择"), Text(u""), Text(u"系统"), Text(u"系统小工具 ")}) {
+        ToolbarMenuCommand(form, caption);
+        EXPECT_THAT(bench.companions.Calls, IsEmpty()) << ToUtf8(caption);
+    }
+    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+    EXPECT_EQ(form.CommandCode, 31);
+}
+
 TEST_F(ToolbarCommands, StartEmptiesTheSamplesAndMakesTheCycleReady) {
     form.StaticSample = u" 40";
     form.DynamicSample = u" 41";

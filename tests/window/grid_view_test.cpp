@@ -10,6 +10,9 @@
 #include <QMenu>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "session/events.h"

@@ -1,0 +1,438 @@
+#include "protocol_modbus/rtu_reply_parser.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "protocol_modbus/rtu_bench.h"
+
+namespace commtest {
+namespace {
+
+using testing::Arrival;
+using testing::BytesOfHex;
+using testing::RtuBench;
+
+constexpr const char16_t* kGoodReply = u" 01 03 02 00 64 B9 AF";  // 100 for one row
+constexpr const char16_t* kBadReply = u" 01 03 02 00 64 B9 AE";
+constexpr int kRow = 6;
+
+struct ParserBench : RtuBench {
+    explicit ParserBench(int code = 31) : RtuBench(code) {
+        Form().CommandCode = 50;
+        Form().LogLine = u"<";
+    }
+    std::string Line() { return ToUtf8(Form().LogLine); }
+    // What has been logged as an error behind the time stamp.
+    std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
+    void LogErrors() {
+        Form().ConAutoSave[1].Set(true);
+        files.OpenErrorFile();
+    }
+};
+
+std::string LoggedAs(const std::string& line) { return line + "        串口设置: 9600,N,8,1\r\n\r\n"; }
+
+// --- The record ---
+
+TEST(ParseRtuReply, GoodReadFillsItsRowAndStepsOn) {
+    for (const int code : {31, 32, 33, 34, 35, 51}) {
+        ParserBench bench(code);
+        bench.ParseHex(1, kGoodReply);
+        EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AF\r\nCRC校验正确  成功读取 1# 仪表的静态/动态数据")
+            << code;
+        EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064") << code;
+        EXPECT_EQ(bench.Cell(kRow, column::kValue), "100") << code;
+        EXPECT_EQ(bench.Cell(kRow, column::kScaledValue), "100") << code;
+        EXPECT_EQ(bench.Form().CurrentRow, 7) << code;
+        EXPECT_EQ(bench.Form().CheckErrorCount, 0) << code;
+    }
+}
+
+TEST(ParseRtuReply, GivesTheCycleTheUsersInterval) {
+    for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 2, 3}) {
+        ParserBench bench;
+        bench.Form().ConDelayTime.Set(u"250");
+        bench.ParseHex(step, kGoodReply);
+        EXPECT_EQ(bench.Form().Timer1[1].Interval(), 250) << step;
+    }
+}
+
+TEST(ParseRtuReply, IntervalThatIsNoNumberIsPassedOver) {
+    ParserBench bench;
+    bench.Form().ConDelayTime.Set(u"快");
+    bench.ParseHex(1, kGoodReply);
+    EXPECT_EQ(bench.Form().Timer1[1].Interval(), 300);
+    EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
+}
+
+TEST(ParseRtuReply, RecordShowsTheReplyInTheChosenMode) {
+    ParserBench bench;
+    bench.Form().ShowMode.Show(0);
+    bench.ParseHex(1, u" 41 42 43 0D 44");
+    EXPECT_EQ(bench.Line(), "<ABC\\0DD\r\nCRC校验错误  ");
+    bench.Form().LogLine = u"<";
+    bench.Form().ShowMode.Show(1);
+    bench.ParseHex(1, u" 41 42 43 0D 44");
+    EXPECT_EQ(bench.Line(), "<41 42 43 0D 44\r\nCRC校验错误  ");
+}
+
+TEST(ParseRtuReply, ShownReplyIsTrimmed) {
+    ParserBench bench;
+    bench.Form().ShowMode.Show(0);
+    bench.ParseHex(1, u" 20 41 20 42 20");
+    EXPECT_EQ(bench.Line(), "<A B\r\nCRC校验错误  ");
+}
+
+TEST(ParseRtuReply, DisplayModeTouchesNeitherVerdictNorGrid) {
+    ParserBench bench;
+    bench.Form().ShowMode.Show(0);
+    bench.ParseHex(1, kGoodReply);
+    EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
+    EXPECT_EQ(bench.Form().CheckErrorCount, 0);
+}
+
+TEST(ParseRtuReply, NewestEntryStandsOnTop) {
+    ParserBench bench;
+    bench.ParseHex(1, u" 01 08 00 10 1F 2E 69 E2");
+    bench.Form().LogLine = u">";
+    bench.ParseHex(2, u"");
+    EXPECT_EQ(bench.Record(),
+              ">\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据\r\n\r\n"
+              "<01 08 00 10 1F 2E 69 E2\r\nCRC校验正确  通讯测试成功\r\n\r\n");
+}
+
+TEST(ParseRtuReply, ReplyIsAlwaysTakenAway) {
+    for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 1, 2, 3, 4, 5, 6, 7}) {
+        for (const char16_t* reply : {kGoodReply, kBadReply, u"", u" 01", u" 01 83 02 C0 F1"}) {
+            ParserBench bench;
+            bench.ParseHex(step, reply);
+            EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "") << step << ToUtf8(reply);
+        }
+    }
+}
+
+// --- By CycleStep ---
+
+TEST(ParseRtuReply, CompleteReplyIsJudgedByItsCheckBytes) {
+    for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 4}) {
+        ParserBench bench;
+        bench.ParseHex(step, kGoodReply);
+        EXPECT_EQ(bench.Form().CheckErrorCount, 0) << step;
+        EXPECT_EQ(bench.Form().CycleStep, step);
+        bench.Form().LogLine = u"<";
+        bench.ParseHex(step, kBadReply);
+        EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AE\r\nCRC校验错误  成功读取 1# 仪表的静态/动态数据")
+            << step;
+        EXPECT_EQ(bench.Form().CheckErrorCount, 1) << step;
+        EXPECT_EQ(bench.Form().CycleStep, step);
+    }
+}
+
+TEST(ParseRtuReply, CycleStepTellsMissingFromIncomplete) {
+    struct Row {
+        std::int16_t step;
+        const char16_t* reply;
+        int noReply;
+        int incomplete;
+        const char* line;
+    };
+    const Row rows[] = {
+        {2, u"", 1, 0, "<\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据"},
+        {2, kGoodReply, 1, 0,
+         "<01 03 02 00 64 B9 AF\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据"},
+        {3, u" 01 03", 0, 1, "<01 03\r\n数据不完整  注意：仪表无应答或返回软件无法识别的数据"},
+        {3, kGoodReply, 0, 1,
+         "<01 03 02 00 64 B9 AF\r\n数据不完整  注意：仪表无应答或返回软件无法识别的数据"}};
+    for (const Row& row : rows) {
+        ParserBench bench;
+        bench.LogErrors();
+        bench.ParseHex(row.step, row.reply);
+        EXPECT_EQ(bench.Line(), row.line);
+        EXPECT_EQ(bench.ErrorLine(), LoggedAs(row.line));
+        EXPECT_EQ(bench.Form().NoReplyCount, row.noReply) << row.step;
+        EXPECT_EQ(bench.Form().IncompleteCount, row.incomplete) << row.step;
+        EXPECT_EQ(bench.Form().CheckErrorCount, 0) << row.step;
+        EXPECT_EQ(bench.Form().CycleStep, 1);
+        EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "") << row.step;
+        EXPECT_EQ(bench.Form().CurrentRow, 6);
+    }
+}
+
+// No check word is looked at and no counter moves; the function alone decides.
+TEST(ParseRtuReply, AnyOtherStepJudgesTheFunctionAlone) {
+    for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 5, 6, 7}) {
+        ParserBench bench;
+        bench.LogErrors();
+        bench.ParseHex(step, kBadReply);
+        EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AE\r\n成功读取 1# 仪表的静态/动态数据") << step;
+        EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
+        EXPECT_EQ(bench.Form().CycleStep, step);
+        bench.Form().LogLine = u"<";
+        bench.ParseHex(step, u" 01 04 02 00 64 B8 DB");
+        EXPECT_EQ(bench.Line(), "<01 04 02 00 64 B8 DB\r\n") << step;
+        EXPECT_EQ(bench.ErrorLine(), LoggedAs("<01 04 02 00 64 B8 DB\r\n")) << step;
+        EXPECT_EQ(bench.Cell(7, column::kSingleRead), "");
+        EXPECT_EQ(bench.Form().CycleStep, 1);
+        EXPECT_EQ(bench.Form().NoReplyCount + bench.Form().IncompleteCount + bench.Form().CheckErrorCount, 0);
+    }
+}
+
+TEST(ParseRtuReply, FewerThanThreeBytesFailTheirCheck) {
+    for (const char16_t* reply : {u"", u" 01", u" FF FF"}) {
+        ParserBench bench;
+        bench.ParseHex(1, reply);
+        EXPECT_EQ(bench.Form().CheckErrorCount, 1) << ToUtf8(reply);
+        EXPECT_EQ(bench.Line().substr(bench.Line().find('\n') + 1), "CRC校验错误  ");
+    }
+}
+
+TEST(ParseRtuReply, CounterAtItsEndStaysAndTheRestGoesOn) {
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+    ParserBench bench;
+    bench.Form().NoReplyCount = kMost;
+    bench.Form().IncompleteCount = kMost;
+    bench.Form().CheckErrorCount = kMost;
+    for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 2, 3}) {
+        bench.ParseHex(step, u" 01");
+        EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
+        EXPECT_EQ(bench.Form().CycleStep, 1);
+    }
+    EXPECT_EQ(bench.Form().NoReplyCount, kMost);
+    EXPECT_EQ(bench.Form().IncompleteCount, kMost);
+    EXPECT_EQ(bench.Form().CheckErrorCount, kMost);
+    EXPECT_TRUE(bench.dialogs.Shown.empty());
+}
+
+TEST(ParseRtuReply, Code51AloneStepsOverASilentRow) {
+    for (const int code : {31, 32, 33, 34, 35, 51}) {
+        for (const std::int16_t step : std::initializer_list<std::int16_t>{2, 3, 5}) {
+            ParserBench bench(code);
+            bench.ParseHex(step, u"");
+            EXPECT_EQ(bench.Form().CurrentRow, code == 51 && step == 2 ? 7 : 6) << code << " " << step;
+        }
+    }
+}
+
+TEST(ParseRtuReply, Code51AtTheEndOf16BitsStays) {
+    ParserBench bench(51);
+    bench.Form().CurrentRow = 32767;
+    bench.ParseHex(2, u"");
+    EXPECT_EQ(bench.Form().CurrentRow, 32767);
+    EXPECT_EQ(bench.Form().NoReplyCount, 1);
+    EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
+}
+
+// --- Grid or error file ---
+
+TEST(ParseRtuReply, WrongCheckWordOfAReadIsCountedAndDecodedAllTheSame) {
+    ParserBench bench;
+    bench.LogErrors();
+    bench.ParseHex(1, kBadReply);
+    EXPECT_EQ(bench.Form().CheckErrorCount, 1);
+    EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
+    EXPECT_EQ(bench.Form().CurrentRow, 7);
+    EXPECT_EQ(bench.ErrorLine(), "");
+}
+
+// It lands in the row of the polling, not in the one that was edited.
+TEST(ParseRtuReply, EchoOfAWriteIsDecodedIntoCurrentRow) {
+    ParserBench bench;
+    bench.Rows().Select(9, column::kNewValue);
+    bench.ParseHex(1, u" 01 06 00 10 03 E8 88 B1");
+    EXPECT_EQ(bench.Line(), "<01 06 00 10 03 E8 88 B1\r\nCRC校验正确  成功修改 1# 仪表的参数");
+    EXPECT_EQ(bench.Cell(6, column::kSingleRead), "1003");
+    EXPECT_EQ(bench.Cell(6, column::kValue), "4099");
+    EXPECT_EQ(bench.Cell(9, column::kSingleRead), "");
+    EXPECT_EQ(bench.Form().CurrentRow, 7);
+}
+
+TEST(ParseRtuReply, AnswerOfFunction10IsDecodedToo) {
+    ParserBench bench;
+    bench.ParseHex(1, u" 01 10 00 10 00 02 40 0D");
+    EXPECT_EQ(bench.Cell(6, column::kSingleRead), "1000");
+    EXPECT_EQ(bench.Form().CurrentRow, 7);
+}
+
+TEST(ParseRtuReply, GroupReadLeavesTheLastRegisterAndCurrentRowBehindTheRowsFilled) {
+    ParserBench bench;
+    bench.Form().CommandCode = 60;
+    bench.ParseHex(1, u" 01 03 08 00 64 00 C8 01 2C 01 90 90 08");
+    const char* raw[] = {"0064", "00C8", "012C", ""};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(bench.Cell(6 + i, column::kGroupRead), raw[i]);
+        EXPECT_EQ(bench.Cell(6 + i, column::kSingleRead), "");
+    }
+    EXPECT_EQ(bench.Cell(8, column::kValue), "300");
+    EXPECT_EQ(bench.Form().CurrentRow, 9);
+}
+
+TEST(ParseRtuReply, TestsAndBoardTypeGoToTheErrorFileAndNotToTheGrid) {
+    for (const char16_t* reply : {u" 01 08 00 10 1F 2E 69 E2", u" 01 09 00 00 00 12 5D C6"}) {
+        ParserBench bench;
+        bench.LogErrors();
+        bench.ParseHex(1, reply);
+        EXPECT_EQ(bench.ErrorLine(), LoggedAs(bench.Line()));
+        EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "");
+        EXPECT_EQ(bench.Form().CurrentRow, 6);
+        EXPECT_EQ(bench.Form().CheckErrorCount, 0);
+    }
+}
+
+TEST(ParseRtuReply, ExceptionWithAGoodCheckWordIsNoErrorOfTheFile) {
+    ParserBench bench;
+    bench.LogErrors();
+    bench.ParseHex(1, u" 01 83 02 C0 F1");
+    EXPECT_EQ(bench.ErrorLine(), "");
+    bench.ParseHex(1, u" 01 83 02 C0 F2");
+    EXPECT_EQ(bench.ErrorLine(), LoggedAs(bench.Line()));
+}
+
+TEST(ParseRtuReply, ErrorFileIsWrittenOnlyWhereTheUserWantsIt) {
+    ParserBench bench;
+    bench.files.OpenErrorFile();
+    bench.ParseHex(2, u"");
+    EXPECT_EQ(bench.ErrorRecords(), "");
+}
+
+TEST(ParseRtuReply, ErrorFileThatIsClosedIsPassedOver) {
+    ParserBench bench;
+    bench.Form().ConAutoSave[1].Set(true);
+    bench.ParseHex(2, u"");
+    EXPECT_EQ(bench.ErrorRecords(), "");
+    EXPECT_EQ(bench.Form().CycleStep, 1);
+    EXPECT_TRUE(bench.dialogs.Shown.empty());
+}
+
+TEST(ParseRtuReply, ErrorInsideTheWalkIsPassedOver) {
+    ParserBench bench;
+    bench.Form().MeterCodeText = u"31";
+    bench.ParseHex(1, kGoodReply);
+    EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
+    EXPECT_EQ(bench.Cell(kRow, column::kValue), "");
+    EXPECT_EQ(bench.Form().CurrentRow, 6);
+    EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
+    EXPECT_TRUE(bench.dialogs.Shown.empty());
+}
+
+// --- On the line ---
+
+// A session that polls one row after the other; the far end answers the first frame only.
+struct LineBench : ParserBench {
+    LineBench(int code, std::int32_t commandCode) : ParserBench(code) {
+        Press(4);
+        Form().CommandCode = commandCode;
+    }
+    // The first answer, in pieces of some bytes each, 5 milliseconds from each other.
+    void WillAnswerInPieces(const std::string& hex, std::size_t length) {
+        line.Answer = [=, first = true](const std::string&) mutable -> std::vector<Arrival> {
+            if (!std::exchange(first, false)) return {};
+            const std::string bytes = BytesOfHex(hex);
+            std::vector<Arrival> arrivals;
+            for (std::size_t at = 0; at < bytes.size(); at += length) {
+                arrivals.emplace_back(5 * (static_cast<std::int64_t>(arrivals.size()) + 1),
+                                      bytes.substr(at, length));
+            }
+            return arrivals;
+        };
+    }
+    std::int32_t Failures() { return Form().IncompleteCount + Form().CheckErrorCount + Form().NoReplyCount; }
+};
+
+TEST(RtuOnTheLine, PollingWalksOverTheRows) {
+    LineBench bench(31, 50);
+    bench.WillAnswer({"01 03 02 00 64 B9 AF", "01 03 02 00 65 78 6F", "01 03 02 00 64 B9 AF"});
+    while (bench.line.FrameCount() < 4) bench.line.RunUntil(bench.line.Time() + 10);
+    const std::vector<std::string> frames = bench.SentFrames();
+    EXPECT_EQ(frames[0], "01 03 00 10 00 01 85 CF");
+    EXPECT_EQ(frames[1].substr(0, 17), "01 03 00 11 00 01");
+    EXPECT_EQ(frames[2].substr(0, 17), "01 03 00 12 00 01");
+    EXPECT_EQ(bench.Cell(6, column::kValue), "100");
+    EXPECT_EQ(bench.Cell(7, column::kValue), "101");
+    EXPECT_EQ(bench.Failures(), 0);
+}
+
+// The frame end is judged at each chunk: a third byte 00 ends five bytes, function 08 ends with seven.
+TEST(RtuOnTheLine, AnswersThatArriveByteByByteMayBeCutShort) {
+    struct Row {
+        std::int32_t commandCode;
+        const char* reply;
+        const char* shown;
+    };
+    const Row rows[] = {
+        {50, "01 06 00 10 03 E8 88 B1", "01 06 00 10 03\r\nCRC校验错误  成功修改 1# 仪表的参数"},
+        {80, "01 09 00 00 00 12 5D C6", "01 09 00 00 00\r\nCRC校验错误  成功读取 1# 板卡的类型"},
+        {90, "01 08 00 10 1F 2E 69 E2", "01 08 00 10 1F\r\nCRC校验错误  通讯测试成功"},
+        {90, "01 08 03 10 1F 2E 69 E2", "01 08 03 10 1F 2E 69\r\nCRC校验错误  通讯测试成功"}};
+    for (const Row& row : rows) {
+        LineBench bench(31, row.commandCode);
+        bench.WillAnswerInPieces(row.reply, 1);
+        bench.line.RunUntil(300 + 5 * 8 + 1);
+        EXPECT_NE(bench.Record().find(std::string(row.shown) + "\r\n\r\n"), std::string::npos)
+            << row.reply << bench.Record();
+        EXPECT_EQ(bench.Form().CheckErrorCount, 1) << row.reply;
+        EXPECT_EQ(bench.Cell(6, column::kSingleRead), "") << row.reply;
+    }
+}
+
+TEST(RtuOnTheLine, TheSameAnswersInOnePieceAreGood) {
+    struct Row {
+        std::int32_t commandCode;
+        const char* reply;
+    };
+    for (const Row& row : {Row{80, "01 09 00 00 00 12 5D C6"}, Row{90, "01 08 00 10 1F 2E 69 E2"}}) {
+        LineBench bench(31, row.commandCode);
+        bench.WillAnswerInPieces(row.reply, 8);
+        bench.line.RunUntil(300 + 5 * 8 + 1);
+        EXPECT_NE(bench.Record().find("CRC校验正确"), std::string::npos) << row.reply;
+        EXPECT_EQ(bench.Failures(), 0) << row.reply;
+    }
+}
+
+// The instrument has taken the write; its answer has no end that the session knows.
+TEST(RtuOnTheLine, AnswerOfFunction10CountsAsIncomplete) {
+    LineBench bench(31, 50);
+    bench.WillAnswerInPieces("01 10 00 10 00 02 40 0D", 8);
+    while (bench.Failures() == 0) bench.line.RunUntil(bench.line.Time() + 100);
+    EXPECT_EQ(bench.Form().IncompleteCount, 1);
+    EXPECT_EQ(bench.line.FrameCount(), 1U);
+    EXPECT_NE(bench.Record().find("01 10 00 10 00 02 40 0D\r\n数据不完整"), std::string::npos)
+        << bench.Record();
+    EXPECT_EQ(bench.Cell(6, column::kSingleRead), "");
+}
+
+TEST(RtuOnTheLine, SilentInstrumentIsWalkedOverUnderCode51Only) {
+    struct Row {
+        int code;
+        const char* second;
+    };
+    for (const Row& row : {Row{51, "01 03 00 11 00 02"}, Row{35, "01 03 00 10 00 02"}}) {
+        LineBench bench(row.code, 50);
+        while (bench.line.FrameCount() < 2) bench.line.RunUntil(bench.line.Time() + 100);
+        EXPECT_EQ(bench.SentFrames()[0].substr(0, 17), "01 03 00 10 00 02");
+        EXPECT_EQ(bench.SentFrames()[1].substr(0, 17), row.second);
+        EXPECT_EQ(bench.Form().NoReplyCount, 1);
+    }
+}
+
+// The caption alone stops: the next tick still builds a request and then closes the port.
+TEST(RtuOnTheLine, ExceptionThatStopsLetsOneMoreRequestBeBuiltAndNotSent) {
+    for (const char* reply : {"01 83 02 C0 F1", "01 86 02 C3 A1"}) {
+        LineBench bench(31, 91);
+        bench.WillAnswerInPieces(reply, 5);
+        bench.line.RunUntil(306);
+        EXPECT_FALSE(bench.Form().IsRunning());
+        EXPECT_EQ(bench.Form().CycleStep, 1);
+        EXPECT_EQ(bench.Form().CurrentRow, 7);
+        EXPECT_TRUE(bench.line.PortOpen());
+        bench.line.RunUntil(5000);
+        EXPECT_EQ(bench.Form().CurrentRow, 8);
+        EXPECT_EQ(ToUtf8(bench.Form().SendText).substr(0, 12), " 01 08 00 12");
+        EXPECT_EQ(bench.line.FrameCount(), 1U) << reply;
+        EXPECT_FALSE(bench.line.PortOpen());
+        EXPECT_EQ(bench.Failures(), 0);
+    }
+}
+
+}  // namespace
+}  // namespace commtest
