@@ -4,8 +4,6 @@
 // answers, in pieces and with delays that it chooses itself. Each event is followed by a look at what the
 // parsers promise.
 
-#include <fuzzer/FuzzedDataProvider.h>
-
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -13,25 +11,13 @@
 #include <string>
 #include <vector>
 
-#include "app/session.h"
+#include "fuzz/fuzzed_session.h"
 #include "fuzz/require.h"
 #include "runtime/number.h"
-#include "session/events.h"
-#include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
-#include "support/fakes.h"
-#include "support/sqlite_store.h"
-#include "support/virtual_line.h"
 
 namespace commtest::fuzz {
 
 namespace {
-
-using testing::Arrival;
-
-constexpr int kMostFrames = 60;
-constexpr std::int64_t kLongestRun = 400000;  // milliseconds
-constexpr int kLongestPiece = 80;
 
 constexpr std::array<TextView, 5> kNames = {u"参数", u"小数点", u"虚拟小数点", u"", u"系数"};
 constexpr std::array<TextView, 8> kAddresses = {u"0000", u"0010", u"2010", u"0012",
@@ -44,11 +30,6 @@ constexpr std::array<TextView, 7> kValues = {u"", u"", u"1", u"3", u"-1", u"9", 
 constexpr std::array<TextView, 4> kDelays = {u"100", u"0", u"1000", u"快"};
 constexpr std::array<TextView, 5> kLimits = {u"16", u"4", u"300", u"0", u"多"};
 constexpr std::array<std::int32_t, 12> kCommandCodes = {31, 20, 10, 50, 60, 40, 30, 32, 131, 231, 160, 70};
-
-template <std::size_t N>
-Text OneOf(FuzzedDataProvider& input, const std::array<TextView, N>& choices) {
-    return Text(input.PickValueInArray(choices));
-}
 
 // The verdict on a reply's check word, told from its bytes.
 bool IsGood(int code, const std::string& reply) {
@@ -75,32 +56,11 @@ std::string WithCheckWord(int code, const std::string& content) {
     return content;
 }
 
-Store& ClosedStore() {
-    static testing::SqliteStore store;
-    return store;
-}
-
-class PollingSession {
+class PollingSession : public FuzzedSession {
   public:
-    explicit PollingSession(FuzzedDataProvider& input)
-        : input_(input),
-          session_({line_, dialogs_, line_, files_, ClosedStore(), settings_, program_}),
-          form_(session_.Form()) {
+    explicit PollingSession(FuzzedDataProvider& input) : FuzzedSession(input) {
         SetUpForm();
         SetUpRows();
-        Wire();
-    }
-
-    void Run() {
-        RunEvent(form_, [this] { RunToolbarCommand(form_, toolbar::kStartStop); });
-        const auto goesOn = [this] {
-            return input_.remaining_bytes() > 0 && line_.FrameCount() < kMostFrames &&
-                   form_.Timer1[1].Enabled();
-        };
-        line_.RunWhile(goesOn, kLongestRun);
-        line_.Answer = nullptr;
-        line_.RunUntil(line_.Time() + 3000);
-        Require(rowsAtStart_ == RowTexts(), "a reply touches no column of the parameter list");
     }
 
   private:
@@ -134,37 +94,12 @@ class PollingSession {
             grid.SetCell(row, column::kDecimals, OneOf(input_, kDecimals));
             grid.SetCell(row, column::kValue, OneOf(input_, kValues));
         }
-        SetUpParameterGrid(form_);
-        form_.CurrentRow = input_.ConsumeIntegralInRange<std::int16_t>(0, 22);
-        rowsAtStart_ = RowTexts();
-    }
-
-    void Wire() {
-        for (Timer& timer : form_.Timer1) line_.Drive(timer);
-        line_.Answer = [this](const std::string& frame) { return Answer(frame); };
-        line_.Receives = [this] { Receive(); };
-        line_.TimerTick = [this](int index) { Tick(index); };
-        form_.ConCommString[1].BlockFinished = [this](const Text& block) {
-            ++blocks_;
-            Require(block.ends_with(u"\r\n\r\n"), "a block ends in an empty line");
-        };
-    }
-
-    // What the columns of the parameter list hold, and the one for entries.
-    std::vector<Text> RowTexts() const {
-        const Grid& grid = form_.ParameterGrid();
-        std::vector<Text> texts;
-        for (int row = 0; row < grid.Rows(); ++row) {
-            for (int col = column::kName; col <= column::kDecimals; ++col)
-                texts.push_back(grid.Cell(row, col));
-            texts.push_back(grid.Cell(row, column::kNewValue));
-        }
-        return texts;
+        BeginWithTheseRows(22);
     }
 
     // --- The far end ---
 
-    std::string AnyReply() {
+    std::string AnyReply() override {
         std::string reply = input_.ConsumeRandomLengthString(kLongestPiece);
         if (!input_.ConsumeBool()) return reply;
         static constexpr std::array<const char*, 6> kWords = {"RR", "RD", "RE", "##", "**", "XX"};
@@ -172,36 +107,14 @@ class PollingSession {
                (input_.ConsumeBool() ? '\r' : '\n');
     }
 
-    std::vector<Arrival> Answer(const std::string& frame) {
+    void BeforeAnswer(const std::string& frame) override {
         if (frame != "\n") Require(form_.ParameterGrid().Redraw, "the grid is redrawn behind a read builder");
-        std::vector<Arrival> arrivals;
-        std::string reply = AnyReply();
-        std::int64_t delay = 0;
-        while (!reply.empty()) {
-            delay += 10 * input_.ConsumeIntegralInRange(0, 160);
-            const auto length = input_.ConsumeIntegralInRange<std::size_t>(1, reply.size());
-            arrivals.emplace_back(delay, reply.substr(0, length));
-            onTheLine_.emplace(line_.Time() + delay, reply.substr(0, length));
-            reply.erase(0, length);
-        }
-        return arrivals;
     }
 
     // --- The events ---
 
-    struct Counters {
-        std::int32_t sent;
-        std::int32_t incomplete;
-        std::int32_t noReply;
-        std::int32_t checkError;
-    };
-    Counters Count() const {
-        return {form_.SendCount, form_.IncompleteCount, form_.NoReplyCount, form_.CheckErrorCount};
-    }
-
-    void Receive() {
-        reply_ += onTheLine_.begin()->second;
-        onTheLine_.erase(onTheLine_.begin());
+    void Receive() override {
+        reply_ += TakeOffTheLine();
         const Counters before = Count();
         const int blocksBefore = blocks_;
         const std::size_t errorsBefore = dialogs_.Shown.size();
@@ -238,32 +151,18 @@ class PollingSession {
         }
     }
 
-    void Tick(int index) {
-        const Counters before = Count();
-        const HexText reply = form_.ReplyText;
-        TimerTicks(form_, index);
-        const Counters after = Count();
-        const std::int32_t failures = after.noReply + after.incomplete - before.noReply - before.incomplete;
-        Require(failures == 0 || (failures == 1 && index == 1), "a wait ends once");
-        Require(after.checkError == before.checkError, "a time-out is no check error");
-        if (failures == 1) {
-            Require((after.noReply > before.noReply) == reply.empty(), "without a byte there is no reply");
-            Require(form_.ReplyText.empty() && form_.CycleStep == 1, "the next frame starts afresh");
-            reply_.clear();
-        }
+    void Tick(int index) override {
+        if (TickEndsAWait(index)) reply_.clear();
         CheckState();
     }
 
     void CheckState() {
-        const Grid& grid = form_.ParameterGrid();
-        Require(form_.CurrentRow >= 0 && form_.CurrentRow <= 22, "CurrentRow stays near the grid");
+        CheckGrid(22);
         Require(form_.SendCount - framesBefore_ == static_cast<std::int32_t>(line_.FrameCount()),
                 "each frame is counted");
-        Require(grid.Cols() == column::kCount && grid.Row < grid.Rows() && grid.Col < grid.Cols(),
-                "the current cell is in the grid");
         CheckSample(form_.StaticSample, u" 52 52");
         CheckSample(form_.DynamicSample, u" 52 44");
-        for (const testing::ShownBox& box : dialogs_.Shown) CheckBox(box);
+        CheckBoxes({5, 6, 9, 13, 76});
     }
 
     void CheckSample(const HexText& sample, TextView word) const {
@@ -273,26 +172,9 @@ class PollingSession {
         Require(Mid(sample, 10, 6) == word && IsGood(code_, bytes), "a sample is a good reply of its kind");
     }
 
-    void CheckBox(const testing::ShownBox& box) const {
-        const bool isKnown = box.number == 5 || box.number == 6 || box.number == 9 || box.number == 13 ||
-                             box.number == 76 || (box.number == 0 && box.text.starts_with(u"对不起"));
-        Require(isKnown, "a handler ends with a known error only");
-    }
-
-    FuzzedDataProvider& input_;
-    testing::VirtualLine line_;
-    testing::FakeDialogs dialogs_;
-    testing::FakeProgramFiles files_;
-    testing::FakeSettings settings_;
-    testing::FakeProgram program_;
-    Session session_;
-    MainForm& form_;
     std::int16_t code_ = 0;
     std::int32_t framesBefore_ = 0;
-    int blocks_ = 0;
-    std::vector<Text> rowsAtStart_;
-    std::multimap<std::int64_t, std::string> onTheLine_;  // by time of arrival
-    std::string reply_;                                   // what has come of the reply
+    std::string reply_;  // what has come of the reply
 };
 
 }  // namespace

@@ -4,36 +4,23 @@
 // answers, in pieces and with delays that it chooses itself. Each event is followed by a look at what the
 // parser promises. A session that an exception has stopped is started again.
 
-#include <fuzzer/FuzzedDataProvider.h>
-
 #include <array>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
 
-#include "app/session.h"
+#include "fuzz/fuzzed_session.h"
 #include "fuzz/require.h"
 #include "runtime/number.h"
-#include "session/events.h"
-#include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
-#include "support/fakes.h"
-#include "support/sqlite_store.h"
-#include "support/virtual_line.h"
 
 namespace commtest::fuzz {
 
 namespace {
 
-using testing::Arrival;
-
-constexpr int kMostFrames = 60;
 constexpr int kMostStarts = 5;
 constexpr int kMostRows = 20;
-constexpr std::int16_t kFurthestRow = 22;     // that a session begins at
-constexpr std::int64_t kLongestRun = 400000;  // milliseconds
-constexpr int kLongestPiece = 80;
+constexpr std::int16_t kFurthestRow = 22;  // that a session begins at
 
 constexpr std::array<TextView, 4> kInstruments = {u"仪表", u"三相表", u"流量计", u"三相流量计"};
 constexpr std::array<TextView, 11> kFormats = {u"01", u"00", u"02", u"03", u"05", u"07",
@@ -49,11 +36,6 @@ constexpr std::array<TextView, 5> kLimits = {u"16", u"4", u"300", u"0", u"多"};
 constexpr std::array<std::int32_t, 12> kCommandCodes = {50, 40, 60, 10, 31, 80, 90, 91, 150, 160, 191, 70};
 constexpr std::array<std::uint8_t, 16> kFunctions = {0x03, 0x04, 0x06, 0x10, 0x08, 0x09, 0x81, 0x82,
                                                      0x83, 0x84, 0x85, 0x86, 0x87, 0x88, 0x8F, 0x00};
-
-template <std::size_t N>
-Text OneOf(FuzzedDataProvider& input, const std::array<TextView, N>& choices) {
-    return Text(input.PickValueInArray(choices));
-}
 
 // The check bytes, bit by bit.
 std::string CheckBytes(const std::string& content) {
@@ -94,35 +76,17 @@ std::string BytesOf(const HexText& text) {
     return bytes;
 }
 
-Store& ClosedStore() {
-    static testing::SqliteStore store;
-    return store;
-}
-
-class PollingSession {
+class PollingSession : public FuzzedSession {
   public:
-    explicit PollingSession(FuzzedDataProvider& input)
-        : input_(input),
-          session_({line_, dialogs_, line_, files_, ClosedStore(), settings_, program_}),
-          form_(session_.Form()) {
+    explicit PollingSession(FuzzedDataProvider& input) : FuzzedSession(input) {
         SetUpForm();
         SetUpRows();
-        Wire();
     }
 
-    void Run() {
-        const auto goesOn = [this] {
-            return input_.remaining_bytes() > 0 && line_.FrameCount() < kMostFrames &&
-                   form_.Timer1[1].Enabled();
-        };
-        for (int start = 0; start < kMostStarts && !form_.IsRunning(); ++start) {
-            RunEvent(form_, [this] { RunToolbarCommand(form_, toolbar::kStartStop); });
-            line_.RunWhile(goesOn, line_.Time() + kLongestRun);
-        }
-        line_.Answer = nullptr;
-        line_.RunUntil(line_.Time() + 3000);
-        Require(rowsAtStart_ == Columns(column::kName, column::kDecimals),
-                "a reply touches no column of the parameter list");
+    // A session that an exception has stopped is started again.
+    void Run() override {
+        for (int start = 0; start < kMostStarts && !form_.IsRunning(); ++start) Poll();
+        Finish();
     }
 
   private:
@@ -154,35 +118,12 @@ class PollingSession {
             grid.SetCell(row, column::kDecimals, OneOf(input_, kDecimals));
             grid.SetCell(row, column::kValue, OneOf(input_, kValues));
         }
-        SetUpParameterGrid(form_);
-        form_.CurrentRow = input_.ConsumeIntegralInRange<std::int16_t>(0, kFurthestRow);
-        rowsAtStart_ = Columns(column::kName, column::kDecimals);
+        BeginWithTheseRows(kFurthestRow);
     }
-
-    void Wire() {
-        for (Timer& timer : form_.Timer1) line_.Drive(timer);
-        line_.Answer = [this](const std::string&) { return Answer(); };
-        line_.Receives = [this] { Receive(); };
-        line_.TimerTick = [this](int index) { Tick(index); };
-        form_.ConCommString[1].BlockFinished = [this](const Text& block) {
-            ++blocks_;
-            Require(block.ends_with(u"\r\n\r\n"), "a block ends in an empty line");
-        };
-    }
-
-    std::vector<Text> Columns(int first, int last) const {
-        const Grid& grid = form_.ParameterGrid();
-        std::vector<Text> texts;
-        for (int row = 0; row < grid.Rows(); ++row) {
-            for (int col = first; col <= last; ++col) texts.push_back(grid.Cell(row, col));
-        }
-        return texts;
-    }
-    std::vector<Text> Readings() const { return Columns(column::kSingleRead, column::kScaledValue); }
 
     // --- The far end ---
 
-    std::string AnyReply() {
+    std::string AnyReply() override {
         const std::string data = input_.ConsumeRandomLengthString(kLongestPiece);
         if (!input_.ConsumeBool()) return data;
         std::string reply = {1, static_cast<char>(input_.PickValueInArray(kFunctions))};
@@ -193,39 +134,17 @@ class PollingSession {
         return reply + check;
     }
 
-    std::vector<Arrival> Answer() {
+    void BeforeAnswer(const std::string&) override {
         Require(form_.ParameterGrid().Redraw, "the grid is redrawn behind a read builder");
         // What should have come by now met a closed port.
         onTheLine_.erase(onTheLine_.begin(), onTheLine_.upper_bound(line_.Time()));
-        std::vector<Arrival> arrivals;
-        std::string reply = AnyReply();
-        std::int64_t delay = 0;
-        while (!reply.empty()) {
-            delay += 10 * input_.ConsumeIntegralInRange(0, 160);
-            const auto length = input_.ConsumeIntegralInRange<std::size_t>(1, reply.size());
-            arrivals.emplace_back(delay, reply.substr(0, length));
-            onTheLine_.emplace(line_.Time() + delay, reply.substr(0, length));
-            reply.erase(0, length);
-        }
-        return arrivals;
-    }
-
-    std::string TakeOffTheLine() {
-        std::string bytes = onTheLine_.begin()->second;
-        onTheLine_.erase(onTheLine_.begin());
-        return bytes;
     }
 
     // --- The events ---
 
-    struct Counters {
-        std::int32_t incomplete;
-        std::int32_t noReply;
-        std::int32_t checkError;
-    };
-    Counters Count() const { return {form_.IncompleteCount, form_.NoReplyCount, form_.CheckErrorCount}; }
+    std::vector<Text> Readings() const { return Columns(column::kSingleRead, column::kScaledValue); }
 
-    void Receive() {
+    void Receive() override {
         const std::string reply = BytesOf(form_.ReplyText) + TakeOffTheLine();
         const Counters before = Count();
         const int blocksBefore = blocks_;
@@ -248,48 +167,19 @@ class PollingSession {
         CheckState();
     }
 
-    void Tick(int index) {
-        const Counters before = Count();
-        const bool hasBytes = form_.CycleStep == 3;
-        TimerTicks(form_, index);
-        const Counters after = Count();
-        const std::int32_t failures = after.noReply + after.incomplete - before.noReply - before.incomplete;
-        Require(failures == 0 || (failures == 1 && index == 1), "a wait ends once");
-        Require(after.checkError == before.checkError, "a time-out is no check error");
-        if (failures == 1) {
-            Require((after.incomplete > before.incomplete) == hasBytes, "bytes make a reply incomplete");
-            Require(form_.ReplyText.empty() && form_.CycleStep == 1, "the next frame starts afresh");
-        }
+    // What came behind the stop of a session stands in front of the next reply.
+    bool HasBytes() const override { return form_.CycleStep == 3; }
+
+    void Tick(int index) override {
+        TickEndsAWait(index);
         CheckState();
     }
 
     void CheckState() {
-        const Grid& grid = form_.ParameterGrid();
         // A silent instrument of code 51 is walked over once a frame.
-        Require(form_.CurrentRow >= 0 && form_.CurrentRow <= kFurthestRow + kMostFrames,
-                "CurrentRow stays near the grid");
-        Require(grid.Cols() == column::kCount && grid.Row < grid.Rows() && grid.Col < grid.Cols(),
-                "the current cell is in the grid");
-        for (const testing::ShownBox& box : dialogs_.Shown) CheckBox(box);
+        CheckGrid(kFurthestRow + kMostFrames);
+        CheckBoxes({6, 13, 76});
     }
-
-    void CheckBox(const testing::ShownBox& box) const {
-        const bool isKnown = box.number == 6 || box.number == 13 || box.number == 76 ||
-                             (box.number == 0 && box.text.starts_with(u"对不起"));
-        Require(isKnown, "a handler ends with a known error only");
-    }
-
-    FuzzedDataProvider& input_;
-    testing::VirtualLine line_;
-    testing::FakeDialogs dialogs_;
-    testing::FakeProgramFiles files_;
-    testing::FakeSettings settings_;
-    testing::FakeProgram program_;
-    Session session_;
-    MainForm& form_;
-    int blocks_ = 0;
-    std::vector<Text> rowsAtStart_;
-    std::multimap<std::int64_t, std::string> onTheLine_;  // by time of arrival
 };
 
 }  // namespace

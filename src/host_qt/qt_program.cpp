@@ -1,6 +1,7 @@
 #include "host_qt/qt_program.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -16,7 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString LockFileName() {
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/CommTest.lock"_s;
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return (own.isEmpty() ? QDir::tempPath() : own) + u"/CommTest.lock"_s;
 }
 
 }  // namespace

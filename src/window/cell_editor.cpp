@@ -30,14 +30,13 @@ void CellEditor::TakeFocus() {
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter) {
-        binder_.Event([this] { InputText_KeyDown(binder_.Form(), key::kEnter); });
-    } else if (event->key() == Qt::Key_Escape) {
-        binder_.Event([this] { InputText_KeyDown(binder_.Form(), key::kEscape); });
-        grid_.setFocus();
-    } else {
+    if (!isEnter && event->key() != Qt::Key_Escape) {
         QLineEdit::keyPressEvent(event);
+        return;
     }
+    const int code = isEnter ? key::kEnter : key::kEscape;
+    binder_.Event([this, code] { InputText_KeyDown(binder_.Form(), code); });
+    if (isHidden()) grid_.setFocus();
 }
 
 }  // namespace commtest

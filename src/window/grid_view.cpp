@@ -224,8 +224,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (isFollowing_ || !current.isValid()) return;
-    scrollTo(current);
-    ScrolledByUser();
+    if (!pressed_.isValid()) Reveal(current);  // under the pointer it stays where it is
     binder_.Event([&] { grid_.Select(current.row() + 1, current.column()); });
 }
 
@@ -235,8 +234,8 @@ void GridView::focusInEvent(QFocusEvent* event) { QAbstractScrollArea::focusInEv
 void GridView::mousePressEvent(QMouseEvent* event) {
     pressed_ = {};
     if (event->button() != Qt::LeftButton) return;  // the current cell stays
-    QTableView::mousePressEvent(event);
     pressed_ = indexAt(event->position().toPoint());
+    QTableView::mousePressEvent(event);
 }
 
 // The second press of a double click on a grid that stays is no click of its own.
@@ -249,7 +248,15 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
     const QModelIndex pressed = std::exchange(pressed_, {});
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid() &&
                          pressed == indexAt(event->position().toPoint());
-    if (isClick) Click(event->globalPosition().toPoint());
+    if (!isClick) return;
+    Reveal(pressed);
+    Click(event->globalPosition().toPoint());
+}
+
+// Brings the whole of a cell into view.
+void GridView::Reveal(const QModelIndex& cell) {
+    scrollTo(cell);
+    ScrolledByUser();
 }
 
 void GridView::Click(QPoint globalPosition) {

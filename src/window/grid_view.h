@@ -72,6 +72,7 @@ class GridView : public QTableView {
 
     // --- What the user does ---
     void Click(QPoint globalPosition);
+    void Reveal(const QModelIndex& cell);
     void ScrolledByUser();
     void HideEditor();
     void CopySelection() const;

@@ -316,6 +316,7 @@ TEST_F(ListClicks, DoubleClickOnTheRecordingsLoadsTheRecordingAgain) {
     EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议"));
     EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 2"));
     EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::None);
+    EXPECT_EQ(form.SSTab2.Chosen(), 2);
 }
 
 TEST_F(ListClicks, DoubleClickOnAnotherGridDoesNothing) {
