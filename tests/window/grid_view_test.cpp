@@ -11,7 +11,6 @@
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QSettings>
-#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,9 +23,9 @@
 namespace commtest::testing {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Pair;
 
 const Text kLongInstrument = u"仪表乙";
 constexpr int kParameters = 40;
@@ -328,6 +327,17 @@ TEST_F(GridViewTest, ReleaseOnAnotherCellIsNoClick) {
     EXPECT_FALSE(form.InputText.Visible());
 }
 
+TEST_F(GridViewTest, ClickOnACellThatIsPartlyInViewIsAClick) {
+    view->resize(900, kHeader + 8 * kRowHeight + 8);
+    const QPoint corner(view->viewport()->width() - 3, view->viewport()->height() - 3);
+    const QModelIndex cell = view->indexAt(corner);
+    ASSERT_EQ(cell.column(), 10);
+    ASSERT_FALSE(view->viewport()->rect().contains(view->visualRect(cell)));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, corner);
+    EXPECT_EQ(Current(), std::pair(cell.row() + 1, 10));
+    EXPECT_TRUE(form.InputText.Visible());
+}
+
 TEST_F(GridViewTest, ClickBelowTheLastRowIsNoClick) {
     grid.SetRows(4);
     grid.Select(2, 10);
@@ -570,6 +580,30 @@ TEST_F(GridViewTest, FirstWidthsAreNotTheUsers) {
     later->RestoreWidths(view->SaveWidths());
     later->resize(600, 300);
     EXPECT_EQ(later->columnWidth(1), 172);
+}
+
+TEST_F(GridViewTest, HeadOfTheCurrentColumnIsMarked) {
+    const auto marked = [this] {
+        std::vector<int> columns;
+        const QImage image = view->horizontalHeader()->viewport()->grab().toImage();
+        for (int col = 0; col < 11; ++col) {
+            const int left = view->columnViewportPosition(col);
+            bool has = false;
+            for (int x = left; x < left + view->columnWidth(col); ++x) {
+                for (int y = 0; y < kHeader; ++y) has |= image.pixelColor(x, y) == bench.theme.Now().accent;
+            }
+            if (has) columns.push_back(col);
+        }
+        return columns;
+    };
+    for (int col = 0; col < 11; ++col) grid.SetCell(0, col, u"██");
+    Look();
+    EXPECT_THAT(marked(), IsEmpty());
+    grid.Select(3, 9);
+    Look();
+    EXPECT_THAT(marked(), ElementsAre(9));
+    Key(Qt::Key_Left);
+    EXPECT_THAT(marked(), ElementsAre(8));
 }
 
 // --- The right-mouse menus ---
@@ -857,21 +891,20 @@ TEST(CatalogueInTheWindow, DoubleClickLeavesTheOtherPageAlone) {
     MainWindow window(session.Form(), theme, settings);
     window.show();
     (void)QTest::qWaitForWindowActive(&window);
-    Grid& list = session.Form().MSHFlexGrid1[1];
-    list.SetSize(20, 5);
-    list.SetCell(2, 1, kNativeProtocol);
-    list.SetCell(2, 3, kLongInstrument);
-    session.Form().SSTab2.Choose(1);
+    session.Form().SSTab2.Choose(2);
     window.Views().Look();
-    auto* listView = FindNamed<GridView>(window, u"仪表清单"_qs);
-    listView->parentWidget()->show();
-    qobject_cast<QStackedWidget*>(listView->parentWidget())->setCurrentWidget(listView);
+    const Grid& list = session.Form().MSHFlexGrid1[1];
+    int row = 1;
+    while (row < list.Rows() && list.Cell(row, 3) != kLongInstrument) ++row;
+    ASSERT_LT(row, list.Rows());
+    auto* listView = FindNamed<GridView>(window, u"仪表清单"_s);
+    ASSERT_TRUE(listView->isVisible());
     int choices = 0;
     session.Form().ConMeterName[0].Click = [&choices, click = session.Form().ConMeterName[0].Click] {
         ++choices;
         click();
     };
-    const QPoint place = listView->visualRect(listView->model()->index(1, 2)).center();
+    const QPoint place = listView->visualRect(listView->model()->index(row - 1, 2)).center();
     QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {},
                        listView->viewport()->mapTo(&window, place));
     EXPECT_EQ(choices, 3);  // the click, then the protocol's first one and the row's
