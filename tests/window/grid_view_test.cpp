@@ -198,7 +198,7 @@ TEST_F(GridViewTest, NothingFollowsWhileTheRedrawIsOff) {
     EXPECT_EQ(view->model()->rowCount(), kParameters);
     grid.Redraw = true;
     Look();
-    EXPECT_TRUE(view->viewport()->updatesEnabled());
+    EXPECT_NE(view->viewport()->grab().toImage(), picture);
     EXPECT_EQ(Marked(), std::pair(3, 9));
     EXPECT_EQ(FirstRowInView(), 7);
     EXPECT_EQ(view->model()->rowCount(), 19);
@@ -259,6 +259,22 @@ TEST_F(GridViewTest, FirstKeyLeavesTheHeadings) {
     ASSERT_EQ(Current(), std::pair(0, 0));
     Key(Qt::Key_Down);
     EXPECT_EQ(Current(), std::pair(1, 0));
+}
+
+TEST_F(GridViewTest, FocusAloneMovesNothing) {
+    view->clearFocus();
+    view->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Current(), std::pair(0, 0));
+    EXPECT_FALSE(view->currentIndex().isValid());
+}
+
+TEST_F(GridViewTest, CellOnTheHeadingsIsNotMarked) {
+    Click(3, 1);
+    grid.Select(0, 0);
+    Look();
+    EXPECT_FALSE(view->currentIndex().isValid());
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+    EXPECT_EQ(Current(), std::pair(0, 0));
 }
 
 TEST_F(GridViewTest, KeyGoesOnFromWhereThePollingHasMovedTheCell) {
@@ -357,6 +373,12 @@ TEST_F(GridViewTest, OtherButtonsNeitherMoveTheCellNorClick) {
         EXPECT_EQ(Current(), std::pair(1, 1)) << button;
         EXPECT_FALSE(form.InputText.Visible()) << button;
     }
+}
+
+TEST_F(GridViewTest, ReleaseOfAnotherButtonIsNoClick) {
+    Press(2, 10);
+    Release(2, 10, Qt::RightButton);
+    EXPECT_FALSE(form.InputText.Visible());
 }
 
 TEST_F(GridViewTest, ClickOnAWritableCellStopsTheSession) {
@@ -876,8 +898,11 @@ TEST(RecordingList, ClickAndDoubleClickLoadTheRecordingOfTheRow) {
     const QPoint place = view.visualRect(view.model()->index(2, 1)).center();
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
     EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 3"));
+    EXPECT_EQ(bench.form.SSTab2.Chosen(), 0);
+    bench.form.SSTab2.Choose(3);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
     EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 3", "LoadRecording 3"));
+    EXPECT_EQ(bench.form.SSTab2.Chosen(), 3);
 }
 
 // The real way of a double click: the first click takes the list away, the second one falls on the page that
