@@ -37,6 +37,9 @@ constexpr std::array<Range, 6> kWide = {{{0x1100, 0x115F},
                                          {0xFE30, 0xFE6F},
                                          {0xFF01, 0xFF60}}};
 
+// Most characters of a record are plain ones.
+bool IsControl(char16_t unit) { return (unit < u' ' || unit > u'~') && IsIn(kControls, unit); }
+
 Text Escaped(char16_t unit) {
     Text digits = HexOf(static_cast<double>(unit));
     if (Len(digits) < 2) FitTextWidth(digits, 2);
@@ -55,7 +58,7 @@ std::string PrintableText(TextView text) {
         const char16_t unit = text.front();
         if (isLineEnd) {
             printable += u'\n';
-        } else if (IsIn(kControls, unit)) {
+        } else if (IsControl(unit)) {
             printable += Escaped(unit);
         } else {
             printable += unit;

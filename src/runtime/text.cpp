@@ -129,6 +129,10 @@ std::string ToUtf8(TextView text) {
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char32_t unit = text[i];
+        if (unit < 0x80) {
+            out += static_cast<char>(unit);
+            continue;
+        }
         const bool high = unit >= 0xD800 && unit < 0xDC00;
         const bool paired = high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
         if (paired) {
