@@ -150,7 +150,8 @@ bool IsSameNumber(const Text& written, const Text& read, const Text& length) {
 
 void ReadBack(LineSession& line, Console& console, int row, const Text& value) {
     MainForm& form = line.Form();
-    // The answer to the write has moved the row that is read.
+    // The answer to the write has moved the row that is read, and a write may leave another way of reading.
+    form.CommandCode = command::kReadThisRow;
     Click(form, row, column::kSingleRead);
     if (Exchange(line, MannerOf(form).goodRead) != Answer::Good) {
         throw BadAnswer(form, row, u"已写入 %1，但没有读回。请用 poll 查看"_s.arg(Shown(value)));

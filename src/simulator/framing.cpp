@@ -67,22 +67,26 @@ std::vector<std::string> RequestReader::Take(std::string_view bytes, double time
     if (framing_ == Framing::ModbusRtu && wasSilent && !frame_.empty())
         frames.push_back(std::exchange(frame_, {}));
     lastByteMs_ = timeMs;
-    for (const char byte : bytes) {
+    while (!bytes.empty()) {
+        const char byte = bytes.front();
+        bytes.remove_prefix(1);
         if (framing_ == Framing::Native && byte == kContinue) {
             frames.emplace_back(1, kContinue);
-        } else if (EndsFrame(byte)) {
+        } else if (EndsFrame(byte, bytes.empty())) {
             frames.push_back(std::exchange(frame_, {}));
         }
     }
     return frames;
 }
 
-bool RequestReader::EndsFrame(char byte) {
+// A check word that ends in 00 makes the bytes in front of that 00 look like a request with one byte of data.
+bool RequestReader::EndsFrame(char byte, bool isLastOfItsPiece) {
     const bool hasLines = framing_ != Framing::ModbusRtu;
     if (framing_ == Framing::ModbusAscii && byte == '\n') return false;
     if (hasLines && byte == StartOf(framing_)) frame_.clear();
     if (frame_.size() < kLongestFrame) frame_ += byte;
-    return hasLines ? byte == kFrameEnd : IsWholeRtuRequest(frame_);
+    if (hasLines) return byte == kFrameEnd;
+    return IsWholeRtuRequest(frame_) && (isLastOfItsPiece || frame_.size() > kShortestRtuRequest);
 }
 
 }  // namespace simulator

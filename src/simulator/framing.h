@@ -40,7 +40,7 @@ class RequestReader {
     std::vector<std::string> Take(std::string_view bytes, double timeMs);
 
   private:
-    bool EndsFrame(char byte);
+    bool EndsFrame(char byte, bool isLastOfItsPiece);
 
     Framing framing_;
     std::string frame_;  // bytes of the request so far

@@ -42,8 +42,7 @@ std::string RtuCheck(std::string_view covered) {
 }
 
 bool IsWholeRtuRequest(std::string_view bytes) {
-    constexpr std::size_t kShortest = 7;
-    if (bytes.size() < kShortest || !IsLengthOfRequest(bytes)) return false;
+    if (bytes.size() < kShortestRtuRequest || !IsLengthOfRequest(bytes)) return false;
     const std::size_t covered = bytes.size() - kCheckSize;
     return bytes.substr(covered) == RtuCheck(bytes.substr(0, covered));
 }

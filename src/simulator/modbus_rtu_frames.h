@@ -11,6 +11,8 @@ namespace simulator {
 // The two check bytes in their order on the line.
 std::string RtuCheck(std::string_view covered);
 
+inline constexpr std::size_t kShortestRtuRequest = 7;  // function 06 with one byte of data
+
 // Whether the bytes are a request to its end: right check bytes at a length that the function has. Function
 // 06 carries one, two or four bytes of data, function 10 as many as it says; all others have eight bytes.
 bool IsWholeRtuRequest(std::string_view bytes);

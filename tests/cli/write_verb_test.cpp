@@ -27,6 +27,12 @@ TEST(WriteVerb, RowAndValueAreNeeded) {
                   "选项 --row 的值 \"0\" 不对，应为 1 到 32767 的整数。用法请看 commtest-cli write --help"));
 }
 
+TEST(WriteVerb, WriteTypeIsOneOfThree) {
+    EXPECT_TRUE(IsProblem(
+        Write({"--row", "13", "--value", "1", "--write-type", "3"}), 2,
+        "选项 --write-type 的值 \"3\" 不对，应为 0 到 2 的整数。用法请看 commtest-cli write --help"));
+}
+
 TEST(WriteVerb, RowWithoutWIsRefused) {
     EXPECT_TRUE(IsProblem(Write({"--row", "4", "--value", "1"}), 2,
                           "注意:参数没有W属性,数据无法修改！ 属性请看 commtest-cli list parameters"));

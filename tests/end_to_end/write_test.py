@@ -2,9 +2,10 @@
 
 import unittest
 
-from programs import FILLED, SUM, CommandLineTest
+from programs import ASCII, FILLED, RTU, SUM, CommandLineTest
 
 COMMAND, MODEL, DECIMALS, LOWER_LIMIT, CORRECTION, DELAY = 1, 4, 11, 13, 16, 22
+FILTERS = {RTU: 16, ASCII: 13}  # rows of 滤波系数
 
 
 class WriteTest(CommandLineTest):
@@ -50,6 +51,20 @@ class WriteTest(CommandLineTest):
         self.assertIn("@01**01\\0D", run.output)
         self.assertEqual(run.problem_lines, ["第 22 行 AL1报警延时: 仪表拒绝写入。请检查数值和仪表的写保护"])
         self.assertEqual(simulator.counts["refusals"], 1)
+
+    def test_modbus_instrument_refuses_a_value_beyond_its_limits(self):
+        with self.simulate(instrument=RTU) as simulator:
+            run = self.write(simulator.device, FILTERS[RTU], 21, instrument=RTU)
+        self.assertEqual(run.status, 1)
+        self.assertIn("注意：写入非法数值！ 该指令无效", run.output)
+        self.assertEqual(run.problem_lines, ["第 16 行 滤波系数: 仪表拒绝写入。请检查数值和仪表的写保护"])
+
+    def test_row_of_a_modbus_instrument_is_written_and_read_back(self):
+        for instrument in (RTU, ASCII):
+            with self.subTest(instrument[0]), self.simulate(instrument=instrument) as simulator:
+                run = self.write(simulator.device, FILTERS[instrument], 3, instrument=instrument)
+                self.assertEqual((run.status, run.problems), (0, ""))
+                self.assertTrue(run.output.endswith(" 滤波系数: 已写入 3，读回 3，一致\n"))
 
     def test_command_row_is_not_read_back(self):
         with self.simulate() as simulator:

@@ -53,6 +53,14 @@ TEST(ModbusBus, WriteComesWithoutALineFeedAndIsAnsweredWithOne) {
     EXPECT_EQ(line.bus.Total().refusals, 1);
 }
 
+// Its check word ends in 00, and so the first seven bytes are a write of one byte, too.
+TEST(ModbusBus, RtuWriteIsNotTakenForTheShorterOneThatItBeginsWith) {
+    QuietLine line({{Model{31, 1}, 1, "filter", {Fixed("0025", "2", "RW", 7, 0, 20)}}});
+    EXPECT_EQ(line.AskPairs("01 06 00 25 00 03 D8 00"), "01 06 00 25 00 03 D8 00");
+    EXPECT_EQ(line.AskPairs("01 03 00 25 00 01 95 C1", 100), "01 03 02 00 03 F8 45");
+    EXPECT_EQ(line.bus.IgnoredFrames(), 0);
+}
+
 TEST(ModbusBus, RubbishOnAnRtuLineIsOneIgnoredFrame) {
     QuietLine line({Holding(31, 1, 100)});
     EXPECT_EQ(line.AskPairs("01 03 00 10 00 01 85 CE", 0), "");
