@@ -5,7 +5,7 @@ import io
 import re
 import unittest
 
-from programs import FILLED, PLAIN, SUM, CommandLineTest
+from programs import FILLED, PLAIN, RTU, SUM, CommandLineTest, Simulator, description
 
 VALUES = {"小数点位置": 1, "测量值": -1234, "峰值": 5, "变送输出值": 250, "量程下限": -1999, "滤波系数": 20}
 
@@ -106,6 +106,14 @@ class PollTest(CommandLineTest):
         self.assertEqual((run.status, run.problems), (
             1, "实时错误 '9': 下标越界 通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表\n"))
         self.assertIn("\n总计通讯: ", run.output)
+
+    def test_exception_of_an_address_ends_the_poll(self):
+        known = [line for line in description(RTU[2]).splitlines() if not line.startswith("零点修正")]
+        with Simulator(self.outer.name, "\n".join([*known, ""])) as simulator:
+            run = self.poll(simulator.device, "--command", 50, "--exchanges", 200, instrument=RTU)
+        self.assertEqual((run.status, run.problems), (1, ""))
+        self.assertIn("CRC校验正确  注意：读写指令中含有非法参数地址/长度超出范围    指令错误！\n", run.output)
+        self.assertIn("\n总计通讯: 10 次", run.output)  # rows 6 to 14, then the missing one
 
     def test_program_folder_gets_no_file(self):
         before = sorted(self.folder.iterdir())
