@@ -9,28 +9,24 @@ namespace commtest {
 
 namespace {
 
-constexpr int kNegative = 0x80;
-constexpr int kNegativeExponent = 0x40;
+namespace bits = custom_float;
+
 constexpr int kExponentRounds = 64;
-constexpr int kMantissaBytes = 3;
 
 // The working value lives in text between the steps, which decides the last digits of the code.
 double ThroughText(double value) { return ToNumber(NumberText(value)); }
 
-struct Normalised {
-    int firstByte;    // signs and exponent
-    double mantissa;  // 0.5 to below 1, but for the values that the header tells of
-};
+}  // namespace
 
-Normalised Normalise(double value) {
-    int firstByte = value < 0 ? kNegative : 0;
-    double x = ThroughText(std::fabs(value));
+CustomFloatParts SplitIntoCustomFloat(double magnitude, bool isNegative) {
+    int firstByte = isNegative ? bits::kNegative : 0;
+    double x = ThroughText(magnitude);
     for (int round = 0; round < kExponentRounds && x >= 1; ++round) {
         x = ThroughText(x / 2);
         ++firstByte;
     }
     if (x < 0.5) {
-        firstByte += kNegativeExponent;
+        firstByte += bits::kNegativeExponent;
         int round = 0;
         do {
             x = ThroughText(x + x);
@@ -43,7 +39,17 @@ Normalised Normalise(double value) {
     return {firstByte, x};
 }
 
-}  // namespace
+std::array<Text, 3> MantissaBytes(double mantissa) {
+    std::array<Text, 3> bytes;
+    double x = mantissa;
+    for (Text& byte : bytes) {
+        x = ThroughText(x * 256);
+        const double whole = std::floor(x);
+        byte = CodeByteOf(whole);
+        x = ThroughText(x - whole);
+    }
+    return bytes;
+}
 
 void ValueToCustomFloat(Text& text) {
     const double value = ToNumber(text);
@@ -51,26 +57,22 @@ void ValueToCustomFloat(Text& text) {
         text = u"00000000";
         return;
     }
-    const Normalised normalised = Normalise(value);
-    Text code = CodeByteOf(normalised.firstByte);
-    double x = normalised.mantissa;
-    for (int i = 0; i < kMantissaBytes; ++i) {
-        x = ThroughText(x * 256);
-        const double byte = std::floor(x);
-        code += CodeByteOf(byte);
-        x = ThroughText(x - byte);
-    }
+    const CustomFloatParts parts = SplitIntoCustomFloat(std::fabs(value), value < 0);
+    Text code = CodeByteOf(parts.firstByte);
+    for (const Text& byte : MantissaBytes(parts.mantissa)) code += byte;
     text = code;
+}
+
+double CustomFloatMantissa(TextView code) {
+    return CodeByteAt(code, 3) / 256.0 + CodeByteAt(code, 5) / 65536.0 + CodeByteAt(code, 7) / 16777216.0;
 }
 
 double CustomFloatValue(TextView code) {
     const int first = CodeByteAt(code, 1);
-    const double mantissa =
-        CodeByteAt(code, 3) / 256.0 + CodeByteAt(code, 5) / 65536.0 + CodeByteAt(code, 7) / 16777216.0;
-    const int magnitude = first & (kNegativeExponent - 1);
-    const int exponent = (first & kNegativeExponent) == 0 ? magnitude : -magnitude;
-    const double value = std::ldexp(mantissa, exponent);
-    return (first & kNegative) == 0 ? value : -value;
+    const int magnitude = first & bits::kExponent;
+    const int exponent = (first & bits::kNegativeExponent) == 0 ? magnitude : -magnitude;
+    const double value = std::ldexp(CustomFloatMantissa(code), exponent);
+    return (first & bits::kNegative) == 0 ? value : -value;
 }
 
 }  // namespace commtest

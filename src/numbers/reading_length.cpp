@@ -18,6 +18,10 @@ void ShortenReading(Text& text, const ReadingLength& room) {
         text = NumberText(ToNumber(text) / room.factor);
         text = Left(text, room.length);
     }
+    PutZeroBeforePoint(text);
+}
+
+void PutZeroBeforePoint(Text& text) {
     if (text.starts_with(u".")) text.insert(0, u"0");
     if (text.starts_with(u"-.")) text.insert(1, u"0");
 }

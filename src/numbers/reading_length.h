@@ -17,4 +17,7 @@ struct ReadingLength {
 // number. Error 13 for a text that is no number.
 void ShortenReading(Text& text, const ReadingLength& room);
 
+// The zero before a leading point: .5 becomes 0.5, -.5 becomes -0.5.
+void PutZeroBeforePoint(Text& text);
+
 }  // namespace commtest

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <optional>
 
+#include "numbers/reading_length.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
-#include "session/decimal_point.h"
 #include "session/grid_rows.h"
 #include "session/main_form.h"
 

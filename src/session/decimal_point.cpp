@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numbers/reading_length.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/grid_rows.h"
@@ -68,11 +69,6 @@ void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide) {
     }
     PutZeroBeforePoint(value);
     grid.Redraw = true;
-}
-
-void PutZeroBeforePoint(Text& value) {
-    if (value.starts_with(u".")) value.insert(0, u"0");
-    if (value.starts_with(u"-.")) value.replace(0, 1, u"-0");
 }
 
 }  // namespace commtest

@@ -13,7 +13,4 @@ class MainForm;
 // reference that is no number, 9 for negative decimals, 6 beyond a double.
 void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide);
 
-// The zero before a leading point: .5 becomes 0.5, -.5 becomes -0.5.
-void PutZeroBeforePoint(Text& value);
-
 }  // namespace commtest

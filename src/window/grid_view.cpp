@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "session/cell_explanation.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
 #include "session/operation_menus.h"
@@ -249,6 +250,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid() &&
                          pressed == indexAt(event->position().toPoint());
     if (!isClick) return;
+    binder_.Event([this] { MSHFlexGrid1_MouseUp(form_, index_); });
     Reveal(pressed);
     Click(event->globalPosition().toPoint());
 }

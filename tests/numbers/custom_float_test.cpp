@@ -93,5 +93,47 @@ TEST(CustomFloatValue, MissingPairsReadAsZero) {
     EXPECT_EQ(CustomFloatValue(u""), 0);
 }
 
+TEST(CustomFloatMantissa, DoesNotHeedTheFirstByte) {
+    EXPECT_EQ(CustomFloatMantissa(u"04A00000"), 0.625);
+    EXPECT_EQ(CustomFloatMantissa(u"C1800000"), 0.5);
+    EXPECT_EQ(CustomFloatMantissa(u"FF000100"), 1 / 65536.0);
+}
+
+struct Split {
+    double magnitude;
+    bool isNegative;
+    int firstByte;
+    double mantissa;
+};
+
+TEST(SplitIntoCustomFloat, GivesSignsAndExponentInOneByte) {
+    const Split cases[] = {
+        {100.5, false, 0x07, 0.78515625}, {100.5, true, 0x87, 0.78515625}, {0.75, false, 0x00, 0.75},
+        {0.75, true, 0x80, 0.75},         {0.3, false, 0x41, 0.6},         {0.25, true, 0xC2, 1},
+    };
+    for (const Split& split : cases) {
+        const CustomFloatParts parts = SplitIntoCustomFloat(split.magnitude, split.isNegative);
+        EXPECT_EQ(parts.firstByte, split.firstByte) << split.magnitude;
+        EXPECT_EQ(parts.mantissa, split.mantissa) << split.magnitude;
+    }
+}
+
+TEST(SplitIntoCustomFloat, ZeroRunsThroughAllExponents) {
+    EXPECT_EQ(SplitIntoCustomFloat(0, true).firstByte, 256);
+    EXPECT_EQ(SplitIntoCustomFloat(0, true).mantissa, 0);
+}
+
+TEST(MantissaBytes, HaveTwoDigitsOrMore) {
+    const auto bytesOf = [](double mantissa) {
+        const auto [second, third, fourth] = MantissaBytes(mantissa);
+        return ToUtf8(second + u" " + third + u" " + fourth);
+    };
+    EXPECT_EQ(bytesOf(0.78515625), "C9 00 00");
+    EXPECT_EQ(bytesOf(0.6), "99 99 99");
+    EXPECT_EQ(bytesOf(1), "100 00 00");
+    EXPECT_EQ(bytesOf(0), "00 00 00");
+    EXPECT_EQ(ErrorOf([&] { bytesOf(8388608); }), 6);
+}
+
 }  // namespace
 }  // namespace commtest

@@ -54,5 +54,17 @@ TEST(ShortenReading, TooSmallAValueBecomesZeroOrTheLastDecimal) {
 // 0.29 times a hundred million is a little below 29000000 as a double.
 TEST(ShortenReading, WorksOnTheNumberOfTheText) { EXPECT_EQ(Shortened(u"0.2900000"), "0.28999999"); }
 
+TEST(PutZeroBeforePoint, OnlyALeadingPointGetsIt) {
+    const auto completed = [](Text text) {
+        PutZeroBeforePoint(text);
+        return ToUtf8(text);
+    };
+    EXPECT_EQ(completed(u".5"), "0.5");
+    EXPECT_EQ(completed(u"-.5"), "-0.5");
+    EXPECT_EQ(completed(u"1.5"), "1.5");
+    EXPECT_EQ(completed(u"-1.5"), "-1.5");
+    EXPECT_EQ(completed(u""), "");
+}
+
 }  // namespace
 }  // namespace commtest

@@ -8,10 +8,17 @@
 #include <string>
 #include <type_traits>
 
+#include "numbers/bcd_code_explainer.h"
 #include "numbers/bit_text.h"
+#include "numbers/comm_code_explainer.h"
 #include "numbers/crc16.h"
+#include "numbers/device_code_explainers.h"
+#include "numbers/float_code_explainers.h"
+#include "numbers/float_value_explainers.h"
+#include "numbers/ieee_code_explainer.h"
 #include "numbers/lrc.h"
 #include "numbers/register_codecs.h"
+#include "numbers/two_byte_explainers.h"
 #include "protocol_modbus/decimal_row.h"
 #include "protocol_modbus/rtu_frame.h"
 #include "protocol_native/check_words.h"
@@ -94,6 +101,27 @@ Json CallBuildHct615dReadRequest(const Json& in) {
     return ToUtf8(bench.Form().SendText);
 }
 
+template <void (*explain)(const Text& code, Text& explanation)>
+Json CallExplain(const Json& in) {
+    Text explanation;
+    explain(TextAt(in, 0), explanation);
+    return ToUtf8(explanation);
+}
+
+template <void (*explain)(Text& text, Text& explanation)>
+Json CallRewritingExplain(const Json& in) {
+    Text text = TextAt(in, 0);
+    Text explanation;
+    explain(text, explanation);
+    return {{"text", ToUtf8(text)}, {"expl", ToUtf8(explanation)}};
+}
+
+Json CallExplainCommCode(const Json& in) {
+    Text explanation;
+    ExplainCommCode(TextAt(in, 0), TextAt(in, 1), explanation);
+    return ToUtf8(explanation);
+}
+
 template <void (*scale)(MainForm&, int, Text&, bool)>
 Json CallScale(const Json& in) {
     testing::BenchSession bench;
@@ -138,6 +166,19 @@ const std::map<std::string, Routine>& Routines() {
         {"ApplyDecimalPoint", CallScale<ApplyDecimalPoint>},
         {"ScaleByDecimalRow", CallScale<ScaleByDecimalRow>},
         {"BuildHct615dReadRequest", CallBuildHct615dReadRequest},
+        {"ExplainAccumulatedValue", CallExplain<ExplainAccumulatedValue>},
+        {"ExplainBcdCode", CallExplain<ExplainBcdCode>},
+        {"ExplainCommCode", CallExplainCommCode},
+        {"ExplainDisplayCode", CallExplain<ExplainDisplayCode>},
+        {"ExplainFloatCode", CallRewritingExplain<ExplainFloatCode>},
+        {"ExplainFlowMeterBcd", CallExplain<ExplainFlowMeterBcd>},
+        {"ExplainIeeeCode", CallExplain<ExplainIeeeCode>},
+        {"ExplainSignMagnitude", CallExplain<ExplainSignMagnitude>},
+        {"ExplainSignMagnitudeSwapped", CallExplain<ExplainSignMagnitudeSwapped>},
+        {"ExplainTqCode", CallExplain<ExplainTqCode>},
+        {"ExplainTwosComplement", CallExplain<ExplainTwosComplement>},
+        {"ExplainValueToFloatCode", CallRewritingExplain<ExplainValueToFloatCode>},
+        {"ExplainValueToIeee", CallExplain<ExplainValueToIeee>},
     };
     return routines;
 }

@@ -322,6 +322,16 @@ TEST_F(GridViewTest, ClickInTheSingleReadColumnPicksTheRowToRead) {
     EXPECT_EQ(form.CurrentRow, 7);
 }
 
+TEST_F(GridViewTest, ClickTellsHowTheValueOfTheRowIsReached) {
+    form.MeterCodeText = u"11010101";
+    grid.SetCell(3, 6, u"FFFF");
+    Press(3, 6, Qt::RightButton);
+    Release(3, 6, Qt::RightButton);
+    EXPECT_EQ(ToUtf8(form.ConCommString[0].WholeText()), "");
+    Click(3, 6);
+    EXPECT_THAT(ToUtf8(form.ConCommString[0].WholeText()), ::testing::HasSubstr("FFFF"));
+}
+
 TEST_F(GridViewTest, ClickInAnotherColumnHidesTheEditor) {
     Click(2, 10);
     ASSERT_TRUE(form.InputText.Visible());
