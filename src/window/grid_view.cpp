@@ -250,7 +250,11 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid() &&
                          pressed == indexAt(event->position().toPoint());
     if (!isClick) return;
-    binder_.Event([this] { MSHFlexGrid1_MouseUp(form_, index_); });
+    // The polling may have moved the current cell since the press.
+    binder_.Event([&] {
+        grid_.Select(pressed.row() + 1, pressed.column());
+        MSHFlexGrid1_MouseUp(form_, index_);
+    });
     Reveal(pressed);
     Click(event->globalPosition().toPoint());
 }
@@ -277,7 +281,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         PopUpMenu(PlaceOfCurrentCell());
     } else if (isClick) {
-        if (currentIndex().isValid()) binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
+        if (!currentIndex().isValid()) return;
+        Reveal(currentIndex());
+        binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
     } else {
         QTableView::keyPressEvent(event);
     }

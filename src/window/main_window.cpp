@@ -71,6 +71,11 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
     Adapt();
 }
 
+// A field that dies with the focus would be left while the views go.
+MainWindow::~MainWindow() {
+    if (QWidget* focus = focusWidget()) focus->clearFocus();
+}
+
 QWidget* MainWindow::MakeCentre() {
     columns_->setHandleWidth(kHandleWidth);
     columns_->addWidget(sidebar_);
@@ -151,7 +156,9 @@ void MainWindow::FollowFocus() {
 }
 
 void MainWindow::AddKey(const QKeySequence& keys, std::function<void()> action) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, std::move(action));
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, std::move(action));
 }
 
 void MainWindow::AddShortcuts() {
@@ -162,7 +169,7 @@ void MainWindow::AddShortcuts() {
     AddKey(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
     AddKey(Qt::CTRL | Qt::Key_F, [this, press] {
         press(toolbar::kSearch);
-        if (form_.FindFrame.Visible()) searchPanel_->setFocus();
+        if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
     });
     AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
     AddKey(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });

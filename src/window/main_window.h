@@ -24,6 +24,7 @@ class MainWindow : public QMainWindow {
   public:
     // Sizes, widths and the choice of the palette are remembered in `settings`, in the section "Window".
     MainWindow(MainForm& form, Theme& theme, QSettings& settings);
+    ~MainWindow() override;
 
     Binder& Views() { return binder_; }
     void SaveState();

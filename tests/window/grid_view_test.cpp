@@ -332,6 +332,15 @@ TEST_F(GridViewTest, ClickTellsHowTheValueOfTheRowIsReached) {
     EXPECT_THAT(ToUtf8(form.ConCommString[0].WholeText()), ::testing::HasSubstr("FFFF"));
 }
 
+TEST_F(GridViewTest, ClickCountsWhereItWasPressedThoughThePollingMovesTheCell) {
+    Press(2, 10);
+    grid.Select(7, 6);
+    Look();
+    Release(2, 10);
+    EXPECT_EQ(Current(), std::pair(2, 10));
+    EXPECT_TRUE(form.InputText.Visible());
+}
+
 TEST_F(GridViewTest, ClickInAnotherColumnHidesTheEditor) {
     Click(2, 10);
     ASSERT_TRUE(form.InputText.Visible());

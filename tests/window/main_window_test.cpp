@@ -194,6 +194,14 @@ TEST_F(MainWindowTest, SizeSplittersAndColumnsAreRemembered) {
     EXPECT_EQ(The<CommunicationPage>().Parameters().columnWidth(1), 300);
 }
 
+TEST_F(MainWindowTest, WindowMayGoWhileItsEditorHasTheFocus) {
+    Form().InputText.SetVisible(true);
+    Form().Focus.Ask(FocusWish::Target::CellEditor);
+    window->Views().Look();
+    window.reset();
+    EXPECT_FALSE(Form().InputText.Visible());
+}
+
 TEST_F(MainWindowTest, ClosingTheWindowLeaves) {
     window->close();
     EXPECT_TRUE(session.program.HasEnded);
