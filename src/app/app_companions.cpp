@@ -1,6 +1,7 @@
 #include "app/app_companions.h"
 
 #include "app/startup.h"
+#include "app/tool_window.h"
 #include "session/main_form.h"
 
 namespace commtest {
@@ -28,7 +29,7 @@ void AppCompanions::ExportParameterLists(MainForm& form) { SayNotThereYet(form, 
 void AppCompanions::ExportCurrentTable(MainForm& form) { SayNotThereYet(form, u"导出当前参数地址表"); }
 void AppCompanions::ExportAllTables(MainForm& form) { SayNotThereYet(form, u"导出全部参数地址表"); }
 void AppCompanions::ReloadParameters(MainForm& form) { SayNotThereYet(form, u"参数地址确认"); }
-void AppCompanions::OpenToolWindow(MainForm& form) { SayNotThereYet(form, u"系统小工具"); }
+void AppCompanions::OpenToolWindow(MainForm& form) { ShowToolWindow(tools_, form.store); }
 void AppCompanions::Leave(MainForm& form) { Form_Unload(form); }
 void AppCompanions::FindCommMeter(MainForm& form) { SayNotThereYet(form, u"仪表搜索"); }
 void AppCompanions::LoadRecording(MainForm& form, int) { SayNotThereYet(form, u"演示数据"); }

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "session/companions.h"
+#include "tools/data_tools.h"
 
 namespace commtest {
 
 // The routines above the session's floor. What is not built yet says so in the status bar, and only here.
 class AppCompanions : public Companions {
   public:
+    // `dataTools` is the one tool window, which OpenToolWindow loads.
+    explicit AppCompanions(DataTools& dataTools) : tools_(dataTools) {}
+
     void SwitchCapture(MainForm& form) override;
     void SwitchReplay(MainForm& form) override;
     void CaptureExchange(MainForm& form) override;
@@ -24,6 +28,9 @@ class AppCompanions : public Companions {
     void ChangeRecording(MainForm& form, int entry, int row) override;
     void ShowChipFilePanel(MainForm& form) override;
     void ShowChipRecord(MainForm& form, int row) override;
+
+  private:
+    DataTools& tools_;
 };
 
 }  // namespace commtest

@@ -28,7 +28,12 @@ void WireHandlers(MainForm& form) {
 
 }  // namespace
 
-Session::Session(const Outside& outside) : form_(outside, Protocols(), companions_) { WireHandlers(form_); }
+Session::Session(const Outside& outside)
+    : tools_(outside.dialogs, outside.clock, outside.program),
+      companions_(tools_),
+      form_(outside, Protocols(), companions_) {
+    WireHandlers(form_);
+}
 
 void LoadCatalogueLists(MainForm& form) {
     LoadProtocolList(form);

@@ -5,14 +5,16 @@
 
 namespace commtest {
 
-// A whole session: the form over its outside world, its handlers wired.
+// A whole session: the form and the tool window over their outside world, their handlers wired.
 class Session {
   public:
     explicit Session(const Outside& outside);
 
     MainForm& Form() { return form_; }
+    DataTools& Tools() { return tools_; }
 
   private:
+    DataTools tools_;
     AppCompanions companions_;
     MainForm form_;
 };

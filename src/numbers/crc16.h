@@ -9,6 +9,11 @@ namespace commtest {
 // one, the low-order byte of the 16 bits, leaves first on the line.
 class Crc16 {
   public:
+    Crc16() = default;
+
+    // Another start than that of the polynomial's name.
+    Crc16(std::uint8_t first, std::uint8_t second) : first_(first), second_(second) {}
+
     void Fold(std::uint8_t byte);
 
     std::uint8_t First() const { return first_; }

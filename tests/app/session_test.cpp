@@ -145,12 +145,10 @@ TEST(FeaturesNotBuiltYet, SayTheirNameInTheStatusNote) {
     const std::pair<Action, std::string> features[] = {
         {[](MainForm& form) { form.ConSaveData.Set(true); }, "数据采集: 此功能尚未提供"},
         {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, "数据演示: 此功能尚未提供"},
-        {[](MainForm& form) { ChooseMenuEntry(form, 1, 12); }, "系统小工具: 此功能尚未提供"},
         {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, "芯片资料: 此功能尚未提供"},
         {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, "芯片资料: 此功能尚未提供"},
         {[](MainForm& form) { ChooseGridMenuEntry(form, 2, 4, 1); }, "演示数据: 此功能尚未提供"},
         {[](MainForm& form) { FindMeter_Click(form, 1); }, "仪表搜索: 此功能尚未提供"},
-        {[](MainForm& form) { ToolbarMenuCommand(form, u"系统小工具"); }, "系统小工具: 此功能尚未提供"},
         {[](MainForm& form) { ToolbarMenuCommand(form, u"参数地址确认"); }, "参数地址确认: 此功能尚未提供"},
         {[](MainForm& form) { ToolbarMenuCommand(form, u"导出当前参数地址表"); },
          "导出当前参数地址表: 此功能尚未提供"},

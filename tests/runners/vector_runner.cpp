@@ -22,7 +22,9 @@
 #include "protocol_modbus/decimal_row.h"
 #include "protocol_modbus/rtu_frame.h"
 #include "protocol_native/check_words.h"
+#include "protocol_special/hct615d_checks.h"
 #include "protocol_special/hct615d_request.h"
+#include "protocol_special/novax_check_word.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
@@ -30,6 +32,8 @@
 #include "session/address.h"
 #include "session/decimal_point.h"
 #include "support/bench_session.h"
+#include "tools/data_tools.h"
+#include "tools/tool_checks.h"
 
 namespace commtest {
 
@@ -122,6 +126,62 @@ Json CallExplainCommCode(const Json& in) {
     return ToUtf8(explanation);
 }
 
+Json CallMakeCRCWordNOVAX(const Json& in) {
+    Text frame = TextAt(in, 0);
+    MakeCRCWordNOVAX(frame, TextAt(in, 1));
+    return ToUtf8(frame);
+}
+
+Json CallCrc16OfByteArray(const Json& in) {
+    return ToUtf8(Crc16OfByteArray(in.at(0).get<std::vector<std::uint8_t>>(), NumberAt(in, 1)));
+}
+
+Json CallAppendXorCheck(const Json& in) {
+    Text text = TextAt(in, 0);
+    const Text check = AppendXorCheck(text);
+    return {{"text", ToUtf8(text)}, {"check", ToUtf8(check)}};
+}
+
+// The tool with one protocol, which is chosen.
+struct ToolBench {
+    explicit ToolBench(int protocolCode) {
+        Form_Load(tools, {{u"", static_cast<std::int16_t>(protocolCode)}});
+    }
+
+    Json Message() const {
+        return session.dialogs.Shown.empty() ? Json() : Json(session.dialogs.Texts().back());
+    }
+    Json Box(std::size_t index) const { return ToUtf8(tools.OutString.at(index).Value()); }
+
+    testing::BenchSession session;
+    DataTools tools{session.dialogs, session.line, session.program};
+};
+
+Json CallCrc16OfHexText(const Json& in) {
+    const auto check = Crc16OfHexText(TextAt(in, 0));
+    return {{"check", ToUtf8(check.value_or(Text()))}, {"msg", check ? Json() : Json(ToUtf8(kNoHexText))}};
+}
+
+Json CallOutStringChange(const Json& in) {
+    ToolBench bench(0);
+    bench.tools.ConShowType.Choose(NumberAt(in, 1));
+    bench.tools.OutString[0].Set(TextAt(in, 0));
+    return bench.Box(3);
+}
+
+Json CallCommand1Click(const Json& in) {
+    ToolBench bench(NumberAt(in, 1));
+    bench.tools.OutMode.Choose(NumberAt(in, 0));
+    bench.tools.ConShowType.Choose(NumberAt(in, 3));
+    bench.tools.OutString[0].Set(TextAt(in, 2));
+    Command1_Click(bench.tools, 0);
+    return {{"s0", bench.Box(0)},
+            {"s1", bench.Box(1)},
+            {"s2", bench.Box(2)},
+            {"s3", bench.Box(3)},
+            {"msg", bench.Message()}};
+}
+
 template <void (*scale)(MainForm&, int, Text&, bool)>
 Json CallScale(const Json& in) {
     testing::BenchSession bench;
@@ -163,6 +223,13 @@ const std::map<std::string, Routine>& Routines() {
         {"AppendRtuCrc", InPlace<AppendRtuCrc>},
         {"TestRtuCrc", CallTest<TestRtuCrc>},
         {"CrcTables", CallCrcTables},
+        {"AppendXorCheck", CallAppendXorCheck},
+        {"CheckHct615dFrame", CallTest<CheckHct615dFrame>},
+        {"Command1_Click", CallCommand1Click},
+        {"Crc16OfByteArray", CallCrc16OfByteArray},
+        {"Crc16OfHexText", CallCrc16OfHexText},
+        {"MakeCRCWordNOVAX", CallMakeCRCWordNOVAX},
+        {"OutString_Change", CallOutStringChange},
         {"ApplyDecimalPoint", CallScale<ApplyDecimalPoint>},
         {"ScaleByDecimalRow", CallScale<ScaleByDecimalRow>},
         {"BuildHct615dReadRequest", CallBuildHct615dReadRequest},

@@ -26,6 +26,7 @@ class BenchSession {
     BenchSession();
 
     MainForm& Form() { return session_.Form(); }
+    DataTools& Tools() { return session_.Tools(); }
 
     // An instrument in the catalogue, `code` being its 编号.
     void Add(const Text& name, const Text& protocol, const Text& code,
