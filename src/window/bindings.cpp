@@ -108,6 +108,9 @@ void Bind(Binder& binder, OptionGroup& control, const QList<QAbstractButton*>& b
             // A group of buttons keeps one of them chosen; none is chosen only outside of it.
             button.setAutoExclusive(control.Chosen() >= 0);
             button.setChecked(control.IsChosen(index));
+            // The tabulator goes to the chosen one, where the arrow keys choose on.
+            const bool isEntry = control.IsChosen(index) || control.Chosen() < 0;
+            button.setFocusPolicy(isEntry ? Qt::StrongFocus : Qt::ClickFocus);
         }
     });
     for (int index = 0; index < buttons.size(); ++index) {

@@ -1,5 +1,6 @@
 #include "window/window_dialogs.h"
 
+#include <QApplication>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -27,9 +28,14 @@ void NameButtons(QMessageBox& box) {
 
 }  // namespace
 
+QWidget* WindowDialogs::Owner() const {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr ? active : window_;
+}
+
 void WindowDialogs::ShowMessage(const Text& text, const Text& detail) {
     QMessageBox box(QMessageBox::Information, kTitle, QString::fromStdU16String(text), QMessageBox::Ok,
-                    window_);
+                    Owner());
     box.setInformativeText(QString::fromStdU16String(detail));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     NameButtons(box);
@@ -38,14 +44,14 @@ void WindowDialogs::ShowMessage(const Text& text, const Text& detail) {
 
 void WindowDialogs::ShowError(int, const Text& standardMessage) {
     QMessageBox box(QMessageBox::Warning, kTitle, QString::fromStdU16String(standardMessage), QMessageBox::Ok,
-                    window_);
+                    Owner());
     NameButtons(box);
     box.exec();
 }
 
 bool WindowDialogs::AskYesNo(const Text& text) {
     QMessageBox box(QMessageBox::Question, kTitle, QString::fromStdU16String(text),
-                    QMessageBox::Yes | QMessageBox::No, window_);
+                    QMessageBox::Yes | QMessageBox::No, Owner());
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     NameButtons(box);
@@ -53,7 +59,7 @@ bool WindowDialogs::AskYesNo(const Text& text) {
 }
 
 Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
-    QInputDialog box(window_);
+    QInputDialog box(Owner());
     box.setWindowTitle(QString::fromStdU16String(title));
     box.setLabelText(QString::fromStdU16String(prompt));
     box.setTextValue(QString::fromStdU16String(proposal));

@@ -9,7 +9,7 @@ namespace commtest {
 // Boxes over the window. Each is modal and lets the events go on while it stands.
 class WindowDialogs : public Dialogs {
   public:
-    // The window that the boxes belong to; none before it is shown.
+    // The window that the boxes belong to while no other one is in use; none before it is shown.
     void SetWindow(QWidget* window) { window_ = window; }
 
     void ShowMessage(const Text& text, const Text& detail) override;
@@ -18,6 +18,8 @@ class WindowDialogs : public Dialogs {
     Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;
 
   private:
+    QWidget* Owner() const;
+
     QWidget* window_ = nullptr;
 };
 

@@ -63,6 +63,8 @@ void WindowProgram::WireEvents() {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)],
                       [this, index] { TimerTicks(Form(), index); });
     }
+    timers_.Drive(session_.Tools().Timer1,
+                  [this] { RunEvent(Form(), [this] { Timer1_Timer(session_.Tools()); }); });
 }
 
 bool WindowProgram::Start() {
@@ -72,8 +74,17 @@ bool WindowProgram::Start() {
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     theme_->Dress();
     dialogs_.SetWindow(window_.get());
+    window_->Views().Watch(session_.Tools().Window, [this] { FollowTool(); });
     window_->show();
     return true;
+}
+
+void WindowProgram::FollowTool() {
+    DataTools& tools = session_.Tools();
+    if (tools.Window.Visible() && !toolWindow_) {
+        toolWindow_ = std::make_unique<ToolWindow>(Form(), tools, *theme_, *store_);
+    }
+    if (toolWindow_) toolWindow_->Follow();
 }
 
 void WindowProgram::StartSimulator() {
@@ -95,6 +106,9 @@ void WindowProgram::ChooseSimulated() {
     ShowPortStatus(form);
 }
 
-void WindowProgram::Finish() { window_->SaveState(); }
+void WindowProgram::Finish() {
+    window_->SaveState();
+    if (toolWindow_) toolWindow_->SaveState();
+}
 
 }  // namespace commtest

@@ -13,6 +13,7 @@
 #include "host_qt/system_clock.h"
 #include "window/main_window.h"
 #include "window/simulated_instrument.h"
+#include "window/tool_window.h"
 #include "window/window_dialogs.h"
 
 namespace commtest {
@@ -41,6 +42,7 @@ class WindowProgram {
 
   private:
     void WireEvents();
+    void FollowTool();
     void StartSimulator();
     void ChooseSimulated();
 
@@ -59,6 +61,7 @@ class WindowProgram {
     Session session_;
     std::unique_ptr<Theme> theme_;
     std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<ToolWindow> toolWindow_;  // made when it is opened for the first time
 };
 
 }  // namespace commtest

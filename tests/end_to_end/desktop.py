@@ -54,6 +54,10 @@ class Desktop:
         subprocess.run(["xdotool", "windowfocus", "--sync", window], env=self.environment, check=True)
         return window
 
+    def active(self):
+        """The window that has the focus of the window manager; empty if there is none."""
+        return self._output("xdotool", "getactivewindow").strip()
+
     def fill(self, window):
         """Lets the window fill the screen, without a frame."""
         self.do("windowmove", "--sync", window, 0, 0)
@@ -72,5 +76,5 @@ class Desktop:
     def click(self, x, y, button=1):
         self.do("mousemove", x, y, "click", button)
 
-    def picture(self, path):
-        subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=True)
+    def picture(self, path, window="root"):
+        subprocess.run(["import", "-window", window, str(path)], env=self.environment, check=True)

@@ -1,59 +1,20 @@
 """The program with its window on a desktop: a user polls an instrument, writes a value and leaves, all by the
 keyboard."""
 
-import configparser
 import json
-import os
 import subprocess
-import tempfile
 import unittest
-from pathlib import Path
 
 from desktop import PATIENCE, Desktop, wait_for
 from programs import CLI, PLAIN, Simulator, description
-
-WINDOW = os.environ["COMMTEST"]
+from window_case import WindowCase
 
 DELAY = 22  # row of AL1报警延时, one byte
 WRITTEN = "@01W100312A16"  # 42 to this row; 16 is the exclusive or of the characters behind "@"
 TAKEN = "@01##01"
 
-# Steps of the tabulator from the list of protocols: instrument, address, count, format, options, any length,
-# no scrolling, record.
-TABS_TO_THE_RECORD = 8
 
-
-class WindowTest(unittest.TestCase):
-    def setUp(self):
-        scratch = tempfile.TemporaryDirectory()
-        self.addCleanup(scratch.cleanup)
-        self.scratch = Path(scratch.name)
-        self.folder = self.scratch / "folder"
-        self.settings = self.scratch / "settings.ini"
-        subprocess.run([CLI, "catalogue", "create", str(self.folder)], check=True, stdout=subprocess.DEVNULL)
-
-    def store(self, **settings):
-        lines = [f'{key}="{value}"' for key, value in settings.items()]
-        self.settings.write_text("\n".join(["[SystemSetting]", *lines, ""]), encoding="utf-8")
-
-    def stored(self):
-        parser = configparser.ConfigParser(interpolation=None)
-        parser.optionxform = str
-        parser.read(self.settings, encoding="utf-8")
-        return {key: value.strip('"') for key, value in parser["SystemSetting"].items()}
-
-    def start(self, desktop, device):
-        return desktop.start([WINDOW, "--folder", self.folder, "--settings", self.settings, "--port", f"COM1={device}"],
-                             XDG_RUNTIME_DIR=str(self.scratch), XDG_CONFIG_HOME=str(self.scratch))
-
-    def records(self):
-        return sorted((self.folder / "自动保存通讯记录").glob("记录*.rtf"))
-
-    def tick_with_the_keyboard(self, desktop):
-        """自动保存记录 and, beside it, 保存错误记录, on the left side of the window."""
-        desktop.press("shift+F6")
-        desktop.press(*["Tab"] * TABS_TO_THE_RECORD, "space", "Tab", "space")
-
+class WindowTest(WindowCase):
     def test_session_by_the_keyboard(self):
         self.store(SoftSeting="5 1 16 0 0 1", CommPort="9600,N,8,1 COM1")
         with Desktop() as desktop, Simulator(self.scratch, description(PLAIN[2]), "--drop", "0.02",

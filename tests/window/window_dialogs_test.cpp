@@ -42,6 +42,23 @@ TEST_F(WindowDialogsTest, MessageHasItsDetailBeneath) {
     EXPECT_EQ(detail, "设备不存在");
 }
 
+TEST_F(WindowDialogsTest, BoxBelongsToTheWindowInUse) {
+    QWidget main;
+    QWidget inUse;
+    dialogs.SetWindow(&main);
+    main.show();
+    inUse.show();
+    inUse.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&inUse));
+    QWidget* owner = nullptr;
+    User<QMessageBox>([&](QMessageBox& box) {
+        owner = box.parentWidget();
+        box.accept();
+    });
+    dialogs.ShowMessage(u"请等待", {});
+    EXPECT_EQ(owner, &inUse);
+}
+
 TEST_F(WindowDialogsTest, EventsGoOnWhileABoxStands) {
     int ticks = 0;
     QTimer timer;

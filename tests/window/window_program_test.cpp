@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -107,6 +108,56 @@ TEST_F(WindowProgramTest, ServerThatCannotBeReachedFallsBackSilently) {
     EXPECT_EQ(ToUtf8(Form().StatusBar1[0].Value()), "衡岫仪器公司    网络数据库    本地数据库");
     EXPECT_FALSE(Form().ConCommTypeList.Items().empty());
     EXPECT_EQ(boxes, QStringList());
+}
+
+class ToolOfTheProgramTest : public WindowProgramTest {
+  protected:
+    void PressToolKey() {
+        program->Window().activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&program->Window()));
+        QTest::keyClick(&program->Window(), Qt::Key_T, Qt::ControlModifier);
+    }
+};
+
+ToolWindow* FindToolWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* tool = qobject_cast<ToolWindow*>(widget)) return tool;
+    }
+    return nullptr;
+}
+
+TEST_F(ToolOfTheProgramTest, ToolWindowIsMadeWhenItIsWantedAndOnlyOnce) {
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(FindToolWindow(), nullptr);
+    PressToolKey();
+    ToolWindow* tool = FindToolWindow();
+    ASSERT_NE(tool, nullptr);
+    EXPECT_TRUE(tool->isVisible());
+    tool->close();
+    PressToolKey();
+    EXPECT_EQ(FindToolWindow(), tool);
+    EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(ToolOfTheProgramTest, ToolWindowStaysOpenBesideThePollingAndGoesWithTheProgram) {
+    ASSERT_TRUE(Start());
+    PressToolKey();
+    FindToolWindow()->resize(930, 555);
+    Leave();
+    EXPECT_EQ(FindToolWindow(), nullptr);
+    ASSERT_TRUE(Start());
+    PressToolKey();
+    EXPECT_EQ(FindToolWindow()->size(), QSize(930, 555));
+}
+
+TEST_F(ToolOfTheProgramTest, ClockOfTheToolGoesOn) {
+    ASSERT_TRUE(Start());
+    PressToolKey();
+    const auto clock = [] {
+        return FindToolWindow()->findChild<QStatusBar*>()->findChild<QLabel*>()->text();
+    };
+    const QString first = clock();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clock() != first; }, 5000));
 }
 
 TEST_F(WindowProgramTest, WindowOpensWithoutACatalogue) {
