@@ -2,10 +2,21 @@
 
 #include <QCommandLineOption>
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace commtest {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool TakesNextWord(QStringView word, const OptionList& options) {
+    return std::any_of(options.begin(), options.end(), [word](const Option& option) {
+        return !option.value.isEmpty() && option.name == word.mid(2);
+    });
+}
+
+}  // namespace
 
 Arguments::Arguments(QStringView verb, const QStringList& words, const OptionList& options)
     : verb_(verb.toString()) {
@@ -13,12 +24,33 @@ Arguments::Arguments(QStringView verb, const QStringList& words, const OptionLis
         parser_.addOption({option.name.toString(), {}, option.value.toString(), option.fallback.toString()});
     }
     // The parser takes the first word for the name of the program.
-    if (parser_.parse(QStringList(verb_) + words)) return;
+    if (parser_.parse(QStringList(verb_) + OptionsInFront(words, options))) return;
     if (!parser_.unknownOptionNames().isEmpty()) {
         throw BadUsage(u"没有选项 \"%1\""_s.arg(parser_.unknownOptionNames().constFirst()));
     }
     const QString name = QRegularExpression(u"'(.+)'"_s).match(parser_.errorText()).captured(1);
-    throw BadUsage(u"选项 %1 的值缺少或多余"_s.arg(name));
+    throw WrongCount(name);
+}
+
+// The parser would take the digits of a negative number for options, but for those behind "--".
+QStringList Arguments::OptionsInFront(const QStringList& words, const OptionList& options) const {
+    QStringList front;
+    QStringList positional;
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        if (words[i] == u"--") {
+            positional += words.mid(i + 1);
+            break;
+        }
+        if (!words[i].startsWith(u"--")) {
+            positional += words[i];
+            continue;
+        }
+        front += words[i];
+        if (!TakesNextWord(words[i], options)) continue;
+        if (i + 1 == words.size()) throw WrongCount(words[i]);
+        front += words[++i];
+    }
+    return front + QStringList(u"--"_s) + positional;
 }
 
 bool Arguments::Has(QStringView option) const { return parser_.isSet(option.toString()); }
@@ -28,6 +60,8 @@ QString Arguments::Value(QStringView option) const {
     if (value.isEmpty()) throw BadUsage(u"缺少选项 --%1"_s.arg(option));
     return value;
 }
+
+QStringList Arguments::Values(QStringView option) const { return parser_.values(option.toString()); }
 
 int Arguments::WholeNumber(QStringView option, int least, int most) const {
     bool isNumber = false;
@@ -43,6 +77,15 @@ QStringList Arguments::Positional(qsizetype count, QStringView meaning) const {
     if (words.size() < count) throw BadUsage(u"缺少参数: %1"_s.arg(meaning));
     if (words.size() > count) throw BadUsage(u"多余的参数 \"%1\""_s.arg(words[count]));
     return words;
+}
+
+std::optional<QString> Arguments::OnePositionalAtMost() const {
+    if (parser_.positionalArguments().isEmpty()) return std::nullopt;
+    return Positional(1, {}).constFirst();
+}
+
+Problem Arguments::WrongCount(const QString& option) const {
+    return BadUsage(u"选项 %1 的值缺少或多余"_s.arg(option));
 }
 
 Problem Arguments::BadValue(QStringView option, const QString& expected) const {

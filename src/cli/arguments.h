@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 #include "cli/problem.h"
@@ -19,7 +20,8 @@ struct Option {
 
 using OptionList = std::vector<Option>;
 
-// The words behind a verb. What is wrong with them is a Problem of bad usage.
+// The words behind a verb. Options have two dashes; a word with one, such as -12.5, is positional. What is
+// wrong with the words is a Problem of bad usage.
 class Arguments {
   public:
     Arguments(QStringView verb, const QStringList& words, const OptionList& options);
@@ -28,16 +30,23 @@ class Arguments {
 
     // The value given, or the option's own; a Problem if there is neither.
     QString Value(QStringView option) const;
+    // Of an option that may be given several times: all of them in order, or the option's own.
+    QStringList Values(QStringView option) const;
     int WholeNumber(QStringView option, int least, int most) const;
 
     // The words that are no options, which have to be so many.
     QStringList Positional(qsizetype count, QStringView meaning) const;
+    // The one that may be missing.
+    std::optional<QString> OnePositionalAtMost() const;
 
     // Problems for the caller to throw: the line gets the way to the help behind it; a wrong value is named.
     Problem BadUsage(const QString& line) const;
     Problem BadValue(QStringView option, const QString& expected) const;
 
   private:
+    QStringList OptionsInFront(const QStringList& words, const OptionList& options) const;
+    Problem WrongCount(const QString& option) const;
+
     QString verb_;
     QCommandLineParser parser_;
 };

@@ -17,11 +17,13 @@ const QString kStatusHelp =
     uR"(退出状态:
   0  成功
   1  仪表: --strict 下有不完整、校验出错或无应答的回答，写入被拒绝，读回的值不同，或运行错误结束了通讯
-  2  用法不对，或目录中没有这个名称
-  3  串口、目录或文件打不开，或通讯中串口断开
+  2  用法不对，目录中没有这个名称，或有不能换算的输入
+  3  串口、目录或文件打不开，通讯中串口断开，或结果写不出去
 )"_s;
 
-std::array<Verb, 4> Verbs() { return {PollVerb(), WriteVerb(), ListVerb(), CatalogueVerb()}; }
+std::array<Verb, 6> Verbs() {
+    return {PollVerb(), WriteVerb(), ListVerb(), CatalogueVerb(), ConvertVerb(), CheckVerb()};
+}
 
 QString Line(const QString& name, QStringView meaning, int width) {
     const int missing = width - DisplayWidth(name.toStdU16String());
@@ -30,7 +32,8 @@ QString Line(const QString& name, QStringView meaning, int width) {
 
 QString WholeHelp() {
     constexpr int kWidth = 36;
-    QString help = u"用法: commtest-cli 动词 [选项]\n\n在命令行上与仪表通讯。\n\n动词:\n"_s;
+    QString help =
+        u"用法: commtest-cli 动词 [选项]\n\n在命令行上与仪表通讯，换算数值，计算校验码。\n\n动词:\n"_s;
     for (const Verb& verb : Verbs())
         help += Line(u"%1 %2"_s.arg(verb.name, verb.usage), verb.purpose, kWidth);
     help += u"\n选项:\n"_s + Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助", kWidth) +
@@ -47,6 +50,7 @@ QString HelpOf(const Verb& verb) {
             Line(u"--%1 %2"_s.arg(option.name, option.value), option.meaning.toString() + fallback, kWidth);
     }
     help += Line(u"--help"_s, u"显示本帮助", kWidth);
+    if (!verb.notes.isEmpty()) help += u'\n' + verb.notes.toString();
     return help + u'\n' + kStatusHelp;
 }
 

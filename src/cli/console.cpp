@@ -6,8 +6,8 @@
 
 namespace commtest {
 
-Console::Console(std::ostream& results, std::ostream& problems, int liveWidth)
-    : results_(results), problems_(problems), liveWidth_(liveWidth) {}
+Console::Console(const ConsoleInput& input, std::ostream& results, std::ostream& problems, int liveWidth)
+    : input_(input), results_(results), problems_(problems), liveWidth_(liveWidth) {}
 
 void Console::Print(const std::string& text) {
     HideLive();
@@ -15,6 +15,8 @@ void Console::Print(const std::string& text) {
 }
 
 bool Console::Flush() { return static_cast<bool>(results_.flush()); }
+
+bool Console::TakesResults() const { return static_cast<bool>(results_); }
 
 void Console::Tell(TextView line) {
     if (line.empty()) return;

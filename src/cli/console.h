@@ -8,15 +8,23 @@
 
 namespace commtest {
 
-// Where a verb writes: results, problems, and on a terminal one line that changes.
+// Where a verb reads lines, where it has none of its own.
+struct ConsoleInput {
+    std::istream& lines;
+    bool isTyped = false;  // at a terminal, whose user wants to know what is expected
+};
+
+// The ways of a verb: lines in; out go results, problems, and on a terminal one line that changes.
 class Console {
   public:
     // `liveWidth`: the columns of the terminal behind `problems`; 0 if it is none, which then gets no live
     // line.
-    Console(std::ostream& results, std::ostream& problems, int liveWidth = 0);
+    Console(const ConsoleInput& input, std::ostream& results, std::ostream& problems, int liveWidth = 0);
     ~Console() { HideLive(); }
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
+
+    const ConsoleInput& Input() const { return input_; }
 
     // Results, printable as they are.
     void Print(const std::string& text);
@@ -24,6 +32,9 @@ class Console {
 
     // Hands the results on; false if they could not be written.
     bool Flush();
+
+    // False once results could not be written.
+    bool TakesResults() const;
 
     // One line for the user; nothing for an empty one.
     void Tell(TextView line);
@@ -34,6 +45,7 @@ class Console {
     void HideLive();
 
   private:
+    ConsoleInput input_;
     std::ostream& results_;
     std::ostream& problems_;
     int liveWidth_;

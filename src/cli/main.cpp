@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -33,6 +34,8 @@ int main(int argc, char* argv[]) {
     UseUtf8();
     const QCoreApplication application(argc, argv);
     std::ios::sync_with_stdio(false);
-    commtest::Console console(std::cout, std::cerr, TerminalWidth());
+    std::cin.tie(nullptr);
+    std::signal(SIGPIPE, SIG_IGN);  // results that nobody reads any more end a verb by its own exit status
+    commtest::Console console({std::cin, isatty(STDIN_FILENO) != 0}, std::cout, std::cerr, TerminalWidth());
     return commtest::RunCommandLine(QCoreApplication::arguments().mid(1), console);
 }

@@ -46,6 +46,17 @@ Text Escaped(char16_t unit) {
     return u"\\" + digits;
 }
 
+Text EscapedForJson(char16_t unit) {
+    switch (unit) {
+        case u'"': return u"\\\"";
+        case u'\\': return u"\\\\";
+        case u'\n': return u"\\n";
+        case u'\r': return u"\\r";
+        case u'\t': return u"\\t";
+        default: return u"\\u" + FittedToWidth(HexOf(static_cast<double>(unit)), 4);
+    }
+}
+
 int WidthOf(char16_t unit) { return IsIn(kWide, unit) ? 2 : 1; }
 
 }  // namespace
@@ -79,6 +90,18 @@ std::string PrintableLine(TextView text) {
         }
     }
     return PrintableText(Trim(line));
+}
+
+std::string JsonString(TextView text) {
+    Text quoted = u"\"";
+    for (const char16_t unit : text) {
+        if (unit == u'"' || unit == u'\\' || IsControl(unit)) {
+            quoted += EscapedForJson(unit);
+        } else {
+            quoted += unit;
+        }
+    }
+    return ToUtf8(quoted + u'"');
 }
 
 int DisplayWidth(TextView text) {

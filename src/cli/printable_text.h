@@ -14,6 +14,9 @@ std::string PrintableText(TextView text);
 // The same in one line: line ends, however many in a row, become one blank.
 std::string PrintableLine(TextView text);
 
+// A string of JSON with its quotes; control characters become the short escapes that JSON has or "\u202E".
+std::string JsonString(TextView text);
+
 // Cells that a text takes on a terminal: two of a Chinese character.
 int DisplayWidth(TextView text);
 

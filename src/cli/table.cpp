@@ -62,13 +62,6 @@ std::string CsvField(const Text& cell) {
     return "\"" + field + "\"";
 }
 
-std::string CsvLine(const std::vector<Text>& cells) {
-    std::string line;
-    for (const Text& cell : cells) line += CsvField(cell) + ",";
-    line.back() = '\n';
-    return line;
-}
-
 std::string PrintedCsv(const Table& table) {
     std::string printed = CsvLine(Headings(table));
     for (const auto& row : table.rows) printed += CsvLine(row);
@@ -84,12 +77,18 @@ QJsonValue JsonCell(const Text& cell, CellKind kind) {
 
 }  // namespace
 
-Format FormatOf(const Arguments& arguments) {
+std::optional<Format> FormatNamed(const QString& name) {
     static const QHash<QString, Format> kFormats = {
         {u"text"_s, Format::Plain}, {u"csv"_s, Format::Csv}, {u"json"_s, Format::Json}};
-    const QString format = arguments.Value(kFormatOption.name);
-    if (!kFormats.contains(format)) throw arguments.BadValue(kFormatOption.name, u" text、csv 或 json"_s);
-    return kFormats[format];
+    const auto format = kFormats.constFind(name);
+    if (format == kFormats.constEnd()) return std::nullopt;
+    return *format;
+}
+
+Format FormatOf(const Arguments& arguments) {
+    const auto format = FormatNamed(arguments.Value(kFormatOption.name));
+    if (!format) throw arguments.BadValue(kFormatOption.name, u" text、csv 或 json"_s);
+    return *format;
 }
 
 std::string Printed(const Table& table, Format format) {
@@ -110,6 +109,13 @@ QJsonArray JsonOf(const Table& table) {
         array.append(object);
     }
     return array;
+}
+
+std::string CsvLine(const std::vector<Text>& cells) {
+    std::string line;
+    for (const Text& cell : cells) line += CsvField(cell) + ",";
+    line.back() = '\n';
+    return line;
 }
 
 std::string PrintedJson(const QJsonValue& value) {

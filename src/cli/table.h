@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonValue>
 #include <QString>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ enum class Format { Plain, Csv, Json };
 
 extern const Option kFormatOption;
 Format FormatOf(const Arguments& arguments);
+std::optional<Format> FormatNamed(const QString& name);
 
 enum class CellKind { Words, Number, YesNo };  // a number is whole, a yes is 是
 
@@ -33,6 +35,9 @@ struct Table {
 // As UTF-8 with "\n" line ends, control characters shown as PrintableText does. Text has its columns side by
 // side, numbers on the right; CSV begins with the headings; JSON is an array with an object a row.
 std::string Printed(const Table& table, Format format);
+
+// One line of CSV.
+std::string CsvLine(const std::vector<Text>& cells);
 
 QJsonArray JsonOf(const Table& table);
 std::string PrintedJson(const QJsonValue& value);

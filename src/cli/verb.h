@@ -12,11 +12,14 @@ struct Verb {
     QStringView purpose;  // one sentence
     OptionList options;
     ExitStatus (*run)(const Arguments&, Console&);
+    QStringView notes = {};  // for the help, behind the options
 };
 
 Verb PollVerb();
 Verb WriteVerb();
 Verb ListVerb();
 Verb CatalogueVerb();
+Verb ConvertVerb();
+Verb CheckVerb();
 
 }  // namespace commtest

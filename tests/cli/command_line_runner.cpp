@@ -6,12 +6,13 @@
 
 namespace commtest::testing {
 
-Outcome RunCommand(const QStringList& words) {
+Outcome RunCommand(const QStringList& words, const std::string& input) {
+    std::istringstream lines(input);
     std::ostringstream results;
     std::ostringstream problems;
     Outcome outcome;
     {
-        Console console(results, problems);
+        Console console({lines}, results, problems);
         outcome.status = RunCommandLine(words, console);
     }
     outcome.results = results.str();

@@ -15,8 +15,8 @@ struct Outcome {
     std::string problems;
 };
 
-// Runs the command line in this process; no terminal is there.
-Outcome RunCommand(const QStringList& words);
+// Runs the command line in this process; no terminal is there. `input` is its standard input.
+Outcome RunCommand(const QStringList& words, const std::string& input = {});
 
 // A program folder with the shipped catalogue, made once for a test program.
 QString ShippedFolder();

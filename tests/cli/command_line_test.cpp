@@ -26,8 +26,8 @@ TEST(CommandLine, HelpNamesEachVerbAndEachExitStatus) {
     const Outcome outcome = RunCommand({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.problems, "");
-    for (const char* word :
-         {"poll", "write", "list", "catalogue", "\n  0  ", "\n  1  ", "\n  2  ", "\n  3  "}) {
+    for (const char* word : {"poll", "write", "list", "catalogue", "convert", "check", "\n  0  ", "\n  1  ",
+                             "\n  2  ", "\n  3  "}) {
         EXPECT_THAT(outcome.results, HasSubstr(word));
     }
 }
@@ -43,6 +43,8 @@ TEST(CommandLine, EachVerbHasItsHelp) {
         {"write", {"--row", "--value", "--port"}},
         {"list", {"protocols|instruments|parameters", "--format"}},
         {"catalogue", {"create"}},
+        {"convert", {"--format", "--to-code", "--to-value", "--explain"}},
+        {"check", {"--protocol", "--format"}},
     };
     for (const auto& row : rows) {
         const Outcome outcome = RunCommand({row.verb, "--help"});
@@ -61,6 +63,9 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"dance"}, "没有动词 \"dance\"。用法请看 commtest-cli --help"},
         {{"poll", "--colour"}, "没有选项 \"colour\"。用法请看 commtest-cli poll --help"},
         {{"poll", "--port"}, "选项 --port 的值缺少或多余。用法请看 commtest-cli poll --help"},
+        {{"poll", "-x"}, "多余的参数 \"-x\"。用法请看 commtest-cli poll --help"},
+        {{"write", "--value", "-12.5", "--row", "0"},
+         "选项 --row 的值 \"0\" 不对，应为 1 到 32767 的整数。用法请看 commtest-cli write --help"},
         {{"poll", "--strict=yes"}, "选项 --strict 的值缺少或多余。用法请看 commtest-cli poll --help"},
         {{"list"}, "缺少参数: protocols、instruments 或 parameters。用法请看 commtest-cli list --help"},
         {{"list", "ports"},

@@ -21,9 +21,10 @@ class RecordStreamTest : public ::testing::Test {
 
     QTemporaryDir folder;
     QString fileName = folder.filePath(QString::fromUtf8("记录.txt"));
+    std::istringstream input;
     std::ostringstream results;
     std::ostringstream problems;
-    Console console{results, problems};
+    Console console{{input}, results, problems};
 };
 
 TEST_F(RecordStreamTest, BlocksComeOutOldestFirst) {

@@ -13,10 +13,10 @@ MANUAL = Path(__file__).resolve().parents[2] / "packaging/man/commtest-cli.1"
 class ManualTest(unittest.TestCase):
     def test_each_option_of_each_verb_stands_in_the_manual(self):
         manual = MANUAL.read_text(encoding="utf-8")
-        for verb in ("poll", "write", "list", "catalogue"):
+        for verb in ("poll", "write", "list", "catalogue", "convert", "check"):
             self.assertIn(f".Ss {verb}", manual)
             text = subprocess.run([CLI, verb, "--help"], capture_output=True, encoding="utf-8", check=True).stdout
-            options = re.findall(r"^  --([a-z]+)", text, re.MULTILINE)
+            options = re.findall(r"^  --([a-z-]+)", text, re.MULTILINE)
             self.assertIn("help", options)
             for option in options:
                 self.assertRegex(manual, rf"Fl -{option}\b", f"{verb} --{option}")

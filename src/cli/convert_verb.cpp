@@ -1,0 +1,138 @@
+#include "cli/line_answers.h"
+#include "cli/round_trip.h"
+#include "cli/verb.h"
+#include "numbers/comm_code_explainer.h"
+#include "numbers/float_value_explainers.h"
+#include "numbers/register_codecs.h"
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLastNumberFormat = 12;
+
+// --format names the number format, and a second time, if it is given so, the form of the result.
+struct Formats {
+    std::optional<int> number;
+    std::optional<Format> form;
+};
+
+void TakeFormat(const QString& word, const Arguments& arguments, Formats& formats) {
+    bool isNumber = false;
+    const int number = word.toInt(&isNumber);
+    const auto form = FormatNamed(word);
+    if (!form && (!isNumber || number < 0 || number > kLastNumberFormat)) {
+        throw arguments.BadUsage(
+            u"选项 --format 的值 \"%1\" 不对，应为数值格式 0 到 12，或 text、csv、json"_s.arg(word));
+    }
+    if (form ? formats.form.has_value() : formats.number.has_value()) {
+        throw arguments.BadUsage(u"选项 --format 的值 \"%1\" 多余"_s.arg(word));
+    }
+    if (form) {
+        formats.form = form;
+    } else {
+        formats.number = number;
+    }
+}
+
+Formats FormatsOf(const Arguments& arguments) {
+    Formats formats;
+    for (const QString& word : arguments.Values(kFormatOption.name)) TakeFormat(word, arguments, formats);
+    if (!formats.number) throw arguments.BadUsage(u"缺少数值格式: --format 0 到 12"_s);
+    return formats;
+}
+
+Direction DirectionOf(const Arguments& arguments) {
+    if (arguments.Has(u"to-code") && arguments.Has(u"to-value")) {
+        throw arguments.BadUsage(u"选项 --to-code 和 --to-value 只能用一个"_s);
+    }
+    return arguments.Has(u"to-value") ? Direction::ToValue : Direction::ToCode;
+}
+
+Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Text& input) {
+    const Text quoted = u"\"" + input + u"\" ";
+    const Text format = u"格式 " + WholeText(conversion.format) + u" ";
+    const bool isOverflow = error.Number() == RuntimeError::kOverflow;
+    if (conversion.direction == Direction::ToCode) {
+        return isOverflow ? quoted + u"超出" + format + u"的范围" : quoted + u"不是数值";
+    }
+    return isOverflow ? quoted + u"不是有限的数" : quoted + u"不是" + format + u"能读出的代码";
+}
+
+void ExplainCode(const Text& code, int formatNumber, Text& explanation) {
+    const Text meterCode = u"  " + WholeText(formatNumber);
+    ExplainCommCode(meterCode, code, explanation);
+}
+
+void Explain(const Conversion& conversion, const Text& input, const Text& result, Text& explanation) {
+    if (conversion.direction == Direction::ToValue) return ExplainCode(input, conversion.format, explanation);
+    Text value = input;
+    switch (conversion.format) {
+        case register_format::kCustomFloat: return ExplainValueToFloatCode(value, explanation);
+        case register_format::kIeeeSingle: return ExplainValueToIeee(value, explanation);
+        default: return ExplainCode(result, conversion.format, explanation);
+    }
+}
+
+Answer Converted(const Conversion& conversion, bool isExplained, const Text& input) {
+    Answer answer;
+    answer.result = input;
+    try {
+        Convert(conversion, answer.result);
+    } catch (const RuntimeError& error) {
+        return {{}, ProblemOf(conversion, error, input), {}, {}};
+    }
+    if (!isExplained) return answer;
+    PassOverError([&] { Explain(conversion, input, answer.result, answer.explanation); });
+    answer.notes = RoundTripNotes(conversion, input, answer.result);
+    return answer;
+}
+
+ExitStatus Convert(const Arguments& arguments, Console& console) {
+    const Formats formats = FormatsOf(arguments);
+    const Conversion conversion = {*formats.number, DirectionOf(arguments)};
+    const bool isExplained = arguments.Has(u"explain");
+    const QString expected = conversion.direction == Direction::ToCode ? u"每行输入一个数值，Ctrl-D 结束"_s
+                                                                       : u"每行输入一个代码，Ctrl-D 结束"_s;
+    return AnswerTexts(arguments.OnePositionalAtMost(), expected,
+                       {formats.form.value_or(Format::Plain), isExplained}, console,
+                       [&](const Text& input) { return Converted(conversion, isExplained, input); });
+}
+
+constexpr QStringView kNotes =
+    uR"(不给出数值或代码时从标准输入逐行读取。
+
+数值格式:
+  0   双字节原码，低字节在前
+  1   双字节补码
+  2   自定义浮点数
+  3   IEEE-754 单精度浮点数
+  5   BCD 码，带符号和小数位数
+  6   双字节原码，高字节在前
+  7   单字节
+  8   累积值，两个自定义浮点数，只读出
+  9   十六进制数，只读出
+  11  IEEE-754 单精度浮点数，只读出
+  12  写出双字节原码，读出补码
+  4、10 不作换算
+)";
+
+}  // namespace
+
+Verb ConvertVerb() {
+    return {u"convert",
+            u"--format N [选项] [数值|代码]",
+            u"数值与通讯代码互相换算，一个或标准输入中的每一行",
+            {{u"format", u"N", u"数值格式 0 到 12；再给一次 text、csv 或 json 为结果的格式"},
+             {u"to-code", {}, u"数值换算成代码，不给出方向时也是"},
+             {u"to-value", {}, u"代码换算成数值"},
+             {u"explain", {}, u"加上换算过程，并说明换算不能还原之处"}},
+            Convert,
+            kNotes};
+}
+
+}  // namespace commtest

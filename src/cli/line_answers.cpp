@@ -1,0 +1,125 @@
+#include "cli/line_answers.h"
+
+#include <cstdint>
+#include <istream>
+#include <string>
+#include <utility>
+
+#include "cli/printable_text.h"
+#include "runtime/number.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Text Joined(const std::vector<Text>& notes) {
+    Text joined;
+    for (const Text& note : notes) joined += joined.empty() ? note : Text(kLineEnd) + note;
+    return joined;
+}
+
+std::string PlainLines(const Answer& answer, bool isExplained) {
+    std::string lines = PrintableText(answer.result) + "\n";
+    if (!isExplained) return lines;
+    if (!answer.explanation.empty()) {
+        const std::string explanation = PrintableText(answer.explanation);
+        lines += "\n" + explanation.substr(0, explanation.find_last_not_of('\n') + 1) + "\n";
+    }
+    if (!answer.notes.empty()) lines += "\n";
+    for (const Text& note : answer.notes) lines += PrintableText(u"注意: " + note) + "\n";
+    return lines;
+}
+
+std::string CsvLineOf(const Text& input, const Answer& answer, bool isExplained) {
+    if (!isExplained) return CsvLine({input, answer.result});
+    return CsvLine({input, answer.result, answer.explanation, Joined(answer.notes)});
+}
+
+std::string JsonArrayOf(const std::vector<Text>& texts) {
+    std::string array;
+    for (const Text& text : texts) array += (array.empty() ? "" : ", ") + JsonString(text);
+    return "[" + array + "]";
+}
+
+std::string JsonObject(const Text& input, const Answer& answer, bool isExplained) {
+    const std::string begin = "{\"input\": " + JsonString(input);
+    if (!answer.problem.empty()) return begin + ", \"error\": " + JsonString(answer.problem) + "}";
+    const std::string result = begin + ", \"result\": " + JsonString(answer.result);
+    if (!isExplained) return result + "}";
+    return result + ", \"explanation\": " + JsonString(answer.explanation) +
+           ", \"notes\": " + JsonArrayOf(answer.notes) + "}";
+}
+
+// One line without its end; false behind the last one. What was answered goes out before a wait for more.
+bool TakeLine(Console& console, Text& line) {
+    std::istream& lines = console.Input().lines;
+    if (lines.rdbuf()->in_avail() <= 0) console.Flush();
+    std::string bytes;
+    if (!std::getline(lines, bytes)) return false;
+    if (bytes.ends_with('\r')) bytes.pop_back();
+    line = FromUtf8(bytes);
+    return true;
+}
+
+ExitStatus AnswerLines(const AnswerForm& form, Console& console, const AnswerOf& answerOf) {
+    AnswerPrinter printer(console, form);
+    ExitStatus status = ExitStatus::Good;
+    Text line;
+    for (std::int64_t number = 1; console.TakesResults() && TakeLine(console, line); ++number) {
+        const Answer answer = answerOf(line);
+        printer.Add(line, answer);
+        if (answer.problem.empty()) continue;
+        console.Tell(u"第 " + WholeText(number) + u" 行: " + answer.problem);
+        status = ExitStatus::BadUsage;
+    }
+    printer.Finish();
+    if (console.Input().lines.bad()) {
+        throw Problem(ExitStatus::NoAccess, u"标准输入读不出来，请检查它的来源"_s);
+    }
+    return status;
+}
+
+}  // namespace
+
+AnswerPrinter::AnswerPrinter(Console& console, const AnswerForm& form) : console_(console), form_(form) {
+    if (form_.format == Format::Json) console_.Print(std::string("["));
+    if (form_.format != Format::Csv) return;
+    console_.Print(std::string(form_.isExplained ? "input,result,explanation,notes\n" : "input,result\n"));
+}
+
+void AnswerPrinter::Add(const Text& input, const Answer& answer) {
+    const bool isFirst = !std::exchange(hasAnswers_, true);
+    switch (form_.format) {
+        case Format::Json:
+            console_.Print((isFirst ? "\n  " : ",\n  ") + JsonObject(input, answer, form_.isExplained));
+            return;
+        case Format::Csv: console_.Print(CsvLineOf(input, answer, form_.isExplained)); return;
+        default:
+            if (form_.isExplained && !isFirst) console_.Print(std::string("\n"));
+            console_.Print(PlainLines(answer, form_.isExplained));
+    }
+}
+
+void AnswerPrinter::Finish() {
+    if (form_.format == Format::Json) console_.Print(std::string("\n]\n"));
+}
+
+ExitStatus AnswerTexts(const std::optional<QString>& text, const QString& expected, const AnswerForm& form,
+                       Console& console, const AnswerOf& answerOf) {
+    if (!text) {
+        if (console.Input().isTyped) console.Tell(expected);
+        return AnswerLines(form, console, answerOf);
+    }
+    const Text input = text->toStdU16String();
+    const Answer answer = answerOf(input);
+    if (!answer.problem.empty())
+        throw Problem(ExitStatus::BadUsage, QString::fromStdU16String(answer.problem));
+    AnswerPrinter printer(console, form);
+    printer.Add(input, answer);
+    printer.Finish();
+    return ExitStatus::Good;
+}
+
+}  // namespace commtest
