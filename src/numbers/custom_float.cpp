@@ -13,23 +13,21 @@ namespace bits = custom_float;
 
 constexpr int kExponentRounds = 64;
 
-// The working value lives in text between the steps, which decides the last digits of the code.
-double ThroughText(double value) { return ToNumber(NumberText(value)); }
-
 }  // namespace
 
+// The working value lives in text between the steps, which decides the last digits of the code.
 CustomFloatParts SplitIntoCustomFloat(double magnitude, bool isNegative) {
     int firstByte = isNegative ? bits::kNegative : 0;
-    double x = ThroughText(magnitude);
+    double x = RoundedToText(magnitude);
     for (int round = 0; round < kExponentRounds && x >= 1; ++round) {
-        x = ThroughText(x / 2);
+        x = RoundedToText(x / 2);
         ++firstByte;
     }
     if (x < 0.5) {
         firstByte += bits::kNegativeExponent;
         int round = 0;
         do {
-            x = ThroughText(x + x);
+            x = RoundedToText(x + x);
             ++firstByte;
             ++round;
             // Not "<": a power of two goes one round further, to 1, and gets its nine characters; they are
@@ -43,10 +41,10 @@ std::array<Text, 3> MantissaBytes(double mantissa) {
     std::array<Text, 3> bytes;
     double x = mantissa;
     for (Text& byte : bytes) {
-        x = ThroughText(x * 256);
+        x = RoundedToText(x * 256);
         const double whole = std::floor(x);
         byte = CodeByteOf(whole);
-        x = ThroughText(x - whole);
+        x = RoundedToText(x - whole);
     }
     return bytes;
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <locale>
 #include <sstream>
 #include <string>
@@ -24,6 +25,15 @@ int HexDigitValue(char16_t c) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+constexpr int kDoubleDigits = 15;
+
+std::string ScientificForm(double value, int significant) {
+    char printed[40];
+    const auto end = std::to_chars(std::begin(printed), std::end(printed), value,
+                                   std::chars_format::scientific, significant - 1);
+    return {std::begin(printed), end.ptr};
+}
+
 // A number in decimal: 0.d1d2d3... times 10 to the power of `point`, rounded to its significant digits.
 struct Decimal {
     bool negative = false;
@@ -32,9 +42,7 @@ struct Decimal {
 };
 
 Decimal DecimalOf(double value, int significant) {
-    char printed[40];
-    std::snprintf(printed, sizeof printed, "%.*e", significant - 1, std::fabs(value));
-    const std::string text = printed;
+    const std::string text = ScientificForm(std::fabs(value), significant);
     const auto e = text.find('e');
     Decimal decimal;
     decimal.negative = std::signbit(value);
@@ -94,8 +102,7 @@ struct FixedParts {
 };
 
 FixedParts FixedPartsOf(double value, int decimals) {
-    constexpr int kSignificantDigits = 15;
-    const Decimal decimal = DecimalOf(value, kSignificantDigits);
+    const Decimal decimal = DecimalOf(value, kDoubleDigits);
     // All digits from the first whole one to the last decimal wanted, and the one behind it that decides.
     std::string digits = decimal.point < 0 ? std::string(static_cast<std::size_t>(-decimal.point), '0') : "";
     digits += decimal.digits;
@@ -172,9 +179,16 @@ std::optional<int> HexPairValue(TextView pair) {
     return value;
 }
 
-Text NumberText(double value) { return NumberTextOf(value, 15); }
+Text NumberText(double value) { return NumberTextOf(value, kDoubleDigits); }
 Text SingleText(float value) { return NumberTextOf(static_cast<double>(value), 7); }
 Text WholeText(std::int64_t value) { return FromUtf8(std::to_string(value)); }
+
+double RoundedToText(double value) {
+    const std::string digits = ScientificForm(value, kDoubleDigits);
+    double rounded = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
+    return read.ec == std::errc::result_out_of_range ? NumberBeyondRange(digits) : rounded;
+}
 
 Text HexOf(double value) {
     char printed[16];

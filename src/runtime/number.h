@@ -36,6 +36,10 @@ Text NumberText(double value);
 Text SingleText(float value);
 Text WholeText(std::int64_t value);
 
+// A finite value as its number text has it, without the text in between; negative zero stays. Error 6 where
+// the text leaves the range of a double.
+double RoundedToText(double value);
+
 // Upper-case hexadecimal without leading zeros, of the number rounded half to even to a signed 32-bit one; a
 // negative value gives eight digits. Error 6 beyond 32 bits, error 13 for a text that is no number.
 Text HexOf(double value);

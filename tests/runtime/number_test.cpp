@@ -179,6 +179,19 @@ TEST(NumberText, TakesExponentFormBelow1EMinus4) {
     for (const TextRow& row : rows) EXPECT_EQ(ToUtf8(NumberText(row.number)), row.text);
 }
 
+TEST(RoundedToText, IsTheValueOfTheText) {
+    EXPECT_EQ(RoundedToText(0.1 + 0.2), 0.3);
+    EXPECT_EQ(RoundedToText(1.0 / 3), 0.333333333333333);
+    EXPECT_EQ(RoundedToText(-2.0 / 3), -0.666666666666667);
+    EXPECT_EQ(RoundedToText(1234567890123456), 1234567890123460);
+    EXPECT_EQ(RoundedToText(1.25), 1.25);
+    EXPECT_EQ(RoundedToText(5e-324), 5e-324);
+}
+
+TEST(RoundedToText, RaisesError6WhereTheTextLeavesTheRange) {
+    EXPECT_EQ(ErrorOf([] { RoundedToText(std::numeric_limits<double>::max()); }), 6);
+}
+
 TEST(SingleText, IsRoundedTo7Digits) {
     EXPECT_EQ(ToUtf8(SingleText(3.14F)), "3.14");
     EXPECT_EQ(ToUtf8(SingleText(0.1F)), ".1");
