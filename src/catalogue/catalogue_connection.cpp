@@ -21,8 +21,9 @@ struct ServerFile {
     Text database;
 };
 
-// The value of the first line, behind its first blank; a missing line has none. The line is taken off.
+// The value of the first line, behind its first blank. The line is taken off.
 Text TakeValue(TextView& file) {
+    if (file.empty()) throw RuntimeError(RuntimeError::kPastEndOfFile);
     const auto lineEnd = file.find(u'\n');
     Text line(file.substr(0, lineEnd));
     if (line.ends_with(u'\r')) line.pop_back();
@@ -35,6 +36,7 @@ ServerFile ReadServerFile(const ProgramFiles& files) {
     TextView rest = text;
     ServerFile file;
     for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);
+    TakeValue(rest);  // a file that ends before its fifth line is none
     return file;
 }
 

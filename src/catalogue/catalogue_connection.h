@@ -11,7 +11,8 @@ class MainForm;
 StoreAddress LocalCatalogue(const ProgramFiles& files);
 
 // Where the catalogue of the server is: the connection string made of Setup.ini. Its first four lines, each
-// "label value", name the server, the user, the password and the database. Error 53 without the file.
+// "label value", name the server, the user, the password and the database; a fifth one follows. Error 53
+// without the file, error 62 if it has fewer lines.
 StoreAddress ServerCatalogue(const ProgramFiles& files);
 
 // Opens the catalogue of the server in mode 0, where a newer program is offered first, else the local one,

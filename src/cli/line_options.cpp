@@ -1,9 +1,8 @@
 #include "cli/line_options.h"
 
-#include <QRegularExpression>
-
 #include "cli/catalogue_access.h"
 #include "host_qt/line_settings.h"
+#include "host_qt/named_port.h"
 
 namespace commtest {
 
@@ -12,20 +11,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargestAddress = 65535;
-constexpr int kLargestPort = 9999;
 constexpr int kLongestInterval = 3'600'000;  // milliseconds
 // The wait for a reply, 150000 ms divided by the baud rate, has to stay inside 16 bits.
 constexpr int kLowestBaudRate = 50;
 
+Text Number(int number) { return QString::number(number).toStdU16String(); }
+
 void TakePort(const Arguments& arguments, LineOptions& options) {
-    static const QRegularExpression kForm(u"^COM(\\d{1,4})(?:=(.+))?$"_s,
-                                          QRegularExpression::CaseInsensitiveOption);
-    const auto match = kForm.match(arguments.Value(u"port"));
-    const int number = match.captured(1).toInt();
-    if (number < 1 || number > kLargestPort)
-        throw arguments.BadValue(u"port", u" COM1 或 COM1=设备 的形式"_s);
-    options.port = u"COM" + match.captured(1).toStdU16String();
-    if (match.hasCaptured(2)) options.devices[number] = match.captured(2);
+    const auto port = NamedPortOf(arguments.Value(u"port"));
+    if (!port) throw arguments.BadValue(u"port", u" COM1 或 COM1=设备 的形式"_s);
+    options.port = u"COM" + Number(port->number);
+    if (!port->device.isEmpty()) options.devices[port->number] = port->device;
 }
 
 Text SettingsOf(const Arguments& arguments) {
@@ -44,8 +40,6 @@ std::optional<int> ShowModeOf(const Arguments& arguments) {
     if (mode != u"ascii" && mode != u"hex") throw arguments.BadValue(u"show", u" ascii 或 hex"_s);
     return mode == u"ascii" ? 0 : 1;
 }
-
-Text Number(int number) { return QString::number(number).toStdU16String(); }
 
 }  // namespace
 

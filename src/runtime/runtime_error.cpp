@@ -14,6 +14,7 @@ Text MessageOf(int number) {
         case RuntimeError::kTypeMismatch: return u"类型不匹配";
         case RuntimeError::kBadFile: return u"文件名或文件号错误";
         case RuntimeError::kFileNotFound: return u"文件未找到";
+        case RuntimeError::kPastEndOfFile: return u"输入超出文件尾";
         case RuntimeError::kPathNotFound: return u"路径未找到";
         default: return u"应用程序定义或对象定义错误";
     }

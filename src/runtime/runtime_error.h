@@ -17,6 +17,7 @@ class RuntimeError : public std::exception {
     static constexpr int kTypeMismatch = 13;    // 类型不匹配
     static constexpr int kBadFile = 52;         // 文件名或文件号错误
     static constexpr int kFileNotFound = 53;    // 文件未找到
+    static constexpr int kPastEndOfFile = 62;   // 输入超出文件尾
     static constexpr int kPathNotFound = 76;    // 路径未找到
     static constexpr int kStore = 3146;         // a statement of the store failed
 

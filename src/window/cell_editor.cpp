@@ -18,12 +18,30 @@ CellEditor::CellEditor(Binder& binder, GridView& grid)
     setFont(Theme::MonoFont());
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Bind(binder, binder.Form().InputText, *this);
-    WhenLeft(*this, [this] { binder_.Event([this] { InputText_LostFocus(binder_.Form()); }); });
+    WhenLeft(*this, [this] { Hide(); });
+    binder.AtEachLook([this] { FollowCell(); });
 }
 
 // One pixel higher than the cell, to cover the edge of the row above.
+void CellEditor::Place() { setGeometry(grid_.visualRect(grid_.currentIndex()).adjusted(0, -1, 0, 0)); }
+
+void CellEditor::Hide() {
+    binder_.Event([this] { InputText_LostFocus(binder_.Form()); });
+}
+
+// The window and the columns change under it.
+void CellEditor::FollowCell() {
+    if (isHidden()) return;
+    if (grid_.visualRect(grid_.currentIndex()).intersects(grid_.viewport()->rect())) {
+        Place();
+    } else {
+        Hide();
+        grid_.setFocus();
+    }
+}
+
 void CellEditor::TakeFocus() {
-    setGeometry(grid_.visualRect(grid_.currentIndex()).adjusted(0, -1, 0, 0));
+    Place();
     setFocus(Qt::OtherFocusReason);
     selectAll();
 }

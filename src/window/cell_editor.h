@@ -22,6 +22,10 @@ class CellEditor : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void Place();
+    void Hide();
+    void FollowCell();
+
     Binder& binder_;
     GridView& grid_;
 };

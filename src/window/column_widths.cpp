@@ -3,7 +3,6 @@
 #include <QDataStream>
 #include <QFontMetricsF>
 #include <QIODevice>
-#include <QList>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -55,17 +54,21 @@ int ColumnWidths::WidthOfTexts(int col) const {
 }
 
 void ColumnWidths::SetByUser(int col, int width) {
-    const auto place = static_cast<std::size_t>(col);
-    if (place < columns_.size()) columns_[place].byUser = width;
+    const auto count = std::ssize(columns_);
+    if (col >= count) return;
+    byUser_.resize(count);
+    byUser_[col] = width;
 }
 
 std::vector<int> ColumnWidths::InRoom(int room) const {
     std::vector<int> widths;
     std::vector<int> wishes;
     std::vector<int> weights;
-    for (const Column& column : columns_) {
-        const bool isFree = column.byUser == 0;
-        widths.push_back(isFree ? column.smallest : column.byUser);
+    const bool isByUser = byUser_.size() == std::ssize(columns_);
+    for (qsizetype col = 0; col < std::ssize(columns_); ++col) {
+        const Column& column = columns_[static_cast<std::size_t>(col)];
+        const bool isFree = !isByUser || byUser_[col] == 0;
+        widths.push_back(isFree ? column.smallest : byUser_[col]);
         wishes.push_back(isFree ? column.wanted - column.smallest : 0);
         weights.push_back(isFree ? column.weight : 0);
     }
@@ -77,11 +80,9 @@ std::vector<int> ColumnWidths::InRoom(int room) const {
 }
 
 QByteArray ColumnWidths::Save() const {
-    QList<qint32> widths;
-    for (const Column& column : columns_) widths += column.byUser;
     QByteArray saved;
     QDataStream stream(&saved, QIODevice::WriteOnly);
-    stream << widths;
+    stream << byUser_;
     return saved;
 }
 
@@ -89,8 +90,9 @@ void ColumnWidths::Restore(const QByteArray& saved) {
     QList<qint32> widths;
     QDataStream stream(saved);
     stream >> widths;
-    if (widths.size() != std::ssize(columns_)) return;
-    for (int col = 0; col < widths.size(); ++col) SetByUser(col, std::clamp(widths[col], 0, kWidestByUser));
+    if (widths.isEmpty()) return;
+    for (qint32& width : widths) width = std::clamp(width, 0, kWidestByUser);
+    byUser_ = widths;
 }
 
 }  // namespace commtest

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <vector>
 
 #include "controls/grid.h"
@@ -22,7 +23,8 @@ class ColumnWidths {
 
     std::vector<int> InRoom(int room) const;
 
-    // The widths that the user has set.
+    // The widths that the user has set. A list gets its columns when it is first filled: what was restored
+    // waits for them, and counts for as many columns only.
     QByteArray Save() const;
     void Restore(const QByteArray& saved);
 
@@ -31,7 +33,6 @@ class ColumnWidths {
         int smallest = 0;
         int wanted = 0;
         int weight = 0;
-        int byUser = 0;  // 0 if the user has set none
     };
 
     int WidthOfTexts(int col) const;
@@ -39,6 +40,7 @@ class ColumnWidths {
     const Grid& grid_;
     int index_;
     std::vector<Column> columns_;
+    QList<qint32> byUser_;  // 0 for a column that the user has not set
 };
 
 }  // namespace commtest

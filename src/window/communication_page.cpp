@@ -70,13 +70,11 @@ void CommunicationPage::FocusCellEditor() { editor_->TakeFocus(); }
 void CommunicationPage::SaveState(QSettings& settings) const {
     settings.setValue(u"GridSplitter"_s, halves_->saveState());
     settings.setValue(u"PaneSplitter"_s, panes_->saveState());
-    settings.setValue(u"ParameterColumns"_s, grid_->SaveWidths());
 }
 
 void CommunicationPage::RestoreState(const QSettings& settings) {
     halves_->restoreState(settings.value(u"GridSplitter"_s).toByteArray());
     panes_->restoreState(settings.value(u"PaneSplitter"_s).toByteArray());
-    grid_->RestoreWidths(settings.value(u"ParameterColumns"_s).toByteArray());
 }
 
 }  // namespace commtest

@@ -1,10 +1,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMessageBox>
-#include <QRegularExpression>
 #include <iostream>
 
+#include "host_qt/named_port.h"
 #include "runtime/runtime_error.h"
+#include "window/toolkit_texts.h"
 #include "window/window_program.h"
 
 namespace {
@@ -20,13 +21,11 @@ constexpr int kNoAccess = 3;
 }
 
 commtest::DeviceMap DevicesOf(const QStringList& ports) {
-    static const QRegularExpression kForm(u"^COM(\\d{1,4})=(.+)$"_s,
-                                          QRegularExpression::CaseInsensitiveOption);
     commtest::DeviceMap devices;
-    for (const QString& port : ports) {
-        const auto match = kForm.match(port);
-        if (!match.hasMatch()) RefuseOption(u"--port 须写成 COM1=设备 的形式"_s);
-        devices[match.captured(1).toInt()] = match.captured(2);
+    for (const QString& text : ports) {
+        const auto port = commtest::NamedPortOf(text);
+        if (!port || port->device.isEmpty()) RefuseOption(u"--port 须写成 COM1=设备 的形式"_s);
+        devices[port->number] = port->device;
     }
     return devices;
 }
@@ -56,6 +55,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(u"commtest"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
     const commtest::WindowOptions options = OptionsOf(application);
+    commtest::LoadToolkitTexts();
     try {
         commtest::WindowProgram program(options);
         if (!program.Start()) return 0;

@@ -33,6 +33,7 @@ constexpr QSize kSmallest(880, 446);
 constexpr QSize kFirst(1366, 700);
 constexpr int kHandleWidth = 5;
 constexpr int kNarrowestMainArea = 715;
+const QList<int> kFirstColumns = {Sidebar::kFirstWidth, kFirst.width() - Sidebar::kFirstWidth};
 
 // Widths of the window below which it gives up something.
 constexpr int kWithCaptions = 1180;  // of the toolbar
@@ -41,6 +42,8 @@ constexpr int kSidebarBeside = 952;  // below, it lies over the main area
 constexpr int kRoomyHeight = 800;
 
 constexpr int kAreas = 4;  // sidebar, page, strip, record
+
+QString ColumnsKey(const GridView& grid) { return u"Columns%1"_s.arg(grid.Index()); }
 
 }  // namespace
 
@@ -83,7 +86,7 @@ QWidget* MainWindow::MakeCentre() {
     columns_->setStretchFactor(0, 0);
     columns_->setStretchFactor(1, 1);
     columns_->setCollapsible(1, false);
-    columns_->setSizes({Sidebar::kFirstWidth, kFirst.width() - Sidebar::kFirstWidth});
+    columns_->setSizes(kFirstColumns);
     auto* centre = new QWidget(this);
     auto* layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -125,8 +128,10 @@ void MainWindow::SaveState() {
     settings_.beginGroup(u"Window"_s);
     settings_.setValue(u"Geometry"_s, saveGeometry());
     settings_.setValue(u"Sidebar"_s, wantsSidebar_);
-    if (!sidebarLiesOver_) settings_.setValue(u"SidebarSplitter"_s, columns_->saveState());
+    settings_.setValue(u"SidebarSplitter"_s, sidebarLiesOver_ ? besideState_ : columns_->saveState());
     communication_->SaveState(settings_);
+    for (const GridView* grid : pages_->findChildren<GridView*>())
+        settings_.setValue(ColumnsKey(*grid), grid->SaveWidths());
     settings_.endGroup();
     settings_.sync();
 }
@@ -137,6 +142,8 @@ void MainWindow::RestoreState() {
     wantsSidebar_ = settings_.value(u"Sidebar"_s, true).toBool();
     columns_->restoreState(settings_.value(u"SidebarSplitter"_s).toByteArray());
     communication_->RestoreState(settings_);
+    for (GridView* grid : pages_->findChildren<GridView*>())
+        grid->RestoreWidths(settings_.value(ColumnsKey(*grid)).toByteArray());
     settings_.endGroup();
 }
 
@@ -192,10 +199,13 @@ void MainWindow::AddShortcuts() {
     AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_L, [this] { SwitchPalette(); });
 }
 
-// A field of the port page takes effect when it is left; a key that starts the session does not leave it.
+// A field of the port page takes effect when it is left; a key that starts the session does not leave it,
+// nor does the end of the program.
 void MainWindow::LeaveFields() {
     QWidget* focus = QApplication::focusWidget();
-    if (focus != nullptr && pages_->widget(1)->isAncestorOf(focus)) focus->clearFocus();
+    if (focus == nullptr || !pages_->widget(1)->isAncestorOf(focus)) return;
+    focus->clearFocus();
+    focus->setFocus();
 }
 
 void MainWindow::MoveToArea(int step) {
@@ -251,9 +261,12 @@ void MainWindow::AdaptMainArea() {
 }
 
 void MainWindow::ToggleSidebar() {
-    const bool shown = !sidebar_->isVisible();
+    const bool wasShut = !sidebarLiesOver_ && columns_->sizes().front() == 0;
+    const bool shown = !sidebar_->isVisible() || wasShut;
     if (!isNarrow_) wantsSidebar_ = shown;
     ShowSidebar(shown);
+    columns_->refresh();  // its width is 0 until the columns are laid out
+    if (shown && !sidebarLiesOver_ && columns_->sizes().front() == 0) columns_->setSizes(kFirstColumns);
 }
 
 void MainWindow::ShowSidebar(bool shown) {
@@ -263,11 +276,13 @@ void MainWindow::ShowSidebar(bool shown) {
 
 void MainWindow::LaySidebarOver(bool over) {
     if (over) {
+        if (!sidebarLiesOver_) besideState_ = columns_->saveState();
         sidebar_->setParent(centralWidget());
         sidebar_->setGeometry(0, columns_->y(), Sidebar::kFirstWidth, columns_->height());
         sidebar_->raise();
     } else if (sidebarLiesOver_) {
         columns_->insertWidget(0, sidebar_);
+        columns_->restoreState(besideState_);
     }
     sidebarLiesOver_ = over;
 }
@@ -285,6 +300,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    LeaveFields();
     binder_.Event([this] { Form_Unload(form_); });
     event->accept();
 }

@@ -7,6 +7,7 @@
 
 #include "window/binder.h"
 #include "window/theme.h"
+#include "window/wheel_guard.h"
 
 namespace commtest {
 
@@ -57,6 +58,7 @@ class MainWindow : public QMainWindow {
     Theme& theme_;
     QSettings& settings_;
     Binder binder_;
+    WheelGuard wheelGuard_;
 
     ToolBar* toolBar_;
     Sidebar* sidebar_;
@@ -69,6 +71,7 @@ class MainWindow : public QMainWindow {
     GridView* catalogue_ = nullptr;
     bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough
     bool sidebarLiesOver_ = false;  // it lies over the main area
+    QByteArray besideState_;        // of the columns, while it does
     bool isNarrow_ = false;
 };
 

@@ -6,7 +6,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QThread>
+#include <utility>
 
 namespace commtest {
 
@@ -15,25 +15,46 @@ using namespace Qt::StringLiterals;
 const char16_t* const SimulatedInstrument::kProtocol = u"TQ仪表协议";
 const char16_t* const SimulatedInstrument::kName = u"HX-D10智能数字显示控制仪";
 
-SimulatedInstrument::~SimulatedInstrument() {
-    if (process_.state() == QProcess::NotRunning) return;
-    process_.terminate();
-    process_.waitForFinished();
+SimulatedInstrument::SimulatedInstrument(QString program, int patience)
+    : program_(std::move(program)), patience_(patience) {}
+
+SimulatedInstrument::~SimulatedInstrument() { End(); }
+
+QString SimulatedInstrument::ProgramBeside() {
+    return QCoreApplication::applicationDirPath() + u"/instrument-simulator"_s;
 }
 
 bool SimulatedInstrument::Start() {
-    constexpr int kPatience = 3000;  // milliseconds
     const QString description = folder_.filePath(u"indicator.txt"_s);
     QFile::copy(u":/simulator/indicator.txt"_s, description);
     process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     process_.setStandardOutputFile(QProcess::nullDevice());
     process_.setStandardInputFile(QProcess::nullDevice());
-    process_.start(QCoreApplication::applicationDirPath() + u"/instrument-simulator"_s,
-                   {u"--description"_s, description, u"--link"_s, Device()});
-    if (!process_.waitForStarted(kPatience)) return false;
-    const QDeadlineTimer deadline(kPatience);
-    while (!QFile::exists(Device()) && !deadline.hasExpired()) QThread::msleep(5);
+    process_.start(program_, {u"--description"_s, description, u"--link"_s, Device()});
+    if (!process_.waitForStarted(patience_)) {
+        problem_ = process_.errorString();
+        return false;
+    }
+    if (AwaitDevice()) return true;
+    problem_ = process_.state() == QProcess::NotRunning ? u"模拟仪表程序已退出"_s : u"模拟仪表没有按时就绪"_s;
+    End();
+    return false;
+}
+
+bool SimulatedInstrument::AwaitDevice() {
+    const QDeadlineTimer deadline(patience_);
+    while (!QFile::exists(Device()) && !deadline.hasExpired()) {
+        if (process_.waitForFinished(5)) return false;
+    }
     return QFile::exists(Device());
+}
+
+void SimulatedInstrument::End() {
+    if (process_.state() == QProcess::NotRunning) return;
+    process_.terminate();
+    if (process_.waitForFinished(patience_)) return;
+    process_.kill();
+    process_.waitForFinished();
 }
 
 }  // namespace commtest

@@ -26,7 +26,8 @@ void TextSpinBox::SetRange(int lowest, int highest) {
 void TextSpinBox::stepBy(int steps) {
     bool isNumber = false;
     const int value = lineEdit()->text().trimmed().toInt(&isNumber);
-    const int wanted = isNumber ? std::clamp(value + steps * step_, lowest_, highest_) : lowest_;
+    const qint64 wanted =
+        isNumber ? std::clamp<qint64>(value + qint64{steps} * step_, lowest_, highest_) : lowest_;
     SetText(QString::number(wanted));
     selectAll();
     emit Edited(lineEdit()->text());

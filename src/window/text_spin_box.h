@@ -17,7 +17,6 @@ class TextSpinBox : public QAbstractSpinBox {
 
     void SetRange(int lowest, int highest);
     void SetStep(int step) { step_ = step; }
-    int Step() const { return step_; }
 
     void stepBy(int steps) override;
 

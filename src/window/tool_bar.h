@@ -2,7 +2,6 @@
 
 #include <QToolButton>
 #include <QWidget>
-#include <functional>
 
 #include "window/binder.h"
 #include "window/theme.h"

@@ -3,6 +3,8 @@
 #include "app/startup.h"
 #include "catalogue/shipped_catalogue.h"
 #include "host_qt/program_folder.h"
+#include "host_qt/qt_settings.h"
+#include "host_qt/unsaved_settings.h"
 #include "session/events.h"
 #include "session/port_settings.h"
 
@@ -15,6 +17,14 @@ namespace {
 std::unique_ptr<QSettings> OpenSettings(const QString& file) {
     if (file.isEmpty()) return std::make_unique<QSettings>(u"CommTest"_s, u"CommTest"_s);
     return std::make_unique<QSettings>(file, QSettings::IniFormat);
+}
+
+// What a session with the simulated instrument chooses goes only to a file that is named for it.
+std::unique_ptr<SettingsStore> SettingsIn(QSettings& store, const WindowOptions& options) {
+    if (options.hasSimulator && options.settingsFile.isEmpty()) {
+        return std::make_unique<UnsavedSettings>(store);
+    }
+    return std::make_unique<QtSettings>(store);
 }
 
 QString FolderOf(const WindowOptions& options) {
@@ -50,8 +60,8 @@ WindowProgram::WindowProgram(const WindowOptions& options)
       hasSimulator_(options.hasSimulator),
       files_(FolderOf(options)),
       port_(DevicesOf(options, simulated_, *store_)),
-      settings_(*store_),
-      session_({port_, dialogs_, clock_, files_, catalogue_, settings_, program_}),
+      settings_(SettingsIn(*store_, options)),
+      session_({port_, dialogs_, clock_, files_, catalogue_, *settings_, program_}),
       theme_(std::make_unique<Theme>(PaletteChoice(*store_))) {
     WireEvents();
 }

@@ -4,10 +4,10 @@
 #include <memory>
 
 #include "app/session.h"
+#include "host/settings_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
-#include "host_qt/qt_settings.h"
 #include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
@@ -19,10 +19,10 @@
 namespace commtest {
 
 struct WindowOptions {
-    QString folder;        // the program folder; empty: the usual one
-    QString settingsFile;  // empty: the user's
-    DeviceMap devices;     // ports that have a device of their own
-    bool hasSimulator = false;
+    QString folder;             // the program folder; empty: the usual one
+    QString settingsFile;       // empty: the user's
+    DeviceMap devices;          // ports that have a device of their own
+    bool hasSimulator = false;  // the session then leaves the user's settings as they are
 };
 
 // The program with a window: a session over the machine it runs on.
@@ -55,7 +55,7 @@ class WindowProgram {
     QtSerialPort port_;
     WindowDialogs dialogs_;
     SystemClock clock_;
-    QtSettings settings_;
+    std::unique_ptr<SettingsStore> settings_;
     QtProgram program_;
     QtTimers timers_;
     Session session_;

@@ -46,10 +46,33 @@ TEST_F(CatalogueConnectionTest, NetworkModeJoinsTheFirstFourLinesOfTheServerFile
     EXPECT_EQ(Panel(), "衡岫仪器公司    网络数据库");
 }
 
-TEST_F(CatalogueConnectionTest, ServerFileMayEndEarlyAndHaveLinesWithoutABlank) {
-    files.TextFiles[u"Setup.ini"] = u"server host\nuser\npassword secret";
+TEST_F(CatalogueConnectionTest, LineOfTheServerFileWithoutABlankHasNoValue) {
+    files.TextFiles[u"Setup.ini"] = u"server host\nuser\npassword secret\n\nlast";
     EXPECT_EQ(ToUtf8(ServerCatalogue(files).location),
               "driver={SQL Server};Server=host;uid=;pwd=secret;database=");
+}
+
+TEST_F(CatalogueConnectionTest, ServerFileOfFewerThanFiveLinesIsUnreadable) {
+    store.Offer(u"driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d", CreateCatalogueTables);
+    for (const Text& file : {Text(u""), Text(u"server host\nuser sa\npassword secret"),
+                             Text(u"server host\r\nuser sa\r\npassword secret\r\ndatabase d\r\n")}) {
+        SCOPED_TRACE(ToUtf8(file));
+        files.TextFiles[u"Setup.ini"] = file;
+        try {
+            ServerCatalogue(files);
+            ADD_FAILURE() << "read";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), 62);
+        }
+        OpenCatalogue(session.Form(), 0);
+        EXPECT_FALSE(store.IsOpen());
+    }
+}
+
+TEST_F(CatalogueConnectionTest, FifthLineOfTheServerFileMayBeEmpty) {
+    files.TextFiles[u"Setup.ini"] = u"server host\nuser sa\npassword secret\ndatabase d\n\n";
+    EXPECT_EQ(ToUtf8(ServerCatalogue(files).location),
+              "driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d");
 }
 
 TEST_F(CatalogueConnectionTest, MissingLocalFileLeavesTheStoreClosedAndIsPassedOver) {

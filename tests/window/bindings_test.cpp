@@ -194,6 +194,18 @@ TEST(TextSpinBox, StepKeepsTheNumberBetweenItsBounds) {
     EXPECT_EQ(box.Text(), "1");
 }
 
+TEST(TextSpinBox, StepFromTheLargestNumberStaysWithinTheBounds) {
+    TextSpinBox box;
+    box.SetRange(0, 65535);
+    box.SetStep(1000);
+    box.SetText("2147483647");
+    box.stepBy(1);
+    EXPECT_EQ(box.Text(), "65535");
+    box.SetText("-2147483648");
+    box.stepBy(-1);
+    EXPECT_EQ(box.Text(), "0");
+}
+
 TEST(TextSpinBox, TextIsFreeAndAStepFromNoNumberGivesTheLowest) {
     TextSpinBox box;
     box.SetRange(3, 9);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSettings>
@@ -223,6 +224,39 @@ TEST_F(CellEditorTest, ScrollHidesIt) {
     Open();
     view.verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_FALSE(editor.isVisible());
+}
+
+TEST_F(CellEditorTest, FollowsItsCellWhenTheWindowOrAColumnChanges) {
+    Open();
+    const QRect before = editor.geometry();
+    const auto expectOverTheCell = [&] {
+        QApplication::processEvents();
+        window.Views().Look();
+        EXPECT_TRUE(editor.isVisible());
+        EXPECT_EQ(editor.geometry(), CellAt(1, 10).adjusted(0, -1, 0, 0));
+        EXPECT_NE(editor.geometry(), before);
+    };
+    window.resize(1600, 900);
+    expectOverTheCell();
+    window.resize(1366, 700);
+    QApplication::processEvents();
+    view.horizontalHeader()->resizeSection(1, view.columnWidth(1) - 20);
+    expectOverTheCell();
+    EXPECT_EQ(QApplication::focusWidget(), &editor);
+}
+
+TEST_F(CellEditorTest, HidesWhenItsCellLeavesTheView) {
+    ClickCell(4, 10);
+    ASSERT_TRUE(editor.isVisible());
+    QTest::keyClicks(&editor, "3");
+    window.resize(880, 446);
+    QApplication::processEvents();
+    window.Views().Look();
+    ASSERT_FALSE(view.viewport()->rect().intersects(CellAt(4, 10)));
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), &view);
+    EXPECT_EQ(session.Cell(4, 10), "");
+    EXPECT_THAT(FramesAt(5000), IsEmpty());
 }
 
 TEST_F(CellEditorTest, ClickInAnotherColumnHidesIt) {

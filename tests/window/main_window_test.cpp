@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include "window/search_panel.h"
 #include "window/sidebar.h"
 #include "window/tab_row.h"
+#include "window/text_spin_box.h"
 #include "window/tool_bar.h"
 #include "window/view_bench.h"
 
@@ -46,6 +48,21 @@ class MainWindowTest : public ::testing::Test {
         return *window->findChild<Part*>();
     }
 
+    QComboBox* BaudRate() {
+        Press(Qt::Key_2, Qt::ControlModifier);
+        return Page()->findChildren<QComboBox*>().at(1);
+    }
+    QSplitter& Columns() { return *The<Sidebar>().window()->findChild<QSplitter*>(); }
+
+    // What the user does with the wheel goes on to the widgets below where it is not taken.
+    static void TurnWheelOver(QWidget& widget) {
+        const QPointF place = widget.rect().center();
+        QWheelEvent event(place, widget.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(&widget, &event);
+    }
+
     QWidget* Page() { return window->findChild<QStackedWidget*>()->currentWidget(); }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(window.get(), key, modifiers);
@@ -66,13 +83,20 @@ TEST_F(MainWindowTest, StartKeyStartsAndStops) {
 }
 
 TEST_F(MainWindowTest, StartKeyLeavesAPortField) {
-    Press(Qt::Key_2, Qt::ControlModifier);
-    auto* baud = Page()->findChildren<QComboBox*>().at(1);
-    baud->lineEdit()->setFocus();
+    QComboBox* baud = BaudRate();
+    baud->setFocus();
     baud->lineEdit()->selectAll();
     QTest::keyClicks(baud->lineEdit(), "19200");
     Press(Qt::Key_F5);
     EXPECT_EQ(ToUtf8(session.line.Settings()), "19200,N,8,1");
+}
+
+TEST_F(MainWindowTest, StartKeyLeavesTheFocusWhereItWas) {
+    QComboBox* baud = BaudRate();
+    baud->setFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(QApplication::focusWidget(), baud);
+    EXPECT_TRUE(baud->lineEdit()->hasFocus());
 }
 
 TEST_F(MainWindowTest, NumberKeysBringThePages) {
@@ -168,6 +192,107 @@ TEST_F(MainWindowTest, SidebarLiesOverAVeryNarrowWindowUntilAClickOutside) {
     EXPECT_EQ(The<Sidebar>().parentWidget()->metaObject()->className(), std::string("QSplitter"));
 }
 
+TEST_F(MainWindowTest, SidebarThatLayOverTheMainAreaGetsItsWidthBack) {
+    Columns().setSizes({310, 1051});
+    QApplication::processEvents();
+    ASSERT_EQ(The<Sidebar>().width(), 310);
+    window->resize(900, 500);
+    Press(Qt::Key_F9);
+    Press(Qt::Key_F9);
+    Press(Qt::Key_F9);
+    EXPECT_EQ(The<Sidebar>().width(), 264);
+    window->resize(1366, 700);
+    QApplication::processEvents();
+    EXPECT_EQ(The<Sidebar>().width(), 310);
+}
+
+TEST_F(MainWindowTest, SidebarComesBackAsWideAsItWasHidden) {
+    Columns().setSizes({310, 1051});
+    Press(Qt::Key_F9);
+    QApplication::processEvents();
+    Press(Qt::Key_F9);
+    QApplication::processEvents();
+    EXPECT_EQ(The<Sidebar>().width(), 310);
+}
+
+TEST_F(MainWindowTest, SidebarThatWasDraggedShutComesBack) {
+    Columns().setSizes({0, 1361});
+    QApplication::processEvents();
+    Press(Qt::Key_F9);
+    QApplication::processEvents();
+    EXPECT_EQ(The<Sidebar>().width(), 264);
+    EXPECT_EQ(The<Sidebar>().x(), 0);
+    Columns().setSizes({0, 1361});
+    The<TabRow>().SidebarButton().click();
+    EXPECT_EQ(Columns().sizes().at(0), 264);
+    Press(Qt::Key_F9);
+    EXPECT_FALSE(The<Sidebar>().isVisible());
+}
+
+TEST_F(MainWindowTest, SidebarThatWasDraggedShutComesBackInAWindowThatWasSmall) {
+    Columns().setSizes({0, 1361});
+    window->SaveState();
+    Open();
+    window->resize(900, 500);
+    Press(Qt::Key_F9);
+    EXPECT_EQ(The<Sidebar>().width(), 264);
+    window->resize(1366, 700);
+    Press(Qt::Key_F9);
+    QApplication::processEvents();
+    EXPECT_EQ(Columns().sizes().at(0), 264);
+}
+
+TEST_F(MainWindowTest, SidebarThatWasDraggedShutComesBackInANarrowWindow) {
+    Columns().setSizes({0, 1361});
+    window->resize(1000, 600);
+    QApplication::processEvents();
+    Press(Qt::Key_F9);
+    QApplication::processEvents();
+    EXPECT_EQ(The<Sidebar>().width(), 264);
+    EXPECT_EQ(Columns().sizes().at(0), 264);
+}
+
+TEST_F(MainWindowTest, WheelOverAFieldWithoutTheFocusChangesNothing) {
+    Press(Qt::Key_F, Qt::ControlModifier);
+    for (const Qt::Key page : {Qt::Key_1, Qt::Key_2}) {
+        Press(page, Qt::ControlModifier);
+        QWidget* focus = &The<TabRow>().Tabs();
+        focus->setFocus();
+        int fields = 0;
+        for (QWidget* widget : window->findChildren<QWidget*>()) {
+            auto* list = qobject_cast<QComboBox*>(widget);
+            auto* number = qobject_cast<TextSpinBox*>(widget);
+            if (!widget->isVisible() || !widget->isEnabled() || (list == nullptr && number == nullptr))
+                continue;
+            ++fields;
+            const auto text = [=] { return list != nullptr ? list->currentText() : number->Text(); };
+            const QString before = text();
+            TurnWheelOver(*widget);
+            if (auto* edit = widget->findChild<QLineEdit*>()) TurnWheelOver(*edit);
+            EXPECT_EQ(text(), before) << widget->accessibleName().toStdString();
+            EXPECT_EQ(QApplication::focusWidget(), focus) << widget->accessibleName().toStdString();
+        }
+        EXPECT_GE(fields, 8);
+    }
+}
+
+TEST_F(MainWindowTest, WheelOverAFieldWithoutTheFocusScrollsTheSidebar) {
+    window->resize(1200, 446);
+    QApplication::processEvents();
+    QScrollBar& bar = *The<Sidebar>().verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    TurnWheelOver(*The<Sidebar>().findChild<QComboBox*>());
+    EXPECT_GT(bar.value(), 0);
+}
+
+TEST_F(MainWindowTest, WheelOverTheFieldWithTheFocusStepsIt) {
+    auto* address = The<Sidebar>().findChild<TextSpinBox*>();
+    address->setFocus();
+    address->SetText("7");
+    TurnWheelOver(*address);
+    EXPECT_EQ(address->Text(), "6");
+}
+
 TEST_F(MainWindowTest, WindowFitsItsSmallestSize) {
     window->resize(880, 446);
     EXPECT_EQ(window->size(), QSize(880, 446));
@@ -194,6 +319,26 @@ TEST_F(MainWindowTest, SizeSplittersAndColumnsAreRemembered) {
     EXPECT_EQ(The<CommunicationPage>().Parameters().columnWidth(1), 300);
 }
 
+// The lists get their columns when their page is shown.
+TEST_F(MainWindowTest, ColumnsOfTheListsAreRememberedEvenWhereTheirPageIsNotShown) {
+    const auto list = [this](int index) { return window->findChild<QStackedWidget*>()->widget(index + 1); };
+    const auto fill = [this](int rows, int cols) {
+        for (const std::size_t index : {1u, 2u}) Form().MSHFlexGrid1[index].SetSize(rows, cols);
+        window->Views().Look();
+    };
+    fill(4, 6);
+    static_cast<GridView*>(list(1))->setColumnWidth(2, 301);
+    static_cast<GridView*>(list(2))->setColumnWidth(3, 302);
+    window->SaveState();
+    fill(0, 0);
+    Open();
+    window->SaveState();
+    Open();
+    fill(4, 6);
+    EXPECT_EQ(static_cast<GridView*>(list(1))->columnWidth(2), 301);
+    EXPECT_EQ(static_cast<GridView*>(list(2))->columnWidth(3), 302);
+}
+
 TEST_F(MainWindowTest, WindowMayGoWhileItsEditorHasTheFocus) {
     Form().InputText.SetVisible(true);
     Form().Focus.Ask(FocusWish::Target::CellEditor);
@@ -206,6 +351,15 @@ TEST_F(MainWindowTest, ClosingTheWindowLeaves) {
     window->close();
     EXPECT_TRUE(session.program.HasEnded);
     EXPECT_TRUE(session.settings.Values.contains(u"SoftSeting"));
+}
+
+TEST_F(MainWindowTest, ClosingTheWindowTakesOverThePortFieldInHand) {
+    QComboBox* baud = BaudRate();
+    baud->setFocus();
+    baud->lineEdit()->selectAll();
+    QTest::keyClicks(baud->lineEdit(), "19200");
+    window->close();
+    EXPECT_EQ(ToUtf8(session.settings.Values[u"CommPort"]), "19200,N,8,1 COM1");
 }
 
 TEST_F(MainWindowTest, EveryFieldHasAnAccessibleName) {

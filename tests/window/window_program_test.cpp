@@ -14,6 +14,7 @@
 #include "host_qt/program_folder.h"
 #include "host_qt/pseudo_terminal.h"
 #include "session/events.h"
+#include "session/port_settings.h"
 #include "session/toolbar_commands.h"
 
 namespace commtest::testing {
@@ -86,6 +87,31 @@ TEST_F(WindowProgramTest, ChoicesAreRestored) {
     EXPECT_EQ(ToUtf8(Form().ConMeterAddr.Value()), "7");
     EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "250");
     EXPECT_EQ(ToUtf8(Form().ConMeterName[0].Value()), ToUtf8(instrument));
+}
+
+TEST_F(WindowProgramTest, SessionWithASimulatedInstrumentLeavesTheUsersSettingsAsTheyWere) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratch.path());
+    options.settingsFile.clear();
+    const auto stored = [] {
+        return QSettings("CommTest", "CommTest").value("SystemSetting/SoftSeting").toString();
+    };
+    ASSERT_TRUE(Start());
+    Form().ConMeterAddr.Set(u"7");
+    Leave();
+    EXPECT_EQ(stored(), "1000 7 16 0 0 1");
+    options.hasSimulator = true;
+    ASSERT_TRUE(Start());
+    Form().ConMeterAddr.Set(u"9");
+    Leave();
+    EXPECT_EQ(stored(), "1000 7 16 0 0 1");
+}
+
+TEST_F(WindowProgramTest, SessionWithASimulatedInstrumentKeepsItsChoicesInAFileThatIsNamedForIt) {
+    options.hasSimulator = true;
+    ASSERT_TRUE(Start());
+    Form().ConDelayTime.Set(u"250");
+    Leave();
+    EXPECT_EQ(Stored("SoftSeting"), "250 1 16 0 0 1");
 }
 
 TEST_F(WindowProgramTest, SecondInstanceIsRefused) {
