@@ -1,7 +1,6 @@
 #include "app/startup.h"
 
 #include <cmath>
-#include <cstdio>
 
 #include "catalogue/catalogue_connection.h"
 #include "catalogue/catalogue_lists.h"
@@ -103,10 +102,7 @@ void ChooseStoredInstrument(MainForm& form, int instrument) {
 }
 
 Text TitleOf(const MainForm& form) {
-    const ProgramVersion version = form.program.Version();
-    char number[48];
-    std::snprintf(number, sizeof number, "%d.%02d.%02d", version.major, version.minor, version.revision);
-    return Text(form.texts.beforeVersion) + FromUtf8(number);
+    return Text(form.texts.beforeVersion) + VersionText(form.program.Version());
 }
 
 void RefuseSecondInstance(MainForm& form) {

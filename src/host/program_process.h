@@ -11,6 +11,9 @@ struct ProgramVersion {
     int revision = 0;
 };
 
+// As the titles of the windows show it: "1.02.03".
+Text VersionText(const ProgramVersion& version);
+
 // The running program as its system sees it, and other programs.
 class ProgramProcess {
   public:

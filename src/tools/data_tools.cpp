@@ -17,12 +17,6 @@ constexpr int kInHexadecimal = 0;
 
 enum Box : std::size_t { kInput, kResult, kExplanation, kNormalised };
 
-Text VersionText(const ProgramVersion& version) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%d.%02d.%02d", version.major, version.minor, version.revision);
-    return FromUtf8(text);
-}
-
 Text StatusText(const DateTime& now) {
     char text[64];
     std::snprintf(text, sizeof text, "%04d-%02d-%02d  %02d:%02d:%02d", now.year, now.month, now.day, now.hour,
@@ -33,6 +27,7 @@ Text StatusText(const DateTime& now) {
 void LoadProtocols(DataTools& tools, const std::vector<ToolProtocol>& protocols) {
     tools.ProtocolCode = 0;
     tools.ProtocolCodes.clear();
+    tools.DataCrcMode.Show(-1);
     tools.DataCrcMode.Captions.assign(kProtocolButtons, Text(kSpareButton));
     for (const ToolProtocol& protocol : protocols) {
         const std::size_t row = tools.ProtocolCodes.size();
@@ -95,6 +90,8 @@ DataTools::DataTools(Dialogs& boxes, Clock& wallClock, ProgramProcess& process)
 
 void Form_Load(DataTools& tools, const std::vector<ToolProtocol>& protocols) {
     LoadProtocols(tools, protocols);
+    tools.OutString[kResult].Set({});
+    tools.OutString[kExplanation].Set({});
     Timer1_Timer(tools);
     tools.Caption.Set(u"通讯协议校验码工具 V " + VersionText(tools.program.Version()));
     tools.OutMode.Choose(kCheckWordMode);

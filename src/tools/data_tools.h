@@ -48,11 +48,11 @@ class DataTools {
     Timer Timer1{false, 1000};             // runs while the window is shown
 };
 
-// Shows the window with these protocols and chooses the mode of check words and the first protocol. A
-// protocol beyond the buttons has none.
+// Shows the window with these protocols and chooses the mode of check words and the first protocol; of a
+// former use the input stays. A protocol beyond the buttons has none.
 void Form_Load(DataTools& tools, const std::vector<ToolProtocol>& protocols);
 
-// Closes the window; its boxes keep their texts.
+// Closes the window.
 void Form_Unload(DataTools& tools);
 
 // 0 converts or checks the input; 1 closes the window. An empty input does nothing. An input that the mode

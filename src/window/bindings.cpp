@@ -48,6 +48,9 @@ class EnterFilter : public QObject {
     std::function<void()> entered_;
 };
 
+// A cell that was copied elsewhere brings its line end or tabulator along, which a field would not show.
+QString InOneLine(QString text) { return text.remove(u'\r').remove(u'\n').remove(u'\t'); }
+
 void ShowText(const ListControl& control, QComboBox& comboBox) {
     const int index = control.IndexOf(control.Value());
     if (comboBox.currentIndex() != index) comboBox.setCurrentIndex(index);
@@ -78,8 +81,10 @@ void Bind(Binder& binder, TextControl& control, QLineEdit& edit) {
         const QString text = QString::fromStdU16String(control.Value());
         if (edit.text() != text) edit.setText(text);
     });
-    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&binder, &control](const QString& text) {
-        binder.Event([&] { control.Set(text.toStdU16String()); });
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&binder, &control, &edit](const QString& text) {
+        const QString line = InOneLine(text);
+        if (line != text) edit.setText(line);
+        binder.Event([&] { control.Set(line.toStdU16String()); });
     });
     BindPresence(binder, control, edit);
 }

@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <array>
 
@@ -162,10 +161,15 @@ void MainWindow::FollowFocus() {
     });
 }
 
-void MainWindow::AddKey(const QKeySequence& keys, std::function<void()> action) {
+QShortcut* MainWindow::AddKey(const QKeySequence& keys, std::function<void()> action) {
     auto* shortcut = new QShortcut(keys, this);
     shortcut->setAutoRepeat(false);
     connect(shortcut, &QShortcut::activated, this, std::move(action));
+    return shortcut;
+}
+
+void MainWindow::AddKeyOfEachWindow(const QKeySequence& keys, std::function<void()> action) {
+    AddKey(keys, std::move(action))->setContext(Qt::ApplicationShortcut);
 }
 
 void MainWindow::AddShortcuts() {
@@ -173,19 +177,19 @@ void MainWindow::AddShortcuts() {
         LeaveFields();
         binder_.Event([this, index] { RunToolbarCommand(form_, index); });
     };
-    AddKey(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
+    AddKeyOfEachWindow(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
     AddKey(Qt::CTRL | Qt::Key_F, [this, press] {
         press(toolbar::kSearch);
         if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
     });
     AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
-    AddKey(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });
+    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });
     AddKey(Qt::CTRL | Qt::Key_E, [this] {
         QToolButton& button = toolBar_->Button(8);
         button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
     });
-    AddKey(Qt::CTRL | Qt::Key_T,
-           [this] { binder_.Event([this] { ToolbarMenuCommand(form_, u"系统小工具"); }); });
+    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_T,
+                       [this] { binder_.Event([this] { ToolbarMenuCommand(form_, u"系统小工具"); }); });
     for (int tab = 0; tab < pages_->count(); ++tab) {
         AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)), [this, tab] {
             binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QSettings>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 
@@ -42,7 +43,8 @@ class MainWindow : public QMainWindow {
     void RestoreState();
     void FollowFocus();
     void AddShortcuts();
-    void AddKey(const QKeySequence& keys, std::function<void()> action);
+    QShortcut* AddKey(const QKeySequence& keys, std::function<void()> action);
+    void AddKeyOfEachWindow(const QKeySequence& keys, std::function<void()> action);
     void MoveToArea(int step);
     void FocusInto(QWidget* area);
     void SwitchPalette();

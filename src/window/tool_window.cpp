@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QToolButton>
@@ -35,6 +34,8 @@ constexpr int kFirstColumnWidth = 192;
 constexpr int kProtocolsInColumn = 8;
 constexpr int kActionWidth = 180;
 constexpr int kCopiedNote = 2000;  // milliseconds
+
+const QString kGeometry = u"Tools/Geometry"_s;
 
 QVBoxLayout* MakeColumn(QWidget* owner, int spacing) {
     auto* column = new QVBoxLayout(owner);
@@ -89,8 +90,7 @@ ToolWindow::ToolWindow(MainForm& form, DataTools& tools, const Theme& theme, QSe
     FillStatusBar();
     binder_.Watch(tools_.Caption,
                   [this] { setWindowTitle(QString::fromStdU16String(tools_.Caption.Value())); });
-    restoreGeometry(settings_.value(u"Tools/Geometry"_s).toByteArray());
-    input_->setFocus();
+    action_->setDefault(true);  // its dialog learns of it only here
 }
 
 // --- Left: what is done ---
@@ -149,6 +149,7 @@ QWidget* ToolWindow::MakeProtocols() {
     return protocols;
 }
 
+// Behind Bind's own look at the control, which gives back all of the buttons.
 void ToolWindow::ShowProtocols() {
     for (int index = 0; index < protocols_.size(); ++index) {
         const auto row = static_cast<std::size_t>(index);
@@ -234,10 +235,11 @@ QPushButton* ToolWindow::MakeButton(int index) {
 
 QWidget* ToolWindow::MakeResult() {
     QLineEdit* field = MakeField(tools_.OutString[1], u"result"_s);
-    QPushButton* action = MakeButton(0);
-    action->setProperty("primary", true);
-    action->setDefault(true);
-    action->setMinimumWidth(kActionWidth);
+    binder_.Watch(tools_.OutString[1], [field] { field->setToolTip(field->text()); });
+    action_ = MakeButton(0);
+    action_->setProperty("primary", true);
+    action_->setMinimumWidth(kActionWidth);
+    action_->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the input
     auto* piece = new QWidget;
     auto* grid = new QGridLayout(piece);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -247,7 +249,7 @@ QWidget* ToolWindow::MakeResult() {
     grid->addLayout(
         MakeCaptionLine(u"输出结果"_s, field, MakeCopyButton(u"复制输出结果"_s, tools_.OutString[1])), 0, 0);
     grid->addWidget(field, 1, 0);
-    grid->addWidget(action, 1, 1);
+    grid->addWidget(action_, 1, 1);
     grid->addWidget(MakeButton(1), 1, 2);
     return piece;
 }
@@ -304,21 +306,23 @@ void ToolWindow::FillStatusBar() {
 
 void ToolWindow::Follow() {
     if (!tools_.Window.Visible()) return hide();
-    const bool isOpened = !isVisible();
+    if (!isVisible()) restoreGeometry(settings_.value(kGeometry).toByteArray());
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
-    if (!isOpened) return;
     input_->setFocus();
     input_->selectAll();
 }
 
-void ToolWindow::SaveState() { settings_.setValue(u"Tools/Geometry"_s, saveGeometry()); }
+void ToolWindow::SaveState() {
+    if (isVisible()) settings_.setValue(kGeometry, saveGeometry());
+}
 
 void ToolWindow::reject() { close(); }
 
 void ToolWindow::closeEvent(QCloseEvent* event) {
+    SaveState();
     binder_.Event([this] { Command1_Click(tools_, 1); });
     event->accept();
 }

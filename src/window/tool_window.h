@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
 #include <QStatusBar>
@@ -22,10 +23,11 @@ class ToolWindow : public QDialog {
     // "Tools".
     ToolWindow(MainForm& form, DataTools& tools, const Theme& theme, QSettings& settings);
 
-    // Shows the window in front of the others, or hides it, as the tool is loaded or not.
+    // Shows the window in front of the others, its input ready for typing, or hides it, as the tool is loaded
+    // or not.
     void Follow();
 
-    void SaveState();
+    void SaveState();  // of a window that is shown; one that is closed has saved itself
 
   public slots:
     void reject() override;
@@ -55,6 +57,7 @@ class ToolWindow : public QDialog {
     Binder binder_;
     QList<QAbstractButton*> protocols_;
     QLineEdit* input_ = nullptr;
+    QPushButton* action_ = nullptr;
     QStatusBar* status_;
 };
 

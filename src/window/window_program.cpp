@@ -1,5 +1,7 @@
 #include "window/window_program.h"
 
+#include <QApplication>
+
 #include "app/startup.h"
 #include "catalogue/shipped_catalogue.h"
 #include "host_qt/program_folder.h"
@@ -84,13 +86,16 @@ bool WindowProgram::Start() {
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     theme_->Dress();
     dialogs_.SetWindow(window_.get());
-    window_->Views().Watch(session_.Tools().Window, [this] { FollowTool(); });
+    window_->Views().AtEachLook([this] { FollowTool(); });
     window_->show();
     return true;
 }
 
+// The tool comes behind a box that stands when it is opened, so as not to lie under the main window then.
 void WindowProgram::FollowTool() {
     DataTools& tools = session_.Tools();
+    if (tools.Window.Generation() == shownTool_ || QApplication::activeModalWidget() != nullptr) return;
+    shownTool_ = tools.Window.Generation();
     if (tools.Window.Visible() && !toolWindow_) {
         toolWindow_ = std::make_unique<ToolWindow>(Form(), tools, *theme_, *store_);
     }

@@ -62,6 +62,7 @@ class WindowProgram {
     std::unique_ptr<Theme> theme_;
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<ToolWindow> toolWindow_;  // made when it is opened for the first time
+    std::uint64_t shownTool_ = 0;             // generation of the tool's presence
 };
 
 }  // namespace commtest

@@ -46,7 +46,7 @@ class ToolWindowTest : public ::testing::Test {
     QPushButton& Action() {
         QPushButton* action = nullptr;
         for (auto* button : window->findChildren<QPushButton*>()) {
-            if (button->isDefault()) action = button;
+            if (button->property("primary").toBool()) action = button;
         }
         return *action;
     }
@@ -122,7 +122,7 @@ TEST_F(ToolWindowTest, ClockStandsInTheStatusBar) {
     for (const QLabel* label : window->findChild<QStatusBar*>()->findChildren<QLabel*>()) {
         texts.push_back(label->text().toStdString());
     }
-    EXPECT_THAT(texts, ElementsAre(::testing::MatchesRegex("....-..-..  ..:..:..")));
+    EXPECT_THAT(texts, ElementsAre("2024-05-06  12:00:00"));
 }
 
 TEST_F(ToolWindowTest, SmallestWindowScrollsItsLeftSideAndCutsNothingOff) {
@@ -151,6 +151,34 @@ TEST_F(ToolWindowTest, EnterInTheInputComputesTheCheckWord) {
     EXPECT_EQ(ToUtf8(Tools().OutString[1].Value()), "@01RD17\r");
     EXPECT_EQ(Shown("输出结果").substr(0, 7), "@01RD17");
     EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(ToolWindowTest, EnterComputesAlsoBehindAWalkOverTheButtons) {
+    for (const char* button : {"计算校验码", "退    出"}) {
+        Type("@01RD");
+        Action().setFocus();
+        if (button != Action().text()) Button(button).setFocus();
+        Field("输入数据").setFocus();
+        Tools().OutString[1].Set({});
+        PressKey(Qt::Key_Return);
+        EXPECT_EQ(ToUtf8(Tools().OutString[1].Value()), "@01RD17\r") << button;
+        EXPECT_TRUE(window->isVisible()) << button;
+    }
+}
+
+TEST_F(ToolWindowTest, ClickOnTheActionLeavesTheFocusInTheInput) {
+    Type("@01RD");
+    QTest::mouseClick(&Action(), Qt::LeftButton);
+    EXPECT_EQ(ToUtf8(Tools().OutString[1].Value()), "@01RD17\r");
+    EXPECT_EQ(QApplication::focusWidget(), &Field("输入数据"));
+}
+
+TEST_F(ToolWindowTest, PastedLineEndsFallAway) {
+    QGuiApplication::clipboard()->setText("\t25\r\n");
+    Field("输入数据").selectAll();
+    Field("输入数据").paste();
+    EXPECT_EQ(Shown("输入数据"), "25");
+    EXPECT_EQ(ToUtf8(Tools().OutString[0].Value()), "25");
 }
 
 TEST_F(ToolWindowTest, ActionButtonIsNamedForTheChosenConversion) {
@@ -198,12 +226,14 @@ TEST_F(ToolWindowTest, ResultAndExplanationAreCopiedAsTheyAre) {
     PressKey(Qt::Key_Return);
     CopyButton("复制输出结果").click();
     EXPECT_EQ(Clipboard(), "@01RD17\r");
-    Button("通讯代码->数值").click();
-    Type("1");
+    Button("数值->通讯代码").click();
+    Type("0");
     PressKey(Qt::Key_Return);
     CopyButton("复制计算过程").click();
-    EXPECT_EQ(Clipboard(), ToUtf8(Tools().OutString[2].Value()));
-    EXPECT_EQ(Clipboard().substr(0, 9), "双字节");
+    EXPECT_EQ(Clipboard(),
+              "双字节(原码)转换成数值\r\n\r\n第一步: 高低位对调,即   0000 ---> 0000\r\n\r\n"
+              "第二步: 数据从十六进制转换成十进制,就是  0000 ---> 0\r\n\r\n"
+              "第三步: 如果该数值大等于 32768,则减去 32768 并乘以 -1 \r\n\r\n");
 }
 
 TEST_F(ToolWindowTest, LongResultIsShownFromItsBeginning) {
@@ -229,10 +259,9 @@ TEST_F(ToolWindowTest, TabulatorGoesToTheChosenConversionAlsoWhereItWasNotTheUse
     Button("数值->通讯代码").setFocus();
     PressKey(Qt::Key_Space);
     Tools().OutMode.Choose(7);
-    bench.binder.Look();
-    QTest::qWait(50);
-    EXPECT_EQ(Button("数值->通讯代码").focusPolicy(), Qt::ClickFocus);
-    EXPECT_EQ(Button("计算校验码").focusPolicy(), Qt::StrongFocus);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Button("计算校验码").isChecked(); }));
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &Button("计算校验码"));
 }
 
 // --- Closing and opening ---
@@ -253,9 +282,10 @@ TEST_F(ToolWindowTest, LeaveButtonClosesIt) {
 TEST_F(ToolWindowTest, FrameClosesIt) {
     window->close();
     EXPECT_FALSE(Tools().Window.Visible());
+    EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(ToolWindowTest, OpenedAgainItKeepsItsTextsAndIsReadyToTypeOver) {
+TEST_F(ToolWindowTest, OpenedAgainItsInputIsReadyToTypeOver) {
     Type("@01RD");
     PressKey(Qt::Key_Return);
     Button("退    出").click();
@@ -267,10 +297,47 @@ TEST_F(ToolWindowTest, OpenedAgainItKeepsItsTextsAndIsReadyToTypeOver) {
     EXPECT_EQ(window->focusWidget(), &Field("输入数据"));
 }
 
-TEST_F(ToolWindowTest, SizeIsRemembered) {
+TEST_F(ToolWindowTest, CalledWhileItIsOpenItsInputIsReadyToTypeOver) {
+    Type("@01RD");
+    Button("计算校验码").setFocus();
+    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    window->Follow();
+    EXPECT_EQ(QApplication::focusWidget(), &Field("输入数据"));
+    EXPECT_EQ(Field("输入数据").selectedText().toStdString(), "@01RD");
+}
+
+TEST_F(ToolWindowTest, OpenedAgainWithoutProtocolsItOffersNone) {
+    Button("ModBus-RTU协议-M46T").click();
+    window->close();
+    Form_Load(Tools(), {});
+    window->Follow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return FindButton(*window, "TQ仪表协议") == nullptr; }));
+    EXPECT_FALSE(Button("备用").isEnabled());
+    for (const auto* option : window->findChildren<QRadioButton*>()) {
+        const bool isProtocol = option->text() == "备用";
+        EXPECT_FALSE(isProtocol && (option->isEnabled() || option->isChecked()));
+    }
+}
+
+TEST_F(ToolWindowTest, PlaceIsRememberedWhileItIsClosed) {
+    window->move(101, 100);
+    window->resize(930, 555);
+    PressKey(Qt::Key_Escape);
+    window->move(7, 7);
+    window->resize(900, 500);
+    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    window->Follow();
+    EXPECT_EQ(window->pos(), QPoint(101, 100));
+    EXPECT_EQ(window->size(), QSize(930, 555));
+}
+
+TEST_F(ToolWindowTest, PlaceIsRememberedOverTheEndOfTheProgram) {
+    window->move(101, 100);
     window->resize(930, 555);
     window->SaveState();
     window = std::make_unique<ToolWindow>(bench.Form(), Tools(), bench.theme, settings);
+    window->Follow();
+    EXPECT_EQ(window->pos(), QPoint(101, 100));
     EXPECT_EQ(window->size(), QSize(930, 555));
 }
 

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <functional>
 #include <optional>
 
 #include "catalogue/shipped_catalogue.h"
@@ -26,7 +27,8 @@ class WindowProgramTest : public ::testing::Test {
     QTemporaryDir scratch;
     WindowOptions options;
     std::optional<WindowProgram> program;
-    QStringList boxes;  // texts of the boxes that came up, each closed at once
+    QStringList boxes;            // texts of the boxes that came up, each closed at once
+    std::function<void()> atBox;  // what is done before one is closed
 
     WindowProgramTest() {
         options.folder = scratch.filePath("folder");
@@ -35,6 +37,7 @@ class WindowProgramTest : public ::testing::Test {
         QObject::connect(&closer_, &QTimer::timeout, [this] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (box == nullptr) return;
+            if (atBox) atBox();
             boxes += box->text();
             box->accept();
         });
@@ -165,7 +168,36 @@ TEST_F(ToolOfTheProgramTest, ToolWindowIsMadeWhenItIsWantedAndOnlyOnce) {
     EXPECT_TRUE(tool->isVisible());
 }
 
-TEST_F(ToolOfTheProgramTest, ToolWindowStaysOpenBesideThePollingAndGoesWithTheProgram) {
+TEST_F(ToolOfTheProgramTest, StartKeyWorksInTheToolWindow) {
+    PseudoTerminal terminal;
+    options.devices[1] = terminal.Device();
+    ASSERT_TRUE(Start());
+    PressToolKey();
+    ToolWindow* tool = FindToolWindow();
+    tool->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(tool));
+    QTest::keyClick(tool, Qt::Key_F5);
+    EXPECT_TRUE(Form().IsRunning());
+    EXPECT_TRUE(tool->isVisible());
+    QTest::keyClick(tool, Qt::Key_F5);
+    EXPECT_FALSE(Form().IsRunning());
+}
+
+TEST_F(ToolOfTheProgramTest, ToolOpenedWithoutACatalogueComesBehindTheBoxThatSaysSo) {
+    options.folder = scratch.filePath("empty");
+    QDir().mkpath(options.folder);
+    ASSERT_TRUE(Start());
+    atBox = [this] {
+        program->Window().Views().Look();
+        EXPECT_EQ(FindToolWindow(), nullptr);
+    };
+    PressToolKey();
+    EXPECT_EQ(boxes.size(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([] { return FindToolWindow() != nullptr; }));
+    EXPECT_TRUE(FindToolWindow()->isVisible());
+}
+
+TEST_F(ToolOfTheProgramTest, ToolWindowGoesWithTheProgramAndItsSizeIsKept) {
     ASSERT_TRUE(Start());
     PressToolKey();
     FindToolWindow()->resize(930, 555);
