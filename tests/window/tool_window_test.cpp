@@ -179,6 +179,11 @@ TEST_F(ToolWindowTest, PastedLineEndsFallAway) {
     Field("输入数据").paste();
     EXPECT_EQ(Shown("输入数据"), "25");
     EXPECT_EQ(ToUtf8(Tools().OutString[0].Value()), "25");
+    Field("输入数据").paste();
+    EXPECT_EQ(Shown("输入数据"), "2525");
+    QGuiApplication::clipboard()->setText("\r\n");
+    Field("输入数据").paste();
+    EXPECT_EQ(Shown("输入数据"), "2525");
 }
 
 TEST_F(ToolWindowTest, ActionButtonIsNamedForTheChosenConversion) {
