@@ -36,7 +36,7 @@ ServerFile ReadServerFile(const ProgramFiles& files) {
     TextView rest = text;
     ServerFile file;
     for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);
-    TakeValue(rest);  // a file that ends before its fifth line is none
+    TakeValue(rest);  // nothing is made of the fifth line, but it has to be there
     return file;
 }
 

@@ -23,16 +23,16 @@ CellEditor::CellEditor(Binder& binder, GridView& grid)
 }
 
 // One pixel higher than the cell, to cover the edge of the row above.
-void CellEditor::Place() { setGeometry(grid_.visualRect(grid_.currentIndex()).adjusted(0, -1, 0, 0)); }
+void CellEditor::Place() { setGeometry(grid_.visualRect(cell_).adjusted(0, -1, 0, 0)); }
 
 void CellEditor::Hide() {
     binder_.Event([this] { InputText_LostFocus(binder_.Form()); });
 }
 
-// The window and the columns change under it.
+// The window and the columns change under it, and a reply on its way moves the current cell.
 void CellEditor::FollowCell() {
     if (isHidden()) return;
-    if (grid_.visualRect(grid_.currentIndex()).intersects(grid_.viewport()->rect())) {
+    if (grid_.visualRect(cell_).intersects(grid_.viewport()->rect())) {
         Place();
     } else {
         Hide();
@@ -41,6 +41,7 @@ void CellEditor::FollowCell() {
 }
 
 void CellEditor::TakeFocus() {
+    cell_ = grid_.currentIndex();
     Place();
     setFocus(Qt::OtherFocusReason);
     selectAll();

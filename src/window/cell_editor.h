@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPersistentModelIndex>
 
 #include "window/binder.h"
 
@@ -28,6 +29,7 @@ class CellEditor : public QLineEdit {
 
     Binder& binder_;
     GridView& grid_;
+    QPersistentModelIndex cell_;
 };
 
 }  // namespace commtest

@@ -56,7 +56,7 @@ int ColumnWidths::WidthOfTexts(int col) const {
 void ColumnWidths::SetByUser(int col, int width) {
     const auto count = std::ssize(columns_);
     if (col >= count) return;
-    byUser_.resize(count);
+    if (byUser_.size() != count) byUser_ = QList<qint32>(count, 0);
     byUser_[col] = width;
 }
 

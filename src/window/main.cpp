@@ -54,8 +54,8 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"commtest"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
-    const commtest::WindowOptions options = OptionsOf(application);
     commtest::LoadToolkitTexts();
+    const commtest::WindowOptions options = OptionsOf(application);
     try {
         commtest::WindowProgram program(options);
         if (!program.Start()) return 0;

@@ -204,12 +204,10 @@ void MainWindow::AddShortcuts() {
 }
 
 // A field of the port page takes effect when it is left; a key that starts the session does not leave it,
-// nor does the end of the program.
+// nor does the end of the program. Only once: while the session runs, the port is closed and opened for it.
 void MainWindow::LeaveFields() {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr || !pages_->widget(1)->isAncestorOf(focus)) return;
-    focus->clearFocus();
-    focus->setFocus();
+    const QWidget* focus = QApplication::focusWidget();
+    if (focus != nullptr && pages_->widget(1)->isAncestorOf(focus)) tabRow_->Tabs().setFocus();
 }
 
 void MainWindow::MoveToArea(int step) {

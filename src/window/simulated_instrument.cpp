@@ -44,7 +44,8 @@ bool SimulatedInstrument::Start() {
 bool SimulatedInstrument::AwaitDevice() {
     const QDeadlineTimer deadline(patience_);
     while (!QFile::exists(Device()) && !deadline.hasExpired()) {
-        if (process_.waitForFinished(5)) return false;
+        process_.waitForFinished(5);
+        if (process_.state() == QProcess::NotRunning) return false;
     }
     return QFile::exists(Device());
 }

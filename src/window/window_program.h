@@ -22,7 +22,7 @@ struct WindowOptions {
     QString folder;             // the program folder; empty: the usual one
     QString settingsFile;       // empty: the user's
     DeviceMap devices;          // ports that have a device of their own
-    bool hasSimulator = false;  // the session then leaves the user's settings as they are
+    bool hasSimulator = false;  // the session then keeps nothing in the user's settings; the window does
 };
 
 // The program with a window: a session over the machine it runs on.

@@ -245,6 +245,16 @@ TEST_F(CellEditorTest, FollowsItsCellWhenTheWindowOrAColumnChanges) {
     EXPECT_EQ(QApplication::focusWidget(), &editor);
 }
 
+TEST_F(CellEditorTest, StaysOverItsCellWhereAReplyMovesTheCurrentOne) {
+    Open();
+    const QRect before = editor.geometry();
+    session.Form().ParameterGrid().Select(3, 6);
+    window.Views().Look();
+    window.Views().Look();
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_EQ(editor.geometry(), before);
+}
+
 TEST_F(CellEditorTest, HidesWhenItsCellLeavesTheView) {
     ClickCell(4, 10);
     ASSERT_TRUE(editor.isVisible());

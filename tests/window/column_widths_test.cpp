@@ -110,6 +110,14 @@ TEST_F(ColumnWidthsTest, SavedWidthsAreRestored) {
     EXPECT_THAT(after.InRoom(0), ElementsAre(48, 300, 60, 48, 52, 60, 104, 118, 100, 116, 150));
 }
 
+TEST_F(ColumnWidthsTest, WidthsOfAnotherNumberOfColumnsNeverCount) {
+    ColumnWidths widths = Parameters();
+    widths.Restore(Stored({300, 300, 300}));
+    EXPECT_EQ(SumOf(widths.InRoom(0)), kSmallest);
+    widths.SetByUser(10, 150);
+    EXPECT_THAT(widths.InRoom(0), ElementsAre(48, 172, 60, 48, 52, 60, 104, 118, 100, 116, 150));
+}
+
 TEST_F(ColumnWidthsTest, GarbageIsNotRestored) {
     const QByteArray whole = Stored(QList<qint32>(11, 300));
     const std::vector<QByteArray> kinds = {{},

@@ -91,12 +91,16 @@ TEST_F(MainWindowTest, StartKeyLeavesAPortField) {
     EXPECT_EQ(ToUtf8(session.line.Settings()), "19200,N,8,1");
 }
 
-TEST_F(MainWindowTest, StartKeyLeavesTheFocusWhereItWas) {
+TEST_F(MainWindowTest, StartKeyTakesThePortFieldInHandOverOnce) {
     QComboBox* baud = BaudRate();
     baud->setFocus();
+    session.settings.Values.clear();
     Press(Qt::Key_F5);
-    EXPECT_EQ(QApplication::focusWidget(), baud);
-    EXPECT_TRUE(baud->lineEdit()->hasFocus());
+    EXPECT_EQ(ToUtf8(session.settings.Values.at(u"CommPort")), "9600,N,8,1 COM1");
+    EXPECT_EQ(QApplication::focusWidget(), &The<TabRow>().Tabs());
+    session.settings.Values.clear();
+    Press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_FALSE(session.settings.Values.contains(u"CommPort"));
 }
 
 TEST_F(MainWindowTest, NumberKeysBringThePages) {
