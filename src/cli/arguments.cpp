@@ -4,6 +4,9 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -16,6 +19,15 @@ bool TakesNextWord(QStringView word, const OptionList& options) {
     });
 }
 
+bool IsNumber(const QString& word) {
+    return IsMet([&] {
+        ToNumber(word.toStdU16String());
+        return true;
+    });
+}
+
+bool LooksLikeOption(const QString& word) { return word.startsWith(u'-') && !IsNumber(word); }
+
 }  // namespace
 
 Arguments::Arguments(QStringView verb, const QStringList& words, const OptionList& options)
@@ -24,12 +36,22 @@ Arguments::Arguments(QStringView verb, const QStringList& words, const OptionLis
         parser_.addOption({option.name.toString(), {}, option.value.toString(), option.fallback.toString()});
     }
     // The parser takes the first word for the name of the program.
-    if (parser_.parse(QStringList(verb_) + OptionsInFront(words, options))) return;
+    if (!parser_.parse(QStringList(verb_) + OptionsInFront(words, options))) throw WrongOption();
+    RefuseRepeated(options);
+}
+
+Problem Arguments::WrongOption() const {
     if (!parser_.unknownOptionNames().isEmpty()) {
-        throw BadUsage(u"没有选项 \"%1\""_s.arg(parser_.unknownOptionNames().constFirst()));
+        return BadUsage(u"没有选项 \"%1\""_s.arg(parser_.unknownOptionNames().constFirst()));
     }
-    const QString name = QRegularExpression(u"'(.+)'"_s).match(parser_.errorText()).captured(1);
-    throw WrongCount(name);
+    return WrongCount(QRegularExpression(u"'(.+)'"_s).match(parser_.errorText()).captured(1));
+}
+
+void Arguments::RefuseRepeated(const OptionList& options) const {
+    for (const Option& option : options) {
+        if (option.mayRepeat || parser_.optionNames().count(option.name.toString()) <= 1) continue;
+        throw BadUsage(u"选项 --%1 给出了两次"_s.arg(option.name));
+    }
 }
 
 // The parser would take the digits of a negative number for options, but for those behind "--".
@@ -75,8 +97,9 @@ int Arguments::WholeNumber(QStringView option, int least, int most) const {
 QStringList Arguments::Positional(qsizetype count, QStringView meaning) const {
     const QStringList words = parser_.positionalArguments();
     if (words.size() < count) throw BadUsage(u"缺少参数: %1"_s.arg(meaning));
-    if (words.size() > count) throw BadUsage(u"多余的参数 \"%1\""_s.arg(words[count]));
-    return words;
+    if (words.size() <= count) return words;
+    const auto option = std::find_if(words.begin(), words.end(), LooksLikeOption);
+    throw BadUsage(u"多余的参数 \"%1\""_s.arg(option != words.end() ? *option : words[count]));
 }
 
 std::optional<QString> Arguments::OnePositionalAtMost() const {

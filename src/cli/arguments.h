@@ -16,6 +16,7 @@ struct Option {
     QStringView value;          // names what stands behind it; empty for a flag
     QStringView meaning;        // for the help
     QStringView fallback = {};  // its value where it is not given
+    bool mayRepeat = false;     // may be given several times
 };
 
 using OptionList = std::vector<Option>;
@@ -44,7 +45,9 @@ class Arguments {
     Problem BadValue(QStringView option, const QString& expected) const;
 
   private:
+    void RefuseRepeated(const OptionList& options) const;
     QStringList OptionsInFront(const QStringList& words, const OptionList& options) const;
+    Problem WrongOption() const;
     Problem WrongCount(const QString& option) const;
 
     QString verb_;

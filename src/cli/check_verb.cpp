@@ -35,6 +35,7 @@ ExitStatus Check(const Arguments& arguments, Console& console) {
 
 constexpr QStringView kNotes =
     uR"(不给出帧时从标准输入逐行读取。
+以 -- 开头的帧写在单独的 -- 之后。
 
 校验码:
   2   输入原样，前两个字符后加空格

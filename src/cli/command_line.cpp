@@ -17,8 +17,8 @@ const QString kStatusHelp =
     uR"(退出状态:
   0  成功
   1  仪表: --strict 下有不完整、校验出错或无应答的回答，写入被拒绝，读回的值不同，或运行错误结束了通讯
-  2  用法不对，目录中没有这个名称，或有不能换算的输入
-  3  串口、目录或文件打不开，通讯中串口断开，或结果写不出去
+  2  用法不对，目录中没有这个名称，或有不能换算的输入或不能校验的帧
+  3  串口、目录或文件打不开，通讯中串口断开，结果写不出去，或标准输入读不出来
 )"_s;
 
 std::array<Verb, 6> Verbs() {
@@ -54,7 +54,10 @@ QString HelpOf(const Verb& verb) {
     return help + u'\n' + kStatusHelp;
 }
 
-bool AsksForHelp(const QStringList& words) { return words.contains(u"--help"_s) || words.contains(u"-h"_s); }
+bool AsksForHelp(const QStringList& words) {
+    const QStringList options = words.mid(0, words.indexOf(u"--"_s));
+    return options.contains(u"--help"_s) || options.contains(u"-h"_s);
+}
 
 ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console) {
     if (!AsksForHelp(words)) return verb.run(Arguments(verb.name, words, verb.options), console);

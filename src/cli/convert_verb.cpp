@@ -1,7 +1,10 @@
 #include "cli/line_answers.h"
+#include "cli/printable_text.h"
 #include "cli/round_trip.h"
+#include "cli/round_trip_reasons.h"
 #include "cli/verb.h"
 #include "numbers/comm_code_explainer.h"
+#include "numbers/float_code_explainers.h"
 #include "numbers/float_value_explainers.h"
 #include "numbers/register_codecs.h"
 #include "runtime/number.h"
@@ -22,8 +25,8 @@ struct Formats {
 };
 
 void TakeFormat(const QString& word, const Arguments& arguments, Formats& formats) {
-    bool isNumber = false;
-    const int number = word.toInt(&isNumber);
+    const int number = word.toInt();
+    const bool isNumber = word == QString::number(number);
     const auto form = FormatNamed(word);
     if (!form && (!isNumber || number < 0 || number > kLastNumberFormat)) {
         throw arguments.BadUsage(
@@ -53,14 +56,23 @@ Direction DirectionOf(const Arguments& arguments) {
     return arguments.Has(u"to-value") ? Direction::ToValue : Direction::ToCode;
 }
 
+bool HasLetterForBcdSign(const Text& code) {
+    const Text sign = UCase(Mid(code, 2, 1));
+    return sign >= u"A" && sign <= u"F";
+}
+
 Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Text& input) {
-    const Text quoted = u"\"" + input + u"\" ";
+    constexpr int kQuotedCells = 60;
+    const Text quoted = u"\"" + ShortenedToWidth(input, kQuotedCells) + u"\" ";
     const Text format = u"格式 " + WholeText(conversion.format) + u" ";
     const bool isOverflow = error.Number() == RuntimeError::kOverflow;
     if (conversion.direction == Direction::ToCode) {
         return isOverflow ? quoted + u"超出" + format + u"的范围" : quoted + u"不是数值";
     }
-    return isOverflow ? quoted + u"不是有限的数" : quoted + u"不是" + format + u"能读出的代码";
+    if (isOverflow) return quoted + u"不是有限的数";
+    const bool isBcdSign = conversion.format == register_format::kBcd && HasLetterForBcdSign(input);
+    return quoted + u"不是" + format + u"能读出的代码" +
+           (isBcdSign ? u"：" + Text(kBcdSignIsLetter) : Text());
 }
 
 void ExplainCode(const Text& code, int formatNumber, Text& explanation) {
@@ -68,13 +80,24 @@ void ExplainCode(const Text& code, int formatNumber, Text& explanation) {
     ExplainCommCode(meterCode, code, explanation);
 }
 
-void Explain(const Conversion& conversion, const Text& input, const Text& result, Text& explanation) {
-    if (conversion.direction == Direction::ToValue) return ExplainCode(input, conversion.format, explanation);
-    Text value = input;
-    switch (conversion.format) {
+void ExplainToValue(int formatNumber, Text code, Text& explanation) {
+    if (formatNumber == register_format::kCustomFloat) return ExplainFloatCode(code, explanation);
+    ExplainCode(code, formatNumber, explanation);
+}
+
+void ExplainToCode(int formatNumber, Text value, const Text& code, Text& explanation) {
+    switch (formatNumber) {
         case register_format::kCustomFloat: return ExplainValueToFloatCode(value, explanation);
         case register_format::kIeeeSingle: return ExplainValueToIeee(value, explanation);
-        default: return ExplainCode(result, conversion.format, explanation);
+        default: return ExplainCode(code, formatNumber, explanation);
+    }
+}
+
+void Explain(const Conversion& conversion, const Text& input, const Text& result, Text& explanation) {
+    if (conversion.direction == Direction::ToValue) {
+        ExplainToValue(conversion.format, input, explanation);
+    } else {
+        ExplainToCode(conversion.format, input, result, explanation);
     }
 }
 
@@ -105,6 +128,7 @@ ExitStatus Convert(const Arguments& arguments, Console& console) {
 
 constexpr QStringView kNotes =
     uR"(不给出数值或代码时从标准输入逐行读取。
+以 -- 开头的数值或代码写在单独的 -- 之后。
 
 数值格式:
   0   双字节原码，低字节在前
@@ -127,7 +151,7 @@ Verb ConvertVerb() {
     return {u"convert",
             u"--format N [选项] [数值|代码]",
             u"数值与通讯代码互相换算，一个或标准输入中的每一行",
-            {{u"format", u"N", u"数值格式 0 到 12；再给一次 text、csv 或 json 为结果的格式"},
+            {{u"format", u"N", u"数值格式 0 到 12；再给一次 text、csv 或 json 为结果的格式", {}, true},
              {u"to-code", {}, u"数值换算成代码，不给出方向时也是"},
              {u"to-value", {}, u"代码换算成数值"},
              {u"explain", {}, u"加上换算过程，并说明换算不能还原之处"}},

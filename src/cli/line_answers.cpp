@@ -52,15 +52,31 @@ std::string JsonObject(const Text& input, const Answer& answer, bool isExplained
            ", \"notes\": " + JsonArrayOf(answer.notes) + "}";
 }
 
-// One line without its end; false behind the last one. What was answered goes out before a wait for more.
-bool TakeLine(Console& console, Text& line) {
+// One line without its line feed; false behind the last one. What was answered goes out before a wait for
+// more, which std::getline would not do in the middle of a line.
+bool TakeBytes(Console& console, std::string& bytes) {
     std::istream& lines = console.Input().lines;
-    if (lines.rdbuf()->in_avail() <= 0) console.Flush();
+    bytes.clear();
+    for (;;) {
+        if (lines.rdbuf()->in_avail() <= 0) console.Flush();
+        const int byte = lines.get();
+        if (!lines) return !lines.bad() && !bytes.empty();
+        if (byte == '\n') return true;
+        bytes += static_cast<char>(byte);
+    }
+}
+
+// The same without a carriage return.
+bool TakeLine(Console& console, Text& line) {
     std::string bytes;
-    if (!std::getline(lines, bytes)) return false;
+    if (!TakeBytes(console, bytes)) return false;
     if (bytes.ends_with('\r')) bytes.pop_back();
     line = FromUtf8(bytes);
     return true;
+}
+
+void DropByteOrderMark(Text& line) {
+    if (line.starts_with(u'\uFEFF')) line.erase(0, 1);
 }
 
 ExitStatus AnswerLines(const AnswerForm& form, Console& console, const AnswerOf& answerOf) {
@@ -68,6 +84,7 @@ ExitStatus AnswerLines(const AnswerForm& form, Console& console, const AnswerOf&
     ExitStatus status = ExitStatus::Good;
     Text line;
     for (std::int64_t number = 1; console.TakesResults() && TakeLine(console, line); ++number) {
+        if (number == 1) DropByteOrderMark(line);
         const Answer answer = answerOf(line);
         printer.Add(line, answer);
         if (answer.problem.empty()) continue;

@@ -116,4 +116,9 @@ TextView CutToWidth(TextView text, int width) {
     return text.substr(0, length);
 }
 
+Text ShortenedToWidth(TextView text, int width) {
+    if (DisplayWidth(text) <= width) return Text(text);
+    return Text(CutToWidth(text, width - 1)) + u'…';
+}
+
 }  // namespace commtest

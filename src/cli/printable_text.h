@@ -23,4 +23,7 @@ int DisplayWidth(TextView text);
 // The beginning of a text that takes at most so many cells.
 TextView CutToWidth(TextView text, int width);
 
+// The text, or as much of its beginning as fits in front of "…".
+Text ShortenedToWidth(TextView text, int width);
+
 }  // namespace commtest

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "cli/round_trip_reasons.h"
-#include "numbers/float_value_explainers.h"
+#include "numbers/comm_code_explainer.h"
 #include "numbers/register_codecs.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
@@ -52,46 +52,47 @@ bool IsSameNumber(const Text& one, const Text& other) {
 
 Text Because(const std::vector<Reason>& reasons, const RoundTrip& trip) {
     for (const Reason& reason : reasons) {
-        if (reason.applies(trip)) return u"：" + Text(reason.words);
+        if (IsMet([&] { return reason.applies(trip); })) return u"：" + Text(reason.words);
     }
     return {};
 }
 
-bool IsNegativeZero(const Text& value) { return Trim(value).starts_with(u'-') && IsSameNumber(value, u"0"); }
-
 std::optional<Text> NoteOfCode(const RoundTrip& trip, int formatNumber) {
     const Text why = Because(ReasonsOfCode(formatNumber), trip);
-    if (!trip.back) return u"代码 " + trip.result + u" 读不出数值" + why;
-    if (!IsSameNumber(trip.input, *trip.back)) {
-        return u"代码 " + trip.result + u" 读回为 " + *trip.back + u"，不是 " + trip.input + why;
+    if (!trip.back) return u"代码 " + trip.code + u" 读不出数值" + why;
+    if (!IsSameNumber(trip.value, *trip.back)) {
+        return u"代码 " + trip.code + u" 读回为 " + *trip.back + u"，不是 " + trip.value + why;
     }
-    if (IsNegativeZero(trip.input)) return u"负零没有自己的代码，负号丢失";
+    if (IsNegativeZero(trip)) return Text(kNegativeZero);
+    if (formatNumber == format::kBcd && HasOtherBcdDigits(trip)) {
+        return u"代码 " + trip.code + u" 不是 BCD 码：" + Text(kBcdDigits);
+    }
     return std::nullopt;
 }
 
 std::optional<Text> NoteOfValue(const RoundTrip& trip, int formatNumber) {
     const Text why = Because(ReasonsOfValue(formatNumber), trip);
-    if (!trip.back) return u"数值 " + trip.result + u" 写不成代码" + why;
-    if (*trip.back == UCase(trip.input)) return std::nullopt;
-    return u"数值 " + trip.result + u" 写回为 " + *trip.back + u"，不是 " + trip.input + why;
+    if (!trip.back) return u"数值 " + trip.value + u" 写不成代码" + why;
+    if (*trip.back == UCase(trip.code)) return std::nullopt;
+    return u"数值 " + trip.value + u" 写回为 " + *trip.back + u"，不是 " + trip.code + why;
 }
 
 std::optional<Text> NoteOfWayBack(const Conversion& conversion, const Text& input, const Text& result) {
     if (const Text why = WhyOneWay(conversion.format); !why.empty()) return why;
-    const RoundTrip trip = {input, result, Back(conversion, result)};
-    return conversion.direction == Direction::ToCode ? NoteOfCode(trip, conversion.format)
-                                                     : NoteOfValue(trip, conversion.format);
+    const std::optional<Text> back = Back(conversion, result);
+    return conversion.direction == Direction::ToCode ? NoteOfCode({input, result, back}, conversion.format)
+                                                     : NoteOfValue({result, input, back}, conversion.format);
 }
 
-// The modes of the tool that do such a conversion whatever the protocol.
+// The modes of the tool that do such a conversion whatever the protocol, but for the one that writes singles:
+// it shows what the codec gives.
 struct ModeOfTool {
     Conversion conversion;
     std::size_t mode;
 };
-constexpr std::array<ModeOfTool, 5> kModesOfTool = {{
+constexpr std::array<ModeOfTool, 4> kModesOfTool = {{
     {{format::kCustomFloat, Direction::ToCode}, 0},
     {{format::kCustomFloat, Direction::ToValue}, 1},
-    {{format::kIeeeSingle, Direction::ToCode}, 4},
     {{format::kIeeeSingle, Direction::ToValue}, 5},
     {{format::kAccumulated, Direction::ToValue}, 6},
 }};
@@ -112,14 +113,31 @@ std::optional<Text> NoteOfTool(const Conversion& conversion, const Text& input, 
     return std::nullopt;
 }
 
-// The explanation of a single is that of the custom float.
+// Whether the explanation of a code leads to the value that the codec reads.
+bool IsExplainedAsRead(int formatNumber, const Text& code) {
+    constexpr int kFlowMeterBcd = 10;
+    const int length = Len(code);
+    switch (formatNumber) {
+        case format::kSignMagnitudeSwapped: return length != 16;
+        case format::kTwosComplement: return length == 2 || (length == 4 && code != u"8000");
+        case format::kSignMagnitude: return length == 4 && code != u"8000";
+        case format::kOneByte: return length == 2;
+        case format::kBcd: return length == 10 || (length < 10 && code.starts_with(u"00"));
+        case format::kAccumulated: return length == 16;
+        case kExplainerOfDisplayCode:
+        case kFlowMeterBcd:
+        case format::kUneven: return false;
+        default: return true;
+    }
+}
+
 std::optional<Text> NoteOfExplanation(const Conversion& conversion, const Text& input, const Text& result) {
-    if (conversion != Conversion{format::kIeeeSingle, Direction::ToCode}) return std::nullopt;
-    Text explained = input;
-    Text explanation;
-    PassOverError([&] { ExplainValueToFloatCode(explained, explanation); });
-    if (explained == result) return std::nullopt;
-    return u"换算过程是自定义浮点数的，不得出 " + result;
+    const bool isToCode = conversion.direction == Direction::ToCode;
+    if (isToCode && conversion.format == format::kIeeeSingle) {
+        return u"换算过程是自定义浮点数的，不得出 " + result;
+    }
+    if (IsExplainedAsRead(conversion.format, isToCode ? result : input)) return std::nullopt;
+    return u"换算过程按另一种读法，与结果不符";
 }
 
 }  // namespace

@@ -46,6 +46,12 @@ TEST(CheckVerb, FrameMayBeginWithADash) {
     EXPECT_EQ(Check("11", {"--", "--7#"}).results, "@-7#39\\0D\n");
 }
 
+TEST(CheckVerb, HelpBehindTwoDashesIsAFrame) {
+    // The exclusive or of "-help" is 2D ^ 68 ^ 65 ^ 6C ^ 70.
+    EXPECT_EQ(Check("11", {"--", "--help"}).results, "@-help3C\\0D\n");
+    EXPECT_EQ(Check("21", {"--", "-h"}).status, 0);
+}
+
 TEST(CheckVerb, OtherProtocolsAreBadUsage) {
     for (const char* code : {"31", "12", "0", "011", "x"}) {
         EXPECT_TRUE(IsProblem(Check(code, {"@01RD"}), 2,
@@ -59,6 +65,13 @@ TEST(CheckVerb, OtherProtocolsAreBadUsage) {
 TEST(CheckVerb, TwoFramesAreBadUsage) {
     EXPECT_TRUE(
         IsProblem(Check("3", {"01", "03"}), 2, "多余的参数 \"03\"。用法请看 commtest-cli check --help"));
+}
+
+TEST(CheckVerb, OptionGivenTwiceIsBadUsage) {
+    EXPECT_TRUE(IsProblem(Check("3", {"--protocol", "11", "01"}), 2,
+                          "选项 --protocol 给出了两次。用法请看 commtest-cli check --help"));
+    EXPECT_TRUE(IsProblem(Check("3", {"--format", "csv", "--format", "csv", "01"}), 2,
+                          "选项 --format 给出了两次。用法请看 commtest-cli check --help"));
 }
 
 TEST(CheckVerb, FrameThatIsNotHexadecimalIsTold) {
@@ -108,8 +121,10 @@ TEST(CheckVerb, NumberFormatsBelongToConvert) {
         "选项 --format 的值 \"0\" 不对，应为 text、csv 或 json。用法请看 commtest-cli check --help"));
 }
 
-TEST(CheckVerb, HelpTellsTheProtocols) {
-    EXPECT_THAT(RunCommand({"check", "--help"}).results, HasSubstr("\n  21  ModBus-ASCII 的 LRC\n"));
+TEST(CheckVerb, HelpTellsTheProtocolsAndTheTwoDashes) {
+    const Outcome outcome = RunCommand({"check", "--help"});
+    EXPECT_THAT(outcome.results, HasSubstr("\n  21  ModBus-ASCII 的 LRC\n"));
+    EXPECT_THAT(outcome.results, HasSubstr("以 -- 开头的帧写在单独的 -- 之后。\n"));
 }
 
 }  // namespace

@@ -46,6 +46,12 @@ TEST(CutToWidth, CharacterThatDoesNotFitWholeFallsAway) {
     EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 0)), "");
 }
 
+TEST(ShortenedToWidth, TextThatIsCutEndsInAnEllipsis) {
+    EXPECT_EQ(ToUtf8(ShortenedToWidth(u"a读值", 5)), "a读值");
+    EXPECT_EQ(ToUtf8(ShortenedToWidth(u"a读值", 4)), "a读…");
+    EXPECT_EQ(ToUtf8(ShortenedToWidth(u"a读值", 3)), "a…");
+}
+
 TEST(JsonString, ControlCharactersQuotesAndBackslashesAreEscaped) {
     EXPECT_EQ(JsonString(u""), "\"\"");
     EXPECT_EQ(JsonString(u"温度 \"a\\b\""), "\"温度 \\\"a\\\\b\\\"\"");

@@ -2,6 +2,7 @@
 
 import os
 import pty
+import select
 import subprocess
 import tempfile
 import unittest
@@ -48,6 +49,16 @@ class ConversionTest(unittest.TestCase):
                 process.stdin.write(value + "\n")
                 process.stdin.flush()
                 self.assertEqual(process.stdout.readline(), code)
+
+    def test_line_is_answered_while_half_of_the_next_one_is_there(self):
+        with subprocess.Popen(CONVERT, stdin=subprocess.PIPE, stdout=subprocess.PIPE) as process:
+            process.stdin.write(b"4\n5")
+            process.stdin.flush()
+            ready, _, _ = select.select([process.stdout], [], [], PATIENCE)
+            self.assertTrue(ready)
+            self.assertEqual(process.stdout.readline(), b"0400\n")
+            process.stdin.close()
+            self.assertEqual(process.stdout.read(), b"0500\n")
 
     def test_reader_that_goes_away_ends_the_program(self):
         with subprocess.Popen(["yes", "1234"], stdout=subprocess.PIPE) as source:
