@@ -97,7 +97,6 @@ ToolWindow::ToolWindow(MainForm& form, DataTools& tools, const Theme& theme, QSe
 
 QWidget* ToolWindow::MakeChoices() {
     auto* choices = new QWidget;
-    choices->setObjectName(u"toolChoices"_s);
     auto* column = MakeColumn(choices, 8);
     column->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
     column->addWidget(new QLabel(u"转换方式"_s));
