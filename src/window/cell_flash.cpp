@@ -1,5 +1,6 @@
 #include "window/cell_flash.h"
 
+#include <QElapsedTimer>
 #include <array>
 #include <utility>
 
@@ -25,14 +26,19 @@ double StrengthAt(qint64 age) {
 
 }  // namespace
 
-CellFlash::CellFlash(std::function<void(Cell)> repaint, QObject* parent)
-    : QObject(parent), repaint_(std::move(repaint)) {
-    clock_.start();
+CellFlash::CellFlash(std::function<void(Cell)> repaint, QObject* parent, Clock clock)
+    : QObject(parent), repaint_(std::move(repaint)), clock_(std::move(clock)) {
     connect(&timer_, &QTimer::timeout, this, &CellFlash::Step);
 }
 
+CellFlash::Clock CellFlash::RunningClock() {
+    QElapsedTimer timer;
+    timer.start();
+    return [timer] { return timer.elapsed(); };
+}
+
 void CellFlash::Light(Cell cell) {
-    lit_[cell] = {clock_.elapsed(), 1.0};
+    lit_[cell] = {clock_(), 1.0};
     if (!timer_.isActive()) timer_.start(kPeriod);
     repaint_(cell);
 }
@@ -48,7 +54,7 @@ double CellFlash::StrengthOf(Cell cell) const {
 }
 
 void CellFlash::Step() {
-    const qint64 now = clock_.elapsed();
+    const qint64 now = clock_();
     for (auto entry = lit_.begin(); entry != lit_.end();) {
         const auto [cell, lit] = *entry;
         const double strength = StrengthAt(now - lit.since);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <functional>
@@ -15,8 +14,10 @@ class CellFlash : public QObject {
   public:
     using Cell = std::pair<int, int>;  // row and column
 
+    using Clock = std::function<qint64()>;  // milliseconds since a moment of its own
+
     // `repaint` is asked for each cell whose light has changed.
-    CellFlash(std::function<void(Cell)> repaint, QObject* parent);
+    CellFlash(std::function<void(Cell)> repaint, QObject* parent, Clock clock = RunningClock());
 
     void Light(Cell cell);
     void PutOut();  // all of them
@@ -27,16 +28,17 @@ class CellFlash : public QObject {
     bool IsRunning() const { return timer_.isActive(); }
 
   private:
+    static Clock RunningClock();
     void Step();
 
     struct Lit {
-        qint64 since;  // of clock_, milliseconds
+        qint64 since;  // of clock_
         double strength;
     };
 
     std::function<void(Cell)> repaint_;
     std::map<Cell, Lit> lit_;
-    QElapsedTimer clock_;
+    Clock clock_;
     QTimer timer_;
 };
 
