@@ -12,8 +12,7 @@ namespace commtest {
 // one is lit.
 class CellFlash : public QObject {
   public:
-    using Cell = std::pair<int, int>;  // row and column
-
+    using Cell = std::pair<int, int>;       // row and column
     using Clock = std::function<qint64()>;  // milliseconds since a moment of its own
 
     // `repaint` is asked for each cell whose light has changed.

@@ -4,6 +4,7 @@
 
 #include "app/startup.h"
 #include "catalogue/shipped_catalogue.h"
+#include "host_qt/named_port.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_settings.h"
 #include "host_qt/unsaved_settings.h"
@@ -41,9 +42,8 @@ DeviceMap DevicesOf(const WindowOptions& options, const SimulatedInstrument& sim
     if (options.hasSimulator) devices.insert_or_assign(1, simulated.Device());
     settings.beginGroup(u"Ports"_s);
     for (const QString& name : settings.childKeys()) {
-        const int number = name.mid(3).toInt();
-        if (name.startsWith(u"COM"_s, Qt::CaseInsensitive) && number > 0)
-            devices.try_emplace(number, settings.value(name).toString());
+        if (const auto port = NamedPortOf(name))
+            devices.try_emplace(port->number, settings.value(name).toString());
     }
     settings.endGroup();
     return devices;
