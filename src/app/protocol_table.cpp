@@ -14,7 +14,7 @@ namespace {
 
 // A protocol whose family is not built yet: it has its code, end rule, menu, address form and display mode,
 // but builds nothing and has no parser. The command line says so where one is asked for.
-Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const MainForm&),
+Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const HexText&, const HexText&),
                      DisplayMode displayMode, OperationMenu menu) {
     Protocol protocol;
     protocol.code = code;

@@ -1,9 +1,14 @@
 #include "app/session.h"
 
 #include "app/protocol_table.h"
-#include "app/startup.h"
+#include "app/tool_window.h"
 #include "catalogue/catalogue_lists.h"
 #include "catalogue/instrument_selection.h"
+#include "commands/not_there_yet.h"
+#include "commands/startup.h"
+#include "host/clock.h"
+#include "host/dialogs.h"
+#include "host/program_process.h"
 #include "session/address.h"
 #include "session/interval_timer.h"
 #include "session/multi_instrument.h"
@@ -22,17 +27,17 @@ void WireHandlers(MainForm& form) {
     form.WriteType.Click = [&form](int) { WriteType_Click(form); };
     form.Check1.Click = [&form] { Check1_Click(form); };
     form.TimeSetup.Click = [&form] { TimeSetup_Click(form); };
-    form.ConSaveData.Click = [&form] { form.companions.SwitchCapture(form); };
-    form.ConMyCommDriver.Click = [&form] { form.companions.SwitchReplay(form); };
+    form.ConSaveData.Click = [&form] { SayNotThereYet(form, Feature::Capture); };
+    form.ConMyCommDriver.Click = [&form] { SayNotThereYet(form, Feature::Replay); };
 }
 
 }  // namespace
 
-Session::Session(const Outside& outside)
+Session::Session(const Outside& outside, const Texts& texts)
     : tools_(outside.dialogs, outside.clock, outside.program),
-      companions_(tools_),
-      form_(outside, Protocols(), companions_) {
+      form_(outside, Protocols(), companions_, texts) {
     WireHandlers(form_);
+    form_.ToolWindowWanted = [this] { ShowToolWindow(tools_, form_.outside.store); };
 }
 
 void LoadCatalogueLists(MainForm& form) {

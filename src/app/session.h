@@ -2,13 +2,15 @@
 
 #include "app/app_companions.h"
 #include "session/main_form.h"
+#include "tools/data_tools.h"
 
 namespace commtest {
 
 // A whole session: the form and the tool window over their outside world, their handlers wired.
 class Session {
   public:
-    explicit Session(const Outside& outside);
+    // `texts` are the words of the face.
+    explicit Session(const Outside& outside, const Texts& texts = kChineseTexts);
 
     MainForm& Form() { return form_; }
     DataTools& Tools() { return tools_; }

@@ -3,6 +3,8 @@
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/update_check.h"
 #include "host/file_names.h"
+#include "host/program_files.h"
+#include "host/store.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
 
@@ -49,9 +51,9 @@ StoreAddress AddressOf(const ServerFile& file) {
 
 // The lines of the server and of its user serve here as folder and name of the program's file on the server.
 void OpenServerCatalogue(MainForm& form) {
-    const ServerFile file = ReadServerFile(form.files);
+    const ServerFile file = ReadServerFile(form.outside.files);
     PassOverError([&] { OfferUpdate(form, file.server, file.user); });
-    form.store.Open(AddressOf(file));
+    form.outside.store.Open(AddressOf(file));
 }
 
 }  // namespace
@@ -69,7 +71,7 @@ void OpenCatalogue(MainForm& form, int mode) {
             if (mode == kServerMode) {
                 OpenServerCatalogue(form);
             } else {
-                form.store.Open(LocalCatalogue(form.files));
+                form.outside.store.Open(LocalCatalogue(form.outside.files));
             }
         },
         // A mode that is neither opens the local file and is still called the network's.

@@ -1,6 +1,7 @@
 #include "catalogue/catalogue_lists.h"
 
 #include "catalogue/instrument_catalogue.h"
+#include "host/store.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "session/main_form.h"
@@ -41,7 +42,7 @@ void Bind(Grid& grid, const StoreRows& result) {
 }  // namespace
 
 void LoadProtocolList(MainForm& form) {
-    const StoreRows protocols = InstrumentCatalogue(form.store).ProtocolList();
+    const StoreRows protocols = InstrumentCatalogue(form.outside.store).ProtocolList();
     for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
         const Text name = Trim(protocols.At(row, 0));
         form.ProtocolCodeOfType.push_back(ToWhole16(protocols.At(row, 1)));
@@ -51,13 +52,13 @@ void LoadProtocolList(MainForm& form) {
 }
 
 void LoadDataTypes(MainForm& form) {
-    const StoreRows types = InstrumentCatalogue(form.store).DataTypeList();
+    const StoreRows types = InstrumentCatalogue(form.outside.store).DataTypeList();
     for (std::size_t row = 0; row < types.rows.size(); ++row)
         form.ConDataTypeList.Add(Trim(types.At(row, 0)));
 }
 
 void LoadGridLayout(MainForm& form) {
-    const StoreRows layout = InstrumentCatalogue(form.store).GridLayout();
+    const StoreRows layout = InstrumentCatalogue(form.outside.store).GridLayout();
     const auto valueOf = [&layout](std::size_t row, TextView column) {
         return layout.At(row, static_cast<std::size_t>(layout.ColumnOf(column)));
     };
@@ -73,7 +74,7 @@ void LoadGridLayout(MainForm& form) {
 }
 
 void SSTab2_Click(MainForm& form) {
-    const InstrumentCatalogue catalogue(form.store);
+    const InstrumentCatalogue catalogue(form.outside.store);
     if (form.SSTab2.IsChosen(kInstrumentTab)) Bind(form.MSHFlexGrid1[1], catalogue.CatalogueList());
     if (form.SSTab2.IsChosen(kRecordingTab)) Bind(form.MSHFlexGrid1[2], catalogue.RecordingsList());
 }

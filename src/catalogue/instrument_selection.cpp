@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/instrument_catalogue.h"
+#include "host/store.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/address.h"
@@ -46,7 +47,7 @@ void FillParameterGrid(MainForm& form) {
     grid.SetSize(kRowsWhileLoading, column::kCount);
     grid.Select(1, 1);
     const StoreRows parameters =
-        InstrumentCatalogue(form.store).ParametersOfInstrument(form.ConMeterName[0].Value());
+        InstrumentCatalogue(form.outside.store).ParametersOfInstrument(form.InstrumentName());
     const int count = static_cast<int>(parameters.rows.size());
     grid.SetRows(std::max(count + 1, kFewestRows));
     for (int row = 1; row <= count; ++row) FillRow(form, row, parameters);
@@ -83,7 +84,7 @@ void LoadInstrumentNames(MainForm& form) {
     ListControl& names = form.ConMeterName[0];
     names.Clear();
     const StoreRows instruments =
-        InstrumentCatalogue(form.store).InstrumentsOfProtocol(form.ConCommTypeList.Value());
+        InstrumentCatalogue(form.outside.store).InstrumentsOfProtocol(form.ConCommTypeList.Value());
     for (std::size_t record = 0; record < instruments.rows.size(); ++record) {
         names.Add(instruments.At(record, kInstrumentName));
         form.ProtocolCode = Whole16(LeadingWholeNumber(Left(instruments.At(record, kCodeOfInstrument), 2)));
@@ -93,7 +94,7 @@ void LoadInstrumentNames(MainForm& form) {
 }
 
 void ConMeterName_Click(MainForm& form) {
-    form.ConSendOutString[0].Clear();
+    form.SentFrames().Clear();
     form.MeterCodeText.clear();
     FillParameterGrid(form);
     form.DynamicSample.clear();

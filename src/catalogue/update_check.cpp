@@ -2,7 +2,11 @@
 
 #include <tuple>
 
+#include "host/dialogs.h"
 #include "host/file_names.h"
+#include "host/program_files.h"
+#include "host/program_process.h"
+#include "host/store.h"
 #include "runtime/runtime_error.h"
 #include "session/events.h"
 #include "session/main_form.h"
@@ -18,27 +22,26 @@ auto WholeMinutes(const DateTime& time) {
 }  // namespace
 
 bool IsUpdateNewer(const MainForm& form, const Text& folder, const Text& name) {
-    const DateTime own = form.program.FileTime(form.program.OwnFile());
-    const DateTime offered = form.program.FileTime(folder + u"\\" + name + u".EXE");
+    const DateTime own = form.outside.program.FileTime(form.outside.program.OwnFile());
+    const DateTime offered = form.outside.program.FileTime(folder + u"\\" + name + u".EXE");
     return WholeMinutes(offered) > WholeMinutes(own);
 }
 
 void LaunchUpdater(MainForm& form) {
-    const Text updater = form.files.PathOf(Text(kUpdaterFileName));
+    const Text updater = form.outside.files.PathOf(Text(kUpdaterFileName));
     try {
-        form.program.Start(updater);
+        form.outside.program.Start(updater);
     } catch (const RuntimeError&) {
-        form.dialogs.ShowMessage(u"更新程序不能启动！",
-                                 updater + u" 不存在或不能运行。现在继续使用本版本，请联系管理员更新");
+        form.outside.dialogs.ShowNotice({Notice::Kind::NoUpdater, updater});
         return;
     }
-    form.store.Close();
+    form.outside.store.Close();
     throw ProgramEnds();
 }
 
 void OfferUpdate(MainForm& form, const Text& folder, const Text& name) {
     if (!IsUpdateNewer(form, folder, name)) return;
-    if (form.dialogs.AskYesNo(u"本软件有一个最新的版本,您需要更新吗？")) LaunchUpdater(form);
+    if (form.outside.dialogs.AskYesNo(u"本软件有一个最新的版本,您需要更新吗？")) LaunchUpdater(form);
 }
 
 }  // namespace commtest

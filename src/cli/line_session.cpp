@@ -50,7 +50,7 @@ void LineSession::LookAtSession() {
     if (isDone_ == nullptr) return;
     if (!Form().IsRunning()) {
         EndRun(WhyStopped());
-    } else if (!Form().Timer1[1].Enabled()) {
+    } else if (!Form().PollTimer().Enabled()) {
         EndRun(End::BadRun);
     } else if ((*isDone_)()) {
         EndRun(End::Done);

@@ -128,7 +128,7 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     LineSession line(lineOptions, console);
     RecordStream record(console, options.format == Format::Plain, options.recordFile);
     MainForm& form = line.Form();
-    form.ConCommString[1].BlockFinished = [&record](const Text& block) { record.Add(block); };
+    form.Record().BlockFinished = [&record](const Text& block) { record.Add(block); };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
     form.CommandCode = options.command;
     form.CurrentRow = MannerOf(form).firstRow(form);

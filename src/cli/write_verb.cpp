@@ -27,7 +27,7 @@ ExitStatus Write(const Arguments& arguments, Console& console) {
     const int writeType = arguments.WholeNumber(u"write-type", 0, kLargestWriteType);
     LineSession line(LineOptionsOf(arguments, console), console);
     line.Form().WriteType.Show(writeType);
-    line.Form().ConCommString[1].BlockFinished = [&console](const Text& block) {
+    line.Form().Record().BlockFinished = [&console](const Text& block) {
         console.Print(PrintableText(block));
     };
     const Interrupt interrupt([&line] { line.Quit(); });

@@ -20,6 +20,9 @@ class Clock {
 
     virtual DateTime Now() const = 0;
 
+    // Microseconds of a clock that only goes forward, from any beginning.
+    virtual std::int64_t Microseconds() const = 0;
+
     // The one blocking pause of the program, behind a change of the baud rate.
     virtual void Sleep(std::int32_t milliseconds) = 0;
 

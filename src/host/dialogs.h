@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/notice.h"
 #include "runtime/text.h"
 
 namespace commtest {
@@ -11,6 +12,9 @@ class Dialogs {
 
     // `detail`, if there is one, says the reason and what to do.
     virtual void ShowMessage(const Text& text, const Text& detail) = 0;
+
+    // A word of the program itself, as the face puts it.
+    virtual void ShowNotice(const Notice& notice) = 0;
 
     // The standard message of a run-time error, and its number.
     virtual void ShowError(int number, const Text& standardMessage) = 0;

@@ -8,6 +8,7 @@ namespace commtest {
 class SystemClock : public Clock {
   public:
     DateTime Now() const override;
+    std::int64_t Microseconds() const override;
     void Sleep(std::int32_t milliseconds) override;
     double Random() override;
 };

@@ -1,7 +1,9 @@
 #include "protocol_modbus/ascii_read_requests.h"
-#include "protocol_modbus/ascii_reply_parser.h"
+#include "protocol_modbus/ascii_reply_rows.h"
+#include "protocol_modbus/ascii_reply_verdicts.h"
 #include "protocol_modbus/ascii_write_requests.h"
 #include "protocol_modbus/modbus_protocols.h"
+#include "protocol_modbus/row_manner.h"
 #include "session/address.h"
 #include "session/frame_end.h"
 
@@ -14,19 +16,23 @@ std::vector<Protocol> AsciiProtocols() {
     plain.buildRead = BuildAsciiRead;
     plain.buildWrite = BuildAsciiWrite;
     plain.replyIsComplete = EndsWithLineFeed;
-    plain.parseReply = ParseAsciiReply;
+    plain.judge = JudgeAsciiReply;
+    plain.words = WordsOnAsciiReply;
+    plain.decode = DecodeAsciiRows;
     plain.displayMode = DisplayMode::Ascii;
     plain.menu = OperationMenu::Modbus;
     plain.composeAddress = ComposeTwoDigitAddress;
     plain.showFrameAddress = ShowAsciiFrameAddress;
     plain.checkWordIsThatOfAWrite = true;
+    plain.rows = kAsciiRowManner;
 
     Protocol first = plain;
     first.code = 22;
     first.name = u"ModBus-Ascii协议-定制01";
     first.buildRead = BuildAsciiReadCustom01;
     first.buildWrite = nullptr;
-    first.parseReply = ParseAsciiReplyTwo;
+    first.judge = JudgeAsciiReplyTwo;
+    first.decode = DecodeAsciiRowsTwo;
     first.checkWordIsThatOfAWrite = false;
 
     // Its replies are never recognised and never parsed: each frame times out and the cycle goes on. It takes
@@ -35,6 +41,7 @@ std::vector<Protocol> AsciiProtocols() {
     second.code = 23;
     second.name = u"ModBus-Ascii协议-定制02";
     second.buildRead = BuildAsciiReadCustom02;
+    second.rows = kAsciiRowManner;
     return {plain, first, second};
 }
 

@@ -6,8 +6,8 @@
 #include "protocol_modbus/ascii_frame.h"
 #include "protocol_modbus/read_operation.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -16,37 +16,37 @@ namespace {
 constexpr int kBytesPerWord = 2;
 constexpr int kBytesPerCount = 5;  // in which the catalogue counts the lengths of code 22
 
-const Text& AddressOfRow(const MainForm& form) {
-    return form.ParameterGrid().Cell(form.CurrentRow, column::kAddress);
+const Text& AddressOfRow(const Conversation& talk) {
+    return talk.ParameterGrid().Cell(talk.CurrentRow, column::kAddress);
 }
 
-double LengthOfRow(const MainForm& form) {
-    return ToNumber(form.ParameterGrid().Cell(form.CurrentRow, column::kLength));
+double LengthOfRow(const Conversation& talk) {
+    return ToNumber(talk.ParameterGrid().Cell(talk.CurrentRow, column::kLength));
 }
 
 Text CountText(std::int16_t count, int width) { return FittedToWidth(HexOf(count), width); }
 
-void CloseWordRead(MainForm& form, std::int16_t words) {
-    const Text data = ZeroToppedAddress(AddressOfRow(form)) + CountText(words, 4);
-    form.SendText = AsciiReadFrame(form.AddressText + u"03" + data, LrcOfPairs);
+void CloseWordRead(Conversation& talk, std::int16_t words) {
+    const Text data = ZeroToppedAddress(AddressOfRow(talk)) + CountText(words, 4);
+    talk.SendText = AsciiReadFrame(talk.AddressText + u"03" + data, LrcOfPairs);
 }
 
-void CloseCountRead(MainForm& form, std::int16_t count) {
-    const Text data = Mid(AddressOfRow(form), 3) + CountText(count, 2);
-    form.SendText = AsciiReadFrame(form.AddressText + u"03" + data, LrcOfChars);
+void CloseCountRead(Conversation& talk, std::int16_t count) {
+    const Text data = Mid(AddressOfRow(talk), 3) + CountText(count, 2);
+    talk.SendText = AsciiReadFrame(talk.AddressText + u"03" + data, LrcOfChars);
 }
 
-std::int16_t WordsOfRow(const MainForm& form) { return Whole16(LengthOfRow(form) / kBytesPerWord); }
+std::int16_t WordsOfRow(const Conversation& talk) { return Whole16(LengthOfRow(talk) / kBytesPerWord); }
 
-std::int16_t CountOfRow(const MainForm& form) { return Whole16(LengthOfRow(form) / kBytesPerCount); }
+std::int16_t CountOfRow(const Conversation& talk) { return Whole16(LengthOfRow(talk) / kBytesPerCount); }
 
 // The length of the first row stands for that of every row.
-std::int16_t WordsOfRun(MainForm& form) {
-    const Grid& grid = form.ParameterGrid();
-    std::int16_t words = WordsOfRow(form);
-    const std::int16_t limit = TakeReadLimit(form);
-    const double step = LengthOfRow(form) / kBytesPerWord;
-    for (int row = form.CurrentRow + 1; row < grid.Rows() && RowRunsOn(grid, row, step); ++row) {
+std::int16_t WordsOfRun(Conversation& talk, Clock& clock) {
+    const Grid& grid = talk.ParameterGrid();
+    std::int16_t words = WordsOfRow(talk);
+    const std::int16_t limit = TakeReadLimit(talk, clock);
+    const double step = LengthOfRow(talk) / kBytesPerWord;
+    for (int row = talk.CurrentRow + 1; row < grid.Rows() && RowRunsOn(grid, row, step); ++row) {
         words = Whole16(step + words);
         if (words >= limit) break;
     }
@@ -54,11 +54,11 @@ std::int16_t WordsOfRun(MainForm& form) {
 }
 
 // Two divisors: the addresses go by words, the count by fives. The instruments' users rely on both.
-std::int16_t CountOfRun(MainForm& form) {
-    const Grid& grid = form.ParameterGrid();
-    std::int16_t count = CountOfRow(form);
-    const std::int16_t limit = TakeReadLimit(form);
-    for (int row = form.CurrentRow + 1; row < grid.Rows(); ++row) {
+std::int16_t CountOfRun(Conversation& talk, Clock& clock) {
+    const Grid& grid = talk.ParameterGrid();
+    std::int16_t count = CountOfRow(talk);
+    const std::int16_t limit = TakeReadLimit(talk, clock);
+    for (int row = talk.CurrentRow + 1; row < grid.Rows(); ++row) {
         const double length = ToNumber(Left(grid.Cell(row - 1, column::kLength), 1));
         if (!RowRunsOn(grid, row, length / kBytesPerWord)) break;
         count = Whole16(count + length / kBytesPerCount);
@@ -67,34 +67,38 @@ std::int16_t CountOfRun(MainForm& form) {
     return count;
 }
 
-void ReadRow(MainForm& form) { CloseWordRead(form, WordsOfRow(form)); }
+void ReadRow(Conversation& talk, Clock&) { CloseWordRead(talk, WordsOfRow(talk)); }
 
-void ReadRun(MainForm& form) { CloseWordRead(form, WordsOfRun(form)); }
+void ReadRun(Conversation& talk, Clock& clock) { CloseWordRead(talk, WordsOfRun(talk, clock)); }
 
-void ReadCountRow(MainForm& form) { CloseCountRead(form, CountOfRow(form)); }
+void ReadCountRow(Conversation& talk, Clock&) { CloseCountRead(talk, CountOfRow(talk)); }
 
-void ReadCountRun(MainForm& form) { CloseCountRead(form, CountOfRun(form)); }
+void ReadCountRun(Conversation& talk, Clock& clock) { CloseCountRead(talk, CountOfRun(talk, clock)); }
 
 // The row's length has to be a number, and then goes unused like its address.
-void ReadFixed(MainForm& form) {
-    WordsOfRow(form);
-    form.SendText = AsciiReadFrame(form.AddressText + u"030110", LrcOfPairs);
+void ReadFixed(Conversation& talk, Clock&) {
+    WordsOfRow(talk);
+    talk.SendText = AsciiReadFrame(talk.AddressText + u"030110", LrcOfPairs);
 }
 
-void Build(MainForm& form, void (*readRow)(MainForm&), void (*readRun)(MainForm&)) {
-    const ReadOperation operation = TakeReadOperation(form);
+using Read = void (*)(Conversation&, Clock&);
+
+void Build(Conversation& talk, Clock& clock, Read readRow, Read readRun) {
+    const ReadOperation operation = TakeReadOperation(talk);
     const bool isSingle = operation == ReadOperation::SingleRow;
     if (!isSingle && operation != ReadOperation::SeveralRows) return;
-    PrepareRowForRead(form);
-    (isSingle ? readRow : readRun)(form);
+    PrepareRowForRead(talk);
+    (isSingle ? readRow : readRun)(talk, clock);
 }
 
 }  // namespace
 
-void BuildAsciiRead(MainForm& form) { Build(form, ReadRow, ReadRun); }
+void BuildAsciiRead(Conversation& talk, Clock& clock) { Build(talk, clock, ReadRow, ReadRun); }
 
-void BuildAsciiReadCustom01(MainForm& form) { Build(form, ReadCountRow, ReadCountRun); }
+void BuildAsciiReadCustom01(Conversation& talk, Clock& clock) {
+    Build(talk, clock, ReadCountRow, ReadCountRun);
+}
 
-void BuildAsciiReadCustom02(MainForm& form) { Build(form, ReadFixed, ReadRun); }
+void BuildAsciiReadCustom02(Conversation& talk, Clock& clock) { Build(talk, clock, ReadFixed, ReadRun); }
 
 }  // namespace commtest

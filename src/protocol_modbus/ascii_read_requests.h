@@ -2,7 +2,8 @@
 
 namespace commtest {
 
-class MainForm;
+class Clock;
+struct Conversation;
 
 // Fill SendText for the next poll by CommandCode; what asks for neither one row nor several leaves it. Column
 // 6 of CurrentRow is emptied. Errors, which leave SendText: 13 for a length or a ConDataNub that is no
@@ -10,8 +11,10 @@ class MainForm;
 //
 // Address 1, parameter 0010 of two bytes; code 22 of five bytes; code 23 whatever the row says:
 //   ":010300100001EB\r\n"  ":010310017A\r\n"  ":01030110EB\r\n"
-void BuildAsciiRead(MainForm& form);          // code 21: the count is in words of two bytes
-void BuildAsciiReadCustom01(MainForm& form);  // code 22: low address byte alone, count in fives of bytes
-void BuildAsciiReadCustom02(MainForm& form);  // code 23: as 21 for several rows, a fixed frame for one
+void BuildAsciiRead(Conversation& talk, Clock& clock);  // code 21: the count is in words of two bytes
+void BuildAsciiReadCustom01(Conversation& talk,
+                            Clock& clock);  // code 22: low address byte alone, count in fives of bytes
+void BuildAsciiReadCustom02(Conversation& talk,
+                            Clock& clock);  // code 23: as 21 for several rows, a fixed frame for one
 
 }  // namespace commtest

@@ -7,19 +7,19 @@
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
 namespace {
 
 // The digits between the byte count and the check word.
-Text DataDigits(const MainForm& form) {
+Text DataDigits(const HexText& reply) {
     constexpr int kDataPosition = 22;
     constexpr int kCheckWordAndLineEnd = 12;
     constexpr int kAround = kDataPosition - 1 + kCheckWordAndLineEnd;
-    return ReadableOf(Mid(form.ReplyText, kDataPosition, Len(form.ReplyText) - kAround));
+    return ReadableOf(Mid(reply, kDataPosition, Len(reply) - kAround));
 }
 
 // Moves a row's share of the data into its cells; gives the digits that count.
@@ -59,22 +59,24 @@ void FillRowTwo(Grid& grid, int row, const Text& digits) {
     grid.SetCell(row, column::kScaledValue, head >= kSign ? u"-" + scaled : scaled);
 }
 
-void Walk(MainForm& form, void (*fillRow)(Grid&, int, const Text&), int mostLeftOver) {
-    Text data = DataDigits(form);
-    Grid& grid = form.ParameterGrid();
-    for (int row = form.CurrentRow; row < grid.Rows(); ++row) {
+void Walk(Conversation& talk, const HexText& reply, void (*fillRow)(Grid&, int, const Text&),
+          int mostLeftOver) {
+    Text data = DataDigits(reply);
+    Grid& grid = talk.ParameterGrid();
+    for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
+        talk.FilledRows.Add(row);
         fillRow(grid, row, TakeDigits(grid, row, data));
         if (Len(data) > mostLeftOver) continue;
-        form.CurrentRow = Whole16(row + 1);
+        talk.CurrentRow = Whole16(row + 1);
         break;
     }
-    if (form.CommandCode != command::kReadSeveralRows) KeepRowInView(form);
+    if (talk.CommandCode != command::kReadSeveralRows) KeepRowInView(talk);
 }
 
 }  // namespace
 
-void DecodeAsciiRows(MainForm& form) { Walk(form, FillRow, 9); }
+void DecodeAsciiRows(Conversation& talk, const HexText& reply) { Walk(talk, reply, FillRow, 9); }
 
-void DecodeAsciiRowsTwo(MainForm& form) { Walk(form, FillRowTwo, 4); }
+void DecodeAsciiRowsTwo(Conversation& talk, const HexText& reply) { Walk(talk, reply, FillRowTwo, 4); }
 
 }  // namespace commtest

@@ -2,11 +2,12 @@
 
 #include <cmath>
 
+#include "host/dialogs.h"
 #include "protocol_modbus/ascii_frame.h"
 #include "protocol_modbus/ratio_row.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -16,9 +17,9 @@ constexpr TextView kFirstHalfMessage =
     u"参数占用了4个字节的地址,现修改头两个字节,随后请再操作一次,修改方可全部完成！";
 
 // The entry as the digits of the frame; the cell keeps it as typed.
-Text TakeEntry(MainForm& form) {
-    Grid& grid = form.ParameterGrid();
-    const Text& entry = form.InputText.Value();
+Text TakeEntry(Conversation& talk) {
+    Grid& grid = talk.ParameterGrid();
+    const Text& entry = talk.InputText.Value();
     grid.SetCell(grid.Row, grid.Col, entry);
     const double decimals = std::floor(ToNumber(grid.Cell(grid.Row, column::kDecimals)));
     const double value = Finite(ToNumber(entry) * Finite(std::pow(10.0, decimals)));
@@ -26,8 +27,8 @@ Text TakeEntry(MainForm& form) {
     return FittedToWidth(HexOf(value), Whole16(2 * length));
 }
 
-Text FirstHalf(MainForm& form, const Text& address, const Text& digits) {
-    form.dialogs.ShowMessage(Text(kFirstHalfMessage), {});
+Text FirstHalf(Dialogs& dialogs, const Text& address, const Text& digits) {
+    dialogs.ShowMessage(Text(kFirstHalfMessage), {});
     return u"06" + address + u"00" + Mid(digits, 5, 2);
 }
 
@@ -37,23 +38,24 @@ Text SecondHalf(const Text& address, const Text& digits) {
     return u"060" + HexOf(HexParse(address) + 1.0) + u"00" + Mid(digits, 7, 2);
 }
 
-Text TakeHalf(MainForm& form, const Text& address, const Text& digits) {
-    const bool isSecond = form.AsciiSecondHalfPending;
-    const Text data = isSecond ? SecondHalf(address, digits) : FirstHalf(form, address, digits);
-    form.AsciiSecondHalfPending = !isSecond;
+Text TakeHalf(HalfWrites& halves, Dialogs& dialogs, const Text& address, const Text& digits) {
+    const bool isSecond = halves.AsciiSecondHalfPending;
+    const Text data = isSecond ? SecondHalf(address, digits) : FirstHalf(dialogs, address, digits);
+    halves.AsciiSecondHalfPending = !isSecond;
     return data;
 }
 
 }  // namespace
 
-void BuildAsciiWrite(MainForm& form) {
-    const Text digits = TakeEntry(form);
-    const Grid& grid = form.ParameterGrid();
+void BuildAsciiWrite(Conversation& talk, Dialogs& dialogs) {
+    const Text digits = TakeEntry(talk);
+    const Grid& grid = talk.ParameterGrid();
     const Text address = grid.Cell(grid.Row, column::kAddress);
-    const Text data = IsRatioRow(grid, grid.Row) ? TakeHalf(form, address, digits) : u"06" + address + digits;
-    form.SendText = AsciiWriteFrame(form.AddressText + data);
-    form.InputText.SetVisible(false);
-    form.CommandCode = command::kReadSeveralRows;
+    const Text data =
+        IsRatioRow(grid, grid.Row) ? TakeHalf(talk, dialogs, address, digits) : u"06" + address + digits;
+    talk.SendText = AsciiWriteFrame(talk.AddressText + data);
+    talk.InputText.SetVisible(false);
+    talk.CommandCode = command::kReadSeveralRows;
 }
 
 }  // namespace commtest

@@ -2,7 +2,8 @@
 
 namespace commtest {
 
-class MainForm;
+class Dialogs;
+struct Conversation;
 
 // Turns the entry in InputText into the write frame of the grid's current row, in SendText, and CommandCode
 // into 60. The entry goes into the current cell; limits and the write attribute are not looked at. Column 5
@@ -14,6 +15,6 @@ class MainForm;
 //
 // Address 1, value 1000 of two bytes to 0010:
 //   ":0106001003E8FE\r"
-void BuildAsciiWrite(MainForm& form);
+void BuildAsciiWrite(Conversation& talk, Dialogs& dialogs);
 
 }  // namespace commtest

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <optional>
 
+#include "controls/grid.h"
 #include "numbers/reading_length.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -44,9 +44,8 @@ void ShowDecimals(Text& value, double decimals) {
 
 }  // namespace
 
-void ScaleByDecimalRow(MainForm& form, int row, Text& value, bool divide) {
+void ScaleByDecimalRow(Grid& grid, int row, Text& value, bool divide) {
     if (value.empty()) return;
-    Grid& grid = form.ParameterGrid();
     grid.Redraw = false;
     PassOverErrors([&] {
         const auto decimals = UsableDecimals(ReferencedDecimals(grid, row));

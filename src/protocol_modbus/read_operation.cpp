@@ -2,15 +2,16 @@
 
 #include <cmath>
 
+#include "host/clock.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
-ReadOperation TakeReadOperation(MainForm& form) {
+ReadOperation TakeReadOperation(Operation& operation) {
     using namespace command;
-    std::int32_t& code = form.CommandCode;
+    std::int32_t& code = operation.CommandCode;
     if ((code >= 0 && code <= kReadRowByRow) || code > kSearchOffset) return ReadOperation::SingleRow;
     if (code == kReadSeveralRows) return ReadOperation::SeveralRows;
     if (code == kReadBoardType) return ReadOperation::BoardType;
@@ -20,16 +21,16 @@ ReadOperation TakeReadOperation(MainForm& form) {
     return ReadOperation::Nothing;
 }
 
-void PrepareRowForRead(MainForm& form) {
-    Grid& grid = form.ParameterGrid();
-    if (form.CurrentRow >= grid.Rows() || form.CurrentRow < kFirstModbusRow)
-        form.CurrentRow = kFirstModbusRow;
-    grid.SetCell(form.CurrentRow, column::kSingleRead, Text());
+void PrepareRowForRead(ParameterRows& rows) {
+    Grid& grid = rows.ParameterGrid();
+    if (rows.CurrentRow >= grid.Rows() || rows.CurrentRow < kFirstModbusRow)
+        rows.CurrentRow = kFirstModbusRow;
+    grid.SetCell(rows.CurrentRow, column::kSingleRead, Text());
 }
 
-std::int16_t TakeReadLimit(MainForm& form) {
-    const std::int16_t limit = ToWhole16(form.ConDataNub.Value());
-    return form.Check2.Value() ? Whole16(std::floor(form.clock.Random() * limit)) : limit;
+std::int16_t TakeReadLimit(const Operation& operation, Clock& clock) {
+    const std::int16_t limit = ToWhole16(operation.ConDataNub.Value());
+    return operation.Check2.Value() ? Whole16(std::floor(clock.Random() * limit)) : limit;
 }
 
 Text ZeroToppedAddress(const Text& address) { return u"0" + Mid(address, 2); }

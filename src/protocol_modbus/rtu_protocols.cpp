@@ -1,7 +1,9 @@
 #include "protocol_modbus/modbus_protocols.h"
 
+#include "protocol_modbus/row_manner.h"
 #include "protocol_modbus/rtu_read_requests.h"
-#include "protocol_modbus/rtu_reply_parser.h"
+#include "protocol_modbus/rtu_reply_rows.h"
+#include "protocol_modbus/rtu_reply_verdicts.h"
 #include "protocol_modbus/rtu_write_requests.h"
 #include "session/address.h"
 #include "session/frame_end.h"
@@ -15,11 +17,14 @@ std::vector<Protocol> RtuProtocols() {
     plain.buildRead = BuildRtuReadFormA;
     plain.buildWrite = BuildRtuWrite;
     plain.replyIsComplete = EndsByRtuRule;
-    plain.parseReply = ParseRtuReply;
+    plain.judge = JudgeRtuReply;
+    plain.words = WordsOnRtuReply;
+    plain.decode = DecodeRtuRows;
     plain.displayMode = DisplayMode::Hexadecimal;
     plain.menu = OperationMenu::Modbus;
     plain.composeAddress = ComposeTwoDigitAddress;
     plain.showFrameAddress = ShowByteFrameAddress;
+    plain.rows = kRtuRowManner;
 
     Protocol customised = plain;
     customised.code = 32;
@@ -48,6 +53,7 @@ std::vector<Protocol> RtuProtocols() {
     m46t.code = 51;
     m46t.name = u"ModBus-RTU协议-M46T";
     m46t.buildWrite = nullptr;
+    m46t.stepsOverSilentRows = true;
     m46t.menu = OperationMenu::FlowMeter;
 
     plain.checkWordIsThatOfAWrite = true;

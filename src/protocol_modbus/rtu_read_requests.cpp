@@ -2,11 +2,12 @@
 
 #include <cmath>
 
+#include "host/clock.h"
 #include "protocol_modbus/read_operation.h"
 #include "protocol_modbus/rtu_frame.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -20,23 +21,23 @@ constexpr TextView kFourRegisters = u" 00 04";
 constexpr TextView kFiveRegisters = u" 00 05";
 
 struct ReadForm {
-    void (*composeSingleRead)(MainForm&);
+    void (*composeSingleRead)(Conversation&);
     TextView groupFunction;
     int step;        // registers from a row to the next
     int firstCount;  // of a multi-read, before the rows that run on
     bool hasTests;   // and the board type
 };
 
-const Text& CellOfCurrentRow(const MainForm& form, int col) {
-    return form.ParameterGrid().Cell(form.CurrentRow, col);
+const Text& CellOfCurrentRow(const Conversation& talk, int col) {
+    return talk.ParameterGrid().Cell(talk.CurrentRow, col);
 }
 
-Text ZeroToppedRowAddress(const MainForm& form) {
-    return ZeroToppedAddress(CellOfCurrentRow(form, column::kAddress));
+Text ZeroToppedRowAddress(const Conversation& talk) {
+    return ZeroToppedAddress(CellOfCurrentRow(talk, column::kAddress));
 }
 
-void Compose(MainForm& form, TextView function, const Text& address, TextView count) {
-    form.SendText = form.AddressText + Text(function) + SplitAddress(address) + Text(count);
+void Compose(Conversation& talk, TextView function, const Text& address, TextView count) {
+    talk.SendText = talk.AddressText + Text(function) + SplitAddress(address) + Text(count);
 }
 
 // --- The single reads ---
@@ -44,31 +45,33 @@ void Compose(MainForm& form, TextView function, const Text& address, TextView co
 // A row of four bytes is read with one register, except on phase instruments and flow meters. A length of
 // none of these kinds leaves the frame standing, which then gains two more bytes each time. The instruments'
 // users rely on both.
-void ComposeSingleReadByLength(MainForm& form) {
-    const double length = ToNumber(Left(CellOfCurrentRow(form, column::kLength), 1));
-    const Text address = ZeroToppedRowAddress(form);
-    const Text& instrument = form.ConMeterName[0].Value();
+void ComposeSingleReadByLength(Conversation& talk) {
+    const double length = ToNumber(Left(CellOfCurrentRow(talk, column::kLength), 1));
+    const Text address = ZeroToppedRowAddress(talk);
+    const Text& instrument = talk.InstrumentName();
     const bool isFourBytes = length == 4;
     if (isFourBytes && Contains(instrument, u"流量计")) {
-        Compose(form, kReadInput, address, kFourRegisters);
+        Compose(talk, kReadInput, address, kFourRegisters);
     } else if (isFourBytes && Contains(instrument, u"相")) {
-        Compose(form, kReadHolding, address, kTwoRegisters);
+        Compose(talk, kReadHolding, address, kTwoRegisters);
     } else if (isFourBytes || length == 1 || length == 2) {
-        Compose(form, kReadHolding, address, kOneRegister);
+        Compose(talk, kReadHolding, address, kOneRegister);
     } else if (length == 5) {
-        Compose(form, kReadInput, address, kFiveRegisters);
+        Compose(talk, kReadInput, address, kFiveRegisters);
     }
 }
 
-void ComposeHoldingRead(MainForm& form) {
-    Compose(form, kReadHolding, ZeroToppedRowAddress(form), kOneRegister);
+void ComposeHoldingRead(Conversation& talk) {
+    Compose(talk, kReadHolding, ZeroToppedRowAddress(talk), kOneRegister);
 }
 
-void ComposeInputRead(MainForm& form) { Compose(form, kReadInput, ZeroToppedRowAddress(form), kOneRegister); }
+void ComposeInputRead(Conversation& talk) {
+    Compose(talk, kReadInput, ZeroToppedRowAddress(talk), kOneRegister);
+}
 
 // The one read that keeps the first digit of the row's address.
-void ComposeTwoRegisterRead(MainForm& form) {
-    Compose(form, kReadHolding, CellOfCurrentRow(form, column::kAddress), kTwoRegisters);
+void ComposeTwoRegisterRead(Conversation& talk) {
+    Compose(talk, kReadHolding, CellOfCurrentRow(talk, column::kAddress), kTwoRegisters);
 }
 
 constexpr ReadForm kFormA = {ComposeSingleReadByLength, kReadHolding, 1, 1, true};
@@ -80,66 +83,66 @@ constexpr ReadForm kFormD = {ComposeTwoRegisterRead, kReadHolding, 2, 0, true};
 
 // The limit is looked at only behind the first row that runs on, so that 1 and 0 give what 2 gives. The count
 // is one of rows and travels as one of registers: rows of two registers get about half of what they hold.
-int CountRowsThatRunOn(MainForm& form, const ReadForm& readForm) {
-    const Grid& grid = form.ParameterGrid();
-    const std::int16_t limit = TakeReadLimit(form);
+int CountRowsThatRunOn(Conversation& talk, Clock& clock, const ReadForm& readForm) {
+    const Grid& grid = talk.ParameterGrid();
+    const std::int16_t limit = TakeReadLimit(talk, clock);
     int count = readForm.firstCount;
-    for (int row = form.CurrentRow + 1; row < grid.Rows() && RowRunsOn(grid, row, readForm.step); ++row) {
+    for (int row = talk.CurrentRow + 1; row < grid.Rows() && RowRunsOn(grid, row, readForm.step); ++row) {
         ++count;
         if (count >= limit) break;
     }
-    return count > 0 ? count : ToWhole16(form.ConDataNub.Value());
+    return count > 0 ? count : ToWhole16(talk.ConDataNub.Value());
 }
 
-void ComposeGroupRead(MainForm& form, const ReadForm& readForm) {
-    Text count = HexOf(static_cast<double>(CountRowsThatRunOn(form, readForm)));
+void ComposeGroupRead(Conversation& talk, Clock& clock, const ReadForm& readForm) {
+    Text count = HexOf(static_cast<double>(CountRowsThatRunOn(talk, clock, readForm)));
     if (Len(count) < 2) FitTextWidth(count, 2);
-    Compose(form, readForm.groupFunction, ZeroToppedRowAddress(form), u" 00 " + count);
+    Compose(talk, readForm.groupFunction, ZeroToppedRowAddress(talk), u" 00 " + count);
 }
 
-void ComposeTest(MainForm& form) {
+void ComposeTest(Conversation& talk, Clock& clock) {
     constexpr int kWords = 65534;
-    PrepareRowForRead(form);
-    const Text word = FittedToWidth(HexOf(std::floor(form.clock.Random() * kWords)), 4);
-    Compose(form, u" 08 ", ZeroToppedRowAddress(form), u" " + SplitAddress(word));
+    PrepareRowForRead(talk);
+    const Text word = FittedToWidth(HexOf(std::floor(clock.Random() * kWords)), 4);
+    Compose(talk, u" 08 ", ZeroToppedRowAddress(talk), u" " + SplitAddress(word));
 }
 
 // False if there is nothing to compose: SendText then goes out as it is.
-bool ComposeByOperation(MainForm& form, const ReadForm& readForm) {
-    const ReadOperation operation = TakeReadOperation(form);
+bool ComposeByOperation(Conversation& talk, Clock& clock, const ReadForm& readForm) {
+    const ReadOperation operation = TakeReadOperation(talk);
     switch (operation) {
         case ReadOperation::Nothing: return false;
         case ReadOperation::SingleRow:
-            PrepareRowForRead(form);
-            readForm.composeSingleRead(form);
+            PrepareRowForRead(talk);
+            readForm.composeSingleRead(talk);
             return true;
         case ReadOperation::SeveralRows:
-            PrepareRowForRead(form);
-            ComposeGroupRead(form, readForm);
+            PrepareRowForRead(talk);
+            ComposeGroupRead(talk, clock, readForm);
             return true;
         default: break;
     }
     if (!readForm.hasTests) return false;
     if (operation == ReadOperation::BoardType) {
-        form.SendText = form.AddressText + u" 09 00 00 00 00";
+        talk.SendText = talk.AddressText + u" 09 00 00 00 00";
         return true;
     }
-    form.CurrentRow = operation == ReadOperation::RisingTest ? Add16(form.CurrentRow, 1) : kFirstModbusRow;
-    ComposeTest(form);
+    talk.CurrentRow = operation == ReadOperation::RisingTest ? Add16(talk.CurrentRow, 1) : kFirstModbusRow;
+    ComposeTest(talk, clock);
     return true;
 }
 
-void BuildWithRedrawOff(MainForm& form, const ReadForm& readForm) {
-    form.ParameterGrid().Redraw = false;
-    if (ComposeByOperation(form, readForm)) AppendRtuCrc(form.SendText);
-    form.ParameterGrid().Redraw = true;
+void BuildWithRedrawOff(Conversation& talk, Clock& clock, const ReadForm& readForm) {
+    talk.ParameterGrid().Redraw = false;
+    if (ComposeByOperation(talk, clock, readForm)) AppendRtuCrc(talk.SendText);
+    talk.ParameterGrid().Redraw = true;
 }
 
 }  // namespace
 
-void BuildRtuReadFormA(MainForm& form) { BuildWithRedrawOff(form, kFormA); }
-void BuildRtuReadFormB(MainForm& form) { BuildWithRedrawOff(form, kFormB); }
-void BuildRtuReadFormC(MainForm& form) { BuildWithRedrawOff(form, kFormC); }
-void BuildRtuReadFormD(MainForm& form) { BuildWithRedrawOff(form, kFormD); }
+void BuildRtuReadFormA(Conversation& talk, Clock& clock) { BuildWithRedrawOff(talk, clock, kFormA); }
+void BuildRtuReadFormB(Conversation& talk, Clock& clock) { BuildWithRedrawOff(talk, clock, kFormB); }
+void BuildRtuReadFormC(Conversation& talk, Clock& clock) { BuildWithRedrawOff(talk, clock, kFormC); }
+void BuildRtuReadFormD(Conversation& talk, Clock& clock) { BuildWithRedrawOff(talk, clock, kFormD); }
 
 }  // namespace commtest

@@ -2,7 +2,8 @@
 
 namespace commtest {
 
-class MainForm;
+class Clock;
+struct Conversation;
 
 // Fill SendText for the next poll by CommandCode, and move CurrentRow into the grid. The grid's redraw is on
 // afterwards, off behind an error: 13 for a ConDataNub that is no number, 6 for one beyond 16 bits, and in
@@ -13,9 +14,9 @@ class MainForm;
 //   C  function 04, one register                    " 01 04 00 10 00 01 30 0F"
 //   D  function 03, two registers                   " 01 03 00 10 00 02 C5 CE"
 // Only A and D know the board type and the tests; the others send the last frame again for these.
-void BuildRtuReadFormA(MainForm& form);  // codes 31, 34
-void BuildRtuReadFormB(MainForm& form);  // code 32
-void BuildRtuReadFormC(MainForm& form);  // code 33
-void BuildRtuReadFormD(MainForm& form);  // codes 35, 51
+void BuildRtuReadFormA(Conversation& talk, Clock& clock);  // codes 31, 34
+void BuildRtuReadFormB(Conversation& talk, Clock& clock);  // code 32
+void BuildRtuReadFormC(Conversation& talk, Clock& clock);  // code 33
+void BuildRtuReadFormD(Conversation& talk, Clock& clock);  // codes 35, 51
 
 }  // namespace commtest

@@ -7,8 +7,8 @@
 #include "protocol_modbus/read_operation.h"
 #include "protocol_modbus/rtu_value.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -48,10 +48,10 @@ Text TakeBytes(Data& data, int count) {
 // reply stay for the following rows, all of which are filled from it: its users rely on that.
 class RowCutter {
   public:
-    explicit RowCutter(const MainForm& form)
-        : grid_(form.ParameterGrid()),
-          format_(Mid(form.MeterCodeText, 3, 2)),
-          isFlowMeter_(Contains(form.ConMeterName[0].Value(), u"流量计")) {}
+    explicit RowCutter(const Conversation& talk)
+        : grid_(talk.ParameterGrid()),
+          format_(Mid(talk.MeterCodeText, 3, 2)),
+          isFlowMeter_(Contains(talk.InstrumentName(), u"流量计")) {}
 
     std::optional<Text> Cut(int row, Data& data) const {
         const Text& length = grid_.Cell(row, column::kLength);
@@ -82,32 +82,32 @@ class RowCutter {
     bool isFlowMeter_;
 };
 
-void ShowValue(MainForm& form, int row, int rawColumn) {
-    Grid& grid = form.ParameterGrid();
+void ShowValue(const InstrumentInUse& instrument, Grid& grid, int row, int rawColumn) {
     Text value = grid.Cell(row, rawColumn);
-    DecodeRtuValue(form, value);
+    DecodeRtuValue(instrument, value);
     grid.SetCell(row, column::kValue, value);
-    if (grid.Cell(row, column::kDecimals) != u"0") ScaleByDecimalRow(form, row, value, true);
+    if (grid.Cell(row, column::kDecimals) != u"0") ScaleByDecimalRow(grid, row, value, true);
     grid.SetCell(row, column::kScaledValue, value);
 }
 
 }  // namespace
 
-void DecodeRtuRows(MainForm& form) {
-    Data data = form.ReplyText;
+void DecodeRtuRows(Conversation& talk, const HexText& reply) {
+    Data data = reply;
     if (data.size() <= kFrontWidth + kCrcWidth) return;
     data = data.substr(kFrontWidth, data.size() - kFrontWidth - kCrcWidth);
-    Grid& grid = form.ParameterGrid();
-    const RowCutter cutter(form);
-    const bool isGroupRead = form.CommandCode == command::kReadSeveralRows;
+    Grid& grid = talk.ParameterGrid();
+    const RowCutter cutter(talk);
+    const bool isGroupRead = talk.CommandCode == command::kReadSeveralRows;
     const int rawColumn = isGroupRead ? column::kGroupRead : column::kSingleRead;
-    form.CurrentRow = std::max(form.CurrentRow, kFirstModbusRow);
-    for (int row = form.CurrentRow; row < grid.Rows(); ++row) {
+    talk.CurrentRow = std::max(talk.CurrentRow, kFirstModbusRow);
+    for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
         if (auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, std::move(*raw));
-        ShowValue(form, row, rawColumn);
-        if (!isGroupRead) KeepRowInView(form);
+        talk.FilledRows.Add(row);
+        ShowValue(talk, grid, row, rawColumn);
+        if (!isGroupRead) KeepRowInView(talk);
         if (data.size() < kFewestLeft) {
-            form.CurrentRow = Whole16(row + 1);
+            talk.CurrentRow = Whole16(row + 1);
             return;
         }
     }

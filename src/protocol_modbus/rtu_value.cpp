@@ -2,26 +2,34 @@
 
 #include "numbers/register_codecs.h"
 #include "runtime/number.h"
-#include "session/main_form.h"
+#include "session/conversation.h"
 
 namespace commtest {
 
 namespace {
 
-int FormatOfInstrument(const MainForm& form) { return ToWhole16(Mid(form.MeterCodeText, 3, 2)); }
+int FormatOfInstrument(const InstrumentInUse& instrument) {
+    return ToWhole16(Mid(instrument.MeterCodeText, 3, 2));
+}
 
 }  // namespace
 
-void EncodeRtuValue(const MainForm& form, Text& value) { ValueToCommCode(value, FormatOfInstrument(form)); }
+void EncodeRtuValue(const InstrumentInUse& instrument, Text& value) {
+    ValueToCommCode(value, FormatOfInstrument(instrument));
+}
 
-void DecodeRtuValue(const MainForm& form, Text& value) {
+bool ShowsConstant(const InstrumentInUse& instrument, const Text& code) {
+    return Len(code) == 8 && Contains(instrument.InstrumentName(), u"相");
+}
+
+void DecodeRtuValue(const InstrumentInUse& instrument, Text& value) {
     // A constant stands for the received code: the users of these instruments read the code itself in the
     // raw column and rely on it.
-    if (Len(value) == 8 && Contains(form.ConMeterName[0].Value(), u"相")) {
+    if (ShowsConstant(instrument, value)) {
         value = u"42460000";
         CommCodeToValue(value, register_format::kIeeeSingle);
     } else {
-        CommCodeToValue(value, FormatOfInstrument(form));
+        CommCodeToValue(value, FormatOfInstrument(instrument));
     }
 }
 

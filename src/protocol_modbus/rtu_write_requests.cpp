@@ -1,11 +1,12 @@
 #include "protocol_modbus/rtu_write_requests.h"
 
+#include "host/dialogs.h"
 #include "protocol_modbus/decimal_row.h"
 #include "protocol_modbus/rtu_frame.h"
 #include "protocol_modbus/rtu_value.h"
 #include "runtime/number.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -20,18 +21,18 @@ constexpr int kFourBytes = 1;
 constexpr int kSeveral = 2;
 }  // namespace write_type
 
-const Text& CellOfRow(const MainForm& form, int col) {
-    const Grid& grid = form.ParameterGrid();
+const Text& CellOfRow(const Conversation& talk, int col) {
+    const Grid& grid = talk.ParameterGrid();
     return grid.Cell(grid.Row, col);
 }
 
 // The entry as code text; the cell keeps it as typed.
-Text TakeEntry(MainForm& form) {
-    Grid& grid = form.ParameterGrid();
-    Text value = form.InputText.Value();
+Text TakeEntry(Conversation& talk) {
+    Grid& grid = talk.ParameterGrid();
+    Text value = talk.InputText.Value();
     grid.SetCell(grid.Row, grid.Col, value);
-    if (grid.Cell(grid.Row, column::kDecimals) != u"0") ScaleByDecimalRow(form, grid.Row, value, false);
-    EncodeRtuValue(form, value);
+    if (grid.Cell(grid.Row, column::kDecimals) != u"0") ScaleByDecimalRow(grid, grid.Row, value, false);
+    EncodeRtuValue(talk, value);
     return value;
 }
 
@@ -49,8 +50,8 @@ HexText DataOfLength(const Text& code, const Text& length) {
     return code;
 }
 
-void Compose(MainForm& form, TextView function, const Text& address, const HexText& data) {
-    form.SendText = form.AddressText + Text(function) + SplitAddress(address) + data;
+void Compose(Conversation& talk, TextView function, const Text& address, const HexText& data) {
+    talk.SendText = talk.AddressText + Text(function) + SplitAddress(address) + data;
 }
 
 Text NextAddress(const Text& address) {
@@ -59,52 +60,51 @@ Text NextAddress(const Text& address) {
 
 // The user is asked to enter the value once more; the second entry gives the second word, of whatever row it
 // is made in.
-void ComposeNextHalf(MainForm& form, const Text& code) {
-    const Text& address = CellOfRow(form, column::kAddress);
-    if (form.SecondHalfPending) {
-        Compose(form, kWriteOne, NextAddress(address), Bytes(code, 3, 2));
+void ComposeNextHalf(Conversation& talk, Dialogs& dialogs, const Text& code) {
+    const Text& address = CellOfRow(talk, column::kAddress);
+    if (talk.SecondHalfPending) {
+        Compose(talk, kWriteOne, NextAddress(address), Bytes(code, 3, 2));
     } else {
-        form.dialogs.ShowMessage(
-            u"由于 " + CellOfRow(form, column::kName) +
-                u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！",
-            Text());
-        Compose(form, kWriteOne, address, Bytes(code, 1, 2));
+        dialogs.ShowMessage(u"由于 " + CellOfRow(talk, column::kName) +
+                                u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！",
+                            Text());
+        Compose(talk, kWriteOne, address, Bytes(code, 1, 2));
     }
-    form.SecondHalfPending = !form.SecondHalfPending;
+    talk.SecondHalfPending = !talk.SecondHalfPending;
 }
 
-void ComposeByWriteType(MainForm& form, const Text& code) {
-    const Text& address = CellOfRow(form, column::kAddress);
+void ComposeByWriteType(Conversation& talk, Dialogs& dialogs, const Text& code) {
+    const Text& address = CellOfRow(talk, column::kAddress);
     const HexText data = Bytes(code, 1, 4);
-    switch (form.WriteType.Chosen()) {
-        case write_type::kTwoBytes: return ComposeNextHalf(form, code);
-        case write_type::kFourBytes: return Compose(form, kWriteOne, address, data);
-        case write_type::kSeveral: return Compose(form, kWriteSeveral, address, u" 00 02 04" + data);
+    switch (talk.WriteType.Chosen()) {
+        case write_type::kTwoBytes: return ComposeNextHalf(talk, dialogs, code);
+        case write_type::kFourBytes: return Compose(talk, kWriteOne, address, data);
+        case write_type::kSeveral: return Compose(talk, kWriteSeveral, address, u" 00 02 04" + data);
         default: return;
     }
 }
 
-void CloseWrite(MainForm& form) {
-    AppendRtuCrc(form.SendText);
-    form.InputText.SetVisible(false);
+void CloseWrite(Conversation& talk) {
+    AppendRtuCrc(talk.SendText);
+    talk.InputText.SetVisible(false);
 }
 
 }  // namespace
 
 // Function 06 goes out whatever the length, with one, two or four data bytes; the instruments take it so.
-void BuildRtuWrite(MainForm& form) {
-    const Text code = TakeEntry(form);
-    const HexText data = DataOfLength(code, CellOfRow(form, column::kLength));
-    Compose(form, kWriteOne, CellOfRow(form, column::kAddress), data);
-    CloseWrite(form);
+void BuildRtuWrite(Conversation& talk, Dialogs&) {
+    const Text code = TakeEntry(talk);
+    const HexText data = DataOfLength(code, CellOfRow(talk, column::kLength));
+    Compose(talk, kWriteOne, CellOfRow(talk, column::kAddress), data);
+    CloseWrite(talk);
 }
 
 // A row of another length composes nothing: the frame left standing gains two bytes and goes out, which the
 // instruments' users rely on.
-void BuildRtuWriteFlow(MainForm& form) {
-    const Text code = TakeEntry(form);
-    if (CellOfRow(form, column::kLength) == u"4") ComposeByWriteType(form, code);
-    CloseWrite(form);
+void BuildRtuWriteFlow(Conversation& talk, Dialogs& dialogs) {
+    const Text code = TakeEntry(talk);
+    if (CellOfRow(talk, column::kLength) == u"4") ComposeByWriteType(talk, dialogs, code);
+    CloseWrite(talk);
 }
 
 }  // namespace commtest

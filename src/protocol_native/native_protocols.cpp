@@ -2,7 +2,9 @@
 
 #include "protocol_native/check_words.h"
 #include "protocol_native/read_requests.h"
-#include "protocol_native/reply_parser.h"
+#include "protocol_native/reply_rows.h"
+#include "protocol_native/reply_verdicts.h"
+#include "protocol_native/row_manner.h"
 #include "protocol_native/write_requests.h"
 #include "session/address.h"
 #include "session/frame_end.h"
@@ -17,18 +19,22 @@ std::vector<Protocol> NativeProtocols() {
     plain.buildWrite = BuildTqWriteRequest;
     plain.replyIsComplete = EndsWithLineEnd;
     plain.continuesOnLineFeed = true;
-    plain.parseReply = ParseTqReply;
+    plain.judge = JudgeTqReply;
+    plain.words = WordsOnTqReply;
+    plain.decode = DecodeTqReplyRows;
     plain.displayMode = DisplayMode::Ascii;
     plain.menu = OperationMenu::Native;
     plain.composeAddress = ComposeAsciiAddress;
     plain.showFrameAddress = ShowAsciiFrameAddress;
     plain.appendCheckWord = MakeCRCWordTq;
+    plain.rows = kNativeRowManner;
 
     Protocol sum = plain;
     sum.code = 12;
     sum.name = u"TQ仪表协议-定制累加和";
     sum.buildRead = BuildTqGroupReadRequest;
     sum.buildWrite = BuildTqWriteRequestTwo;
+    sum.judge = JudgeTqReplyTwo;
     sum.appendCheckWord = MakeCRCWordTqTwo;
 
     // Takes no part in the composing of addresses: it keeps what another protocol left.

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/clock.h"
 #include "protocol_native/check_words.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -55,141 +56,143 @@ constexpr Layout kLengthInAddressLayout = {MakeCRCWordTqTwo,
                                            false,
                                            false};
 
-void CloseFrame(MainForm& form, const Layout& layout, const HexText& commandAndData) {
-    form.SendText = u" 40" + form.AddressText + commandAndData;
-    layout.makeCheckWord(form.SendText);
-    form.SendText += u" 0D";
+void CloseFrame(Conversation& talk, const Layout& layout, const HexText& commandAndData) {
+    talk.SendText = u" 40" + talk.AddressText + commandAndData;
+    layout.makeCheckWord(talk.SendText);
+    talk.SendText += u" 0D";
 }
 
-void BuildWholeRead(MainForm& form, const Layout& layout, TextView command) {
-    form.ReadFrameCommand = Text(command);
-    CloseFrame(form, layout, form.ReadFrameCommand);
+void BuildWholeRead(Conversation& talk, const Layout& layout, TextView command) {
+    talk.ReadFrameCommand = Text(command);
+    CloseFrame(talk, layout, talk.ReadFrameCommand);
 }
 
-void GoToFirstRowOfAttribute(MainForm& form) {
-    const Grid& grid = form.ParameterGrid();
+void GoToFirstRowOfAttribute(Conversation& talk) {
+    const Grid& grid = talk.ParameterGrid();
     for (int row = 1; row < grid.Rows(); ++row) {
-        if (!Contains(grid.Cell(row, column::kAttribute), form.ReadAttribute)) continue;
-        form.CurrentRow = Whole16(row);
+        if (!Contains(grid.Cell(row, column::kAttribute), talk.ReadAttribute)) continue;
+        talk.CurrentRow = Whole16(row);
         return;
     }
 }
 
-void BuildAttributeRead(MainForm& form, const Layout& layout, TextView command, TextView attribute) {
-    form.ReadAttribute = Text(attribute);
-    BuildWholeRead(form, layout, command);
-    GoToFirstRowOfAttribute(form);
+void BuildAttributeRead(Conversation& talk, const Layout& layout, TextView command, TextView attribute) {
+    talk.ReadAttribute = Text(attribute);
+    BuildWholeRead(talk, layout, command);
+    GoToFirstRowOfAttribute(talk);
 }
 
-void BringRowIntoRange(MainForm& form) {
-    const bool isOutside = form.CurrentRow >= form.ParameterGrid().Rows();
-    if (isOutside || form.CurrentRow < form.FirstDataRow) FindReadableRow(form);
+void BringRowIntoRange(Conversation& talk) {
+    const bool isOutside = talk.CurrentRow >= talk.ParameterGrid().Rows();
+    if (isOutside || talk.CurrentRow < talk.FirstDataRow) FindReadableRow(talk);
 }
 
-void BuildSingleRead(MainForm& form, const Layout& layout) {
-    Grid& grid = form.ParameterGrid();
-    BringRowIntoRange(form);
-    if (layout.skipsCommandRows && grid.Cell(form.CurrentRow, column::kAddress) == kCommandAddress) {
-        FindReadableRow(form);
+void BuildSingleRead(Conversation& talk, const Layout& layout) {
+    Grid& grid = talk.ParameterGrid();
+    BringRowIntoRange(talk);
+    if (layout.skipsCommandRows && grid.Cell(talk.CurrentRow, column::kAddress) == kCommandAddress) {
+        FindReadableRow(talk);
     }
-    KeepRowInView(form);
-    grid.SetCell(form.CurrentRow, column::kSingleRead, Text());
-    const Text& address = grid.Cell(form.CurrentRow, column::kAddress);
-    const Text length = layout.lengthCharacterOf(grid, form.CurrentRow);
+    KeepRowInView(talk);
+    grid.SetCell(talk.CurrentRow, column::kSingleRead, Text());
+    const Text& address = grid.Cell(talk.CurrentRow, column::kAddress);
+    const Text length = layout.lengthCharacterOf(grid, talk.CurrentRow);
     CloseFrame(
-        form, layout,
+        talk, layout,
         HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + layout.addressOf(address) + u"0" + length));
 }
 
 std::int16_t Hex16(const Text& text) { return Whole16(HexParse(text)); }
 
-bool RowContinuesGroup(const MainForm& form, const Layout& layout, int row) {
-    const Grid& grid = form.ParameterGrid();
+bool RowContinuesGroup(const Conversation& talk, const Layout& layout, int row) {
+    const Grid& grid = talk.ParameterGrid();
     const auto before = HexParse(layout.addressOf(grid.Cell(row - 1, column::kAddress)));
     const auto next = Add32(before, HexParse(layout.lengthOf(grid, row - 1)));
     return next == HexParse(grid.Cell(row, column::kAddress)) &&
-           Contains(grid.Cell(row, column::kAttribute), form.ReadAttribute);
+           Contains(grid.Cell(row, column::kAttribute), talk.ReadAttribute);
 }
 
 // The count of data bytes, in its own way: the first row counts twice, the last one of the run never.
-std::int16_t CountGroup(MainForm& form, const Layout& layout) {
-    const Grid& grid = form.ParameterGrid();
-    std::int16_t count = Hex16(layout.lengthOf(grid, form.CurrentRow));
-    form.ReadAttribute = grid.Cell(form.CurrentRow, layout.groupAttributeColumn);
+std::int16_t CountGroup(Conversation& talk, Clock& clock, const Layout& layout) {
+    const Grid& grid = talk.ParameterGrid();
+    std::int16_t count = Hex16(layout.lengthOf(grid, talk.CurrentRow));
+    talk.ReadAttribute = grid.Cell(talk.CurrentRow, layout.groupAttributeColumn);
     if (layout.limitIsFixedAtStart) {
-        form.ReadLimit = ToWhole16(form.ConDataNub.Value());
-        if (form.Check2.Value()) form.ReadLimit = Whole16(std::floor(form.clock.Random() * form.ReadLimit));
+        talk.ReadLimit = ToWhole16(talk.ConDataNub.Value());
+        if (talk.Check2.Value()) talk.ReadLimit = Whole16(std::floor(clock.Random() * talk.ReadLimit));
     }
-    for (int row = form.CurrentRow + 1; row < grid.Rows() && RowContinuesGroup(form, layout, row); ++row) {
+    for (int row = talk.CurrentRow + 1; row < grid.Rows() && RowContinuesGroup(talk, layout, row); ++row) {
         count = Add16(count, HexParse(layout.lengthOf(grid, row - 1)));
-        if (count >= (layout.limitIsFixedAtStart ? form.ReadLimit : ToNumber(form.ConDataNub.Value()))) break;
+        if (count >= (layout.limitIsFixedAtStart ? talk.ReadLimit : ToNumber(talk.ConDataNub.Value()))) break;
     }
     return count;
 }
 
-void BuildGroupRead(MainForm& form, const Layout& layout) {
-    Grid& grid = form.ParameterGrid();
-    BringRowIntoRange(form);
-    grid.SetCell(form.CurrentRow, column::kSingleRead, Text());
-    Text count = HexOf(static_cast<double>(CountGroup(form, layout)));
+void BuildGroupRead(Conversation& talk, Clock& clock, const Layout& layout) {
+    Grid& grid = talk.ParameterGrid();
+    BringRowIntoRange(talk);
+    grid.SetCell(talk.CurrentRow, column::kSingleRead, Text());
+    Text count = HexOf(static_cast<double>(CountGroup(talk, clock, layout)));
     if (Len(count) < 2) FitTextWidth(count, 2);
-    const Text address = layout.addressOf(grid.Cell(form.CurrentRow, column::kAddress));
-    CloseFrame(form, layout, HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + address + count));
+    const Text address = layout.addressOf(grid.Cell(talk.CurrentRow, column::kAddress));
+    CloseFrame(talk, layout, HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + address + count));
 }
 
-void BuildByCommandCode(MainForm& form, const Layout& layout) {
+void BuildByCommandCode(Conversation& talk, Clock& clock, const Layout& layout) {
     using namespace command;
-    std::int32_t& code = form.CommandCode;
-    if (code > 10000) {
-        BuildWholeRead(form, layout, form.SendCount % 2 != 0 ? kReadStaticWord : kReadDynamicWord);
-    } else if (code > 1000) {
-        BuildWholeRead(form, layout, kReadDynamicWord);
+    std::int32_t& code = talk.CommandCode;
+    if (code > kReplayBuiltAbove) {
+        BuildWholeRead(talk, layout, talk.SendCount % 2 != 0 ? kReadStaticWord : kReadDynamicWord);
+    } else if (code > kNativeSearchAbove) {
+        BuildWholeRead(talk, layout, kReadDynamicWord);
     } else if (code == kReadDynamic || code == kReadAlternating || code == kReadDynamicTurn) {
         if (code != kReadDynamic) code = kReadStaticTurn;
-        BuildAttributeRead(form, layout, kReadDynamicWord, u"D");
+        BuildAttributeRead(talk, layout, kReadDynamicWord, u"D");
     } else if (code == kReadStatic || code == kReadStaticTurn) {
         if (code != kReadStatic) code = kReadDynamicTurn;
-        BuildAttributeRead(form, layout, kReadStaticWord, u"R");
+        BuildAttributeRead(talk, layout, kReadStaticWord, u"R");
     } else if (code == kSendLineFeed) {
-        form.SendText = u"\n";
+        talk.SendText = u"\n";
     } else if (code == kReadThisRow || code == kReadRowByRow) {
-        BuildSingleRead(form, layout);
+        BuildSingleRead(talk, layout);
     } else if (code == kReadSeveralRows) {
-        BuildGroupRead(form, layout);
+        BuildGroupRead(talk, clock, layout);
     } else if (code > kWriteOffset) {
         code -= kWriteOffset;  // SendText holds the frame of a write, which goes out in place of a read
     }
 }
 
-void BuildWithRedrawOff(MainForm& form, const Layout& layout) {
-    form.ParameterGrid().Redraw = false;
-    BuildByCommandCode(form, layout);
-    if (form.ProtocolCode == 13) FillFrameEnd(form);
-    form.ParameterGrid().Redraw = true;
+void BuildWithRedrawOff(Conversation& talk, Clock& clock, const Layout& layout) {
+    talk.ParameterGrid().Redraw = false;
+    BuildByCommandCode(talk, clock, layout);
+    if (talk.ProtocolCode == 13) FillFrameEnd(talk);
+    talk.ParameterGrid().Redraw = true;
 }
 
 }  // namespace
 
-void BuildTqReadRequest(MainForm& form) { BuildWithRedrawOff(form, kPlainLayout); }
+void BuildTqReadRequest(Conversation& talk, Clock& clock) { BuildWithRedrawOff(talk, clock, kPlainLayout); }
 
-void BuildTqGroupReadRequest(MainForm& form) { BuildWithRedrawOff(form, kLengthInAddressLayout); }
+void BuildTqGroupReadRequest(Conversation& talk, Clock& clock) {
+    BuildWithRedrawOff(talk, clock, kLengthInAddressLayout);
+}
 
-void FindReadableRow(MainForm& form) {
-    if (form.ProtocolCode != 11 && form.ProtocolCode != 12) return;
-    const Grid& grid = form.ParameterGrid();
-    if (form.CurrentRow > LastRow(grid)) form.CurrentRow = form.FirstDataRow;
-    for (int row = form.FirstDataRow; row < grid.Rows(); ++row) {
+void FindReadableRow(Conversation& talk) {
+    if (talk.ProtocolCode != 11 && talk.ProtocolCode != 12) return;
+    const Grid& grid = talk.ParameterGrid();
+    if (talk.CurrentRow > LastRow(grid)) talk.CurrentRow = talk.FirstDataRow;
+    for (int row = talk.FirstDataRow; row < grid.Rows(); ++row) {
         const Text& attribute = grid.Cell(row, column::kAttribute);
         const bool isReadable = Contains(attribute, u"S") || Contains(attribute, u"R");
         if (!isReadable || grid.Cell(row, column::kAddress) == kCommandAddress) continue;
-        form.CurrentRow = Whole16(row);
+        talk.CurrentRow = Whole16(row);
         return;
     }
 }
 
-void FillFrameEnd(MainForm& form) {
+void FillFrameEnd(Conversation& talk) {
     constexpr int kEndByte = 3;
-    form.SendText = Left(form.SendText, std::max(Len(form.SendText) - kEndByte, 0)) + u" 30 30 0d";
+    talk.SendText = Left(talk.SendText, std::max(Len(talk.SendText) - kEndByte, 0)) + u" 30 30 0d";
 }
 
 }  // namespace commtest

@@ -1,17 +1,17 @@
 #include "protocol_special/hct615d_request.h"
 
 #include "protocol_special/hct615d_checks.h"
-#include "session/main_form.h"
+#include "session/conversation.h"
 
 namespace commtest {
 
-void BuildHct615dReadRequest(MainForm& form) {
+void BuildHct615dReadRequest(Conversation& talk, Clock&) {
     constexpr int kFirstChecked = 22;
     constexpr int kCheckedLength = 15;
-    form.ParameterGrid().Redraw = false;
-    form.SendText = u" AA AA AA AA AA AA AA 07 02 " + form.AddressText + u" 01 00";
-    form.SendText += Hct615dCheckBytes(Mid(form.SendText, kFirstChecked, kCheckedLength));
-    form.ParameterGrid().Redraw = true;
+    talk.ParameterGrid().Redraw = false;
+    talk.SendText = u" AA AA AA AA AA AA AA 07 02 " + talk.AddressText + u" 01 00";
+    talk.SendText += Hct615dCheckBytes(Mid(talk.SendText, kFirstChecked, kCheckedLength));
+    talk.ParameterGrid().Redraw = true;
 }
 
 }  // namespace commtest

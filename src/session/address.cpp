@@ -17,39 +17,39 @@ HexText AsHexText(const HexText& frame) { return Contains(frame, u" ") ? frame :
 }  // namespace
 
 void ConMeterAddr_Change(MainForm& form) {
-    form.ConSendOutString[0].Clear();
+    form.SentFrames().Clear();
     const Protocol& protocol = form.ProtocolInUse();
     if (protocol.composeAddress != nullptr) protocol.composeAddress(form);
 }
 
-void ComposeAsciiAddress(MainForm& form) {
-    Text digits = HexOf(form.ConMeterAddr.Value());
+void ComposeAsciiAddress(Conversation& talk) {
+    Text digits = HexOf(talk.ConMeterAddr.Value());
     if (Len(digits) == 1) FitTextWidth(digits, 2);
-    form.AddressText = HexTextOfReadable(digits);
+    talk.AddressText = HexTextOfReadable(digits);
 }
 
-void ComposeTwoDigitAddress(MainForm& form) {
-    Text digits = HexOf(form.ConMeterAddr.Value());
+void ComposeTwoDigitAddress(Conversation& talk) {
+    Text digits = HexOf(talk.ConMeterAddr.Value());
     if (Len(digits) < 2) FitTextWidth(digits, 2);
-    form.AddressText = digits;
+    talk.AddressText = digits;
 }
 
-void ComposeDoubledAddress(MainForm& form) {
-    const double sum = std::floor(ToNumber(form.ConMeterAddr.Value())) + kAddressOffset;
+void ComposeDoubledAddress(Conversation& talk) {
+    const double sum = std::floor(ToNumber(talk.ConMeterAddr.Value())) + kAddressOffset;
     const Text digits = HexOf(sum);
     // Setting the field runs this routine once more for address 1; this outer run then still leaves its own
     // too large sum behind, until the next change.
-    if (sum > 255) form.ConMeterAddr.Set(u"1");
-    form.AddressText = u" " + digits + u" " + digits;
+    if (sum > 255) talk.ConMeterAddr.Set(u"1");
+    talk.AddressText = u" " + digits + u" " + digits;
 }
 
-void ShowAsciiFrameAddress(MainForm& form, const HexText& frame) {
+void ShowAsciiFrameAddress(Conversation& talk, const HexText& frame) {
     const HexText digits = Mid(AsHexText(frame), 4, 6);
-    form.ConMeterAddr.Set(WholeText(HexParse(ReadableOf(digits))));
+    talk.ConMeterAddr.Set(WholeText(HexParse(ReadableOf(digits))));
 }
 
-void ShowByteFrameAddress(MainForm& form, const HexText& frame) {
-    form.ConMeterAddr.Set(WholeText(HexParse(Mid(AsHexText(frame), 2, 2))));
+void ShowByteFrameAddress(Conversation& talk, const HexText& frame) {
+    talk.ConMeterAddr.Set(WholeText(HexParse(Mid(AsHexText(frame), 2, 2))));
 }
 
 }  // namespace commtest

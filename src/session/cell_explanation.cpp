@@ -32,7 +32,7 @@ void MSHFlexGrid1_MouseUp(MainForm& form, int index) {
     if (Len(code) <= 1) return;
     Text explanation;
     ExplainCommCode(form.MeterCodeText, code, explanation);
-    form.ConCommString[0].Replace(explanation);
+    form.Explanation().Replace(explanation);
 }
 
 }  // namespace commtest

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "controls/grid.h"
 #include "numbers/reading_length.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
 
 namespace commtest {
 
@@ -23,8 +23,6 @@ int ReferenceRow(const Grid& grid, int row) {
     }
     return 0;
 }
-
-bool NamesDecimals(const Text& name) { return Contains(name, u"小数点") || Contains(name, u"虚拟"); }
 
 Text Scaled(const Text& value, int decimals, bool divide) {
     const double factor = std::pow(10.0, decimals);
@@ -57,9 +55,20 @@ void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
 
 }  // namespace
 
-void ApplyDecimalPoint(MainForm& form, int row, Text& value, bool divide) {
+bool NamesDecimals(const Text& name) { return Contains(name, u"小数点") || Contains(name, u"虚拟"); }
+
+int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&, int row)) {
+    const Text& decimals = grid.Cell(row, column::kDecimals);
+    if (decimals == u"0") return 0;
+    for (int r = 1; r < grid.Rows(); ++r) {
+        const bool isThere = HexParse(grid.Cell(r, column::kAddress)) == HexParse(decimals);
+        if (isThere && mayHold(grid, r)) return r;
+    }
+    return 0;
+}
+
+void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide) {
     if (value.empty()) return;
-    Grid& grid = form.ParameterGrid();
     grid.Redraw = false;
     const int reference = ReferenceRow(grid, row);
     if (reference > 0 && NamesDecimals(grid.Cell(reference, column::kName))) {

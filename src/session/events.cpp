@@ -1,21 +1,36 @@
 #include "session/events.h"
 
+#include "host/dialogs.h"
+#include "host/program_process.h"
+#include "host/serial_port.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
 #include "session/polling_cycle.h"
 #include "session/port_settings.h"
 #include "session/serial_link.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 
 namespace commtest {
+
+namespace {
+
+// A handler of the cycle that ends in between leaves its timer off: nothing more is sent, whatever button 4
+// says.
+void NoteIfPollingEnded(MainForm& form, const RuntimeError& error) {
+    if (!form.IsRunning() || form.PollTimer().Enabled()) return;
+    form.NoteStop({.cause = StopCause::RuntimeError, .error = error.Number()});
+}
+
+}  // namespace
 
 void RunEvent(MainForm& form, const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeError& error) {
-        form.dialogs.ShowError(error.Number(), error.StandardMessage());
+        NoteIfPollingEnded(form, error);
+        form.outside.dialogs.ShowError(error.Number(), error.StandardMessage());
     } catch (const ProgramEnds&) {
-        form.program.End();
+        form.outside.program.End();
     }
 }
 
@@ -29,11 +44,11 @@ void PortReceives(MainForm& form) {
 
 void PortIsLost(MainForm& form, const Text& reason) {
     RunEvent(form, [&] {
-        form.Timer1[1].SetEnabled(false);
+        form.PollTimer().SetEnabled(false);
         form.MSComm1.SetPortOpen(false);
-        if (form.IsRunning()) RunToolbarCommand(form, toolbar::kStartStop);
+        if (form.IsRunning()) StartOrStop(form, {.cause = StopCause::PortLost, .detail = reason});
         ShowPortStatus(form);
-        form.dialogs.ShowMessage(u"串口已断开,通讯停止！", reason);
+        form.outside.dialogs.ShowNotice({Notice::Kind::PortLost, reason});
     });
 }
 

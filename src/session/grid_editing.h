@@ -9,14 +9,9 @@ inline constexpr int kEnter = 13;
 inline constexpr int kEscape = 27;
 }  // namespace key
 
-// A click on a grid, whose current cell has already moved there. Grid 0: picks the row to read, opens the
-// cell editor over column 10, or hides it. Grids 1 and 2: choose the instrument or the recording of the row.
-// Grid 3: shows the chip record.
-void MSHFlexGrid1_Click(MainForm& form, int index);
-
-// A double click on grid 1 or 2, behind its click: the choice of the row's instrument or recording runs
-// again; grid 1 asks for the focus.
-void MSHFlexGrid1_DblClick(MainForm& form, int index);
+// A click on the parameter grid, whose current cell has already moved there: picks the row to read, opens the
+// cell editor over column 10, or hides it.
+void ClickParameterGrid(MainForm& form);
 
 // A scroll of a grid hides the cell editor.
 void MSHFlexGrid1_Scroll(MainForm& form, int index);

@@ -4,7 +4,7 @@
 
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
-#include "session/main_form.h"
+#include "session/conversation.h"
 
 namespace commtest {
 
@@ -20,15 +20,15 @@ constexpr int kNumberWidth = 530;
 constexpr int kNameWidth = 3200;
 constexpr int kNameWidthOfShortGrid = 3450;
 
-void NumberRows(MainForm& form) {
-    Grid& grid = form.ParameterGrid();
+void NumberRows(ParameterRows& rows) {
+    Grid& grid = rows.ParameterGrid();
     bool found = false;
     for (int row = 1; row < grid.Rows(); ++row) {
         Text number = WholeText(row);
         if (Len(number) < 3) FitTextWidth(number, 3);
         grid.SetCell(row, column::kNumber, number + u" ");
         if (!found && grid.Cell(row, column::kAttribute) == u"RW") {
-            form.FirstDataRow = Whole16(row);
+            rows.FirstDataRow = Whole16(row);
             found = true;
         }
     }
@@ -38,28 +38,28 @@ void NumberRows(MainForm& form) {
 
 int LastRow(const Grid& grid) { return grid.Rows() - 1; }
 
-void SetUpParameterGrid(MainForm& form) {
-    Grid& grid = form.ParameterGrid();
+void SetUpParameterGrid(ParameterRows& rows) {
+    Grid& grid = rows.ParameterGrid();
     grid.Redraw = false;
     const bool isShort = grid.Rows() < kRowsInView;
     if (isShort) grid.SetRows(kRowsInView - 1);
     grid.Column(column::kName).width = isShort ? kNameWidthOfShortGrid : kNameWidth;
     grid.Select(0, 0);
     grid.Column(column::kNumber).width = kNumberWidth;
-    NumberRows(form);
+    NumberRows(rows);
     for (int col = 0; col < column::kCount; ++col) {
         grid.SetCell(0, col, Text(kHeadings[static_cast<std::size_t>(col)]));
     }
     grid.Redraw = true;
 }
 
-void KeepRowInView(MainForm& form) {
-    if (form.ConSelChange.Value()) return;
-    Grid& grid = form.ParameterGrid();
+void KeepRowInView(ParameterRows& rows) {
+    if (rows.ConSelChange.Value()) return;
+    Grid& grid = rows.ParameterGrid();
     grid.Redraw = false;
-    if (form.CurrentRow >= grid.TopRow + kRowsInView || form.CurrentRow < grid.TopRow) {
+    if (rows.CurrentRow >= grid.TopRow + kRowsInView || rows.CurrentRow < grid.TopRow) {
         const int lastTop = grid.Rows() - kRowsInView;
-        grid.TopRow = form.CurrentRow > lastTop ? lastTop : form.CurrentRow - 1;
+        grid.TopRow = rows.CurrentRow > lastTop ? lastTop : rows.CurrentRow - 1;
     }
     grid.Redraw = true;
 }

@@ -5,7 +5,7 @@
 namespace commtest {
 
 class Grid;
-class MainForm;
+struct ParameterRows;
 
 // Columns of the parameter grid.
 namespace column {
@@ -25,14 +25,26 @@ inline constexpr int kCount = 11;
 
 inline constexpr TextView kCommandAddress = u"0000";  // rows with it are commands, not parameters
 
+// Rows that follow each other; none while `first` is 0.
+struct RowSpan {
+    int first = 0;
+    int last = 0;
+
+    bool Holds(int row) const { return first != 0 && row >= first && row <= last; }
+    void Add(int row) {
+        if (first == 0) first = row;
+        last = row;
+    }
+};
+
 // Index of the grid's last row.
 int LastRow(const Grid& grid);
 
 // Lays the parameter grid out after a selection: row numbers, FirstDataRow, headings, widths of the first two
 // columns. A grid with fewer than 14 rows gets 13. The current cell becomes (0, 0).
-void SetUpParameterGrid(MainForm& form);
+void SetUpParameterGrid(ParameterRows& rows);
 
 // The scroll rule: a window of 14 rows follows CurrentRow, unless ConSelChange is ticked.
-void KeepRowInView(MainForm& form);
+void KeepRowInView(ParameterRows& rows);
 
 }  // namespace commtest

@@ -11,15 +11,10 @@ void Offer(ListControl& list, const std::array<TextView, N>& items) {
 
 }  // namespace
 
-MainForm::MainForm(const Outside& outside, const ProtocolTable& protocolTable, Companions& companionRoutines,
-                   const Texts& faceTexts)
-    : MSComm1(outside.port),
-      dialogs(outside.dialogs),
-      clock(outside.clock),
-      files(outside.files),
-      store(outside.store),
-      settings(outside.settings),
-      program(outside.program),
+MainForm::MainForm(const Outside& theOutside, const ProtocolTable& protocolTable,
+                   Companions& companionRoutines, const Texts& faceTexts)
+    : outside(theOutside),
+      MSComm1(theOutside.port),
       protocols(protocolTable),
       companions(companionRoutines),
       texts(faceTexts) {
@@ -40,6 +35,11 @@ MainForm::MainForm(const Outside& outside, const ProtocolTable& protocolTable, C
     ConCommSetting[3].Set(u"无校验");
     ConCommSetting[4].Set(u"1");
     ParameterGrid().SetSize(15, 11);
+}
+
+void MainForm::NoteStop(Stop stop) {
+    stop.exchange = SendCount;
+    lastStop_ = std::move(stop);
 }
 
 }  // namespace commtest

@@ -2,26 +2,26 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
-#include "controls/grid.h"
-#include "controls/record_pane.h"
 #include "controls/timer.h"
-#include "controls/value_controls.h"
-#include "host/clock.h"
-#include "host/dialogs.h"
-#include "host/program_files.h"
-#include "host/program_process.h"
-#include "host/serial_port.h"
-#include "host/settings_store.h"
-#include "host/store.h"
-#include "runtime/hex_text.h"
-#include "session/command_code.h"
+#include "host/notice.h"
 #include "session/companions.h"
+#include "session/conversation.h"
+#include "session/outcome_ring.h"
 #include "session/protocol.h"
+#include "session/record_pane.h"
+#include "session/stop.h"
 #include "session/texts.h"
 
 namespace commtest {
+
+class ProgramFiles;
+class ProgramProcess;
+class SerialPort;
+class SettingsStore;
+class Store;
 
 // Everything outside the program that a session uses.
 struct Outside {
@@ -53,143 +53,165 @@ class FocusWish : public Control {
     Target wanted_ = Target::None;
 };
 
-// The whole state of a session: its fields, its controls as plain values, and the parameter grid, whose cells
-// are the data model. Routines are free functions over it. One thread.
-class MainForm {
+// Holds the last notice; each one is told, also one that says the same.
+class NoticeControl : public Control {
   public:
-    MainForm(const Outside& outside, const ProtocolTable& protocolTable, Companions& companionRoutines,
-             const Texts& faceTexts = kChineseTexts);
-    MainForm(const MainForm&) = delete;
-    MainForm& operator=(const MainForm&) = delete;
+    Handler Change;
 
-    // --- Outside and above ---
-    SerialPort& MSComm1;
-    Dialogs& dialogs;
-    Clock& clock;
-    ProgramFiles& files;
-    Store& store;
-    SettingsStore& settings;
-    ProgramProcess& program;
-    const ProtocolTable& protocols;
-    Companions& companions;
-    const Texts& texts;
+    const Notice& Value() const { return notice_; }
+    void Set(Notice notice) {
+        notice_ = std::move(notice);
+        MarkDirty();
+        RunIfSet(Change);
+    }
 
-    // --- The session's state ---
-    // Which protocol is in use; re-read from MeterCodeText before each routing.
-    std::int16_t ProtocolCode = 0;
-    Text MeterCodeText;  // 编号 of the chosen instrument; its first two characters: ProtocolCode
-    std::int32_t CommandCode = command::kReadDynamicTurn;  // which operation each cycle performs
-    std::int16_t CycleStep = 0;  // step of the polling state machine, 0..7 (session/polling_cycle.h)
-    HexText SendText;            // the frame to send
-    HexText ReplyText;           // the bytes received so far for the current frame
-    Text LogLine;                // the line of the record under composition
-    Text AddressText;            // the address as it stands in a frame, by protocol
+  private:
+    Notice notice_;
+};
 
-    // Counters since they were last cleared.
-    std::int32_t SendCount = 0;         // frames sent
-    std::int32_t IncompleteCount = 0;   // replies that ended by time-out after some bytes
-    std::int32_t NoReplyCount = 0;      // requests that ended by time-out without a byte
-    std::int32_t CheckErrorCount = 0;   // replies with a bad check word
-    std::int16_t SearchFoundCount = 0;  // replies seen by a search
+// --- What belongs together, by owner ---
 
-    // The wait for a reply.
+// The wait for a reply, and the exchange under way.
+struct LineState {
+    std::int16_t CycleStep = 0;           // session/cycle_step.h
     std::int16_t RxEventCount = 0;        // events of two bytes or more since the last send; each buys a tick
     std::int16_t WaitTicks = 0;           // ticks spent waiting
     std::int16_t ReplyTimeout = 0;        // tick length in milliseconds while waiting
     std::int32_t PartialReplyLength = 0;  // length of ReplyText at the last unfinished look; read by nothing
+    Text LogLine;                         // the line of the record under composition
+    RecordParts LogParts;                 // of LogLine
+    Exchange UnderWay;                    // begins with the frame that has left, ends with the reply
+    OutcomeRing Outcomes;
+};
 
-    // The grid's rows.
-    std::int16_t CurrentRow = 0;  // the row that the next single read will use
-    // First row whose attribute is exactly "RW"; outlives an instrument without one.
-    std::int16_t FirstDataRow = 0;
+// Failures since the counters were last cleared; SendCount stands with the frames.
+struct FailureCounters {
+    std::int32_t IncompleteCount = 0;   // replies that ended by time-out after some bytes
+    std::int32_t NoReplyCount = 0;      // requests that ended by time-out without a byte
+    std::int32_t CheckErrorCount = 0;   // replies with a bad check word
+    std::int16_t SearchFoundCount = 0;  // replies seen by a search
+};
 
-    // Kept by the native read builders between calls.
-    HexText ReadFrameCommand;    // command of the last static or dynamic read
-    Text ReadAttribute;          // what rows must contain to take part
-    std::int16_t ReadLimit = 0;  // data bytes of a group read
-
-    // A write in two steps is half done; each kept by its write builder between calls.
-    bool SecondHalfPending = false;       // of an RTU flow meter
-    bool AsciiSecondHalfPending = false;  // of an ASCII instrument
-
-    // First static and dynamic reply since the instrument was chosen.
-    HexText StaticSample;
-    HexText DynamicSample;
-
-    // The multi-instrument list; the index counts from 1, 0 before the first.
+// 多台通讯; the index counts from 1, 0 before the first.
+struct MultiInstrument {
     std::int16_t MultiAddressCount = 0;
     std::vector<std::int16_t> MultiAddressList;
     std::int16_t MultiAddressIndex = 0;
+    TickControl Check1;
+};
 
-    // The replay script and its cursor, from 0.
+// The replay script and its cursor, from 0.
+struct ReplayScript {
     std::vector<HexText> DemoFrames;
     std::vector<HexText> DemoReplies;
     std::vector<std::int16_t> DemoRows;
     std::int16_t DemoIndex = 0;
+    TickControl ConMyCommDriver;
+};
 
-    // The interval timer.
+// The interval timer, Timer1(2).
+struct IntervalRun {
     Text IntervalLastRun;  // "HH:MM"
     std::int16_t IntervalMinutes = 0;
-
-    std::vector<std::int16_t> ProtocolCodeOfType;  // the code behind each option button of ConMeterType
-    std::int16_t ShowTypeStep = 0;                 // layout step of the two panes, 0..2
-    std::int32_t DelayStep = 1;                    // step of ConDelayTime's spin buttons, in milliseconds
-    bool Activated = false;                        // the work of the start is done
-
-    std::array<Timer, 3> Timer1 = {Timer(true, 1000), Timer(false, 300), Timer(false, 1000)};
-
-    // --- Controls ---
-    TextControl Caption;  // of the window
-    Presence ComShow;     // blink indicator
-    std::array<TextControl, 3> StatusBar1;
-    TextControl StatusNote;  // a passing word to the user, beside the three panels
-    OptionGroup SSTab2{0};
-    FocusWish Focus;
-
-    ListControl ConCommTypeList;  // protocol names
-    OptionGroup ConMeterType;     // a button for each protocol row
-    std::array<ListControl, 1> ConMeterName;
-    ListControl ConDataTypeList;
-    TextControl ConMeterAddr{u"1"};
-    TextControl ConDataNub{u"16"};
-    TextControl ConDelayTime{u"100"};             // milliseconds between two exchanges
-    OptionGroup ShowMode{0};                      // 0 ASCII, 1 hexadecimal
-    OptionGroup WriteType{1};                     // 0 two bytes, 1 four bytes, 2 several
-    std::array<ListControl, 5> ConCommSetting;    // port, baud rate, data bits, parity, stop bits
-    std::array<ListControl, 1> ConSendOutString;  // shows the frame; lists each distinct frame sent
-    std::array<TextControl, 3> ConCommMessage;    // failure line, total line, both
-    std::array<RecordPane, 2> ConCommString;      // 0 conversion texts, 1 the record
-    RecordPane RichTextBox1;                      // shows the help text
-    RecordPane RichTextBox2;                      // shows the error file
-    TextControl InputText;                        // the editor in a grid cell
-    std::array<Presence, 2> ClearFileCommand;
-    std::array<TickControl, 2> ConAutoSave;  // 0 the record, 1 errors
-    TickControl ConSaveData;
-    TickControl ConSelChange;  // 停止滚屏
-    TickControl ConMyCommDriver;
-    TickControl Check1;  // 多台通讯
-    TickControl Check2;  // 任意长度
     TickControl TimeSetup;
-    std::array<Grid, 4> MSHFlexGrid1;  // parameters, catalogue, recordings, chip list
+};
 
-    // The search panel.
+// The search panel.
+struct SearchPanel {
     Presence FindFrame;
     ListControl ConSettingComm;                                                         // port
     std::array<TextControl, 2> ConSettingDE = {TextControl(u"1"), TextControl(u"10")};  // first, last address
     std::array<TickControl, 8> ConSettingBT;                                            // kSearchBaudRates
+};
+
+// The record, the other texts that come and go, and what keeps them.
+struct RecordTexts {
+    std::array<RecordPane, 2> ConCommString;    // 0 conversion texts, 1 the record
+    RecordPane RichTextBox1;                    // shows the help text
+    RecordPane RichTextBox2;                    // shows the error file
+    std::array<TextControl, 3> ConCommMessage;  // failure line, total line, both
+    std::array<TickControl, 2> ConAutoSave;     // 0 the record, 1 errors
+    std::array<Presence, 2> ClearFileCommand;
+    TickControl ConSaveData;
+    std::int16_t ShowTypeStep = 0;  // layout step of the two panes, 0..2
+
+    RecordPane& Explanation() { return ConCommString[0]; }
+    RecordPane& Record() { return ConCommString[1]; }
+};
+
+// The choice of protocol, instrument and port.
+struct Choices {
+    ListControl ConCommTypeList;                   // protocol names
+    OptionGroup ConMeterType;                      // a button for each protocol row
+    std::vector<std::int16_t> ProtocolCodeOfType;  // the code behind each of these
+    ListControl ConDataTypeList;
+    OptionGroup ShowMode{0};                      // 0 ASCII, 1 hexadecimal
+    std::array<ListControl, 5> ConCommSetting;    // port, baud rate, data bits, parity, stop bits
+    std::array<ListControl, 1> ConSendOutString;  // shows the frame; lists each distinct frame sent
+    TextControl ConDelayTime{u"100"};             // milliseconds between two exchanges
+    std::int32_t DelayStep = 1;                   // of ConDelayTime's spin buttons, in milliseconds
+
+    ListControl& PortName() { return ConCommSetting[0]; }
+    const ListControl& BaudRate() const { return ConCommSetting[1]; }
+    const ListControl& Parity() const { return ConCommSetting[3]; }
+    ListControl& SentFrames() { return ConSendOutString[0]; }
+};
+
+// What of the window is not one of these.
+struct WindowState {
+    TextControl Caption;
+    Presence ComShow;  // blink indicator
+    std::array<TextControl, 3> StatusBar1;
+    NoticeControl StatusNote;  // a passing word to the user, beside the three panels
+    OptionGroup SSTab2{0};
+    FocusWish Focus;
+    Handler ToolWindowWanted;  // wired by app/
+    bool Activated = false;    // the work of the start is done
+};
+
+// The whole state of a session: its fields, its controls as plain values, and the parameter grid, whose cells
+// are the data model. Routines are free functions over it, or over the part of it that they need. One thread.
+class MainForm : public Conversation,
+                 public LineState,
+                 public FailureCounters,
+                 public MultiInstrument,
+                 public ReplayScript,
+                 public IntervalRun,
+                 public SearchPanel,
+                 public RecordTexts,
+                 public Choices,
+                 public WindowState {
+  public:
+    MainForm(const Outside& theOutside, const ProtocolTable& protocolTable, Companions& companionRoutines,
+             const Texts& faceTexts = kChineseTexts);
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
+
+    const Outside outside;
+    SerialPort& MSComm1;
+    const ProtocolTable& protocols;
+    Companions& companions;
+    const Texts& texts;
+
+    std::array<Timer, 3> Timer1 = {Timer(true, 1000), Timer(false, 300), Timer(false, 1000)};
+    Timer& PollTimer() { return Timer1[1]; }
+    const Timer& PollTimer() const { return Timer1[1]; }
+    Timer& IntervalTimer() { return Timer1[2]; }
 
     // Whether the session runs; toolbar button 4 shows the one or the other caption.
     bool IsRunning() const { return running_.Value(); }
     void SetRunning(bool running) { running_.Set(running); }
+    // Why it stopped the last time.
+    const Stop& LastStop() const { return lastStop_; }
+    void NoteStop(Stop stop);
     TextView StartStopCaption() const { return IsRunning() ? texts.stop : texts.start; }
     const TickControl& RunningState() const { return running_; }
 
-    Grid& ParameterGrid() { return MSHFlexGrid1[0]; }
-    const Grid& ParameterGrid() const { return MSHFlexGrid1[0]; }
     const Protocol& ProtocolInUse() const { return protocols.Of(ProtocolCode); }
 
   private:
     TickControl running_;
+    Stop lastStop_;
 };
 
 }  // namespace commtest

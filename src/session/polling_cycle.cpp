@@ -2,14 +2,17 @@
 
 #include <cmath>
 
+#include "host/clock.h"
+#include "host/serial_port.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/cycle_step.h"
 #include "session/interval_timer.h"
 #include "session/main_form.h"
 #include "session/port_settings.h"
 #include "session/reply_routing.h"
 #include "session/serial_link.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 #include "session/wall_clock.h"
 
 namespace commtest {
@@ -20,23 +23,24 @@ constexpr int kShortestReplyTimeout = 300;  // milliseconds
 constexpr int kIdleWaitTicks = 3;           // a silent instrument is given up on at the tick behind these
 
 double TickLengthOfBaudRate(const MainForm& form) {
-    return Finite(300.0 / std::floor(ToNumber(Trim(form.ConCommSetting[1].Value()))) * 500.0);
+    return Finite(300.0 / std::floor(ToNumber(Trim(form.BaudRate().Value()))) * 500.0);
 }
 
 void BeginWait(MainForm& form) {
     form.WaitTicks = 0;
-    form.CycleStep = 2;
+    form.CycleStep = cycle_step::kWaiting;
     form.PartialReplyLength = 0;
     form.ReplyTimeout = Whole16(TickLengthOfBaudRate(form));
     if (form.ReplyTimeout < kShortestReplyTimeout) form.ReplyTimeout = kShortestReplyTimeout;
-    form.Timer1[1].SetInterval(form.ReplyTimeout);
+    form.PollTimer().SetInterval(form.ReplyTimeout);
 }
 
 // False when a search is over: the tick then ends at once, its timer disabled.
 bool SendNextFrame(MainForm& form) {
-    const bool isSearching = form.CommandCode >= 1001 && form.CommandCode <= 9999;
-    if (form.CycleStep == 1 && isSearching && !form.companions.NextSearchStep(form)) {
-        RunToolbarCommand(form, toolbar::kStartStop);
+    const bool isSearching =
+        form.CommandCode >= command::kFirstOfSearch && form.CommandCode <= command::kLastOfSearch;
+    if (form.CycleStep == cycle_step::kReady && isSearching && !form.companions.NextSearchStep(form)) {
+        StartOrStop(form, {StopCause::SearchOver});
         return false;
     }
     BeginWait(form);
@@ -48,29 +52,29 @@ bool SendNextFrame(MainForm& form) {
 void CountWait(MainForm& form) {
     form.WaitTicks = Add16(form.WaitTicks, 1);
     if (form.WaitTicks <= Add16(form.RxEventCount, kIdleWaitTicks)) return;
-    if (form.CommandCode < 1000) RouteReply(form);
-    form.CycleStep = 1;
+    if (form.CommandCode < command::kTimeOutsRoutedBelow) RouteReply(form);
+    form.CycleStep = cycle_step::kReady;
 }
 
 void TickPollingCycle(MainForm& form) {
-    Timer& timer = form.Timer1[1];
+    Timer& timer = form.PollTimer();
     timer.SetEnabled(false);
     switch (form.CycleStep) {
-        case 0:
+        case cycle_step::kIdle:
             form.WaitTicks = 0;
             timer.SetInterval(Whole32(TickLengthOfBaudRate(form)));
             break;
-        case 1:
-        case 6:
+        case cycle_step::kReady:
+        case cycle_step::kFirstOfSearch:
             if (!SendNextFrame(form)) return;
             break;
-        case 2:
-        case 3: CountWait(form); break;
-        case 4:
+        case cycle_step::kWaiting:
+        case cycle_step::kReceiving: CountWait(form); break;
+        case cycle_step::kResume:
             timer.SetInterval(ToWhole32(form.ConDelayTime.Value()));
-            form.CycleStep = 1;
+            form.CycleStep = cycle_step::kReady;
             break;
-        case 7: BeginWait(form); break;
+        case cycle_step::kNextPart: BeginWait(form); break;
         default: break;
     }
     if (form.IsRunning()) {
@@ -82,8 +86,8 @@ void TickPollingCycle(MainForm& form) {
 }
 
 void TickClock(MainForm& form) {
-    if (form.Timer1[1].Enabled()) form.ComShow.SetVisible(!form.ComShow.Visible());
-    form.StatusBar1[2].Set(ClockPanelText(form.clock.Now()));
+    if (form.PollTimer().Enabled()) form.ComShow.SetVisible(!form.ComShow.Visible());
+    form.StatusBar1[2].Set(ClockPanelText(form.outside.clock.Now()));
 }
 
 void TakeNextMultiAddress(MainForm& form) {
@@ -112,33 +116,20 @@ void Timer1_Timer(MainForm& form, int index) {
 }
 
 void BuildReadRequest(MainForm& form) {
-    if (form.CommandCode > 10000) {
+    if (form.CommandCode > command::kReplayBuiltAbove) {
         TakeReplayFrame(form);
         return;
     }
     if (form.Check1.Value()) TakeNextMultiAddress(form);
     const Protocol& protocol = form.ProtocolInUse();
-    if (protocol.buildRead != nullptr) protocol.buildRead(form);
+    if (protocol.buildRead != nullptr) protocol.buildRead(form, form.outside.clock);
 }
 
 void BuildWriteRequest(MainForm& form) {
     const Protocol& protocol = form.ProtocolInUse();
-    if (protocol.buildWrite != nullptr) protocol.buildWrite(form);
+    if (protocol.buildWrite != nullptr) protocol.buildWrite(form, form.outside.dialogs);
     form.CommandCode = Add32(form.CommandCode, command::kWriteOffset);
     StartInShortWay(form);
-}
-
-void StartInShortWay(MainForm& form) {
-    if (form.IsRunning()) return;
-    form.SetRunning(true);
-    form.CycleStep = 1;
-    form.Timer1[1].SetEnabled(true);
-}
-
-void StopInShortWay(MainForm& form) {
-    if (!form.IsRunning()) return;
-    form.SetRunning(false);
-    form.CycleStep = 0;
 }
 
 }  // namespace commtest

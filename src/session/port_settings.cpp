@@ -2,6 +2,8 @@
 
 #include <set>
 
+#include "host/serial_port.h"
+#include "host/settings_store.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
@@ -46,7 +48,7 @@ void ConCommSetting_LostFocus(MainForm& form) {
         form.MSComm1.SetCommPort(PortNumber(form.ConCommSetting[0].Value()));
     });
     ShowPortStatus(form);
-    form.settings.Save(u"CommPort", composed + u" " + UCase(Trim(form.ConCommSetting[0].Value())));
+    form.outside.settings.Save(u"CommPort", composed + u" " + UCase(Trim(form.ConCommSetting[0].Value())));
 }
 
 void ShowStoredPortSettings(MainForm& form, TextView stored) {

@@ -1,5 +1,6 @@
 #include "session/protocol.h"
 
+#include "host/dialogs.h"
 #include "session/main_form.h"
 
 namespace commtest {
@@ -15,7 +16,7 @@ void MakeCRCWord(MainForm& form, HexText& frame) {
     EnsureLeadingBlank(frame);
     const Protocol& protocol = form.protocols.Of(form.ProtocolCode);
     if (protocol.appendCheckWord != nullptr) protocol.appendCheckWord(frame);
-    if (protocol.checkWordIsThatOfAWrite) protocol.buildWrite(form);
+    if (protocol.checkWordIsThatOfAWrite) protocol.buildWrite(form, form.outside.dialogs);
 }
 
 }  // namespace commtest

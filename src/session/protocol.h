@@ -4,31 +4,64 @@
 
 #include "runtime/hex_text.h"
 #include "runtime/text.h"
+#include "session/exchange.h"
 
 namespace commtest {
 
+class Clock;
+class Dialogs;
 class MainForm;
+struct Conversation;
+struct Texts;
 
 enum class DisplayMode { Unchanged, Ascii, Hexadecimal };  // ShowMode chosen with the protocol
 
 // Which right-mouse menu the parameter grid brings: 指令设定1 to 4.
 enum class OperationMenu { None, Native, Modbus, Recorder, FlowMeter };
 
+// Why a single read does not reach a row.
+enum class Unreadable {
+    No,              // it does
+    Command,         // the row is a command
+    BeforeFirstRow,  // it stands before the first "RW" row
+    NoReadAttribute,
+    Fixed,  // one of the rows 1 to 5
+};
+
+// How single rows are read and written back: what there is to know beyond the frames.
+struct RowManner {
+    std::int16_t (*firstRow)(const Conversation&) = nullptr;  // where reading row by row begins
+    Unreadable (*whyUnreadable)(const Conversation&, int row) = nullptr;
+    int (*decimalsRow)(const Conversation&, int row) = nullptr;  // that holds a row's decimals, 0: its own
+    // Whether the value shown is not the one read; none: it always is.
+    bool (*showsConstant)(const Conversation&, int row) = nullptr;
+};
+
 // One protocol: all that the session has to know of it. A null routine means that the protocol has none.
 struct Protocol {
     int code = 0;
     TextView name;
-    void (*buildRead)(MainForm&) = nullptr;              // fills SendText for the next poll
-    void (*buildWrite)(MainForm&) = nullptr;             // fills SendText from InputText and the current row
-    bool (*replyIsComplete)(const MainForm&) = nullptr;  // judges ReplyText; none: never complete
+
+    // The requests: what fills SendText, for the next poll and from InputText and the current row.
+    void (*buildRead)(Conversation&, Clock&) = nullptr;
+    void (*buildWrite)(Conversation&, Dialogs&) = nullptr;
+
+    // The reply: has it come to its end, what is it worth, what is said of it, and where its data go.
+    bool (*replyIsComplete)(const HexText& reply, const HexText& request) = nullptr;
     bool continuesOnLineFeed = false;  // a reply with byte 0A is one part of a longer answer
-    void (*parseReply)(MainForm&) = nullptr;
+    Verdict (*judge)(const Exchange&) = nullptr;
+    Text (*words)(const Exchange&, const Verdict&, const Texts&) = nullptr;
+    void (*decode)(Conversation&, const HexText& reply) = nullptr;
+    bool countsWrongCheckWords = true;
+    bool stepsOverSilentRows = false;  // a poll row by row goes on over a silent instrument
+
     DisplayMode displayMode = DisplayMode::Unchanged;
     OperationMenu menu = OperationMenu::None;
-    void (*composeAddress)(MainForm&) = nullptr;                    // AddressText from ConMeterAddr
-    void (*showFrameAddress)(MainForm&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
+    void (*composeAddress)(Conversation&) = nullptr;                    // AddressText from ConMeterAddr
+    void (*showFrameAddress)(Conversation&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
     void (*appendCheckWord)(HexText&) = nullptr;
     bool checkWordIsThatOfAWrite = false;  // MakeCRCWord builds the write frame of the current row instead
+    RowManner rows;
 
     // Whether instruments of this protocol can be polled: it is known, and its family is built.
     bool IsBuilt() const { return code != 0 && buildRead != nullptr; }

@@ -1,6 +1,10 @@
 #include "session/records.h"
 
+#include "host/clock.h"
 #include "host/file_names.h"
+#include "host/program_files.h"
+#include "host/serial_port.h"
+#include "host/settings_store.h"
 #include "runtime/code_page.h"
 #include "runtime/number.h"
 #include "session/main_form.h"
@@ -14,14 +18,15 @@ constexpr TextView kEndOnlyNote = u"(文件较长,只显示最后 1 MB)\r\n";
 
 // Two records of one second: the later one gets "-2" behind its digits.
 Text FreeRecordName(const MainForm& form) {
-    const Text stem = Text(kRecordFolderName) + u"/记录" + RecordDigits(form.clock.Now());
+    const Text stem = Text(kRecordFolderName) + u"/记录" + RecordDigits(form.outside.clock.Now());
     Text name = stem + u".rtf";
-    for (int turn = 2; form.files.Exists(name); ++turn) name = stem + u"-" + WholeText(turn) + u".rtf";
+    for (int turn = 2; form.outside.files.Exists(name); ++turn)
+        name = stem + u"-" + WholeText(turn) + u".rtf";
     return name;
 }
 
 void ShowErrorFile(MainForm& form) {
-    const FileText file = form.files.ReadText(Text(kErrorFileName));
+    const FileText file = form.outside.files.ReadText(Text(kErrorFileName));
     form.RichTextBox2.Replace(Text(file.isEndOnly ? kEndOnlyNote : TextView()) + file.text);
 }
 
@@ -30,13 +35,13 @@ void ShowErrorFile(MainForm& form) {
 void LogCommError(MainForm& form) {
     if (!form.ConAutoSave[1].Value()) return;
     const Text lineEnd(kLineEnd);
-    form.files.WriteToErrorFile(ToCodePage(TimeStampText(form.clock.Now())));
-    form.files.WriteToErrorFile(
+    form.outside.files.WriteToErrorFile(ToCodePage(TimeStampText(form.outside.clock.Now())));
+    form.outside.files.WriteToErrorFile(
         ToCodePage(form.LogLine + u"        串口设置: " + form.MSComm1.Settings() + lineEnd + lineEnd));
 }
 
 void SaveRecord(MainForm& form) {
-    form.files.SaveRichText(FreeRecordName(form), form.ConCommString[1].WholeText());
+    form.outside.files.SaveRichText(FreeRecordName(form), form.Record().WholeText());
 }
 
 void ConCommMessage_DblClick(MainForm& form) {
@@ -47,19 +52,19 @@ void ConCommMessage_DblClick(MainForm& form) {
 }
 
 void ConCommString_Click(MainForm& form, int index) {
-    if (index == 1) form.ConCommString[1].Clear();
+    if (index == 1) form.Record().Clear();
 }
 
 void ConShowCommand_Click(MainForm& form) {
     form.ShowTypeStep = Add16(form.ShowTypeStep, 1);
     if (form.ShowTypeStep != 1 && form.ShowTypeStep != 2) form.ShowTypeStep = 0;
-    form.ConCommString[0].SetVisible(form.ShowTypeStep != 0);
-    form.ConCommString[1].SetVisible(form.ShowTypeStep != 2);
-    form.settings.Save(u"ShowType", WholeText(form.ShowTypeStep));
+    form.Explanation().SetVisible(form.ShowTypeStep != 0);
+    form.Record().SetVisible(form.ShowTypeStep != 2);
+    form.outside.settings.Save(u"ShowType", WholeText(form.ShowTypeStep));
 }
 
 void ClearFileCommand_Click(MainForm& form, int index) {
-    if (index == 0) form.files.EmptyErrorFile();
+    if (index == 0) form.outside.files.EmptyErrorFile();
     if (index == 1 && !form.IsRunning()) ShowErrorFile(form);
 }
 

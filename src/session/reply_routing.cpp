@@ -1,7 +1,9 @@
 #include "session/reply_routing.h"
 
+#include "host/serial_port.h"
 #include "runtime/number.h"
 #include "session/main_form.h"
+#include "session/receive_reply.h"
 
 namespace commtest {
 
@@ -14,7 +16,7 @@ void RecordSearchHit(MainForm& form) {
     block += u"仪表搜索,接收到数据,此时仪表地址: " + form.ConMeterAddr.Value();
     block += u"      波特率: " + Before(form.MSComm1.Settings(), u',');
     block += kLineEnd;
-    form.ConCommString[1].PutOnTop(std::move(block));
+    form.Record().PutOnTop({std::move(block)});
 }
 
 Text FailureRate(const MainForm& form) {
@@ -28,8 +30,10 @@ Text FailureRate(const MainForm& form) {
 void RouteReply(MainForm& form) {
     form.ProtocolCode = Whole16(LeadingWholeNumber(Left(form.MeterCodeText, 2)));
     const Protocol& protocol = form.ProtocolInUse();
-    if (protocol.parseReply != nullptr) protocol.parseReply(form);
-    if (form.CommandCode >= 1001 && form.CommandCode <= 9999) RecordSearchHit(form);
+    if (protocol.judge != nullptr) ReceiveReply(form);
+    const bool isSearching =
+        form.CommandCode >= command::kFirstOfSearch && form.CommandCode <= command::kLastOfSearch;
+    if (isSearching) RecordSearchHit(form);
     ShowStatistics(form);
 }
 

@@ -4,8 +4,8 @@ namespace commtest {
 
 class MainForm;
 
-// Hands ReplyText to the parser of the protocol, whose code is read anew from MeterCodeText (0 without an
-// instrument), and refreshes the statistics. A protocol without a parser keeps its ReplyText.
+// Has ReplyText taken by the protocol, whose code is read anew from MeterCodeText (0 without an
+// instrument), and refreshes the statistics. One that judges no replies keeps its ReplyText.
 void RouteReply(MainForm& form);
 
 // The captions of ConCommMessage. Error 6 above 21474836 failures.

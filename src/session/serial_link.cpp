@@ -1,12 +1,16 @@
 #include "session/serial_link.h"
 
+#include "host/clock.h"
+#include "host/dialogs.h"
+#include "host/serial_port.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/cycle_step.h"
 #include "session/main_form.h"
 #include "session/port_settings.h"
 #include "session/records.h"
 #include "session/reply_routing.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 
 namespace commtest {
 
@@ -20,11 +24,13 @@ bool OpenPortIfClosed(MainForm& form) {
     form.MSComm1.SetPortOpen(true);
     if (form.MSComm1.PortOpen()) {
         ShowPortStatus(form);
-        if (!form.MSComm1.LastProblem().empty()) form.StatusNote.Set(form.MSComm1.LastProblem());
+        const Text caveat = form.MSComm1.LastProblem();
+        if (!caveat.empty()) form.StatusNote.Set({Notice::Kind::PortCaveat, caveat});
         return true;
     }
-    form.dialogs.ShowMessage(u"系统串口被占用,无法打开！", form.MSComm1.LastProblem());
-    RunToolbarCommand(form, toolbar::kStartStop);
+    const Text reason = form.MSComm1.LastProblem();
+    form.outside.dialogs.ShowMessage(u"系统串口被占用,无法打开！", reason);
+    StartOrStop(form, {.cause = StopCause::PortRefused, .detail = reason});
     return false;
 }
 
@@ -32,41 +38,46 @@ void PutOnLine(MainForm& form, const std::string& bytes) {
     bool isOpen = false;
     PassOverError([&] { isOpen = OpenPortIfClosed(form); });
     if (!isOpen) return;
-    if (form.CommandCode == command::kSendLineFeed) form.ConSendOutString[0].Set(u"\\0A");
+    if (form.CommandCode == command::kSendLineFeed) form.SentFrames().Set(u"\\0A");
+    form.UnderWay.requestTime = form.outside.clock.Microseconds();
     form.MSComm1.Output(bytes);
-    form.Timer1[1].SetEnabled(true);
+    form.PollTimer().SetEnabled(true);
 }
 
 void CloseGate(MainForm& form) {
     if (form.MSComm1.PortOpen()) form.MSComm1.SetPortOpen(false);
     ShowPortStatus(form);
-    form.Timer1[1].SetEnabled(false);
+    form.PollTimer().SetEnabled(false);
 }
 
-Text BeginningOfLogLine(const MainForm& form, const Text& shownFrame) {
+void BeginLogLine(MainForm& form, const Text& shownFrame) {
     const Texts& texts = form.texts;
-    Text line(texts.beforeSendCount);
+    Text& line = form.LogLine;
+    line = texts.beforeSendCount;
     line += WholeText(form.SendCount);
     line += texts.beforeInstrument;
-    line += form.ConMeterName[0].Value();
+    line += form.InstrumentName();
     line += texts.beforeSent;
+    form.LogParts = {.frameAt = line.size(), .frameEnd = line.size() + shownFrame.size()};
     line += shownFrame;
     line += texts.beforeReceived;
     line += kLineEnd;
-    return line;
 }
+
+void BeginExchange(MainForm& form) { form.UnderWay = {.number = form.SendCount, .request = form.SendText}; }
 
 // Every fiftieth frame the record is saved, if the user wants it, and begins anew.
 void KeepRecordShort(MainForm& form) {
-    if (form.SendCount % kHousekeepingFrames != 0 || form.CommandCode >= 1000) return;
+    if (form.SendCount % kHousekeepingFrames != 0) return;
+    if (form.CommandCode >= command::kRecordKeptShortBelow) return;
     if (form.ConAutoSave[0].Value()) SaveRecord(form);
-    form.ConCommString[1].Clear();
+    form.Record().Clear();
 }
 
 }  // namespace
 
 void SendFrame(MainForm& form) {
-    if (!form.IsRunning() && form.CommandCode <= 1000) {
+    if (!form.IsRunning() && form.CommandCode <= command::kSentThoughStoppedAbove) {
         CloseGate(form);
         return;
     }
@@ -78,11 +89,10 @@ void SendFrame(MainForm& form) {
                    [&] {
                        if (form.ShowMode.IsChosen(0)) ConvertHexText(shown, 0);
                    },
-                   [&] { form.ConSendOutString[0].Set(shown); },
-                   [&] { form.LogLine = BeginningOfLogLine(form, shown); },
-                   [&] { HexTextToBytes(form, form.SendText, bytes); });
-    if (form.CommandCode > 100000) return;
-    if (form.CommandCode > 10000) {
+                   [&] { form.SentFrames().Set(shown); }, [&] { BeginLogLine(form, shown); },  //
+                   [&] { BeginExchange(form); }, [&] { HexTextToBytes(form, form.SendText, bytes); });
+    if (form.CommandCode > command::kNothingSentAbove) return;
+    if (form.CommandCode > command::kReplaySentAbove) {
         PassOverError([&] { form.companions.ReplayReply(form); });
     } else {
         PutOnLine(form, bytes);
@@ -95,7 +105,7 @@ bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
     for (std::size_t blank = 0; blank < frame.size(); blank += 3) {
         const auto value = HexPairValue(TextView(frame).substr(blank + 1, 2));
         if (!value) {
-            form.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！", {});
+            form.outside.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！", {});
             return false;
         }
         bytes += static_cast<char>(*value);
@@ -103,32 +113,42 @@ bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
     return true;
 }
 
+namespace {
+
+void NoteArrival(MainForm& form) {
+    form.UnderWay.lastByteTime = form.outside.clock.Microseconds();
+    if (!form.UnderWay.firstByteTime) form.UnderWay.firstByteTime = form.UnderWay.lastByteTime;
+}
+
+}  // namespace
+
 void MSComm1_OnComm(MainForm& form) {
-    form.Timer1[1].SetEnabled(false);
+    form.PollTimer().SetEnabled(false);
     const std::string arrived = form.MSComm1.Input();
     // A lone byte does not extend the wait: the wait arithmetic counts on it.
     if (arrived.size() >= 2) form.RxEventCount = Add16(form.RxEventCount, 1);
+    if (!arrived.empty()) NoteArrival(form);
     for (const char byte : arrived) AppendHexByte(form.ReplyText, static_cast<unsigned char>(byte));
     if (!form.ReplyText.empty()) FindEndWord(form);
-    form.Timer1[1].SetEnabled(true);
+    form.PollTimer().SetEnabled(true);
 }
 
 void FindEndWord(MainForm& form) {
     const Protocol& protocol = form.ProtocolInUse();
-    if (protocol.replyIsComplete == nullptr || !protocol.replyIsComplete(form)) {
+    if (protocol.replyIsComplete == nullptr || !protocol.replyIsComplete(form.ReplyText, form.SendText)) {
         form.PartialReplyLength = Len(form.ReplyText);
-        form.CycleStep = 3;
+        form.CycleStep = cycle_step::kReceiving;
         return;
     }
     const bool isPart = protocol.continuesOnLineFeed && Contains(form.ReplyText, u"0A");
-    form.CycleStep = 1;
-    ListControl& sentFrames = form.ConSendOutString[0];
+    form.CycleStep = cycle_step::kReady;
+    ListControl& sentFrames = form.SentFrames();
     if (sentFrames.IndexOf(form.SendText) < 0) sentFrames.Add(form.SendText);
     if (form.ConSaveData.Value()) form.companions.CaptureExchange(form);
-    if (isPart) form.CycleStep = 7;
+    if (isPart) form.CycleStep = cycle_step::kNextPart;
     RouteReply(form);
     KeepRecordShort(form);
-    form.Timer1[1].SetInterval(ToWhole32(form.ConDelayTime.Value()));
+    form.PollTimer().SetInterval(ToWhole32(form.ConDelayTime.Value()));
 }
 
 }  // namespace commtest

@@ -16,6 +16,11 @@ const Texts kChineseTexts = {
     .beforePortState = u"   状态:  ",
     .portOpen = u"开启",
     .portClosed = u"关闭",
+    .asciiCheckRight = u"CRC校验正确  ",
+    .asciiCheckWrong = u"CRC校验错误  ",
+    .asciiBeforeReadAddress = u"成功读取 ",
+    .asciiBehindReadAddress = u"# 仪表的静态/动态数据",
+    .asciiNoAnswer = u"仪表无应答  注意：仪表无应答或返回软件无法识别的数据",
 };
 
 }  // namespace commtest

@@ -19,6 +19,11 @@ struct Texts {
     TextView beforePortState;
     TextView portOpen;
     TextView portClosed;
+    TextView asciiCheckRight;  // of replies in ASCII digits
+    TextView asciiCheckWrong;
+    TextView asciiBeforeReadAddress;
+    TextView asciiBehindReadAddress;
+    TextView asciiNoAnswer;
 };
 
 extern const Texts kChineseTexts;

@@ -77,7 +77,7 @@ void CommunicationStrip::AddSentFrame(Binder& binder) {
     text.setReadOnly(true);
     text.setPlaceholderText(u"显示通讯指令"_s);
     connect(&text, &QLineEdit::textChanged, &text, [&text] { text.home(false); });
-    Bind(binder, binder.Form().ConSendOutString[0], *frame);
+    Bind(binder, binder.Form().SentFrames(), *frame);
     auto* label = new QLabel(u"发送数据"_s, this);
     frame->setAccessibleName(label->text());
     firstLine_->addWidget(label);

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 
+#include "host/serial_port.h"
 #include "session/port_settings.h"
 #include "window/bindings.h"
 #include "window/list_model.h"

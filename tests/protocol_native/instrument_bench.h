@@ -7,6 +7,7 @@
 #include "runtime/number.h"
 #include "session/main_form.h"
 #include "session/polling_cycle.h"
+#include "session/receive_reply.h"
 #include "session/records.h"
 #include "support/bench_session.h"
 
@@ -49,7 +50,7 @@ class InstrumentBench : public BenchSession {
     void ParseHex(std::int16_t step, const HexText& reply) {
         Form().CycleStep = step;
         Form().ReplyText = reply;
-        Form().ProtocolInUse().parseReply(Form());
+        ReceiveReply(Form());
     }
 
     // Answers the frames in turn with replies in characters, each at once.

@@ -8,11 +8,12 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "commands/operation_menus.h"
+#include "host/serial_port.h"
 #include "runtime/code_page.h"
 #include "runtime/number.h"
 #include "session/events.h"
 #include "session/grid_editing.h"
-#include "session/operation_menus.h"
 #include "session/port_settings.h"
 #include "session/records.h"
 #include "support/bench_session.h"
@@ -273,6 +274,7 @@ Json FramesOf(const BenchSession& bench) {
 Json MessageOf(const ShownBox& box) {
     switch (box.kind) {
         case ShownBox::Kind::Message: return {{"t", box.time}, {"kind", "msg"}, {"text", JsonOf(box.text)}};
+        case ShownBox::Kind::Notice: return {{"t", box.time}, {"kind", "notice"}};
         case ShownBox::Kind::Error: return {{"t", box.time}, {"kind", "error"}, {"number", box.number}};
         case ShownBox::Kind::YesNo:
             return {{"t", box.time},
@@ -396,7 +398,10 @@ int Run(const char* path) {
     SetUp(bench, dialogue);
     bench.line.RunUntil(dialogue.value("stop_at", std::int64_t{3000}));
     // What is not there yet says so to the user.
-    if (!bench.Form().StatusNote.Value().empty()) throw NotBuiltYet{ToUtf8(bench.Form().StatusNote.Value())};
+    const Notice& notice = bench.Form().StatusNote.Value();
+    if (notice.kind == Notice::Kind::NotThereYet) {
+        throw NotBuiltYet{"feature " + std::to_string(static_cast<int>(notice.feature))};
+    }
     std::cout << TraceOf(bench).dump(1) << '\n';
     return 0;
 }

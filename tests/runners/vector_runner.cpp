@@ -31,6 +31,7 @@
 #include "runtime/text.h"
 #include "session/address.h"
 #include "session/decimal_point.h"
+#include "session/grid_rows.h"
 #include "support/bench_session.h"
 #include "tools/data_tools.h"
 #include "tools/tool_checks.h"
@@ -101,7 +102,7 @@ Json CallAddressText(const Json& in) {
 Json CallBuildHct615dReadRequest(const Json& in) {
     testing::BenchSession bench;
     bench.Form().AddressText = TextAt(in, 0);
-    BuildHct615dReadRequest(bench.Form());
+    BuildHct615dReadRequest(bench.Form(), bench.line);
     return ToUtf8(bench.Form().SendText);
 }
 
@@ -182,10 +183,10 @@ Json CallCommand1Click(const Json& in) {
             {"msg", bench.Message()}};
 }
 
-template <void (*scale)(MainForm&, int, Text&, bool)>
+template <void (*scale)(Grid&, int, Text&, bool)>
 Json CallScale(const Json& in) {
-    testing::BenchSession bench;
-    Grid& grid = bench.Form().ParameterGrid();
+    Grid grid;
+    grid.SetSize(0, column::kCount);
     const Json& rows = in.at(0);
     grid.SetRows(static_cast<int>(rows.size()));
     for (int row = 0; row < grid.Rows(); ++row) {
@@ -195,7 +196,7 @@ Json CallScale(const Json& in) {
         }
     }
     Text value = TextAt(in, 2);
-    scale(bench.Form(), NumberAt(in, 1), value, in.at(3).get<bool>());
+    scale(grid, NumberAt(in, 1), value, in.at(3).get<bool>());
     return ToUtf8(value);
 }
 

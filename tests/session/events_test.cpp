@@ -1,11 +1,11 @@
 #include "session/events.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "host/store.h"
 #include "runtime/runtime_error.h"
 #include "support/form_bench.h"
 #include "support/native_instrument.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace commtest {
 namespace {
@@ -46,7 +46,7 @@ TEST_F(Events, RunTimeErrorIsShownWithItsNumberAndStandardMessage) {
 }
 
 TEST_F(Events, FailingStatementIsShownWithTheStoresText) {
-    RunEvent(form, [&] { form.store.Query(u"SELECT 1 FROM 没有"); });
+    RunEvent(form, [&] { form.outside.store.Query(u"SELECT 1 FROM 没有"); });
     ASSERT_THAT(bench.dialogs.Shown, SizeIs(1));
     EXPECT_EQ(ToUtf8(bench.dialogs.Shown[0].text), "数据库错误:\r\n\r\nno such table: 没有");
 }

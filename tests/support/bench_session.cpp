@@ -4,12 +4,13 @@
 
 #include "app/protocol_table.h"
 #include "catalogue/instrument_catalogue.h"
+#include "commands/list_clicks.h"
+#include "commands/toolbar_commands.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "session/events.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 #include "support/sqlite_store.h"
 
 namespace commtest::testing {

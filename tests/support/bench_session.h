@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/session.h"
+#include "host/store.h"
 #include "support/fakes.h"
 #include "support/virtual_line.h"
 

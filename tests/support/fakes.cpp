@@ -12,22 +12,26 @@ std::optional<Text> FakeDialogs::NextAnswer() {
 }
 
 void FakeDialogs::ShowMessage(const Text& text, const Text& detail) {
-    Shown.push_back({ShownBox::Kind::Message, text, {}, {}, {}, 0, Time(), detail});
+    Shown.push_back({ShownBox::Kind::Message, text, {}, {}, {}, 0, Time(), detail, {}});
+}
+
+void FakeDialogs::ShowNotice(const Notice& notice) {
+    Shown.push_back({ShownBox::Kind::Notice, {}, {}, {}, {}, 0, Time(), notice.detail, notice.kind});
 }
 
 void FakeDialogs::ShowError(int number, const Text& standardMessage) {
-    Shown.push_back({ShownBox::Kind::Error, standardMessage, {}, {}, {}, number, Time(), {}});
+    Shown.push_back({ShownBox::Kind::Error, standardMessage, {}, {}, {}, number, Time(), {}, {}});
 }
 
 bool FakeDialogs::AskYesNo(const Text& text) {
     const Text answer = NextAnswer().value_or(u"yes");
-    Shown.push_back({ShownBox::Kind::YesNo, text, {}, {}, answer, 0, Time(), {}});
+    Shown.push_back({ShownBox::Kind::YesNo, text, {}, {}, answer, 0, Time(), {}, {}});
     return answer != u"no";
 }
 
 Text FakeDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
     const Text answer = NextAnswer().value_or(proposal);
-    Shown.push_back({ShownBox::Kind::Input, prompt, title, proposal, answer, 0, Time(), {}});
+    Shown.push_back({ShownBox::Kind::Input, prompt, title, proposal, answer, 0, Time(), {}, {}});
     return answer;
 }
 

@@ -16,7 +16,7 @@ namespace commtest::testing {
 
 // A box that was shown, and what was answered.
 struct ShownBox {
-    enum class Kind { Message, Error, YesNo, Input };
+    enum class Kind { Message, Notice, Error, YesNo, Input };
     Kind kind;
     Text text;       // message, question, prompt, or the standard message of an error
     Text title;      // of an input box
@@ -24,7 +24,8 @@ struct ShownBox {
     Text answer;     // of an input box; "yes" or "no" of a question
     int number = 0;  // of an error
     std::int64_t time = 0;
-    Text detail;  // of a message
+    Text detail;  // of a message, a notice
+    Notice::Kind notice = Notice::Kind::None;
 };
 
 // Answers boxes from a list in turn; used up: the proposal, or yes. A question takes "no" as no.
@@ -35,6 +36,7 @@ class FakeDialogs : public Dialogs {
     std::function<std::int64_t()> Time = [] { return std::int64_t{0}; };
 
     void ShowMessage(const Text& text, const Text& detail) override;
+    void ShowNotice(const Notice& notice) override;
     void ShowError(int number, const Text& standardMessage) override;
     bool AskYesNo(const Text& text) override;
     Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;

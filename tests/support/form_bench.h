@@ -20,28 +20,12 @@ class NotingCompanions : public Companions {
     std::function<void()> Called = [] {};  // within each call
     bool SearchGoesOn = true;
 
-    void SwitchCapture(MainForm&) override { Note("SwitchCapture"); }
-    void SwitchReplay(MainForm&) override { Note("SwitchReplay"); }
     void CaptureExchange(MainForm&) override { Note("CaptureExchange"); }
     void ReplayReply(MainForm&) override { Note("ReplayReply"); }
     bool NextSearchStep(MainForm&) override {
         Note("NextSearchStep");
         return SearchGoesOn;
     }
-    void ImportParameterList(MainForm&) override { Note("ImportParameterList"); }
-    void ExportParameterLists(MainForm&) override { Note("ExportParameterLists"); }
-    void ExportCurrentTable(MainForm&) override { Note("ExportCurrentTable"); }
-    void ExportAllTables(MainForm&) override { Note("ExportAllTables"); }
-    void ReloadParameters(MainForm&) override { Note("ReloadParameters"); }
-    void OpenToolWindow(MainForm&) override { Note("OpenToolWindow"); }
-    void FindCommMeter(MainForm&) override { Note("FindCommMeter"); }
-    void Leave(MainForm&) override { Note("Leave"); }
-    void LoadRecording(MainForm&, int row) override { Note("LoadRecording " + std::to_string(row)); }
-    void ChangeRecording(MainForm&, int entry, int row) override {
-        Note("ChangeRecording " + std::to_string(entry) + " " + std::to_string(row));
-    }
-    void ShowChipFilePanel(MainForm&) override { Note("ShowChipFilePanel"); }
-    void ShowChipRecord(MainForm&, int row) override { Note("ShowChipRecord " + std::to_string(row)); }
 
   private:
     void Note(std::string call) {

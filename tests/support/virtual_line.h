@@ -72,6 +72,7 @@ class VirtualLine : public TimerDriver, public SerialPort, public Clock {
     std::vector<PortDevice> Devices() const override { return Ports; }
     DateTime Now() const override;
     void Sleep(std::int32_t milliseconds) override { now_ += milliseconds; }
+    std::int64_t Microseconds() const override { return now_ * 1000; }
     double Random() override;
 
   private:

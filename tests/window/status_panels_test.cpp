@@ -1,12 +1,12 @@
 #include "window/status_panels.h"
+#include "host/settings_store.h"
+#include "window/view_bench.h"
 
 #include <gtest/gtest.h>
 
 #include <QFrame>
 #include <QLabel>
 #include <QTest>
-
-#include "window/view_bench.h"
 
 namespace commtest::testing {
 namespace {
@@ -67,7 +67,7 @@ TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {
 }
 
 TEST_F(StatusPanelsTest, DoubleClickOnTheFirstPanelOffersTheOtherCatalogue) {
-    Form().settings.Save(u"SoftSeting", u"1000 1 16 0 0 1");
+    Form().outside.settings.Save(u"SoftSeting", u"1000 1 16 0 0 1");
     QTest::mouseDClick(Maker(), Qt::LeftButton);
     ASSERT_EQ(bench.session.dialogs.Shown.size(), 1u);
     EXPECT_EQ(ToUtf8(bench.session.dialogs.Shown[0].text),

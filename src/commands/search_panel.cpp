@@ -1,15 +1,16 @@
-#include "session/search_panel.h"
+#include "commands/search_panel.h"
 
+#include "commands/not_there_yet.h"
 #include "session/main_form.h"
-#include "session/polling_cycle.h"
+#include "session/start_stop.h"
 
 namespace commtest {
 
 void FindMeter_Click(MainForm& form, int index) {
     if (index == 0) form.FindFrame.SetVisible(false);
     if (index != 1) return;
-    StopInShortWay(form);
-    form.companions.FindCommMeter(form);
+    StopInShortWay(form, StopCause::Search);
+    SayNotThereYet(form, Feature::Search);
 }
 
 }  // namespace commtest

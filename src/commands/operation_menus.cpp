@@ -1,7 +1,8 @@
-#include "session/operation_menus.h"
+#include "commands/operation_menus.h"
 
 #include <array>
 
+#include "commands/not_there_yet.h"
 #include "session/grid_rows.h"
 #include "session/main_form.h"
 
@@ -19,7 +20,7 @@ struct Row {
 };
 
 void TickReplay(MainForm& form) { form.ConMyCommDriver.Set(true); }
-void OpenTools(MainForm& form) { form.companions.OpenToolWindow(form); }
+void OpenTools(MainForm& form) { RunIfSet(form.ToolWindowWanted); }
 
 constexpr std::array<Row, 12> kNativeMenu = {{{1, u"读取动态数据(RD)", command::kReadDynamic},
                                               {2, u"读取静态数据(RR)", command::kReadStatic},
@@ -133,11 +134,11 @@ std::vector<MenuEntry> EntriesOfGrid(const MainForm& form, int grid) {
     }
 }
 
-void ChooseGridMenuEntry(MainForm& form, int grid, int index, int row) {
+void ChooseGridMenuEntry(MainForm& form, int grid, int index, int) {
     if (grid == 0) ChooseMenuEntry(form, MenuOfProtocol(form), index);
-    if (grid == 1 && index == 1) form.companions.ShowChipFilePanel(form);
+    if (grid == 1 && index == 1) SayNotThereYet(form, Feature::ChipRecords);
     if (grid == 1 && index == 3) RefreshPage(form);
-    if (grid == 2) form.companions.ChangeRecording(form, index, row);
+    if (grid == 2) SayNotThereYet(form, Feature::Recordings);
 }
 
 void ClearCurrentColumn(MainForm& form) {

@@ -1,11 +1,17 @@
-#include "app/startup.h"
+#include "commands/startup.h"
 
 #include <cmath>
 
 #include "catalogue/catalogue_connection.h"
 #include "catalogue/catalogue_lists.h"
 #include "catalogue/instrument_selection.h"
+#include "host/clock.h"
+#include "host/dialogs.h"
 #include "host/file_names.h"
+#include "host/program_files.h"
+#include "host/program_process.h"
+#include "host/settings_store.h"
+#include "host/store.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 #include "session/address.h"
@@ -37,8 +43,8 @@ constexpr Setting kSoftSetting = {u"SoftSeting", u"1000 1 16 0 0 1"};
 // A missing setting is written with its default.
 Text Stored(MainForm& form, const Setting& setting) {
     const Text key(setting.key);
-    if (const auto stored = form.settings.Read(key)) return *stored;
-    form.settings.Save(key, Text(setting.byDefault));
+    if (const auto stored = form.outside.settings.Read(key)) return *stored;
+    form.outside.settings.Save(key, Text(setting.byDefault));
     return Text(setting.byDefault);
 }
 
@@ -81,10 +87,9 @@ void PressShowCommand(MainForm& form, double times) {
 
 void OpenCatalogueOrLocal(MainForm& form, int mode) {
     OpenCatalogue(form, mode);
-    if (!form.store.IsOpen()) OpenCatalogue(form, kLocalMode);
-    if (!form.store.IsOpen()) {
-        form.StatusNote.Set(u"目录 " + form.files.PathOf(Text(kCatalogueFileName)) +
-                            u" 不能打开，请恢复该文件后重新启动");
+    if (!form.outside.store.IsOpen()) OpenCatalogue(form, kLocalMode);
+    if (!form.outside.store.IsOpen()) {
+        form.StatusNote.Set({Notice::Kind::NoCatalogue, form.outside.files.PathOf(Text(kCatalogueFileName))});
     }
 }
 
@@ -102,12 +107,12 @@ void ChooseStoredInstrument(MainForm& form, int instrument) {
 }
 
 Text TitleOf(const MainForm& form) {
-    return Text(form.texts.beforeVersion) + VersionText(form.program.Version());
+    return Text(form.texts.beforeVersion) + VersionText(form.outside.program.Version());
 }
 
 void RefuseSecondInstance(MainForm& form) {
-    if (!form.program.PrevInstance()) return;
-    form.dialogs.ShowMessage(u"对不起，本软件已经有一个版本在运行了，请按确定键退出！", {});
+    if (!form.outside.program.PrevInstance()) return;
+    form.outside.dialogs.ShowMessage(u"对不起，本软件已经有一个版本在运行了，请按确定键退出！", {});
     throw ProgramEnds();
 }
 
@@ -125,9 +130,9 @@ void Form_Activate(MainForm& form) {
                    [&] { ConMeterName_Click(form); },         //
                    [&] { LoadGridLayout(form); },             //
                    [&] { form.Caption.Set(TitleOf(form)); },  //
-                   [&] { form.RichTextBox1.Replace(form.files.ReadText(Text(kHelpFileName)).text); },
+                   [&] { form.RichTextBox1.Replace(form.outside.files.ReadText(Text(kHelpFileName)).text); },
                    [&] { form.ConSettingComm.Set(form.ConCommSetting[0].Value()); },
-                   [&] { form.StatusBar1[2].Set(ClockPanelText(form.clock.Now())); },
+                   [&] { form.StatusBar1[2].Set(ClockPanelText(form.outside.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //
                    [&] { ConCommTypeList_Click(form); },
                    // That click has chosen the protocol's first instrument.
@@ -158,7 +163,7 @@ void SaveSettings(MainForm& form) {
                               WholeText(form.ConCommTypeList.IndexOf(form.ConCommTypeList.Value())),
                               WholeText(names.IndexOf(names.Value()))})
         soft += field + u" ";
-    form.settings.Save(Text(kSoftSetting.key), soft + (isLocal ? u"1" : u"0"));
+    form.outside.settings.Save(Text(kSoftSetting.key), soft + (isLocal ? u"1" : u"0"));
 }
 
 void StatusBar1_PanelDblClick(MainForm& form, int panel) {
@@ -167,11 +172,11 @@ void StatusBar1_PanelDblClick(MainForm& form, int panel) {
     const bool isLocal = soft.ends_with(u'1');
     const Text present(isLocal ? kLocalWord : kNetworkWord);
     const Text other(isLocal ? kNetworkWord : kLocalWord);
-    const bool agreed = form.dialogs.AskYesNo(u"本软件连接的数据库是 " + present + u" ,你需要将它改为 " +
-                                              other + u" 吗？修改将于下次运行时生效！");
+    const bool agreed = form.outside.dialogs.AskYesNo(
+        u"本软件连接的数据库是 " + present + u" ,你需要将它改为 " + other + u" 吗？修改将于下次运行时生效！");
     if (!agreed) return;
     soft = Left(soft, Len(soft) - 1) + (isLocal ? u"0" : u"1");
-    form.settings.Save(Text(kSoftSetting.key), soft);
+    form.outside.settings.Save(Text(kSoftSetting.key), soft);
     form.StatusBar1[0].Set(u"衡岫仪器公司    " + other);
 }
 
@@ -189,7 +194,7 @@ void ChangeTime_Change(MainForm& form) {
 }
 
 void Form_Unload(MainForm& form) {
-    form.files.CloseErrorFile();
+    form.outside.files.CloseErrorFile();
     SaveSettings(form);
     throw ProgramEnds();
 }

@@ -1,8 +1,8 @@
-#include "controls/record_pane.h"
+#include "session/record_pane.h"
 
 namespace commtest {
 
-void RecordPane::PutOnTop(Text block) {
+void RecordPane::PutOnTop(RecordBlock block) {
     blocks_.push_front(std::move(block));
     MarkDirty();
     if (BlockFinished) BlockFinished(blocks_.front());
@@ -16,12 +16,12 @@ void RecordPane::Clear() {
 
 void RecordPane::Replace(Text text) {
     Clear();
-    if (!text.empty()) blocks_.push_front(std::move(text));
+    if (!text.empty()) blocks_.push_front({std::move(text)});
 }
 
 Text RecordPane::WholeText() const {
     Text whole;
-    for (const Text& block : blocks_) whole += block;
+    for (const RecordBlock& block : blocks_) whole += block.text;
     return whole;
 }
 

@@ -1,0 +1,64 @@
+#include "commands/list_clicks.h"
+
+#include "commands/not_there_yet.h"
+#include "session/grid_editing.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+void ClickCatalogueRow(MainForm& form) {
+    Grid& grid = form.MSHFlexGrid1[1];
+    grid.Redraw = false;
+    const Text protocol = grid.Cell(grid.Row, 1);
+    const Text instrument = grid.Cell(grid.Row, 3);
+    if (form.ConCommTypeList.Value() != protocol) {
+        form.ConCommTypeList.Set(protocol);
+        RunIfSet(form.ConCommTypeList.Click);
+    }
+    if (form.InstrumentName() != instrument) {
+        form.ConMeterName[0].Set(instrument);
+        RunIfSet(form.ConMeterName[0].Click);
+    }
+    form.SSTab2.Choose(0);
+    grid.Redraw = true;
+}
+
+void ChooseRecording(MainForm& form) {
+    const Grid& grid = form.MSHFlexGrid1[2];
+    form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
+    RunIfSet(form.ConCommTypeList.Click);
+    SayNotThereYet(form, Feature::Recordings);
+}
+
+void ClickRecordingRow(MainForm& form) {
+    Grid& grid = form.MSHFlexGrid1[2];
+    grid.Redraw = false;
+    ChooseRecording(form);
+    form.SSTab2.Choose(0);
+    grid.Redraw = true;
+}
+
+}  // namespace
+
+void MSHFlexGrid1_Click(MainForm& form, int index) {
+    if (index == 0) ClickParameterGrid(form);
+    if (index == 1) ClickCatalogueRow(form);
+    if (index == 2) ClickRecordingRow(form);
+    if (index == 3) SayNotThereYet(form, Feature::ChipRecords);
+}
+
+void MSHFlexGrid1_DblClick(MainForm& form, int index) {
+    if (index == 1) {
+        const Grid& grid = form.MSHFlexGrid1[1];
+        form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
+        RunIfSet(form.ConCommTypeList.Click);
+        form.ConMeterName[0].Set(grid.Cell(grid.Row, 3));
+        RunIfSet(form.ConMeterName[0].Click);
+        form.Focus.Ask(FocusWish::Target::CatalogueGrid);
+    }
+    if (index == 2) ChooseRecording(form);
+}
+
+}  // namespace commtest

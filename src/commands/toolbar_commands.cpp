@@ -1,0 +1,46 @@
+#include "commands/toolbar_commands.h"
+
+#include "commands/not_there_yet.h"
+#include "commands/startup.h"
+#include "host/dialogs.h"
+#include "session/main_form.h"
+#include "session/start_stop.h"
+
+namespace commtest {
+
+void RunToolbarCommand(MainForm& form, int index) {
+    switch (index) {
+        case toolbar::kImport:
+            if (form.outside.dialogs.AskYesNo(u"确定要重新导入仪表的参数地址表吗？"))
+                SayNotThereYet(form, Feature::Import);
+            break;
+        case toolbar::kSearch: form.FindFrame.SetVisible(!form.FindFrame.Visible()); break;
+        case toolbar::kStartStop: StartOrStop(form, {StopCause::User}); break;
+        case toolbar::kExport: SayNotThereYet(form, Feature::Export); break;
+        case toolbar::kLeave: Form_Unload(form); break;
+        default: break;
+    }
+}
+
+TextView CaptionOf(ToolbarEntry entry) {
+    switch (entry) {
+        case ToolbarEntry::ToolWindow: return u"系统小工具";
+        case ToolbarEntry::OperationMenu: return u"指令选择";
+        case ToolbarEntry::ReloadParameters: return u"参数地址确认";
+        case ToolbarEntry::ExportCurrentTable: return u"导出当前参数地址表";
+        case ToolbarEntry::ExportAllTables: return u"导出全部参数地址表";
+    }
+    return {};
+}
+
+void ToolbarMenuCommand(MainForm& form, ToolbarEntry entry) {
+    switch (entry) {
+        case ToolbarEntry::ToolWindow: return RunIfSet(form.ToolWindowWanted);
+        case ToolbarEntry::OperationMenu: return;
+        case ToolbarEntry::ReloadParameters: return SayNotThereYet(form, Feature::ReloadParameters);
+        case ToolbarEntry::ExportCurrentTable: return SayNotThereYet(form, Feature::ExportCurrentTable);
+        case ToolbarEntry::ExportAllTables: return SayNotThereYet(form, Feature::ExportAllTables);
+    }
+}
+
+}  // namespace commtest

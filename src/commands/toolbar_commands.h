@@ -1,0 +1,29 @@
+#pragma once
+
+#include "runtime/text.h"
+
+namespace commtest {
+
+class MainForm;
+
+// Buttons of the toolbar, by index.
+namespace toolbar {
+inline constexpr int kImport = 2;
+inline constexpr int kSearch = 3;
+inline constexpr int kStartStop = 4;
+inline constexpr int kExport = 9;
+inline constexpr int kLeave = 11;
+}  // namespace toolbar
+
+// The action of a toolbar button; buttons without one do nothing.
+void RunToolbarCommand(MainForm& form, int index);
+
+// Entries of the toolbar's drop-down menus.
+enum class ToolbarEntry { ToolWindow, OperationMenu, ReloadParameters, ExportCurrentTable, ExportAllTables };
+
+TextView CaptionOf(ToolbarEntry entry);
+
+// A choice of such an entry. The menu of operations is the view's: it brings the menu of the parameter grid.
+void ToolbarMenuCommand(MainForm& form, ToolbarEntry entry);
+
+}  // namespace commtest
