@@ -17,6 +17,8 @@ namespace {
 // Columns of the queries, by position.
 constexpr std::size_t kInstrumentName = 0;
 constexpr std::size_t kCodeOfInstrument = 3;
+constexpr std::size_t kUpperLimit = 5;
+constexpr std::size_t kLowerLimit = 6;
 constexpr std::size_t kCodeOfParameter = 9;
 constexpr int kParameterFields = 5;  // go to columns 1 to 5
 
@@ -37,6 +39,7 @@ void FillRow(MainForm& form, int row, const StoreRows& parameters) {
     for (int field = 0; field < kParameterFields; ++field) {
         grid.SetCell(row, field + 1, parameters.At(record, static_cast<std::size_t>(field)));
     }
+    form.Limits.push_back({parameters.At(record, kLowerLimit), parameters.At(record, kUpperLimit)});
     if (form.MeterCodeText.empty()) form.MeterCodeText = parameters.At(record, kCodeOfParameter);
 }
 
@@ -50,6 +53,7 @@ void FillParameterGrid(MainForm& form) {
         InstrumentCatalogue(form.outside.store).ParametersOfInstrument(form.InstrumentName());
     const int count = static_cast<int>(parameters.rows.size());
     grid.SetRows(std::max(count + 1, kFewestRows));
+    form.Limits.assign(1, {});
     for (int row = 1; row <= count; ++row) FillRow(form, row, parameters);
     SetUpParameterGrid(form);
 }

@@ -14,6 +14,7 @@ class ConsoleDialogs : public Dialogs {
     Text ReasonOfError;
 
     void ShowMessage(const Text& text, const Text& detail) override;
+    void ShowNotice(const Notice& notice) override;
     void ShowError(int number, const Text& standardMessage) override;
     bool AskYesNo(const Text& text) override;
     Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;

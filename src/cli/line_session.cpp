@@ -2,9 +2,11 @@
 
 #include "cli/catalogue_access.h"
 #include "cli/instrument_choice.h"
+#include "cli/notice_words.h"
+#include "session/cycle_step.h"
 #include "session/events.h"
 #include "session/port_settings.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 
 namespace commtest {
 
@@ -29,7 +31,7 @@ void LineSession::WireEvents() {
         PortIsLost(Form(), reason);
         LookAtSession();
     };
-    Form().StatusNote.Change = [this] { console_.Tell(Form().StatusNote.Value()); };
+    Form().StatusNote.Change = [this] { console_.Tell(WordsOn(Form().StatusNote.Value())); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
     }
@@ -41,7 +43,10 @@ void LineSession::Tick(int index) {
     if (isDone_ == nullptr) return;
     const bool beginsExchange = index == 1 && IsBetweenExchanges();
     const auto framesBefore = Form().SendCount;
+    const bool isWaiting = Form().CycleStep == cycle_step::kWaiting;
     TimerTicks(Form(), index);
+    const bool hasGivenUp = index == 1 && isWaiting && IsBetweenExchanges();
+    if (hasGivenUp && Form().ProtocolInUse().judge == nullptr) ++unseenReplies_;
     if (beginsExchange && Form().SendCount != framesBefore) ++exchanges_;
     LookAtSession();
 }
@@ -57,9 +62,12 @@ void LineSession::LookAtSession() {
     }
 }
 
-LineSession::End LineSession::WhyStopped() const {
-    if (port_.PortOpen()) return End::Refused;
-    return port_.LastProblem().empty() ? End::PortLost : End::NoPort;
+LineSession::End LineSession::WhyStopped() {
+    switch (Form().LastStop().cause) {
+        case StopCause::PortRefused: return End::NoPort;
+        case StopCause::PortLost: return End::PortLost;
+        default: return End::Refused;
+    }
 }
 
 void LineSession::EndRun(End end) {
@@ -77,7 +85,7 @@ LineSession::End LineSession::Run(const std::function<bool()>& isDone) {
 
 void LineSession::Stop() {
     RunEvent(Form(), [this] {
-        if (Form().IsRunning()) RunToolbarCommand(Form(), toolbar::kStartStop);
+        if (Form().IsRunning()) StartOrStop(Form(), {StopCause::User});
     });
     // A stopped session closes its port in its last tick.
     TimerTicks(Form(), 1);

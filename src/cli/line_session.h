@@ -44,6 +44,8 @@ class LineSession {
 
     // Frames of the cycle so far; the bytes that ask for a further part of a reply do not count.
     int Exchanges() const { return exchanges_; }
+    // Waits of a protocol that judges no replies in which nothing has come.
+    int UnseenReplies() const { return unseenReplies_; }
     // The last reply has been judged, or given up on.
     bool IsBetweenExchanges() { return Form().CycleStep == 1; }
 
@@ -51,7 +53,7 @@ class LineSession {
     void WireEvents();
     void Tick(int index);
     void LookAtSession();
-    End WhyStopped() const;
+    End WhyStopped();
     void EndRun(End end);
 
     Console& console_;
@@ -69,6 +71,7 @@ class LineSession {
     const std::function<bool()>* isDone_ = nullptr;  // while Run runs
     End end_ = End::Done;
     int exchanges_ = 0;
+    int unseenReplies_ = 0;
 };
 
 }  // namespace commtest

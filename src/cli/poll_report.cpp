@@ -3,6 +3,7 @@
 #include <QJsonObject>
 #include <array>
 
+#include "cli/answer_words.h"
 #include "cli/printable_text.h"
 #include "runtime/number.h"
 #include "session/grid_rows.h"
@@ -50,6 +51,13 @@ QJsonObject StatisticsJson(const MainForm& form, int exchanges) {
             {u"noReply"_s, form.NoReplyCount}};
 }
 
+QJsonObject StopJson(const MainForm& form) {
+    const Stop& stop = form.LastStop();
+    return {{u"exchange"_s, stop.exchange},
+            {u"exception"_s, NumbersOfException(*stop.outcome)},
+            {u"reason"_s, WordsOnAnswer(form, *stop.outcome)}};
+}
+
 QString ToQt(const Text& text) { return QString::fromStdU16String(text); }
 
 }  // namespace
@@ -70,13 +78,15 @@ Table GridTable(const MainForm& form) {
 std::string PollReport(MainForm& form, const LineOptions& options, int exchanges, Format format) {
     const Table grid = GridTable(form);
     if (format == Format::Json) {
-        return PrintedJson(QJsonObject{{u"protocol"_s, ToQt(options.protocol)},
-                                       {u"instrument"_s, ToQt(options.instrument)},
-                                       {u"address"_s, ToQt(options.address).toInt()},
-                                       {u"port"_s, ToQt(options.port)},
-                                       {u"settings"_s, ToQt(options.settings)},
-                                       {u"statistics"_s, StatisticsJson(form, exchanges)},
-                                       {u"parameters"_s, JsonOf(grid)}});
+        QJsonObject report = {{u"protocol"_s, ToQt(options.protocol)},
+                              {u"instrument"_s, ToQt(options.instrument)},
+                              {u"address"_s, ToQt(options.address).toInt()},
+                              {u"port"_s, ToQt(options.port)},
+                              {u"settings"_s, ToQt(options.settings)},
+                              {u"statistics"_s, StatisticsJson(form, exchanges)},
+                              {u"parameters"_s, JsonOf(grid)}};
+        if (form.LastStop().cause == StopCause::Exception) report[u"stopped"_s] = StopJson(form);
+        return PrintedJson(report);
     }
     const std::string table = Printed(grid, format) + "\n";
     if (format == Format::Csv) return table + Printed(StatisticsTable(form), format);

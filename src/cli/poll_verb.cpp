@@ -1,13 +1,13 @@
 #include <QTimer>
 #include <chrono>
 
+#include "cli/answer_words.h"
 #include "cli/interrupt.h"
 #include "cli/line_session.h"
 #include "cli/poll_report.h"
-#include "cli/protocol_manner.h"
 #include "cli/record_stream.h"
 #include "cli/verb.h"
-#include "session/polling_cycle.h"
+#include "session/start_stop.h"
 
 namespace commtest {
 
@@ -41,7 +41,7 @@ OptionList PollOptionList() {
                     {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
                     {u"format", u"text|csv|json",
                      u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录", u"text"},
-                    {u"strict", u"", u"有不完整、校验出错或无应答的回答时退出状态为 1"}});
+                    {u"strict", u"", u"有不完整、校验出错、无应答或拒绝的回答时退出状态为 1"}});
     return options;
 }
 
@@ -79,8 +79,18 @@ PollOptions PollOptionsOf(const Arguments& arguments) {
     return options;
 }
 
-bool HasFailures(const MainForm& form) {
-    return form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount > 0;
+// What --strict does not let pass.
+bool HasFailures(LineSession& line, int refusals) {
+    const MainForm& form = line.Form();
+    const auto counted = form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount;
+    return counted > 0 || refusals > 0 || line.UnseenReplies() > 0;
+}
+
+void TellStop(const MainForm& form, Console& console) {
+    const Stop& stop = form.LastStop();
+    if (stop.cause != StopCause::Exception) return;
+    console.Tell(u"第 %1 次通讯被仪表的回答结束: %2。请检查 --command 和仪表的参数表"_s.arg(stop.exchange)
+                     .arg(WordsOnAnswer(form, *stop.outcome)));
 }
 
 // Polls to the end that the options set, or that the user, the port or an error brings. What is shown of it
@@ -115,10 +125,9 @@ LineSession::End RunPoll(LineSession& line, const PollOptions& options, RecordSt
     return end;
 }
 
-ExitStatus StatusOf(LineSession::End end, const PollOptions& options, const MainForm& form) {
+ExitStatus StatusOf(LineSession::End end, bool hasFailed) {
     if (end == LineSession::End::PortLost) return ExitStatus::NoAccess;
-    const bool isBad = end == LineSession::End::BadRun || end == LineSession::End::Refused ||
-                       (options.isStrict && HasFailures(form));
+    const bool isBad = end == LineSession::End::BadRun || end == LineSession::End::Refused || hasFailed;
     return isBad ? ExitStatus::BadAnswer : ExitStatus::Good;
 }
 
@@ -128,10 +137,14 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     LineSession line(lineOptions, console);
     RecordStream record(console, options.format == Format::Plain, options.recordFile);
     MainForm& form = line.Form();
-    form.Record().BlockFinished = [&record](const Text& block) { record.Add(block); };
+    int refusals = 0;
+    form.Record().BlockFinished = [&](const RecordBlock& block) {
+        record.Add(block.text);
+        if (block.outcome != nullptr && block.outcome->verdict.answer == Answer::Refused) ++refusals;
+    };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
     form.CommandCode = options.command;
-    form.CurrentRow = MannerOf(form).firstRow(form);
+    form.CurrentRow = form.ProtocolInUse().rows.firstRow(form);
     form.ConDataNub.Set(options.groupLength);
 
     const LineSession::End end = RunPoll(line, options, record, console);
@@ -139,7 +152,8 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     record.Flush();
     console.Print(PollReport(form, lineOptions, line.Exchanges(), options.format));
     record.Finish();
-    return StatusOf(end, options, form);
+    if (end == LineSession::End::Refused) TellStop(form, console);
+    return StatusOf(end, options.isStrict && HasFailures(line, refusals));
 }
 
 }  // namespace

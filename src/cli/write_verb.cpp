@@ -1,10 +1,12 @@
 #include "cli/interrupt.h"
 #include "cli/line_session.h"
-#include "cli/parameter_write.h"
+#include "cli/parameter_writes.h"
 #include "cli/printable_text.h"
 #include "cli/verb.h"
 
 namespace commtest {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,34 +15,97 @@ constexpr int kLargestWriteType = 2;
 
 OptionList WriteOptionList() {
     OptionList options = LineOptionList();
-    options.push_back({u"row", u"N", u"参数表的行号，见 list parameters"});
-    options.push_back(
-        {u"write-type", u"0|1|2", u"四字节参数的写法: 0 分两次写双字节，1 一次写四字节，2 批量写", u"1"});
-    options.push_back({u"value", u"数值", u"要写入的数值，按显示的小数点"});
+    options.insert(
+        options.end(),
+        {{u"row", u"N", u"参数表的行号，见 list parameters"},
+         {u"value", u"数值", u"要写入的数值，按显示的小数点"},
+         {u"set", u"行=数值", u"行号或参数名称，和要写入的数值；可以给出多次，依次写入", {}, true},
+         {u"force", {}, u"数值超出上下限或代码放不下时仍然写入"},
+         {u"write-type", u"0|1|2", u"四字节参数的写法: 0 分两次写双字节，1 一次写四字节，2 批量写", u"1"},
+         {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出没有通讯记录", u"text"}});
     return options;
+}
+
+std::vector<int> RowsNamed(const MainForm& form, const Text& name) {
+    const Grid& grid = form.ParameterGrid();
+    std::vector<int> rows;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (grid.Cell(row, column::kName) == name) rows.push_back(row);
+    }
+    return rows;
+}
+
+int RowOfWord(const MainForm& form, const QString& word) {
+    bool isNumber = false;
+    const int row = word.toInt(&isNumber);
+    if (isNumber && row >= 1 && row <= kLargestRow) return row;
+    const std::vector<int> rows = RowsNamed(form, word.toStdU16String());
+    if (rows.size() == 1) return rows.front();
+    if (rows.empty()) {
+        throw Problem(ExitStatus::BadUsage,
+                      u"没有参数 \"%1\"。名称和行号请看 commtest-cli list parameters"_s.arg(word));
+    }
+    QStringList numbers;
+    for (const int each : rows) numbers += QString::number(each);
+    throw Problem(ExitStatus::BadUsage,
+                  u"参数 \"%1\" 有多行: %2。请用行号"_s.arg(word, numbers.join(u"、"_s)));
+}
+
+struct WriteWord {
+    QString row;
+    Text value;
+};
+
+// The words of --set, or of --row and --value.
+std::vector<WriteWord> WriteWordsOf(const Arguments& arguments) {
+    std::vector<WriteWord> words;
+    for (const QString& word : arguments.Values(u"set")) {
+        const qsizetype sign = word.lastIndexOf(u'=');
+        if (sign < 1 || sign + 1 == word.size()) throw arguments.BadValue(u"set", u" 行=数值 的形式"_s);
+        words.push_back({word.left(sign).trimmed(), word.mid(sign + 1).toStdU16String()});
+    }
+    if (words.empty()) {
+        const int row = arguments.WholeNumber(u"row", 1, kLargestRow);
+        words.push_back({QString::number(row), arguments.Value(u"value").toStdU16String()});
+    } else if (arguments.Has(u"row") || arguments.Has(u"value")) {
+        throw arguments.BadUsage(u"选项 --set 和 --row、--value 只能用一种"_s);
+    }
+    return words;
 }
 
 ExitStatus Write(const Arguments& arguments, Console& console) {
     arguments.Positional(0, u"");
-    const int row = arguments.WholeNumber(u"row", 1, kLargestRow);
-    const Text value = arguments.Value(u"value").toStdU16String();
+    const std::vector<WriteWord> words = WriteWordsOf(arguments);
     const int writeType = arguments.WholeNumber(u"write-type", 0, kLargestWriteType);
+    const Format format = FormatOf(arguments);
     LineSession line(LineOptionsOf(arguments, console), console);
     line.Form().WriteType.Show(writeType);
-    line.Form().Record().BlockFinished = [&console](const Text& block) {
-        console.Print(PrintableText(block));
-    };
+    std::vector<ParameterWrite> writes;
+    for (const WriteWord& word : words) writes.emplace_back(RowOfWord(line.Form(), word.row), word.value);
+    if (format == Format::Plain) {
+        line.Form().Record().BlockFinished = [&console](const RecordBlock& block) {
+            console.Print(PrintableText(block.text));
+        };
+    }
+    ParameterWrites run(line, std::move(writes), arguments.Has(u"force"));
     const Interrupt interrupt([&line] { line.Quit(); });
-    WriteParameter(line, console, row, value);
+    try {
+        run.Run();
+    } catch (const Problem&) {
+        if (format != Format::Plain) console.Print(Printed(run.Results(), format));
+        throw;
+    }
     line.Stop();
-    return ExitStatus::Good;
+    run.Tell(console, format == Format::Plain);
+    if (format != Format::Plain) console.Print(Printed(run.Results(), format));
+    return run.Status();
 }
 
 }  // namespace
 
 Verb WriteVerb() {
-    return {u"write", u"--protocol 名称 --instrument 名称 --row N --value 数值 [选项]",
-            u"写一个参数，显示仪表的回答，再读回并比较", WriteOptionList(), Write};
+    return {u"write", u"--protocol 名称 --instrument 名称 --set 行=数值 [选项]",
+            u"写一个或多个参数，显示仪表的回答，再读回并比较", WriteOptionList(), Write};
 }
 
 }  // namespace commtest

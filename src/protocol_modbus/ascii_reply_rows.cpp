@@ -22,31 +22,27 @@ Text DataDigits(const HexText& reply) {
     return ReadableOf(Mid(reply, kDataPosition, Len(reply) - kAround));
 }
 
+bool TakesLowBytes(const Grid& grid, int row) { return grid.Cell(row, column::kAttribute) == u"RW"; }
+
+Text NoteOn(const Grid& grid, int row) {
+    if (!TakesLowBytes(grid, row)) return {};
+    return IsRatioRow(grid, row) ? u"取3 4 7 8这4个字符  " : u"取最后两个字符  ";
+}
+
 // Moves a row's share of the data into its cells; gives the digits that count.
 Text TakeDigits(Grid& grid, int row, Text& data) {
     const Text digits = Left(data, Whole16(2 * ToNumber(grid.Cell(row, column::kLength))));
     data.erase(0, digits.size());
     grid.SetCell(row, column::kSingleRead, digits);
-    Text note;
-    Text counting = digits;
-    if (grid.Cell(row, column::kAttribute) == u"RW") {
-        const bool isRatio = IsRatioRow(grid, row);
-        note = isRatio ? u"取3 4 7 8这4个字符  " : u"取最后两个字符  ";
-        counting = isRatio ? Mid(digits, 3, 2) + Mid(digits, 7) : Right(digits, 2);
-    }
-    grid.SetCell(row, column::kGroupRead, note + counting);
+    const Text counting = CountingDigits(grid, row, digits);
+    grid.SetCell(row, column::kGroupRead, NoteOn(grid, row) + counting);
     return counting;
 }
 
 void FillRow(Grid& grid, int row, const Text& digits) {
-    constexpr double kMostShown = 3;
     const std::int32_t value = HexParse(digits);
     grid.SetCell(row, column::kValue, WholeText(value));
-    const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
-    if (decimals < 0) throw RuntimeError(RuntimeError::kInvalidArgument);
-    const double scaled = value / Finite(std::pow(10.0, decimals));
-    const int shown = static_cast<int>(std::min(decimals, kMostShown));
-    grid.SetCell(row, column::kScaledValue, GroupedText(scaled, shown));
+    grid.SetCell(row, column::kScaledValue, ShownAsciiValue(grid, row, value));
 }
 
 void FillRowTwo(Grid& grid, int row, const Text& digits) {
@@ -74,6 +70,19 @@ void Walk(Conversation& talk, const HexText& reply, void (*fillRow)(Grid&, int, 
 }
 
 }  // namespace
+
+Text CountingDigits(const Grid& grid, int row, const Text& digits) {
+    if (!TakesLowBytes(grid, row)) return digits;
+    return IsRatioRow(grid, row) ? Mid(digits, 3, 2) + Mid(digits, 7) : Right(digits, 2);
+}
+
+Text ShownAsciiValue(const Grid& grid, int row, std::int32_t value) {
+    constexpr double kMostShown = 3;
+    const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
+    if (decimals < 0) throw RuntimeError(RuntimeError::kInvalidArgument);
+    const double scaled = value / Finite(std::pow(10.0, decimals));
+    return GroupedText(scaled, static_cast<int>(std::min(decimals, kMostShown)));
+}
 
 void DecodeAsciiRows(Conversation& talk, const HexText& reply) { Walk(talk, reply, FillRow, 9); }
 

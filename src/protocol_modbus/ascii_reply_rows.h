@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstdint>
+
 #include "runtime/hex_text.h"
 
 namespace commtest {
 
+class Grid;
 struct Conversation;
 
 // Walk the data digits of a reply over the grid's rows from CurrentRow, two digits for each
@@ -20,5 +23,10 @@ void DecodeAsciiRows(Conversation& talk, const HexText& reply);
 // that 02001234 is 12.34 and 0A001234 -12.34. Ends with four digits left. Error 13 where the digits are no
 // decimal number, as in every row of which only one byte counts.
 void DecodeAsciiRowsTwo(Conversation& talk, const HexText& reply);
+
+// Of the digits that a row takes, those that count; and the value shown for them under code 21. Errors as
+// above.
+Text CountingDigits(const Grid& grid, int row, const Text& digits);
+Text ShownAsciiValue(const Grid& grid, int row, std::int32_t value);
 
 }  // namespace commtest

@@ -19,12 +19,8 @@ constexpr TextView kFirstHalfMessage =
 // The entry as the digits of the frame; the cell keeps it as typed.
 Text TakeEntry(Conversation& talk) {
     Grid& grid = talk.ParameterGrid();
-    const Text& entry = talk.InputText.Value();
-    grid.SetCell(grid.Row, grid.Col, entry);
-    const double decimals = std::floor(ToNumber(grid.Cell(grid.Row, column::kDecimals)));
-    const double value = Finite(ToNumber(entry) * Finite(std::pow(10.0, decimals)));
-    const double length = std::floor(ToNumber(grid.Cell(grid.Row, column::kLength)));
-    return FittedToWidth(HexOf(value), Whole16(2 * length));
+    grid.SetCell(grid.Row, grid.Col, talk.InputText.Value());
+    return DigitsOfAsciiEntry(talk, grid.Row, talk.InputText.Value());
 }
 
 Text FirstHalf(Dialogs& dialogs, const Text& address, const Text& digits) {
@@ -46,6 +42,14 @@ Text TakeHalf(HalfWrites& halves, Dialogs& dialogs, const Text& address, const T
 }
 
 }  // namespace
+
+Text DigitsOfAsciiEntry(const Conversation& talk, int row, const Text& entry) {
+    const Grid& grid = talk.ParameterGrid();
+    const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
+    const double value = Finite(ToNumber(entry) * Finite(std::pow(10.0, decimals)));
+    const double length = std::floor(ToNumber(grid.Cell(row, column::kLength)));
+    return FittedToWidth(HexOf(value), Whole16(2 * length));
+}
 
 void BuildAsciiWrite(Conversation& talk, Dialogs& dialogs) {
     const Text digits = TakeEntry(talk);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/text.h"
+
 namespace commtest {
 
 class Dialogs;
@@ -16,5 +18,8 @@ struct Conversation;
 // Address 1, value 1000 of two bytes to 0010:
 //   ":0106001003E8FE\r"
 void BuildAsciiWrite(Conversation& talk, Dialogs& dialogs);
+
+// The digits of an entry for a row, as they stand in the frame. Errors as above.
+Text DigitsOfAsciiEntry(const Conversation& talk, int row, const Text& entry);
 
 }  // namespace commtest

@@ -44,15 +44,21 @@ void ShowDecimals(Text& value, double decimals) {
 
 }  // namespace
 
-void ScaleByDecimalRow(Grid& grid, int row, Text& value, bool divide) {
-    if (value.empty()) return;
-    grid.Redraw = false;
+Text WithDecimalRow(const Grid& grid, int row, Text value, bool divide) {
+    if (value.empty()) return value;
     PassOverErrors([&] {
         const auto decimals = UsableDecimals(ReferencedDecimals(grid, row));
         if (!decimals) return;
         PassOverErrors([&] { Scale(value, *decimals, divide); }, [&] { ShowDecimals(value, *decimals); });
     });
     PutZeroBeforePoint(value);
+    return value;
+}
+
+void ScaleByDecimalRow(Grid& grid, int row, Text& value, bool divide) {
+    if (value.empty()) return;
+    grid.Redraw = false;
+    value = WithDecimalRow(grid, row, std::move(value), divide);
     grid.Redraw = true;
 }
 

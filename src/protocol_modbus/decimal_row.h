@@ -13,4 +13,7 @@ class Grid;
 // same. The grid's redraw is on afterwards, unless the value is empty. Passes over run-time errors.
 void ScaleByDecimalRow(Grid& grid, int row, Text& value, bool divide);
 
+// The same without a touch of the grid.
+Text WithDecimalRow(const Grid& grid, int row, Text value, bool divide);
+
 }  // namespace commtest

@@ -1,7 +1,12 @@
 #include "protocol_modbus/row_manner.h"
 
+#include "protocol_modbus/ascii_reply_rows.h"
+#include "protocol_modbus/ascii_write_requests.h"
+#include "protocol_modbus/decimal_row.h"
 #include "protocol_modbus/read_operation.h"
 #include "protocol_modbus/rtu_value.h"
+#include "protocol_modbus/rtu_write_requests.h"
+#include "runtime/number.h"
 #include "session/conversation.h"
 #include "session/decimal_point.h"
 
@@ -24,12 +29,51 @@ int DecimalsRow(const Conversation& talk, int row) {
 }
 
 bool ShowsConstant(const Conversation& talk, int row) {
-    return ShowsConstant(talk, talk.ParameterGrid().Cell(row, column::kSingleRead));
+    const Grid& grid = talk.ParameterGrid();
+    const bool isFourBytes = grid.Cell(row, column::kLength) == u"4";
+    const Text code = isFourBytes ? Text(8, u'0') : grid.Cell(row, column::kSingleRead);
+    return ShowsConstant(talk, code);
+}
+
+Text Scaled(const Conversation& talk, int row, const Text& value) {
+    const Grid& grid = talk.ParameterGrid();
+    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalRow(grid, row, value, true);
+}
+
+Text ValueOfRtuCode(const Conversation& talk, int row, const Text& code) {
+    Text value = code;
+    DecodeRtuValue(talk, value);
+    return Scaled(talk, row, value);
+}
+
+Text ValueOfAsciiDigits(const Conversation& talk, int row, const Text& digits) {
+    const Grid& grid = talk.ParameterGrid();
+    return ShownAsciiValue(grid, row, HexParse(CountingDigits(grid, row, digits)));
+}
+
+Text WithOwnDecimals(const Conversation& talk, int row, const Text& digits) {
+    return ShownAsciiValue(talk.ParameterGrid(), row, ToWhole32(digits));
+}
+
+constexpr RowManner RtuRowManner(Text (*codeOf)(const Conversation&, int, const Text&)) {
+    return {.firstRow = FirstRow,
+            .whyUnreadable = WhyUnreadable,
+            .decimalsRow = DecimalsRow,
+            .showsConstant = ShowsConstant,
+            .codeOf = codeOf,
+            .valueOf = ValueOfRtuCode,
+            .withDecimals = Scaled};
 }
 
 }  // namespace
 
-const RowManner kAsciiRowManner = {FirstRow, WhyUnreadable, OwnDecimals};
-const RowManner kRtuRowManner = {FirstRow, WhyUnreadable, DecimalsRow, ShowsConstant};
+const RowManner kAsciiRowManner = {.firstRow = FirstRow,
+                                   .whyUnreadable = WhyUnreadable,
+                                   .decimalsRow = OwnDecimals,
+                                   .codeOf = DigitsOfAsciiEntry,
+                                   .valueOf = ValueOfAsciiDigits,
+                                   .withDecimals = WithOwnDecimals};
+const RowManner kRtuRowManner = RtuRowManner(CodeOfRtuEntry);
+const RowManner kRtuFlowRowManner = RtuRowManner(CodeOfRtuFlowEntry);
 
 }  // namespace commtest

@@ -9,5 +9,6 @@ namespace commtest {
 // "S".
 extern const RowManner kAsciiRowManner;
 extern const RowManner kRtuRowManner;
+extern const RowManner kRtuFlowRowManner;  // its writes carry four bytes
 
 }  // namespace commtest

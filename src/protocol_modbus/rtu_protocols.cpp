@@ -48,6 +48,7 @@ std::vector<Protocol> RtuProtocols() {
     flowMeter.buildRead = BuildRtuReadFormD;
     flowMeter.buildWrite = BuildRtuWriteFlow;
     flowMeter.showFrameAddress = nullptr;
+    flowMeter.rows = kRtuFlowRowManner;
 
     Protocol m46t = flowMeter;
     m46t.code = 51;

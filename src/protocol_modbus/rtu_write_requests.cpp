@@ -26,14 +26,18 @@ const Text& CellOfRow(const Conversation& talk, int col) {
     return grid.Cell(grid.Row, col);
 }
 
+Text CodeOf(const Conversation& talk, int row, Text value) {
+    const Grid& grid = talk.ParameterGrid();
+    if (grid.Cell(row, column::kDecimals) != u"0") value = WithDecimalRow(grid, row, std::move(value), false);
+    EncodeRtuValue(talk, value);
+    return value;
+}
+
 // The entry as code text; the cell keeps it as typed.
 Text TakeEntry(Conversation& talk) {
     Grid& grid = talk.ParameterGrid();
-    Text value = talk.InputText.Value();
-    grid.SetCell(grid.Row, grid.Col, value);
-    if (grid.Cell(grid.Row, column::kDecimals) != u"0") ScaleByDecimalRow(grid, grid.Row, value, false);
-    EncodeRtuValue(talk, value);
-    return value;
+    grid.SetCell(grid.Row, grid.Col, talk.InputText.Value());
+    return CodeOf(talk, grid.Row, talk.InputText.Value());
 }
 
 // Bytes of a code text, `first` counting from 1, each behind a blank.
@@ -105,6 +109,17 @@ void BuildRtuWriteFlow(Conversation& talk, Dialogs& dialogs) {
     const Text code = TakeEntry(talk);
     if (CellOfRow(talk, column::kLength) == u"4") ComposeByWriteType(talk, dialogs, code);
     CloseWrite(talk);
+}
+
+Text CodeOfRtuEntry(const Conversation& talk, int row, const Text& entry) {
+    const Text code = CodeOf(talk, row, entry);
+    const Text& length = talk.ParameterGrid().Cell(row, column::kLength);
+    if (length == u"2") return Left(code, 4);
+    return length == u"4" ? Left(code, 8) : code;
+}
+
+Text CodeOfRtuFlowEntry(const Conversation& talk, int row, const Text& entry) {
+    return Left(CodeOf(talk, row, entry), 8);
 }
 
 }  // namespace commtest

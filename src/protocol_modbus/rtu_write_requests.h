@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/text.h"
+
 namespace commtest {
 
 class Dialogs;
@@ -17,5 +19,9 @@ void BuildRtuWrite(Conversation& talk, Dialogs& dialogs);  // codes 31, 32, 34
 //   1  one frame of four bytes                       " 01 06 00 10 42 C8 00 00 B3 82"
 //   2  one frame of function 10                      " 01 10 00 10 00 02 04 42 C8 00 00 67 25"
 void BuildRtuWriteFlow(Conversation& talk, Dialogs& dialogs);  // code 35
+
+// The code of an entry for a row, as much of it as such a frame carries. Errors as above.
+Text CodeOfRtuEntry(const Conversation& talk, int row, const Text& entry);
+Text CodeOfRtuFlowEntry(const Conversation& talk, int row, const Text& entry);
 
 }  // namespace commtest

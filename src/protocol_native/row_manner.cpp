@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "numbers/register_codecs.h"
 #include "session/conversation.h"
 #include "session/decimal_point.h"
+#include "session/instrument_codec.h"
 
 namespace commtest {
 
@@ -29,8 +31,34 @@ int DecimalsRow(const Conversation& talk, int row) {
     return found > 0 && NamesDecimals(grid.Cell(found, column::kName)) ? found : 0;
 }
 
+Text Scaled(const Conversation& talk, int row, const Text& value, bool divide) {
+    const Grid& grid = talk.ParameterGrid();
+    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalPoint(grid, row, value, divide);
+}
+
+Text WithDecimals(const Conversation& talk, int row, const Text& digits) {
+    return Scaled(talk, row, digits, true);
+}
+
+Text CodeOf(const Conversation& talk, int row, const Text& entry) {
+    Text code = Scaled(talk, row, entry, false);
+    ValueToCommCode(code, WriteFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength)));
+    return code;
+}
+
+Text ValueOf(const Conversation& talk, int row, const Text& code) {
+    Text value = code;
+    CommCodeToValue(value, ReadFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength)));
+    return Scaled(talk, row, value, true);
+}
+
 }  // namespace
 
-const RowManner kNativeRowManner = {FirstRow, WhyUnreadable, DecimalsRow};
+const RowManner kNativeRowManner = {.firstRow = FirstRow,
+                                    .whyUnreadable = WhyUnreadable,
+                                    .decimalsRow = DecimalsRow,
+                                    .codeOf = CodeOf,
+                                    .valueOf = ValueOf,
+                                    .withDecimals = WithDecimals};
 
 }  // namespace commtest

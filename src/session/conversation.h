@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "controls/grid.h"
 #include "controls/value_controls.h"
@@ -33,14 +34,21 @@ struct Frames {
     std::int32_t SendCount = 0;  // frames sent since the counters were last cleared
 };
 
+// What the catalogue says a parameter may be, in the instrument's digits: an empty one bounds nothing.
+struct ParameterLimits {
+    Text lower;
+    Text upper;
+};
+
 // The parameters and the row that is read.
 struct ParameterRows {
     std::array<Grid, 4> MSHFlexGrid1;  // parameters, catalogue, recordings, chip list
     std::int16_t CurrentRow = 0;       // the row that the next single read will use
     // First row whose attribute is exactly "RW"; outlives an instrument without one.
     std::int16_t FirstDataRow = 0;
-    TickControl ConSelChange;  // 停止滚屏
-    RowSpan FilledRows;        // that the reply in hand has filled so far
+    TickControl ConSelChange;             // 停止滚屏
+    std::vector<ParameterLimits> Limits;  // by row, from 0; none of row 0
+    RowSpan FilledRows;                   // that the reply in hand has filled so far
 
     Grid& ParameterGrid() { return MSHFlexGrid1[0]; }
     const Grid& ParameterGrid() const { return MSHFlexGrid1[0]; }

@@ -67,9 +67,8 @@ int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&,
     return 0;
 }
 
-void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide) {
-    if (value.empty()) return;
-    grid.Redraw = false;
+Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide) {
+    if (value.empty()) return value;
     const int reference = ReferenceRow(grid, row);
     if (reference > 0 && NamesDecimals(grid.Cell(reference, column::kName))) {
         ScaleByReference(grid.Cell(reference, column::kValue), value, divide);
@@ -77,6 +76,13 @@ void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide) {
         ScaleDirectly(grid.Cell(row, column::kDecimals), value, divide);
     }
     PutZeroBeforePoint(value);
+    return value;
+}
+
+void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide) {
+    if (value.empty()) return;
+    grid.Redraw = false;
+    value = WithDecimalPoint(grid, row, std::move(value), divide);
     grid.Redraw = true;
 }
 

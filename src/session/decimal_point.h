@@ -13,6 +13,9 @@ class Grid;
 // reference that is no number, 9 for negative decimals, 6 beyond a double.
 void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide);
 
+// The same without a touch of the grid.
+Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide);
+
 // Whether a name says that its row holds decimals.
 bool NamesDecimals(const Text& name);
 

@@ -117,7 +117,7 @@ struct IntervalRun {
 };
 
 // The search panel.
-struct SearchPanel {
+struct SearchChoice {
     Presence FindFrame;
     ListControl ConSettingComm;                                                         // port
     std::array<TextControl, 2> ConSettingDE = {TextControl(u"1"), TextControl(u"10")};  // first, last address
@@ -177,7 +177,7 @@ class MainForm : public Conversation,
                  public MultiInstrument,
                  public ReplayScript,
                  public IntervalRun,
-                 public SearchPanel,
+                 public SearchChoice,
                  public RecordTexts,
                  public Choices,
                  public WindowState {

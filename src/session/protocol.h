@@ -33,8 +33,15 @@ struct RowManner {
     std::int16_t (*firstRow)(const Conversation&) = nullptr;  // where reading row by row begins
     Unreadable (*whyUnreadable)(const Conversation&, int row) = nullptr;
     int (*decimalsRow)(const Conversation&, int row) = nullptr;  // that holds a row's decimals, 0: its own
-    // Whether the value shown is not the one read; none: it always is.
+    // Whether the value shown is a constant, whatever was read; none: never.
     bool (*showsConstant)(const Conversation&, int row) = nullptr;
+
+    // The code text that an entry becomes in a write frame, the value that is shown for a code that was read,
+    // and a number in the instrument's digits with the row's decimals. Errors of the builder, or of the
+    // decoding.
+    Text (*codeOf)(const Conversation&, int row, const Text& entry) = nullptr;
+    Text (*valueOf)(const Conversation&, int row, const Text& code) = nullptr;
+    Text (*withDecimals)(const Conversation&, int row, const Text& digits) = nullptr;
 };
 
 // One protocol: all that the session has to know of it. A null routine means that the protocol has none.

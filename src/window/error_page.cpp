@@ -5,7 +5,6 @@
 #include "session/records.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
-#include "window/record_highlighter.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
 
@@ -24,9 +23,8 @@ ErrorPage::ErrorPage(Binder& binder, const Theme& theme, QWidget* parent) : QWid
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(MakeStrip(theme));
-    auto* errors = new RecordView(binder, binder.Form().RichTextBox2, this);
+    auto* errors = new RecordView(binder, theme, binder.Form().RichTextBox2, this);
     errors->setAccessibleName(u"错误记录"_s);
-    new RecordHighlighter(errors->document(), theme);
     layout->addWidget(errors, 1);
 }
 

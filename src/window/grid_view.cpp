@@ -9,10 +9,11 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "commands/list_clicks.h"
+#include "commands/operation_menus.h"
 #include "session/cell_explanation.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
-#include "session/operation_menus.h"
 #include "window/grid_delegate.h"
 #include "window/grid_header.h"
 #include "window/grid_model.h"

@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "app/startup.h"
+#include "commands/startup.h"
+#include "commands/toolbar_commands.h"
 #include "session/records.h"
-#include "session/toolbar_commands.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
 #include "window/error_page.h"
@@ -113,9 +113,9 @@ QWidget* MainWindow::MakePages() {
     pages_ = new QStackedWidget(mainArea_);
     communication_ = new CommunicationPage(binder_, theme_, pages_);
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
-    for (QWidget* page : std::initializer_list<QWidget*>{communication_, new PortPage(binder_, pages_),
-                                                         catalogue_, new GridView(binder_, theme_, 2, pages_),
-                                                         new ErrorPage(binder_, theme_, pages_)})
+    for (QWidget* page : std::initializer_list<QWidget*>{
+             communication_, new PortPage(binder_, theme_, pages_), catalogue_,
+             new GridView(binder_, theme_, 2, pages_), new ErrorPage(binder_, theme_, pages_)})
         pages_->addWidget(page);
     binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
     return pages_;
@@ -188,8 +188,9 @@ void MainWindow::AddShortcuts() {
         QToolButton& button = toolBar_->Button(8);
         button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
     });
-    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_T,
-                       [this] { binder_.Event([this] { ToolbarMenuCommand(form_, u"系统小工具"); }); });
+    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_T, [this] {
+        binder_.Event([this] { ToolbarMenuCommand(form_, ToolbarEntry::ToolWindow); });
+    });
     for (int tab = 0; tab < pages_->count(); ++tab) {
         AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)), [this, tab] {
             binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });

@@ -19,13 +19,13 @@ constexpr int kFormWidth = 288;
 
 }  // namespace
 
-PortPage::PortPage(Binder& binder, QWidget* parent) : QWidget(parent), binder_(binder) {
+PortPage::PortPage(Binder& binder, const Theme& theme, QWidget* parent) : QWidget(parent), binder_(binder) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(MakeForm());
     layout->addWidget(MakeHairline(Qt::Vertical));
-    auto* help = new RecordView(binder, binder.Form().RichTextBox1, this);
+    auto* help = new RecordView(binder, theme, binder.Form().RichTextBox1, this);
     help->setAccessibleName(u"使用说明"_s);
     layout->addWidget(help, 1);
 }

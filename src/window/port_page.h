@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "window/binder.h"
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -12,7 +13,7 @@ class PortPage : public QWidget {
     Q_OBJECT
 
   public:
-    PortPage(Binder& binder, QWidget* parent);
+    PortPage(Binder& binder, const Theme& theme, QWidget* parent);
 
   private:
     QWidget* MakeForm();

@@ -7,7 +7,7 @@
 
 #include "session/records.h"
 #include "window/bindings.h"
-#include "window/record_highlighter.h"
+#include "window/record_stretches.h"
 
 namespace commtest {
 
@@ -20,8 +20,8 @@ constexpr int kClickReach = 4;  // pixels
 
 }  // namespace
 
-RecordView::RecordView(Binder& binder, const RecordPane& pane, QWidget* parent)
-    : QPlainTextEdit(parent), pane_(pane), epoch_(pane.Epoch()) {
+RecordView::RecordView(Binder& binder, const Theme& theme, const RecordPane& pane, QWidget* parent)
+    : QPlainTextEdit(parent), theme_(theme), pane_(pane), epoch_(pane.Epoch()) {
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
@@ -31,34 +31,60 @@ RecordView::RecordView(Binder& binder, const RecordPane& pane, QWidget* parent)
     document()->setDocumentMargin(kMargin);
     viewport()->setCursor(Qt::ArrowCursor);
     BindPresence(binder, pane, *this);
+    connect(&theme, &Theme::Changed, this, &RecordView::ShowAll);
     binder.Watch(pane, [this] { Follow(); });
 }
 
 void RecordView::Follow() {
-    const std::deque<Text>& blocks = pane_.Blocks();
+    const std::size_t count = pane_.Blocks().size();
     if (epoch_ != pane_.Epoch()) {
-        setPlainText(QString::fromStdU16String(pane_.WholeText()));
-    } else if (shown_ != blocks.size()) {
-        Text missing;
-        for (std::size_t index = 0; index < blocks.size() - shown_; ++index) missing += blocks[index];
-        PutOnTop(QString::fromStdU16String(missing));
+        ShowAll();
+    } else if (shown_ != count) {
+        PutOnTop(count - shown_);
     }
     epoch_ = pane_.Epoch();
-    shown_ = blocks.size();
+    shown_ = count;
+}
+
+void RecordView::ShowAll() {
+    clear();
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (const RecordBlock& block : pane_.Blocks()) Insert(cursor, block);
+    cursor.endEditBlock();
+    moveCursor(QTextCursor::Start);
 }
 
 // A view that stands at the top stays there; any other one keeps the line that it begins with.
-void RecordView::PutOnTop(const QString& text) {
+void RecordView::PutOnTop(std::size_t count) {
     QScrollBar& bar = *verticalScrollBar();
     const bool isAtTop = bar.value() == bar.minimum();
     const QTextBlock first = firstVisibleBlock();
     const int linesIntoFirst = bar.value() - first.firstLineNumber();
     const int number = first.blockNumber();
     const int blocksBefore = blockCount();
-    QTextCursor(document()).insertText(text);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (std::size_t index = 0; index < count; ++index) Insert(cursor, pane_.Blocks()[index]);
+    cursor.endEditBlock();
     if (isAtTop) return;
     const QTextBlock moved = document()->findBlockByNumber(number + blockCount() - blocksBefore);
     bar.setValue(moved.firstLineNumber() + linesIntoFirst);
+}
+
+void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block) const {
+    const Tokens& tokens = theme_.Now();
+    for (const RecordStretch& stretch : StretchesOf(block)) {
+        QTextCharFormat format;
+        switch (stretch.kind) {
+            case RecordStretch::Kind::Frame: format.setForeground(tokens.text); break;
+            case RecordStretch::Kind::Quiet: format.setForeground(tokens.text2); break;
+            case RecordStretch::Kind::Failure: format.setForeground(tokens.warn); break;
+            case RecordStretch::Kind::Plain: break;
+        }
+        cursor.insertText(
+            QString::fromUtf16(stretch.text.data(), static_cast<qsizetype>(stretch.text.size())), format);
+    }
 }
 
 void RecordView::DropClickIfDragged(const QMouseEvent& event) {
@@ -103,9 +129,8 @@ void RecordView::contextMenuEvent(QContextMenuEvent* event) {
 
 RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget* parent) {
     MainForm& form = binder.Form();
-    auto* view = new RecordView(binder, form.ConCommString[static_cast<std::size_t>(index)], parent);
+    auto* view = new RecordView(binder, theme, form.ConCommString[static_cast<std::size_t>(index)], parent);
     view->setAccessibleName(index == 1 ? u"通讯记录"_s : u"数据转换过程"_s);
-    if (index == 1) new RecordHighlighter(view->document(), theme);
     QObject::connect(view, &RecordView::Clicked, view, [&binder, index] {
         binder.Event([&binder, index] { ConCommString_Click(binder.Form(), index); });
     });

@@ -3,19 +3,19 @@
 #include <QPlainTextEdit>
 #include <optional>
 
-#include "controls/record_pane.h"
+#include "session/record_pane.h"
 #include "window/binder.h"
 #include "window/theme.h"
 
 namespace commtest {
 
-// A record pane, to read and to copy from. Blocks that have come are put on top of what is laid out already;
-// the user's selection and place in the text stay.
+// A record pane, to read and to copy from, coloured by what came of its exchanges. Blocks that have come are
+// put on top of what is laid out already; the user's selection and place in the text stay.
 class RecordView : public QPlainTextEdit {
     Q_OBJECT
 
   public:
-    RecordView(Binder& binder, const RecordPane& pane, QWidget* parent);
+    RecordView(Binder& binder, const Theme& theme, const RecordPane& pane, QWidget* parent);
 
   signals:
     // The left button went down and up here, about at one place, and nothing was or is selected; or Delete
@@ -31,16 +31,19 @@ class RecordView : public QPlainTextEdit {
 
   private:
     void Follow();
-    void PutOnTop(const QString& text);
+    void ShowAll();
+    void PutOnTop(std::size_t count);
+    void Insert(QTextCursor& cursor, const RecordBlock& block) const;
     void DropClickIfDragged(const QMouseEvent& event);
 
+    const Theme& theme_;
     const RecordPane& pane_;
     std::uint64_t epoch_;
     std::size_t shown_ = 0;  // blocks of that epoch
     std::optional<QPoint> press_;
 };
 
-// ConCommString(index): 0 the conversion texts, 1 the record, coloured; a click on it empties it.
+// ConCommString(index): 0 the conversion texts, 1 the record; a click on it empties it.
 RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget* parent);
 
 }  // namespace commtest

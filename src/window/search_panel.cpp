@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
-#include "session/search_panel.h"
+#include "commands/search_panel.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
 #include "window/port_box.h"

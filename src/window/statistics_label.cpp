@@ -9,7 +9,6 @@
 #include "session/records.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
-#include "window/record_highlighter.h"
 
 namespace commtest {
 
@@ -19,6 +18,11 @@ namespace {
 
 constexpr int kLineHeight = 25;
 constexpr int kGapBehindTotal = 24;
+
+bool TellsFailure(QStringView words) {
+    return words.contains(u"校验出错") || words.contains(u"无应答") || words.contains(u"不完整") ||
+           words.contains(u"错误率");
+}
 
 const QRegularExpression kNumber(u"\\d[\\d,.]*(?: %)?"_s);
 const QRegularExpression kDigitAboveZero(u"[1-9]"_s);

@@ -3,8 +3,9 @@
 #include <QEvent>
 #include <QHBoxLayout>
 
-#include "app/startup.h"
+#include "commands/startup.h"
 #include "window/bindings.h"
+#include "window/notice_words.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -66,7 +67,7 @@ void StatusPanels::AddPortPanel() {
 void StatusPanels::FollowNote() {
     MainForm& form = binder_.Form();
     binder_.Watch(form.StatusNote, [this, &form] {
-        const QString note = QString::fromStdU16String(form.StatusNote.Value());
+        const QString note = WordsOn(form.StatusNote.Value());
         if (!note.isEmpty()) showMessage(note, kNoteTime);
     });
     // The same word can be said again once it has gone.

@@ -5,7 +5,7 @@
 #include <QStyle>
 #include <array>
 
-#include "session/toolbar_commands.h"
+#include "commands/toolbar_commands.h"
 #include "window/icons.h"
 #include "window/pieces.h"
 
@@ -60,8 +60,9 @@ ToolBar::ToolBar(Binder& binder, const Theme& theme, QWidget* parent)
         Button(row.index).setText(row.caption.toString());
         Button(row.index).setToolTip(row.tip.toString());
     }
-    AddMenu(kExportMenu, {u"导出当前参数地址表"_s, u"导出全部参数地址表"_s});
-    AddMenu(kToolsMenu, {u"系统小工具"_s, u"指令选择"_s, u"参数地址确认"_s});
+    AddMenu(kExportMenu, {ToolbarEntry::ExportCurrentTable, ToolbarEntry::ExportAllTables});
+    AddMenu(kToolsMenu,
+            {ToolbarEntry::ToolWindow, ToolbarEntry::OperationMenu, ToolbarEntry::ReloadParameters});
 
     const MainForm& form = binder.Form();
     Button(toolbar::kSearch).setCheckable(true);
@@ -89,12 +90,13 @@ QToolButton* ToolBar::MakeButton(int index) {
     return button;
 }
 
-void ToolBar::AddMenu(int index, const QStringList& captions) {
+void ToolBar::AddMenu(int index, std::initializer_list<ToolbarEntry> entries) {
     auto* menu = new QMenu(&Button(index));
-    for (const QString& caption : captions) {
-        connect(menu->addAction(caption), &QAction::triggered, this, [this, caption] {
-            if (caption == u"指令选择") emit OperationMenuWanted();
-            binder_.Event([&] { ToolbarMenuCommand(binder_.Form(), caption.toStdU16String()); });
+    for (const ToolbarEntry entry : entries) {
+        const QString caption = QString::fromStdU16String(Text(CaptionOf(entry)));
+        connect(menu->addAction(caption), &QAction::triggered, this, [this, entry] {
+            if (entry == ToolbarEntry::OperationMenu) emit OperationMenuWanted();
+            binder_.Event([&] { ToolbarMenuCommand(binder_.Form(), entry); });
         });
     }
     QToolButton& button = Button(index);

@@ -2,7 +2,9 @@
 
 #include <QToolButton>
 #include <QWidget>
+#include <initializer_list>
 
+#include "commands/toolbar_commands.h"
 #include "window/binder.h"
 #include "window/theme.h"
 
@@ -25,7 +27,7 @@ class ToolBar : public QWidget {
 
   private:
     QToolButton* MakeButton(int index);
-    void AddMenu(int index, const QStringList& captions);
+    void AddMenu(int index, std::initializer_list<ToolbarEntry> entries);
     void ShowStartStop();
     void ShowIcons();
 

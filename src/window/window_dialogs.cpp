@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "window/notice_words.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -40,6 +42,10 @@ void WindowDialogs::ShowMessage(const Text& text, const Text& detail) {
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     NameButtons(box);
     box.exec();
+}
+
+void WindowDialogs::ShowNotice(const Notice& notice) {
+    ShowMessage(WordsOn(notice).toStdU16String(), RemedyOf(notice).toStdU16String());
 }
 
 void WindowDialogs::ShowError(int, const Text& standardMessage) {

@@ -13,6 +13,7 @@ class WindowDialogs : public Dialogs {
     void SetWindow(QWidget* window) { window_ = window; }
 
     void ShowMessage(const Text& text, const Text& detail) override;
+    void ShowNotice(const Notice& notice) override;
     void ShowError(int number, const Text& standardMessage) override;
     bool AskYesNo(const Text& text) override;
     Text AskText(const Text& title, const Text& prompt, const Text& proposal) override;

@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-#include "app/startup.h"
 #include "catalogue/shipped_catalogue.h"
+#include "commands/startup.h"
 #include "host_qt/named_port.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_settings.h"

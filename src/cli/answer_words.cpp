@@ -1,0 +1,23 @@
+#include "cli/answer_words.h"
+
+#include "session/main_form.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+QString WordsOnAnswer(const MainForm& form, const Outcome& outcome) {
+    Verdict verdict = outcome.verdict;
+    verdict.check = CheckWord::NotJudged;
+    const Text words = form.ProtocolInUse().words(outcome.exchange, verdict, form.texts);
+    return QString::fromStdU16String(words).simplified();
+}
+
+QString NumbersOfException(const Outcome& outcome) {
+    const auto& exception = outcome.verdict.exception;
+    if (!exception) return {};
+    const auto byte = [](int value) { return u"%1"_s.arg(value, 2, 16, QChar(u'0')).toUpper(); };
+    return byte(exception->function) + u' ' + byte(exception->detail);
+}
+
+}  // namespace commtest

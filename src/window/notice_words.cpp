@@ -1,0 +1,50 @@
+#include "window/notice_words.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString NameOf(Feature feature) {
+    switch (feature) {
+        case Feature::Capture: return u"数据采集"_s;
+        case Feature::Replay: return u"数据演示"_s;
+        case Feature::Search: return u"仪表搜索"_s;
+        case Feature::Import: return u"导入地址"_s;
+        case Feature::Export: return u"特殊地址"_s;
+        case Feature::ExportCurrentTable: return u"导出当前参数地址表"_s;
+        case Feature::ExportAllTables: return u"导出全部参数地址表"_s;
+        case Feature::ReloadParameters: return u"参数地址确认"_s;
+        case Feature::Recordings: return u"演示数据"_s;
+        case Feature::ChipRecords: return u"芯片资料"_s;
+    }
+    return {};
+}
+
+}  // namespace
+
+QString WordsOn(const Notice& notice) {
+    const QString detail = QString::fromStdU16String(notice.detail);
+    switch (notice.kind) {
+        case Notice::Kind::NotThereYet: return NameOf(notice.feature) + u": 此功能尚未提供"_s;
+        case Notice::Kind::NoCatalogue: return u"目录 %1 不能打开，请恢复该文件后重新启动"_s.arg(detail);
+        case Notice::Kind::PortCaveat: return detail;
+        case Notice::Kind::PortLost: return u"串口已断开,通讯停止！"_s;
+        case Notice::Kind::NoUpdater: return u"更新程序不能启动！"_s;
+        case Notice::Kind::None: break;
+    }
+    return {};
+}
+
+QString RemedyOf(const Notice& notice) {
+    const QString detail = QString::fromStdU16String(notice.detail);
+    switch (notice.kind) {
+        case Notice::Kind::PortLost: return detail;
+        case Notice::Kind::NoUpdater:
+            return u"%1 不存在或不能运行。现在继续使用本版本，请联系管理员更新"_s.arg(detail);
+        default: return {};
+    }
+}
+
+}  // namespace commtest
