@@ -1,6 +1,5 @@
 #include "host_qt/system_clock.h"
 
-#include <QRandomGenerator>
 #include <QThread>
 #include <chrono>
 
@@ -19,6 +18,6 @@ void SystemClock::Sleep(std::int32_t milliseconds) {
     if (milliseconds > 0) QThread::msleep(static_cast<unsigned long>(milliseconds));
 }
 
-double SystemClock::Random() { return QRandomGenerator::global()->generateDouble(); }
+double SystemClock::Random() { return random_.generateDouble(); }
 
 }  // namespace commtest

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRandomGenerator>
+
 #include "host/clock.h"
 
 namespace commtest {
@@ -11,6 +13,9 @@ class SystemClock : public Clock {
     std::int64_t Microseconds() const override;
     void Sleep(std::int32_t milliseconds) override;
     double Random() override;
+
+  private:
+    QRandomGenerator random_{1};  // the same at every start
 };
 
 }  // namespace commtest

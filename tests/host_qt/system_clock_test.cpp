@@ -40,6 +40,12 @@ TEST(SystemClock, RandomNumbersStayInTheUnitIntervalAndDiffer) {
     EXPECT_TRUE(differ);
 }
 
+TEST(SystemClock, RandomNumbersBeginTheSameAtEveryStart) {
+    SystemClock first;
+    SystemClock second;
+    for (int turn = 0; turn < 10; ++turn) EXPECT_EQ(first.Random(), second.Random()) << turn;
+}
+
 }  // namespace
 
 }  // namespace commtest
