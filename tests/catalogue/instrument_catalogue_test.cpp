@@ -210,6 +210,15 @@ TEST_F(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirN
     EXPECT_THAT(catalogue.NotesOfInstrument(u"表一").rows, IsEmpty());
 }
 
+TEST_F(InstrumentCatalogueTest, ChangedNoteChangesForEveryInstrumentThatHasIt) {
+    testing::AddRecording(*store, u"表一", u"甲", u" 42");
+    testing::AddRecording(*store, u"表二", u"甲", u" 42");
+    testing::AddRecording(*store, u"表二", u"乙", u" 42");
+    catalogue.ChangeNote(u"丙", u"甲");
+    EXPECT_THAT(Lines(catalogue.NotesOfInstrument(u"表一")), ElementsAre("丙"));
+    EXPECT_THAT(Lines(catalogue.NotesOfInstrument(u"表二")), ElementsAre("丙", "乙"));
+}
+
 TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFrontOfTheAddress) {
     AddInstrument(1, u"表一", u"11000201", 2);
     AddInstrument(2, u"表二", u"12000101", 1);
