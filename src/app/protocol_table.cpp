@@ -43,7 +43,7 @@ ProtocolTable MakeTable() {
     }
     std::sort(table.rows.begin(), table.rows.end(),
               [](const Protocol& a, const Protocol& b) { return a.code < b.code; });
-    // A code without a row polls with the request of code 42 and has neither end rule nor parser.
+    // Q162: a code without a row has neither end rule nor parser, but a request.
     table.defaultRow.buildRead = BuildHct615dReadRequest;
     return table;
 }

@@ -38,7 +38,7 @@ ServerFile ReadServerFile(const ProgramFiles& files) {
     TextView rest = text;
     ServerFile file;
     for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);
-    TakeValue(rest);  // nothing is made of the fifth line, but it has to be there
+    TakeValue(rest);  // Q165: the fifth line has to be there
     return file;
 }
 
@@ -49,7 +49,7 @@ StoreAddress AddressOf(const ServerFile& file) {
             CatalogueTables()};
 }
 
-// The lines of the server and of its user serve here as folder and name of the program's file on the server.
+// Q164: the lines of the server and of its user are also folder and name of the program's file.
 void OpenServerCatalogue(MainForm& form) {
     const ServerFile file = ReadServerFile(form.outside.files);
     PassOverError([&] { OfferUpdate(form, file.server, file.user); });
@@ -74,7 +74,7 @@ void OpenCatalogue(MainForm& form, int mode) {
                 form.outside.store.Open(LocalCatalogue(form.outside.files));
             }
         },
-        // A mode that is neither opens the local file and is still called the network's.
+        // Q167, Q166: any mode but 1 is called the network's, and an open that failed has its word, too.
         [&] { panel.Set(panel.Value() + (mode == kLocalMode ? u"    本地数据库" : u"    网络数据库")); });
 }
 

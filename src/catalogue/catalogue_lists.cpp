@@ -18,7 +18,8 @@ Text WithoutTable(const Text& column) {
     return dot == Text::npos ? column : column.substr(dot + 1);
 }
 
-// Column 0 of the grid numbers the rows; the result's columns follow. An empty result leaves the grid.
+// Column 0 of the grid numbers the rows; the result's columns follow. Q179: an empty result leaves the
+// grid.
 void Bind(Grid& grid, const StoreRows& result) {
     if (result.rows.empty()) return;
     const auto rows = result.rows.size();

@@ -20,11 +20,11 @@ constexpr std::size_t kCodeOfInstrument = 3;
 constexpr std::size_t kUpperLimit = 5;
 constexpr std::size_t kLowerLimit = 6;
 constexpr std::size_t kCodeOfParameter = 9;
-constexpr int kParameterFields = 5;  // go to columns 1 to 5
+constexpr int kParameterFields = 5;  // go to columns 1 to 5, the limits behind them to no cell (Q176)
 
 constexpr int kRowsWhileLoading = 1000;
 constexpr int kFewestRows = 15;
-constexpr int kPresetRows = 5;  // their column 7 is preset with 0 to 4
+constexpr int kPresetRows = 5;  // their column 7 is preset with 0 to 4 (Q175)
 
 void SetDisplayMode(MainForm& form) {
     const DisplayMode mode = form.ProtocolInUse().displayMode;
@@ -61,6 +61,7 @@ void FillParameterGrid(MainForm& form) {
 void ShowDataType(MainForm& form) {
     const int type = LeadingWholeNumber(Mid(form.MeterCodeText, 3, 2));
     const int known = static_cast<int>(form.ConDataTypeList.Items().size());
+    // Q178: these alone.
     if (type >= 1 && type <= 10 && type < known) form.ConDataTypeList.Set(form.ConDataTypeList.At(type));
 }
 
@@ -69,14 +70,14 @@ void ShowDataType(MainForm& form) {
 void ConCommTypeList_Click(MainForm& form) {
     const auto& captions = form.ConMeterType.Captions;
     const auto found = std::find_if(captions.begin(), captions.end(), [&](const Text& caption) {
-        return Contains(caption, form.ConCommTypeList.Value());
+        return Contains(caption, form.ConCommTypeList.Value());  // Q171: or a part
     });
     if (found != captions.end()) form.ConMeterType.Choose(static_cast<int>(found - captions.begin()));
     SetDisplayMode(form);
 }
 
 void ConMeterType_Click(MainForm& form, int index) {
-    if (index == 0) form.ConMyCommDriver.SetEnabled(true);
+    if (index == 0) form.ConMyCommDriver.SetEnabled(true);  // Q174: nothing disables it
     const auto type = static_cast<std::size_t>(index);
     if (type >= form.ProtocolCodeOfType.size()) throw RuntimeError(RuntimeError::kSubscript);
     form.ProtocolCode = form.ProtocolCodeOfType[type];
@@ -88,9 +89,10 @@ void LoadInstrumentNames(MainForm& form) {
     ListControl& names = form.ConMeterName[0];
     names.Clear();
     const StoreRows instruments =
-        InstrumentCatalogue(form.outside.store).InstrumentsOfProtocol(form.ConCommTypeList.Value());
+        InstrumentCatalogue(form.outside.store).InstrumentsOfProtocol(form.ConCommTypeList.Value());  // Q172
     for (std::size_t record = 0; record < instruments.rows.size(); ++record) {
         names.Add(instruments.At(record, kInstrumentName));
+        // Q173: the last one stays.
         form.ProtocolCode = Whole16(LeadingWholeNumber(Left(instruments.At(record, kCodeOfInstrument), 2)));
     }
     names.Set(names.Items().empty() ? Text() : names.At(0));
@@ -100,7 +102,7 @@ void LoadInstrumentNames(MainForm& form) {
 void ConMeterName_Click(MainForm& form) {
     form.SentFrames().Clear();
     form.MeterCodeText.clear();
-    FillParameterGrid(form);
+    FillParameterGrid(form);  // Q177: CurrentRow stays
     form.DynamicSample.clear();
     form.StaticSample.clear();
     form.ParameterGrid().Redraw = true;

@@ -54,7 +54,7 @@ void AddRecordings(Statements& page) {
     page.recordingsList =
         u"SELECT DISTINCT 协议,仪表名称,说明,采集日期 From 通讯_仿真 Where 有效 = 1 "
         u"Order By 协议,仪表名称,说明,采集日期";
-    page.recordedInstruments =
+    page.recordedInstruments =  // Q169: whether deleted or not
         u"SELECT DISTINCT 仪表名称,协议 From 通讯_仿真 Where 协议 ='?' ORDER BY 仪表名称";
     page.framesOfRecording =
         u"SELECT DISTINCT 指令,回送,地址,编码,ID From 通讯_仿真 Where 仪表名称 ='?' And 说明 = '?' Order By "
@@ -62,6 +62,7 @@ void AddRecordings(Statements& page) {
     page.notesOfInstrument = u"SELECT DISTINCT 说明 From 通讯_仿真 Where 仪表名称 ='?' ORDER BY 说明";
     page.recordedPair = u"SELECT * From 通讯_仿真 Where 仪表名称 = '?' And 回送 = '?' And 说明 = '?'";
     page.renameRecordedInstrument = u"Update 通讯_仿真 Set 仪表名称 = '?' Where 仪表名称 ='?'";
+    // Q168: of every instrument.
     page.changeNote = u"Update 通讯_仿真 Set 说明 = '?' Where 说明 ='?'";
     page.deleteRecording = u"Update 通讯_仿真 Set 有效 = 0 Where 仪表名称 = '?' And 说明 = '?'";
 }
@@ -105,6 +106,7 @@ Text LengthInFrontOfAddress(StoreEngine engine) {
     return Joined({u"COALESCE(长度,'')", join, u"COALESCE(地址,'')"});
 }
 
+// Q163: nothing is escaped.
 Text StatementWith(TextView statement, std::initializer_list<TextView> values) {
     Text sql;
     auto value = values.begin();

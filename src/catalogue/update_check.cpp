@@ -15,6 +15,7 @@ namespace commtest {
 
 namespace {
 
+// Q170: seconds do not count.
 auto WholeMinutes(const DateTime& time) {
     return std::tuple(time.year, time.month, time.day, time.hour, time.minute);
 }

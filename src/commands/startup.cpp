@@ -38,7 +38,7 @@ struct Setting {
 
 constexpr Setting kShowType = {u"ShowType", u"1"};
 constexpr Setting kCommPort = {u"CommPort", u"9600,N,8,1 COM1"};
-constexpr Setting kSoftSetting = {u"SoftSeting", u"1000 1 16 0 0 1"};
+constexpr Setting kSoftSetting = {u"SoftSeting", u"1000 1 16 0 0 1"};  // Q180: spelled so
 
 // A missing setting is written with its default.
 Text Stored(MainForm& form, const Setting& setting) {
@@ -87,7 +87,7 @@ void PressShowCommand(MainForm& form, double times) {
 
 void OpenCatalogueOrLocal(MainForm& form, int mode) {
     OpenCatalogue(form, mode);
-    if (!form.outside.store.IsOpen()) OpenCatalogue(form, kLocalMode);
+    if (!form.outside.store.IsOpen()) OpenCatalogue(form, kLocalMode);  // Q182: without a word
     if (!form.outside.store.IsOpen()) {
         form.StatusNote.Set({Notice::Kind::NoCatalogue, form.outside.files.PathOf(Text(kCatalogueFileName))});
     }
@@ -121,6 +121,7 @@ void RefuseSecondInstance(MainForm& form) {
 void Form_Activate(MainForm& form) {
     if (form.Activated) return;
     RefuseSecondInstance(form);
+    // Q183: what fails is passed over.
     PassOverErrors([&] { LoadSettings(form); },     //
                    [&] { ShowPortStatus(form); },   //
                    [&] { form.SSTab2.Choose(0); },  //
@@ -157,7 +158,7 @@ void LoadSettings(MainForm& form) {
 
 void SaveSettings(MainForm& form) {
     const ListControl& names = form.ConMeterName[0];
-    const bool isLocal = Contains(form.StatusBar1[0].Value(), kLocalWord);
+    const bool isLocal = Contains(form.StatusBar1[0].Value(), kLocalWord);  // Q181
     Text soft;
     for (const Text& field : {form.ConDelayTime.Value(), form.ConMeterAddr.Value(), form.ConDataNub.Value(),
                               WholeText(form.ConCommTypeList.IndexOf(form.ConCommTypeList.Value())),
@@ -177,7 +178,7 @@ void StatusBar1_PanelDblClick(MainForm& form, int panel) {
     if (!agreed) return;
     soft = Left(soft, Len(soft) - 1) + (isLocal ? u"0" : u"1");
     form.outside.settings.Save(Text(kSoftSetting.key), soft);
-    form.StatusBar1[0].Set(u"衡岫仪器公司    " + other);
+    form.StatusBar1[0].Set(u"衡岫仪器公司    " + other);  // Q184: at once
 }
 
 void ChangeTime_Change(MainForm& form) {

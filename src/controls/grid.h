@@ -29,7 +29,7 @@ class Grid : public Control {
     int Row = 0;
     int Col = 0;
     int TopRow = 1;      // first row below the headings that is in view
-    bool Redraw = true;  // a flag, not a counter
+    bool Redraw = true;  // a flag, not a counter (Q75)
 
     // Moves on when the grid was emptied or has another size: what a view remembers of its cells is void.
     std::uint64_t Epoch() const { return epoch_; }

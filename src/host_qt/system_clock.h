@@ -15,7 +15,7 @@ class SystemClock : public Clock {
     double Random() override;
 
   private:
-    QRandomGenerator random_{1};  // the same at every start
+    QRandomGenerator random_{1};  // Q7: the same at every start
 };
 
 }  // namespace commtest

@@ -18,7 +18,7 @@ double PowerOfTen(int exponent) { return std::pow(10.0, exponent); }
 
 void ValueToBcd(Text& text) {
     const double whole = std::floor(ToNumber(text));
-    // All of 0 to below 1 is zero in this format, whatever the fraction.
+    // Q23: all of 0 to below 1 is zero, whatever the fraction.
     if (whole == 0) {
         text = u"0000000000";
         return;
@@ -29,7 +29,7 @@ void ValueToBcd(Text& text) {
         text.erase(0, 1);
     }
     int decimals = 0;
-    if (Contains(text, u".")) {
+    if (Contains(text, u".")) {  // Q24: as typed, zeros at the end included
         decimals = Len(Behind(text, u'.'));
         text = NumberText(Finite(ToNumber(text) * PowerOfTen(decimals)));
     }
@@ -38,7 +38,7 @@ void ValueToBcd(Text& text) {
 }
 
 void BcdToValue(Text& text) {
-    // Read as a decimal digit: the instruments' format has no letters here, although ValueToBcd writes some.
+    // Q25: a decimal digit, although ValueToBcd writes letters, too.
     const int signAndDecimals = ToWhole16(Mid(text, 2, 1));
     const int decimals = signAndDecimals % kNegative;
     const double value = ToNumber(Mid(text, 3)) / PowerOfTen(decimals);

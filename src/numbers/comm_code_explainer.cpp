@@ -23,7 +23,7 @@ void ExplainCommCode(const Text& meterCode, const Text& code, Text& explanation)
         case kExplainerOfDisplayCode: return ExplainDisplayCode(code, explanation);
         case 5: return ExplainBcdCode(code, explanation);
         case 6: return ExplainSignMagnitude(code, explanation);
-        case 9: explanation = u"未编写"; return;
+        case 9: explanation = u"未编写"; return;  // Q33
         case 10: return ExplainFlowMeterBcd(code, explanation);
         case 12: return ExplainTqCode(code, explanation);
         default: return;

@@ -11,11 +11,11 @@ namespace {
 
 namespace bits = custom_float;
 
-constexpr int kExponentRounds = 64;
+constexpr int kExponentRounds = 64;  // Q16: no check of the range behind them
 
 }  // namespace
 
-// The working value lives in text between the steps, which decides the last digits of the code.
+// Q17: the working value lives in text between the steps.
 CustomFloatParts SplitIntoCustomFloat(double magnitude, bool isNegative) {
     int firstByte = isNegative ? bits::kNegative : 0;
     double x = RoundedToText(magnitude);
@@ -30,8 +30,7 @@ CustomFloatParts SplitIntoCustomFloat(double magnitude, bool isNegative) {
             x = RoundedToText(x + x);
             ++firstByte;
             ++round;
-            // Not "<": a power of two goes one round further, to 1, and gets its nine characters; they are
-            // what the instruments are sent.
+            // Q15: not "<", so that a power of two goes one round further, to 1.
         } while (round < kExponentRounds && x + x <= 1);
     }
     return {firstByte, x};

@@ -26,8 +26,8 @@ void ExplainFloatCode(Text& code, Text& explanation) {
     const bool isNegative = (first & custom_float::kNegative) != 0;
     const bool hasNegativeExponent = (first & custom_float::kNegativeExponent) != 0;
     const Text exponent = WholeText(first & custom_float::kExponent);
-    const Text mantissa = NumberText(CustomFloatMantissa(code));
-    Text value = NumberText(CustomFloatValue(code));
+    const Text mantissa = NumberText(CustomFloatMantissa(code));  // Q35: behind a fixed "0"
+    Text value = NumberText(CustomFloatValue(code));              // Q34: not shortened
     PutZeroBeforePoint(value);
     explanation.clear();
     AppendSteps(

@@ -52,7 +52,7 @@ void AppendMantissa(Text& explanation, double mantissa) {
 Text ExplainedCode(TextView title, const Text& value, Text& explanation) {
     explanation.clear();
     const double number = ToNumber(value);
-    const bool isNegative = number <= 0;
+    const bool isNegative = number <= 0;  // Q31: 0, too
     const Text magnitudeText = NumberText(std::fabs(number));
     const double magnitude = ToNumber(magnitudeText);
     const bool isSmall = magnitude < 0.5;
@@ -80,6 +80,7 @@ void ExplainValueToFloatCode(Text& value, Text& explanation) {
     value = ExplainedCode(u"具体数值转换成自定义浮点数的计算过程", value, explanation);
 }
 
+// Q32: the steps are those of the custom float.
 void ExplainValueToIeee(const Text& value, Text& explanation) {
     ExplainedCode(u"IEEE754浮点数转换成具体数值的计算过程", value, explanation);
 }

@@ -10,6 +10,7 @@ void ExplainIeeeCode(const Text& code, Text& explanation) {
     Text bits;
     for (int position = 1; position <= 7; position += 2) bits += ByteToBitText(CodeByteAt(code, position));
     explanation.clear();
+    // Q33: as far as its title promises.
     AppendSteps(explanation, {{u"IEEE754浮点数转换成具体数值的计算过程--书写中"}});
     AppendLines(explanation, {
                                  {u"第一步: 把数值 ", code, u" 转换成二进制数据:   ", bits},

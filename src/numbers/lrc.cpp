@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kByteRange = 256;
 
+// Q28: wherever the colon stands.
 void DropColon(Text& text) {
     if (Contains(text, u":")) text.erase(0, 1);
 }
@@ -22,11 +23,11 @@ Text TwoDigits(int value) { return FittedToWidth(HexOf(value), 2); }
 
 Text LrcOfPairs(Text text) {
     DropColon(text);
-    const std::int16_t pairs = Whole16(Len(text) / 2.0);
+    const std::int16_t pairs = Whole16(Len(text) / 2.0);  // Q27: half to even
     std::int16_t sum = 0;
     for (int pair = 1; pair <= pairs; ++pair) sum = Add16(sum, HexParse(Mid(text, 2 * pair - 1, 2)));
     const int complement = kByteRange - sum % kByteRange;
-    // 256 keeps its three digits: the instruments' users rely on the longer frame that comes of it.
+    // Q26: 256 keeps its three digits.
     return complement == kByteRange ? Text(u"100") : TwoDigits(complement);
 }
 

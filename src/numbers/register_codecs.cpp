@@ -41,13 +41,14 @@ void ReadSwappedByLength(Text& text) {
         case 2: return ReadPlainHex(text);
         case 4: return ReadSignMagnitudeSwapped(text);
         case 8: return CommCodeToValue(text, format::kCustomFloat);
-        default: return;
+        default: return;  // Q11: other lengths stay
     }
 }
 
 void ReadAccumulated(Text& text) {
     Text hundreds = Left(text, 8);
     Text rest = Mid(text, 9);
+    // Q22: each half is shortened before the sum.
     CommCodeToValue(hundreds, format::kCustomFloat);
     CommCodeToValue(rest, format::kCustomFloat);
     text = NumberText(ToNumber(hundreds) * 100 + ToNumber(rest));
@@ -63,7 +64,7 @@ void AutoCodeToValue(Text& text) {
 
 void AutoValueToTwoBytes(Text& text) {
     const double value = ToNumber(text);
-    // Unlike in format 0 the fraction of a negative value is not cut.
+    // Q14: unlike in format 0 the fraction of a negative value is not cut.
     if (value < 0) text = NumberText(-value + 0x8000);
     text = HexOf(text);
     PadWideText(text, 4, kZerosOnTheLeft);
@@ -95,10 +96,10 @@ void ValueToCommCode(Text& text, int formatNumber) {
         case format::kIeeeSingle: return ValueToIeeeSingle(text);
         case format::kBcd: return ValueToBcd(text);
         case format::kOneByte: return ValueToTwosComplement(text, 2);
-        // Sign and magnitude although kUneven reads two's complement: its instruments mean it so.
+        // Q13: sign and magnitude, although kUneven reads two's complement.
         case format::kUneven:
         case format::kSignMagnitude: return ValueToSignMagnitude(text);
-        default: return;
+        default: return;  // Q12: these only read
     }
 }
 

@@ -15,17 +15,18 @@ constexpr int kSignBit = 0x8000;
 
 void ValueToSignMagnitude(Text& text) {
     const double value = ToNumber(text);
-    // A negative fraction is cut here, a positive one is rounded by HexOf: the instruments' format has it so.
+    // Q8: a negative fraction is cut here, a positive one is rounded by HexOf.
     if (value < 0) text = NumberText(std::trunc(-value) + kSignBit);
-    text = FittedToWidth(HexOf(text), 4);
+    text = FittedToWidth(HexOf(text), 4);  // Q10: without an error
 }
 
 void ValueToTwosComplement(Text& text, int width) {
-    text = FittedToWidth(HexOf(std::floor(ToNumber(text))), width);
+    text = FittedToWidth(HexOf(std::floor(ToNumber(text))), width);  // Q10: without an error
 }
 
 Text SignMagnitudeValue(int highByte, int lowByte) {
     const int value = 256 * highByte + lowByte;
+    // Q9: the sign bit alone is "-0".
     return value < kSignBit ? WholeText(value) : u"-" + WholeText(value - kSignBit);
 }
 

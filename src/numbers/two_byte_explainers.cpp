@@ -14,7 +14,7 @@ constexpr int kFullTurn = 0x10000;
 
 using Explainer = void (*)(const Text& code, Text& explanation);
 
-// HexParse would read a code of 8000 and above as negative, were it not for the fifth digit.
+// HexParse would read a code of 8000 and above as negative (Q4), were it not for the fifth digit.
 int UnsignedValue(const Text& code) { return HexParse(u"0" + code); }
 
 void ExplainOneByte(const Text& code, Text& explanation) {
@@ -54,7 +54,7 @@ void ExplainTwoBytesInOrder(const Text& code, Text& explanation) {
                     {u"第一步: 数据从十六进制转换成十进制,就是  ", code, u" ---> ", WholeText(value)},
                     {u"第二步: 如果该数值大于 32768,则减去 32768 并乘以 -1 "},
                 });
-    // Not ">=" as in the other order: each does what its own words say.
+    // Q29: not ">=" as in the other order.
     if (value > kSignBit) AppendCorrection(explanation, value);
 }
 
@@ -82,7 +82,7 @@ void ExplainTwoBytesComplement(const Text& code, Text& explanation) {
         return;
     }
     const Text complement = HexOf(kFullTurn - UnsignedValue(code));
-    // The complement of 8000 is 8000 again, which reads as -32768 and so gets a second minus sign.
+    // Q30: the complement of 8000 is 8000 again and gets a second minus sign.
     const Text value = WholeText(HexParse(complement));
     AppendSteps(explanation,
                 {

@@ -26,7 +26,7 @@ void ToReadable(Text& text) {
         readable += static_cast<char16_t>(*value);
     }
     text = std::move(readable);
-    // A frame's line end counts as three characters from here on; the reply walk relies on it.
+    // Q1: the first line end of a frame counts as three characters from here on.
     ReplaceFirst(text, u'\n', u"\\0A");
     ReplaceFirst(text, u'\r', u"\\0D");
 }
@@ -36,7 +36,7 @@ void FromReadable(Text& text) {
     frame.reserve(text.size() * 3);
     for (char16_t character : text) {
         const int code = CharacterCode(character);
-        if (code > 0xFF) {
+        if (code > 0xFF) {  // Q2: one blank
             frame += u' ';
             frame += FittedToWidth(HexOf(code), 4);
         } else {

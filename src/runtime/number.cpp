@@ -66,7 +66,7 @@ std::string ExponentForm(const Decimal& decimal) {
 
 std::string PlainForm(const Decimal& decimal) {
     const int count = static_cast<int>(decimal.digits.size());
-    if (decimal.point <= 0)
+    if (decimal.point <= 0)  // Q6: no zero before the point
         return '.' + std::string(static_cast<std::size_t>(-decimal.point), '0') + decimal.digits;
     if (decimal.point >= count) {
         return decimal.digits + std::string(static_cast<std::size_t>(decimal.point - count), '0');
@@ -109,7 +109,7 @@ FixedParts FixedPartsOf(double value, int decimals) {
     const auto whole = static_cast<std::size_t>(decimal.point > 0 ? decimal.point : 0);
     const auto wanted = whole + static_cast<std::size_t>(decimals);
     digits.resize(std::max(digits.size(), wanted + 1), '0');
-    const bool up = digits[wanted] >= '5';
+    const bool up = digits[wanted] >= '5';  // Q5: unlike RoundHalfEven
     digits.resize(wanted);
     if (up) RoundUp(digits);
     const auto point = digits.size() - static_cast<std::size_t>(decimals);
@@ -165,7 +165,7 @@ std::int32_t HexParse(TextView text) {
     for (; digits < text.size() && HexDigitValue(text[digits]) >= 0; ++digits) {
         value = (value << 4) | static_cast<std::uint32_t>(HexDigitValue(text[digits]));
     }
-    if (digits <= 4) return static_cast<std::int16_t>(value);
+    if (digits <= 4) return static_cast<std::int16_t>(value);  // Q4: signed
     return static_cast<std::int32_t>(value);
 }
 
@@ -175,6 +175,7 @@ std::optional<int> HexPairValue(TextView pair) {
     for (; digits < pair.size() && HexDigitValue(pair[digits]) >= 0; ++digits) {
         value = value * 16 + HexDigitValue(pair[digits]);
     }
+    // Q3: one digit is enough.
     if (digits == 0 || pair.find_first_not_of(u' ', digits) != TextView::npos) return std::nullopt;
     return value;
 }
@@ -215,6 +216,7 @@ Text GroupedText(double value, int decimals) {
     return Joined(parts, whole);
 }
 
+// Q5: to even, unlike shown decimals.
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 std::int16_t Whole16(double value) {

@@ -55,7 +55,7 @@ NormalisedInput Normalise(const Text& input) {
         }
         const TextView pair = TextView(input).substr(at + 1, 2);
         const auto byte = HexPairValue(pair);
-        if (!byte || pair.size() < 2 || pair[1] == u' ') break;
+        if (!byte || pair.size() < 2 || pair[1] == u' ') break;  // Q193: the rest is dropped
         normalised.characters += static_cast<char16_t>(*byte);
         AppendHexByte(normalised.bytes, *byte);
         at += pair.size();
@@ -80,7 +80,7 @@ DataTools::DataTools(Dialogs& boxes, Clock& wallClock, ProgramProcess& process)
     Window.SetVisible(false);
     for (const ToolMode& mode : kToolModes) OutMode.Captions.emplace_back(mode.caption);
     DataCrcMode.Captions.assign(kProtocolButtons, Text(kSpareButton));
-    ConShowType.Captions = {u"十六进制", u"AscⅡ码"};
+    ConShowType.Captions = {u"十六进制", u"AscⅡ码"};  // Q186: spelled so
     Command1[1].Set(u"退    出");
     OutString[kInput].Change = [this] { OutString_Change(*this, kInput); };
     OutMode.Click = [this](int index) { OutMode_Click(*this, index); };
@@ -109,11 +109,11 @@ void Command1_Click(DataTools& tools, int index) {
     if (index == 1) return Form_Unload(tools);
     if (tools.OutString[kInput].Value().empty()) return;
     const ToolMode& mode = kToolModes.at(static_cast<std::size_t>(tools.CurrentMode));
-    FillInput(tools, mode);
-    if (mode.clearsResult) tools.OutString[kResult].Set({});
+    FillInput(tools, mode);                                   // Q194: also where it is refused
+    if (mode.clearsResult) tools.OutString[kResult].Set({});  // Q195: of one mode
     const Text& input = tools.OutString[kInput].Value();
     if (!mode.accepts(input)) return tools.dialogs.ShowMessage(Text(mode.refusal), {});
-    ShowAnswer(tools, mode.answer(input, tools.ProtocolCode));
+    ShowAnswer(tools, mode.answer(input, tools.ProtocolCode));  // Q192: not of the normalised input
 }
 
 void OutMode_Click(DataTools& tools, int index) {

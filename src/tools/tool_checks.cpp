@@ -19,7 +19,7 @@ std::optional<Text> Crc16OfHexText(HexText text) {
     constexpr int kByteWidth = 3;
     constexpr int kHighDigit = 0x90;
     if (HexPairValue(Left(text, 1))) EnsureLeadingBlank(text);
-    Crc16 crc(0, 0);
+    Crc16 crc(0, 0);  // Q189: not from FF
     for (int blank = 1; blank <= Len(text); blank += kByteWidth) {
         const auto value = HexPairValue(Mid(text, blank + 1, 2));
         if (!value) return std::nullopt;
@@ -32,7 +32,7 @@ std::optional<Text> Crc16OfHexText(HexText text) {
 Text AppendXorCheck(Text& text) {
     constexpr int kShortest = 3;
     if (Len(text) < kShortest) return {};
-    text.erase(0, 1);
+    text.erase(0, 1);  // Q190: whatever it is
     int value = 0;
     for (const char16_t character : text) value ^= CharacterCode(character);
     const Text check = CodeByteOf(value);

@@ -31,6 +31,7 @@ bool IsCode(const Text& input) {
     return Len(input) <= kLongest && input.find_first_not_of(u"0123456789ABCDEFabcdef") == Text::npos;
 }
 
+// Q197: of any characters.
 bool IsShort(const Text& input) {
     constexpr int kLongest = 16;
     return Len(input) <= kLongest;
@@ -38,7 +39,7 @@ bool IsShort(const Text& input) {
 
 bool IsAnything(const Text&) { return true; }
 
-// --- What a mode answers; a step that fails is passed over, and what stands by then is the answer ---
+// --- What a mode answers; a step that fails is passed over, what stands by then is the answer (Q196) ---
 
 template <void (*explain)(Text& text, Text& explanation)>
 ToolAnswer Rewritten(const Text& input, int) {
@@ -59,7 +60,7 @@ ToolAnswer Converted(const Text& input, int) {
     return {text, explanation, {}};
 }
 
-// Reads a code as a decimal number, too: the mode that is named for the way back does the same.
+// Q187: the mode that is named for the way back does the same, and reads a code as a decimal number.
 ToolAnswer CodeByProtocol(const Text& input, int protocolCode) {
     Text text = input;
     Text explanation;
@@ -84,7 +85,7 @@ ToolAnswer CodeByProtocol(const Text& input, int protocolCode) {
     return {text, explanation, {}};
 }
 
-// No step of this mode fills the bytes, so there is no check word: the input is shown as if it were one.
+// Q188: no step of this mode fills the bytes, so that the input is shown as if it were a check word.
 Text CrcOfBytes(const Text& input) {
     Text text = input;
     PassOverError([&] { text = Crc16OfByteArray({}, 0); });
@@ -103,7 +104,7 @@ ToolAnswer CheckWordByProtocol(const Text& input, int protocolCode) {
         case tool_protocol::kModbusAscii:
             PassOverError([&] { text = LrcOfPairs(input); });
             return {text, {}, {}};
-        default: return {};
+        default: return {};  // Q191: the result stays
     }
 }
 

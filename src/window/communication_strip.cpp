@@ -85,7 +85,7 @@ void CommunicationStrip::AddSentFrame(Binder& binder) {
 }
 
 void CommunicationStrip::AddShowModes(Binder& binder) {
-    auto* ascii = new QRadioButton(u" ASCii码方式"_s, this);
+    auto* ascii = new QRadioButton(u" ASCii码方式"_s, this);  // Q186: spelled so
     ascii->setToolTip(u"对Modbus等协议可能出现不可见的字符"_s);
     auto* hexadecimal = new QRadioButton(u" 十六进制方式"_s, this);
     for (QRadioButton* mode : {ascii, hexadecimal}) {

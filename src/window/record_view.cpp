@@ -131,6 +131,7 @@ RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget*
     MainForm& form = binder.Form();
     auto* view = new RecordView(binder, theme, form.ConCommString[static_cast<std::size_t>(index)], parent);
     view->setAccessibleName(index == 1 ? u"通讯记录"_s : u"数据转换过程"_s);
+    // Q67: a click empties the record.
     QObject::connect(view, &RecordView::Clicked, view, [&binder, index] {
         binder.Event([&binder, index] { ConCommString_Click(binder.Form(), index); });
     });

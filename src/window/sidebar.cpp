@@ -83,6 +83,7 @@ QWidget* Sidebar::MakeFields(Binder& binder) {
     count->SetRange(1, kLargestAddress);
     pair->addWidget(MakeCaptioned(u"参数个数"_s, count));
     layout->addLayout(pair);
+    // Q178: nothing reads it.
     layout->addWidget(
         MakeCaptioned(u"数据格式"_s, MakeList(binder, form.ConDataTypeList, u"数据格式"_s,
                                               u"(目前暂时不用)根据不同仪表,选择不同的数据包格式"_s)));

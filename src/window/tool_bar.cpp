@@ -28,7 +28,7 @@ struct ButtonRow {
     bool beginsGroup = false;
 };
 
-// Button 4 shows the state of the session, its caption is not of this table.
+// Button 4 shows the state of the session, its caption is not of this table. Q185: 5 to 7 do nothing.
 constexpr std::array<ButtonRow, 10> kButtons = {
     {{2, u"导入地址", u"重新从TQ.Dev文件中导入仪表参数地址数据", u"import-address"},
      {3, u"仪表搜索", u"自动搜索仪表", u"search-instrument"},
