@@ -55,7 +55,7 @@ void FillParameterGrid(MainForm& form) {
     grid.SetRows(std::max(count + 1, kFewestRows));
     form.Limits.assign(1, {});
     for (int row = 1; row <= count; ++row) FillRow(form, row, parameters);
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, form.texts.parameterHeadings);
 }
 
 void ShowDataType(MainForm& form) {

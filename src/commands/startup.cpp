@@ -19,7 +19,6 @@
 #include "session/main_form.h"
 #include "session/port_settings.h"
 #include "session/records.h"
-#include "session/wall_clock.h"
 
 namespace commtest {
 
@@ -133,7 +132,7 @@ void Form_Activate(MainForm& form) {
                    [&] { form.Caption.Set(TitleOf(form)); },  //
                    [&] { form.RichTextBox1.Replace(form.outside.files.ReadText(Text(kHelpFileName)).text); },
                    [&] { form.ConSettingComm.Set(form.ConCommSetting[0].Value()); },
-                   [&] { form.StatusBar1[2].Set(ClockPanelText(form.outside.clock.Now())); },
+                   [&] { form.StatusBar1[2].Set(form.texts.clockPanel(form.outside.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //
                    [&] { ConCommTypeList_Click(form); },
                    // That click has chosen the protocol's first instrument.

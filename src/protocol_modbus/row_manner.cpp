@@ -3,6 +3,7 @@
 #include "protocol_modbus/ascii_reply_rows.h"
 #include "protocol_modbus/ascii_write_requests.h"
 #include "protocol_modbus/decimal_row.h"
+#include "protocol_modbus/ratio_row.h"
 #include "protocol_modbus/read_operation.h"
 #include "protocol_modbus/rtu_value.h"
 #include "protocol_modbus/rtu_write_requests.h"
@@ -51,6 +52,13 @@ Text ValueOfAsciiDigits(const Conversation& talk, int row, const Text& digits) {
     return ShownAsciiValue(grid, row, HexParse(CountingDigits(grid, row, digits)));
 }
 
+// A ratio travels as the low bytes of two words.
+Text CodeOfAsciiEntry(const Conversation& talk, int row, const Text& entry) {
+    const Text digits = DigitsOfAsciiEntry(talk, row, entry);
+    if (!IsRatioRow(talk.ParameterGrid(), row)) return digits;
+    return u"00" + Mid(digits, 5, 2) + u"00" + Mid(digits, 7, 2);
+}
+
 Text WithOwnDecimals(const Conversation& talk, int row, const Text& digits) {
     return ShownAsciiValue(talk.ParameterGrid(), row, ToWhole32(digits));
 }
@@ -70,7 +78,7 @@ constexpr RowManner RtuRowManner(Text (*codeOf)(const Conversation&, int, const 
 const RowManner kAsciiRowManner = {.firstRow = FirstRow,
                                    .whyUnreadable = WhyUnreadable,
                                    .decimalsRow = OwnDecimals,
-                                   .codeOf = DigitsOfAsciiEntry,
+                                   .codeOf = CodeOfAsciiEntry,
                                    .valueOf = ValueOfAsciiDigits,
                                    .withDecimals = WithOwnDecimals};
 const RowManner kRtuRowManner = RtuRowManner(CodeOfRtuEntry);

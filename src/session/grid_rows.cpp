@@ -12,10 +12,6 @@ namespace {
 
 constexpr int kRowsInView = 14;
 
-constexpr std::array<TextView, column::kCount> kHeadings = {
-    u"序号",    u"参数名称",   u"地址",   u"长度",         u"属性",  u"小数点",
-    u"RE 读值", u"RR/RD 读值", u"计算值", u"小数点修正值", u"修改值"};
-
 constexpr int kNumberWidth = 530;
 constexpr int kNameWidth = 3200;
 constexpr int kNameWidthOfShortGrid = 3450;
@@ -38,7 +34,7 @@ void NumberRows(ParameterRows& rows) {
 
 int LastRow(const Grid& grid) { return grid.Rows() - 1; }
 
-void SetUpParameterGrid(ParameterRows& rows) {
+void SetUpParameterGrid(ParameterRows& rows, const std::array<TextView, column::kCount>& headings) {
     Grid& grid = rows.ParameterGrid();
     grid.Redraw = false;
     const bool isShort = grid.Rows() < kRowsInView;
@@ -48,7 +44,7 @@ void SetUpParameterGrid(ParameterRows& rows) {
     grid.Column(column::kNumber).width = kNumberWidth;
     NumberRows(rows);
     for (int col = 0; col < column::kCount; ++col) {
-        grid.SetCell(0, col, Text(kHeadings[static_cast<std::size_t>(col)]));
+        grid.SetCell(0, col, Text(headings[static_cast<std::size_t>(col)]));
     }
     grid.Redraw = true;
 }

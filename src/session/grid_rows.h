@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "runtime/text.h"
 
 namespace commtest {
@@ -42,7 +44,7 @@ int LastRow(const Grid& grid);
 
 // Lays the parameter grid out after a selection: row numbers, FirstDataRow, headings, widths of the first two
 // columns. A grid with fewer than 14 rows gets 13. The current cell becomes (0, 0).
-void SetUpParameterGrid(ParameterRows& rows);
+void SetUpParameterGrid(ParameterRows& rows, const std::array<TextView, column::kCount>& headings);
 
 // The scroll rule: a window of 14 rows follows CurrentRow, unless ConSelChange is ticked.
 void KeepRowInView(ParameterRows& rows);

@@ -13,7 +13,6 @@
 #include "session/reply_routing.h"
 #include "session/serial_link.h"
 #include "session/start_stop.h"
-#include "session/wall_clock.h"
 
 namespace commtest {
 
@@ -87,7 +86,7 @@ void TickPollingCycle(MainForm& form) {
 
 void TickClock(MainForm& form) {
     if (form.PollTimer().Enabled()) form.ComShow.SetVisible(!form.ComShow.Visible());
-    form.StatusBar1[2].Set(ClockPanelText(form.outside.clock.Now()));
+    form.StatusBar1[2].Set(form.texts.clockPanel(form.outside.clock.Now()));
 }
 
 void TakeNextMultiAddress(MainForm& form) {

@@ -1,8 +1,37 @@
 #pragma once
 
+#include <array>
+
+#include "host/clock.h"
 #include "runtime/text.h"
 
 namespace commtest {
+
+// Captions of the window that differ, by their place.
+struct Captions {
+    TextView advancedSettings;
+    TextView anyLength;
+    TextView stopScrolling;
+    TextView capture;
+    TextView replay;
+    TextView saveRecord;
+    TextView saveErrors;
+    TextView search;  // of the search panel
+    TextView searchStart;
+    TextView searchClose;
+    TextView searchPort;
+    TextView searchEndAddress;
+    TextView searchStartAddress;
+    TextView searchBaudRates;
+    TextView instrumentSelection;
+    TextView instrumentName;
+    TextView instrumentAddress;
+    TextView parameterCount;
+    std::array<TextView, 5> portFields;  // port, baud rate, data bits, parity, stop bits
+    TextView hexadecimal;
+    TextView ascii;
+    TextView displaySwitch;
+};
 
 // The words of a face that differ between its Chinese and its English form, one member a place.
 struct Texts {
@@ -24,6 +53,9 @@ struct Texts {
     TextView asciiBeforeReadAddress;
     TextView asciiBehindReadAddress;
     TextView asciiNoAnswer;
+    Text (*clockPanel)(const DateTime& now);     // third panel of the status bar
+    std::array<TextView, 11> parameterHeadings;  // of the parameter grid, by column
+    Captions captions;
 };
 
 extern const Texts kChineseTexts;
