@@ -57,8 +57,7 @@ constexpr std::array<Row, 9> kRecorderMenu = {{{1, u"实时测量数据", comman
                                                {8, u"串口通讯仿真", 0, TickReplay},
                                                {9, u"系统小工具(校验/浮点数)", 0, OpenTools}}};
 
-// Its entries act by the numbers of the recorder's menu, whatever their captions say: "年累积值" clears the
-// column, "全部数据" opens the tools, and "系统小工具" does nothing.
+// Q83: its entries act by the numbers of the recorder's menu, whatever their captions say.
 constexpr std::array<Row, 10> kFlowMeterMenu = {{{1, u"读时间值", command::kReadDynamic},
                                                  {2, u"实时数据"},
                                                  {3, u""},
@@ -142,6 +141,7 @@ void ChooseGridMenuEntry(MainForm& form, int grid, int index, int) {
 }
 
 void ClearCurrentColumn(MainForm& form) {
+    // Q82: rows 1 to 5 hold commands, the columns below 5 the list.
     constexpr int kFirstRow = 6;
     constexpr int kFirstColumn = 5;
     Grid& grid = form.ParameterGrid();

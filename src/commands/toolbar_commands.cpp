@@ -18,7 +18,7 @@ void RunToolbarCommand(MainForm& form, int index) {
         case toolbar::kStartStop: StartOrStop(form, {StopCause::User}); break;
         case toolbar::kExport: SayNotThereYet(form, Feature::Export); break;
         case toolbar::kLeave: Form_Unload(form); break;
-        default: break;
+        default: break;  // Q185
     }
 }
 

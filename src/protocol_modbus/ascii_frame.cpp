@@ -14,11 +14,12 @@ HexText AsciiReadFrame(const Text& body, Text (*checkWord)(Text)) {
     return HexTextOfReadable(u":" + body + checkWord(body) + Text(kLineEnd));
 }
 
-// No line feed: the instruments' users rely on a write that ends so.
+// Q141: no line feed.
 HexText AsciiWriteFrame(const Text& body) {
     return HexTextOfReadable(u":" + body + LrcOfPairs(body) + u"\r");
 }
 
+// Q151: nothing is appended.
 void MakeCRCWordModBusAscii(HexText& frame) {
     EnsureLeadingBlank(frame);
     if (frame.starts_with(kColonByte)) frame.erase(0, kColonByte.size());

@@ -35,8 +35,7 @@ std::vector<Protocol> AsciiProtocols() {
     first.decode = DecodeAsciiRowsTwo;
     first.checkWordIsThatOfAWrite = false;
 
-    // Its replies are never recognised and never parsed: each frame times out and the cycle goes on. It takes
-    // no part in the composing of addresses: it keeps what another protocol left.
+    // Q147, Q71: neither end rule nor verdict, and no address of its own.
     Protocol second;
     second.code = 23;
     second.name = u"ModBus-Ascii协议-定制02";

@@ -32,15 +32,16 @@ void CloseWordRead(Conversation& talk, std::int16_t words) {
 }
 
 void CloseCountRead(Conversation& talk, std::int16_t count) {
-    const Text data = Mid(AddressOfRow(talk), 3) + CountText(count, 2);
+    const Text data = Mid(AddressOfRow(talk), 3) + CountText(count, 2);  // Q145
     talk.SendText = AsciiReadFrame(talk.AddressText + u"03" + data, LrcOfChars);
 }
 
+// Q142: a length of 1 asks for nothing.
 std::int16_t WordsOfRow(const Conversation& talk) { return Whole16(LengthOfRow(talk) / kBytesPerWord); }
 
 std::int16_t CountOfRow(const Conversation& talk) { return Whole16(LengthOfRow(talk) / kBytesPerCount); }
 
-// The length of the first row stands for that of every row.
+// Q143: the length of the first row stands for that of every row.
 std::int16_t WordsOfRun(Conversation& talk, Clock& clock) {
     const Grid& grid = talk.ParameterGrid();
     std::int16_t words = WordsOfRow(talk);
@@ -48,12 +49,12 @@ std::int16_t WordsOfRun(Conversation& talk, Clock& clock) {
     const double step = LengthOfRow(talk) / kBytesPerWord;
     for (int row = talk.CurrentRow + 1; row < grid.Rows() && RowRunsOn(grid, row, step); ++row) {
         words = Whole16(step + words);
-        if (words >= limit) break;
+        if (words >= limit) break;  // Q98
     }
     return words;
 }
 
-// Two divisors: the addresses go by words, the count by fives. The instruments' users rely on both.
+// Q144: the addresses go by words, the count by fives.
 std::int16_t CountOfRun(Conversation& talk, Clock& clock) {
     const Grid& grid = talk.ParameterGrid();
     std::int16_t count = CountOfRow(talk);
@@ -62,7 +63,7 @@ std::int16_t CountOfRun(Conversation& talk, Clock& clock) {
         const double length = ToNumber(Left(grid.Cell(row - 1, column::kLength), 1));
         if (!RowRunsOn(grid, row, length / kBytesPerWord)) break;
         count = Whole16(count + length / kBytesPerCount);
-        if (count >= limit) break;
+        if (count >= limit) break;  // Q98
     }
     return count;
 }
@@ -75,7 +76,7 @@ void ReadCountRow(Conversation& talk, Clock&) { CloseCountRead(talk, CountOfRow(
 
 void ReadCountRun(Conversation& talk, Clock& clock) { CloseCountRead(talk, CountOfRun(talk, clock)); }
 
-// The row's length has to be a number, and then goes unused like its address.
+// Q146: the row's length has to be a number, and then goes unused like its address.
 void ReadFixed(Conversation& talk, Clock&) {
     WordsOfRow(talk);
     talk.SendText = AsciiReadFrame(talk.AddressText + u"030110", LrcOfPairs);

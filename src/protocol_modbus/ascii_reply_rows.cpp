@@ -47,7 +47,7 @@ void FillRow(Grid& grid, int row, const Text& digits) {
 
 void FillRowTwo(Grid& grid, int row, const Text& digits) {
     constexpr int kSign = 8;
-    const std::int32_t value = ToWhole32(Mid(digits, 3));
+    const std::int32_t value = ToWhole32(Mid(digits, 3));  // Q158: of a row "RW" no number
     grid.SetCell(row, column::kValue, WholeText(value));
     const int head = HexParse(Mid(digits, 2, 1));
     const int decimals = head % kSign;
@@ -59,10 +59,11 @@ void Walk(Conversation& talk, const HexText& reply, void (*fillRow)(Grid&, int, 
           int mostLeftOver) {
     Text data = DataDigits(reply);
     Grid& grid = talk.ParameterGrid();
+    // Q159: from wherever CurrentRow stands.
     for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
         talk.FilledRows.Add(row);
         fillRow(grid, row, TakeDigits(grid, row, data));
-        if (Len(data) > mostLeftOver) continue;
+        if (Len(data) > mostLeftOver) continue;  // Q156
         talk.CurrentRow = Whole16(row + 1);
         break;
     }
@@ -71,13 +72,14 @@ void Walk(Conversation& talk, const HexText& reply, void (*fillRow)(Grid&, int, 
 
 }  // namespace
 
+// Q155: of a row "RW" not all of them.
 Text CountingDigits(const Grid& grid, int row, const Text& digits) {
     if (!TakesLowBytes(grid, row)) return digits;
     return IsRatioRow(grid, row) ? Mid(digits, 3, 2) + Mid(digits, 7) : Right(digits, 2);
 }
 
 Text ShownAsciiValue(const Grid& grid, int row, std::int32_t value) {
-    constexpr double kMostShown = 3;
+    constexpr double kMostShown = 3;  // Q157
     const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
     if (decimals < 0) throw RuntimeError(RuntimeError::kInvalidArgument);
     const double scaled = value / Finite(std::pow(10.0, decimals));

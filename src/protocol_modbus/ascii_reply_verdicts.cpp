@@ -55,7 +55,7 @@ void JudgeFunction(const HexText& reply, Verdict& verdict) {
     } else if (verdict.word == kWrite) {
         verdict.answer = Answer::Written;
     } else if (Find(verdict.word) != nullptr) {
-        verdict.answer = Answer::Refused;
+        verdict.answer = Answer::Refused;  // Q153: no exception stops the polling
         verdict.exception = InstrumentException{HexParse(verdict.word), 0};
         PassOverError([&] { verdict.exception->detail = DetailOf(reply); });
     } else {
@@ -71,11 +71,13 @@ Verdict Judge(const Exchange& exchange, Text (*checkWord)(Text)) {
     }
     JudgeFunction(exchange.reply, verdict);
     const bool carriesData = verdict.answer == Answer::Data || verdict.answer == Answer::Written;
+    // Q126: data whatever their check word. Q154: an exception with a good one, too.
     verdict.decodes = carriesData || verdict.check == CheckWord::Right;
     verdict.logsError = !carriesData;
     return verdict;
 }
 
+// Q152: the words call an LRC a CRC.
 Text WordsOnCheck(CheckWord check, const Texts& texts) {
     switch (check) {
         case CheckWord::Right: return Text(texts.asciiCheckRight);

@@ -25,11 +25,10 @@ Text TakeEntry(Conversation& talk) {
 
 Text FirstHalf(Dialogs& dialogs, const Text& address, const Text& digits) {
     dialogs.ShowMessage(Text(kFirstHalfMessage), {});
-    return u"06" + address + u"00" + Mid(digits, 5, 2);
+    return u"06" + address + u"00" + Mid(digits, 5, 2);  // Q149: the first two bytes do not travel
 }
 
-// The address is not filled: below 00FF its field is a character short, and the instruments' users rely on
-// it.
+// Q148: the address is not filled.
 Text SecondHalf(const Text& address, const Text& digits) {
     return u"060" + HexOf(HexParse(address) + 1.0) + u"00" + Mid(digits, 7, 2);
 }
@@ -37,7 +36,7 @@ Text SecondHalf(const Text& address, const Text& digits) {
 Text TakeHalf(HalfWrites& halves, Dialogs& dialogs, const Text& address, const Text& digits) {
     const bool isSecond = halves.AsciiSecondHalfPending;
     const Text data = isSecond ? SecondHalf(address, digits) : FirstHalf(dialogs, address, digits);
-    halves.AsciiSecondHalfPending = !isSecond;
+    halves.AsciiSecondHalfPending = !isSecond;  // Q124: in whatever row
     return data;
 }
 
@@ -45,6 +44,7 @@ Text TakeHalf(HalfWrites& halves, Dialogs& dialogs, const Text& address, const T
 
 Text DigitsOfAsciiEntry(const Conversation& talk, int row, const Text& entry) {
     const Grid& grid = talk.ParameterGrid();
+    // Q84: the count itself.
     const double decimals = std::floor(ToNumber(grid.Cell(row, column::kDecimals)));
     const double value = Finite(ToNumber(entry) * Finite(std::pow(10.0, decimals)));
     const double length = std::floor(ToNumber(grid.Cell(row, column::kLength)));
@@ -59,7 +59,7 @@ void BuildAsciiWrite(Conversation& talk, Dialogs& dialogs) {
         IsRatioRow(grid, grid.Row) ? TakeHalf(talk, dialogs, address, digits) : u"06" + address + digits;
     talk.SendText = AsciiWriteFrame(talk.AddressText + data);
     talk.InputText.SetVisible(false);
-    talk.CommandCode = command::kReadSeveralRows;
+    talk.CommandCode = command::kReadSeveralRows;  // Q150
 }
 
 }  // namespace commtest

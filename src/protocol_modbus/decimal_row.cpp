@@ -20,7 +20,7 @@ Text ReferencedDecimals(const Grid& grid, int row) {
         if (HexParse(grid.Cell(r, column::kAddress)) != address) continue;
         if (grid.Cell(r, column::kAttribute) != u"S") return grid.Cell(r, column::kValue);
     }
-    return {};
+    return {};  // Q84: it is never the count itself
 }
 
 std::optional<double> UsableDecimals(const Text& text) {
@@ -36,7 +36,7 @@ void Scale(Text& value, double decimals, bool divide) {
     value = NumberText(Finite(divide ? number / factor : number * factor));
 }
 
-// Decimals may be a fraction: the power above takes it as it is, the shown digits are its rounding.
+// Q86: decimals may be a fraction, of which the shown digits are the rounding.
 void ShowDecimals(Text& value, double decimals) {
     const int digits = Whole32(decimals);
     if (digits > 0) value = FixedText(ToNumber(value), digits);

@@ -12,6 +12,7 @@ namespace commtest {
 ReadOperation TakeReadOperation(Operation& operation) {
     using namespace command;
     std::int32_t& code = operation.CommandCode;
+    // Q116: 40 and 50 alike.
     if ((code >= 0 && code <= kReadRowByRow) || code > kSearchOffset) return ReadOperation::SingleRow;
     if (code == kReadSeveralRows) return ReadOperation::SeveralRows;
     if (code == kReadBoardType) return ReadOperation::BoardType;
@@ -33,10 +34,9 @@ std::int16_t TakeReadLimit(const Operation& operation, Clock& clock) {
     return operation.Check2.Value() ? Whole16(std::floor(clock.Random() * limit)) : limit;
 }
 
-Text ZeroToppedAddress(const Text& address) { return u"0" + Mid(address, 2); }
+Text ZeroToppedAddress(const Text& address) { return u"0" + Mid(address, 2); }  // Q112
 
-// Lopsided: the first digit of the row before is dropped and that of the row itself kept, so that rows run on
-// only at addresses that begin with 0. The instruments' users rely on the counts that come of it.
+// Q117: the first digit of the row before is dropped, that of the row itself is kept.
 bool RowRunsOn(const Grid& grid, int row, double step) {
     const auto before = HexParse(Mid(grid.Cell(row - 1, column::kAddress), 2));
     return before + step == HexParse(grid.Cell(row, column::kAddress));

@@ -16,6 +16,7 @@ void AppendRtuCrc(HexText& frame) {
     EnsureLeadingBlank(frame);
     Crc16 crc;
     for (std::size_t blank = 0; blank < frame.size(); blank += kByteWidth) {
+        // Q111: whatever stands there.
         crc.Fold(static_cast<std::uint8_t>(HexParse(TextView(frame).substr(blank + 1, 2))));
     }
     AppendHexByte(frame, crc.First());

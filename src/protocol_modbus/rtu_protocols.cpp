@@ -54,7 +54,7 @@ std::vector<Protocol> RtuProtocols() {
     m46t.code = 51;
     m46t.name = u"ModBus-RTU协议-M46T";
     m46t.buildWrite = nullptr;
-    m46t.stepsOverSilentRows = true;
+    m46t.stepsOverSilentRows = true;  // Q140: this code alone
     m46t.menu = OperationMenu::FlowMeter;
 
     plain.checkWordIsThatOfAWrite = true;

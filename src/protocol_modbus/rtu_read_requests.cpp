@@ -42,9 +42,8 @@ void Compose(Conversation& talk, TextView function, const Text& address, TextVie
 
 // --- The single reads ---
 
-// A row of four bytes is read with one register, except on phase instruments and flow meters. A length of
-// none of these kinds leaves the frame standing, which then gains two more bytes each time. The instruments'
-// users rely on both.
+// Q113: a row of four bytes is read with one register, except on phase instruments and flow meters. Q114: a
+// length of none of these kinds leaves the frame standing, which then gains two bytes.
 void ComposeSingleReadByLength(Conversation& talk) {
     const double length = ToNumber(Left(CellOfCurrentRow(talk, column::kLength), 1));
     const Text address = ZeroToppedRowAddress(talk);
@@ -69,7 +68,7 @@ void ComposeInputRead(Conversation& talk) {
     Compose(talk, kReadInput, ZeroToppedRowAddress(talk), kOneRegister);
 }
 
-// The one read that keeps the first digit of the row's address.
+// The one read that keeps the first digit of the row's address (Q112).
 void ComposeTwoRegisterRead(Conversation& talk) {
     Compose(talk, kReadHolding, CellOfCurrentRow(talk, column::kAddress), kTwoRegisters);
 }
@@ -81,8 +80,8 @@ constexpr ReadForm kFormD = {ComposeTwoRegisterRead, kReadHolding, 2, 0, true};
 
 // --- The other reads ---
 
-// The limit is looked at only behind the first row that runs on, so that 1 and 0 give what 2 gives. The count
-// is one of rows and travels as one of registers: rows of two registers get about half of what they hold.
+// Q98: the limit is looked at only behind a row that runs on. Q118: the count of rows travels as one of
+// registers.
 int CountRowsThatRunOn(Conversation& talk, Clock& clock, const ReadForm& readForm) {
     const Grid& grid = talk.ParameterGrid();
     const std::int16_t limit = TakeReadLimit(talk, clock);
@@ -91,17 +90,17 @@ int CountRowsThatRunOn(Conversation& talk, Clock& clock, const ReadForm& readFor
         ++count;
         if (count >= limit) break;
     }
-    return count > 0 ? count : ToWhole16(talk.ConDataNub.Value());
+    return count > 0 ? count : ToWhole16(talk.ConDataNub.Value());  // Q119
 }
 
 void ComposeGroupRead(Conversation& talk, Clock& clock, const ReadForm& readForm) {
     Text count = HexOf(static_cast<double>(CountRowsThatRunOn(talk, clock, readForm)));
-    if (Len(count) < 2) FitTextWidth(count, 2);
+    if (Len(count) < 2) FitTextWidth(count, 2);  // Q99: longer ones are not cut
     Compose(talk, readForm.groupFunction, ZeroToppedRowAddress(talk), u" 00 " + count);
 }
 
 void ComposeTest(Conversation& talk, Clock& clock) {
-    constexpr int kWords = 65534;
+    constexpr int kWords = 65534;  // Q120
     PrepareRowForRead(talk);
     const Text word = FittedToWidth(HexOf(std::floor(clock.Random() * kWords)), 4);
     Compose(talk, u" 08 ", ZeroToppedRowAddress(talk), u" " + SplitAddress(word));
@@ -122,7 +121,7 @@ bool ComposeByOperation(Conversation& talk, Clock& clock, const ReadForm& readFo
             return true;
         default: break;
     }
-    if (!readForm.hasTests) return false;
+    if (!readForm.hasTests) return false;  // Q115: the last frame goes out again
     if (operation == ReadOperation::BoardType) {
         talk.SendText = talk.AddressText + u" 09 00 00 00 00";
         return true;
@@ -135,7 +134,7 @@ bool ComposeByOperation(Conversation& talk, Clock& clock, const ReadForm& readFo
 void BuildWithRedrawOff(Conversation& talk, Clock& clock, const ReadForm& readForm) {
     talk.ParameterGrid().Redraw = false;
     if (ComposeByOperation(talk, clock, readForm)) AppendRtuCrc(talk.SendText);
-    talk.ParameterGrid().Redraw = true;
+    talk.ParameterGrid().Redraw = true;  // Q76: not behind an error
 }
 
 }  // namespace

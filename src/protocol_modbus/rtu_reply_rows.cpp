@@ -14,10 +14,10 @@ namespace commtest {
 
 namespace {
 
-constexpr int kFrontWidth = 9;  // address, function, third byte
+constexpr int kFrontWidth = 9;  // address, function, third byte, whatever it is (Q132)
 constexpr int kCrcWidth = 6;
 constexpr std::size_t kByteWidth = 3;
-constexpr std::size_t kFewestLeft = 7;  // a walk with less data left is over
+constexpr std::size_t kFewestLeft = 7;  // a walk with less data left is over (Q133)
 
 // The data still to be shared out, a blank in front of each byte.
 using Data = TextView;
@@ -44,8 +44,8 @@ Text TakeBytes(Data& data, int count) {
     return code;
 }
 
-// Takes a row's share out of the data; nothing if its length names none. On a flow meter the data of one
-// reply stay for the following rows, all of which are filled from it: its users rely on that.
+// Takes a row's share out of the data; nothing if its length names none. Q136: on a flow meter the data of
+// one reply stay for the following rows.
 class RowCutter {
   public:
     explicit RowCutter(const Conversation& talk)
@@ -59,11 +59,11 @@ class RowCutter {
         if (length == u"2") return TakeBytes(data, 2);
         if (length == u"4") return CutFour(grid_.Cell(row, column::kAddress) == u"0000", data);
         if (length == u"5") return CutFive(data);
-        return std::nullopt;
+        return std::nullopt;  // Q138: the cell stays
     }
 
   private:
-    // Of format 12 eight bytes are shown and four of them stay for the next row.
+    // Q135: of format 12 eight bytes are shown and four of them stay for the next row.
     Text CutFour(bool isAtZero, Data& data) const {
         const bool isLong = format_ == u"12" && !isAtZero;
         Text code = format_ == u"11" ? WordsSwapped(data) : Joined(data, 1, isLong ? 8 : 4);
@@ -73,7 +73,7 @@ class RowCutter {
 
     Text CutFive(Data& data) const {
         Text code = format_ == u"11" ? WordsSwapped(data) : Joined(data, 1, 10);
-        if (!isFlowMeter_) data = {};
+        if (!isFlowMeter_) data = {};  // Q137
         return code;
     }
 
@@ -101,6 +101,7 @@ void DecodeRtuRows(Conversation& talk, const HexText& reply) {
     const bool isGroupRead = talk.CommandCode == command::kReadSeveralRows;
     const int rawColumn = isGroupRead ? column::kGroupRead : column::kSingleRead;
     talk.CurrentRow = std::max(talk.CurrentRow, kFirstModbusRow);
+    // Q134: CurrentRow stays where the grid ends first.
     for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
         if (auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, std::move(*raw));
         talk.FilledRows.Add(row);

@@ -41,6 +41,7 @@ struct Card {
     int last;
     TextView text;
 };
+// Q131: 30, 50 and 70 have none.
 constexpr std::array<Card, 4> kCards = {{{0x11, 0x2F, u"  单显表板卡 "},
                                          {0x31, 0x4F, u"  PID板卡 "},
                                          {0x51, 0x6F, u"  流量板卡 "},
@@ -75,8 +76,8 @@ Text WordsOnBoard(const Exchange& exchange, const Verdict& verdict, const Row&) 
 constexpr bool kStops = true;
 constexpr bool kGoesOn = false;
 
-// Answers to reads and writes are decoded even where their check word is wrong; those to tests and board type
-// never, so that they count as errors in the error file (Q-DECODE).
+// Q126: answers to reads and writes are decoded even where their check word is wrong. Q127: those to tests
+// and board type never, so that they go to the error file.
 constexpr std::array<Row, 13> kRows = {
     {{u"81", Answer::Refused, Decoding::AsChecked, kGoesOn, WordsOfRow, u"指令错误，指令不被识别！"},
      {u"82", Answer::Refused, Decoding::AsChecked, kGoesOn, WordsOfRow,
@@ -100,7 +101,7 @@ const Row* Find(TextView function) {
     return found != kRows.end() ? found : nullptr;
 }
 
-// A board's exception of five bytes comes without a check word.
+// Q125: a board's exception of five bytes comes without a check word.
 bool IsBoardException(const HexText& reply) { return Len(reply) == 15 && Mid(reply, 4, 3) == u" 88"; }
 
 CheckWord CheckWordOfReply(const Exchange& exchange) {
@@ -124,7 +125,7 @@ void JudgeByRow(const Row& row, const HexText& reply, Verdict& verdict) {
     if (row.answer == Answer::Board) verdict.board = HexParse(Mid(reply, 17, 2));
 }
 
-// Function 04 has no row: its answers get no word and are decoded only if their check word is right.
+// Q129: function 04 has no row; its answers are decoded only if their check word is right.
 void JudgeOther(Verdict& verdict) {
     verdict.decodes = Decodes(verdict.check, Decoding::AsChecked);
     if (verdict.word == u"04") verdict.answer = Answer::Data;
@@ -143,7 +144,7 @@ Verdict JudgeRtuReply(const Exchange& exchange) {
     } else {
         JudgeOther(verdict);
     }
-    verdict.logsError = !verdict.decodes;
+    verdict.logsError = !verdict.decodes;  // Q128: an exception with a good check word is none
     return verdict;
 }
 

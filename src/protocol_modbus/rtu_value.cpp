@@ -23,8 +23,7 @@ bool ShowsConstant(const InstrumentInUse& instrument, const Text& code) {
 }
 
 void DecodeRtuValue(const InstrumentInUse& instrument, Text& value) {
-    // A constant stands for the received code: the users of these instruments read the code itself in the
-    // raw column and rely on it.
+    // Q139: a constant stands for the received code.
     if (ShowsConstant(instrument, value)) {
         value = u"42460000";
         CommCodeToValue(value, register_format::kIeeeSingle);

@@ -47,6 +47,7 @@ HexText Bytes(const Text& code, int first, int count) {
     return bytes;
 }
 
+// Q122: the code need not fit the length.
 HexText DataOfLength(const Text& code, const Text& length) {
     if (length == u"1") return u" " + code;
     if (length == u"2") return Bytes(code, 1, 2);
@@ -62,8 +63,7 @@ Text NextAddress(const Text& address) {
     return FittedToWidth(HexOf(static_cast<double>(HexParse(address)) + 1), 4);
 }
 
-// The user is asked to enter the value once more; the second entry gives the second word, of whatever row it
-// is made in.
+// Q124: the second entry gives the second word, of whatever row it is made in.
 void ComposeNextHalf(Conversation& talk, Dialogs& dialogs, const Text& code) {
     const Text& address = CellOfRow(talk, column::kAddress);
     if (talk.SecondHalfPending) {
@@ -95,7 +95,7 @@ void CloseWrite(Conversation& talk) {
 
 }  // namespace
 
-// Function 06 goes out whatever the length, with one, two or four data bytes; the instruments take it so.
+// Q121: function 06 goes out whatever the length.
 void BuildRtuWrite(Conversation& talk, Dialogs&) {
     const Text code = TakeEntry(talk);
     const HexText data = DataOfLength(code, CellOfRow(talk, column::kLength));
@@ -103,8 +103,7 @@ void BuildRtuWrite(Conversation& talk, Dialogs&) {
     CloseWrite(talk);
 }
 
-// A row of another length composes nothing: the frame left standing gains two bytes and goes out, which the
-// instruments' users rely on.
+// Q123: a row of another length composes nothing, the frame left standing gains two bytes.
 void BuildRtuWriteFlow(Conversation& talk, Dialogs& dialogs) {
     const Text code = TakeEntry(talk);
     if (CellOfRow(talk, column::kLength) == u"4") ComposeByWriteType(talk, dialogs, code);

@@ -37,7 +37,7 @@ std::vector<Protocol> NativeProtocols() {
     sum.judge = JudgeTqReplyTwo;
     sum.appendCheckWord = MakeCRCWordTqTwo;
 
-    // Takes no part in the composing of addresses: it keeps what another protocol left.
+    // Q71: takes no part in the composing of addresses.
     Protocol filled = plain;
     filled.code = 13;
     filled.name = u"TQ仪表协议-定制异或和";

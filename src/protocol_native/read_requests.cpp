@@ -45,8 +45,7 @@ Text FirstOfLengthColumn(const Grid& grid, int row) {
 constexpr Layout kPlainLayout = {MakeCRCWordTq, WholeAddress,       LengthColumn, FirstOfLengthColumn,
                                  u"",           column::kAttribute, true,         true};
 
-// A group takes its attribute from the length column here: column 4 holds no digit, so it nearly always ends
-// at its first row.
+// Q100: a group takes its attribute from the length column here.
 constexpr Layout kLengthInAddressLayout = {MakeCRCWordTqTwo,
                                            AddressBehindLength,
                                            LengthInAddress,
@@ -90,6 +89,7 @@ void BringRowIntoRange(Conversation& talk) {
 void BuildSingleRead(Conversation& talk, const Layout& layout) {
     Grid& grid = talk.ParameterGrid();
     BringRowIntoRange(talk);
+    // Q94: to the top. Q95: under code 12 not at all.
     if (layout.skipsCommandRows && grid.Cell(talk.CurrentRow, column::kAddress) == kCommandAddress) {
         FindReadableRow(talk);
     }
@@ -102,17 +102,18 @@ void BuildSingleRead(Conversation& talk, const Layout& layout) {
         HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + layout.addressOf(address) + u"0" + length));
 }
 
-std::int16_t Hex16(const Text& text) { return Whole16(HexParse(text)); }
+std::int16_t Hex16(const Text& text) { return Whole16(HexParse(text)); }  // Q97: decimal in the reply
 
 bool RowContinuesGroup(const Conversation& talk, const Layout& layout, int row) {
     const Grid& grid = talk.ParameterGrid();
     const auto before = HexParse(layout.addressOf(grid.Cell(row - 1, column::kAddress)));
     const auto next = Add32(before, HexParse(layout.lengthOf(grid, row - 1)));
+    // Q101: the whole column, in both layouts.
     return next == HexParse(grid.Cell(row, column::kAddress)) &&
            Contains(grid.Cell(row, column::kAttribute), talk.ReadAttribute);
 }
 
-// The count of data bytes, in its own way: the first row counts twice, the last one of the run never.
+// Q96: the first row counts twice, the last one of the run never.
 std::int16_t CountGroup(Conversation& talk, Clock& clock, const Layout& layout) {
     const Grid& grid = talk.ParameterGrid();
     std::int16_t count = Hex16(layout.lengthOf(grid, talk.CurrentRow));
@@ -123,6 +124,7 @@ std::int16_t CountGroup(Conversation& talk, Clock& clock, const Layout& layout) 
     }
     for (int row = talk.CurrentRow + 1; row < grid.Rows() && RowContinuesGroup(talk, layout, row); ++row) {
         count = Add16(count, HexParse(layout.lengthOf(grid, row - 1)));
+        // Q98: behind a row that was added. Q102: under code 12 read anew at each row.
         if (count >= (layout.limitIsFixedAtStart ? talk.ReadLimit : ToNumber(talk.ConDataNub.Value()))) break;
     }
     return count;
@@ -133,7 +135,7 @@ void BuildGroupRead(Conversation& talk, Clock& clock, const Layout& layout) {
     BringRowIntoRange(talk);
     grid.SetCell(talk.CurrentRow, column::kSingleRead, Text());
     Text count = HexOf(static_cast<double>(CountGroup(talk, clock, layout)));
-    if (Len(count) < 2) FitTextWidth(count, 2);
+    if (Len(count) < 2) FitTextWidth(count, 2);  // Q99: longer ones are not cut
     const Text address = layout.addressOf(grid.Cell(talk.CurrentRow, column::kAddress));
     CloseFrame(talk, layout, HexTextOfReadable(u"RE" + Text(layout.beforeAddress) + address + count));
 }
@@ -152,7 +154,7 @@ void BuildByCommandCode(Conversation& talk, Clock& clock, const Layout& layout) 
         if (code != kReadStatic) code = kReadDynamicTurn;
         BuildAttributeRead(talk, layout, kReadStaticWord, u"R");
     } else if (code == kSendLineFeed) {
-        talk.SendText = u"\n";
+        talk.SendText = u"\n";  // Q46
     } else if (code == kReadThisRow || code == kReadRowByRow) {
         BuildSingleRead(talk, layout);
     } else if (code == kReadSeveralRows) {
@@ -165,7 +167,7 @@ void BuildByCommandCode(Conversation& talk, Clock& clock, const Layout& layout) 
 void BuildWithRedrawOff(Conversation& talk, Clock& clock, const Layout& layout) {
     talk.ParameterGrid().Redraw = false;
     BuildByCommandCode(talk, clock, layout);
-    if (talk.ProtocolCode == 13) FillFrameEnd(talk);
+    if (talk.ProtocolCode == 13) FillFrameEnd(talk);  // Q89: of a frame left standing, too
     talk.ParameterGrid().Redraw = true;
 }
 
@@ -178,7 +180,7 @@ void BuildTqGroupReadRequest(Conversation& talk, Clock& clock) {
 }
 
 void FindReadableRow(Conversation& talk) {
-    if (talk.ProtocolCode != 11 && talk.ProtocolCode != 12) return;
+    if (talk.ProtocolCode != 11 && talk.ProtocolCode != 12) return;  // Q91
     const Grid& grid = talk.ParameterGrid();
     if (talk.CurrentRow > LastRow(grid)) talk.CurrentRow = talk.FirstDataRow;
     for (int row = talk.FirstDataRow; row < grid.Rows(); ++row) {
@@ -192,6 +194,7 @@ void FindReadableRow(Conversation& talk) {
 
 void FillFrameEnd(Conversation& talk) {
     constexpr int kEndByte = 3;
+    // Q88: a small d.
     talk.SendText = Left(talk.SendText, std::max(Len(talk.SendText) - kEndByte, 0)) + u" 30 30 0d";
 }
 

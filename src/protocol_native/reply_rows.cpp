@@ -15,7 +15,7 @@ constexpr int kFirstDynamicRow = 6;
 constexpr TextView kContinueByte = u" 0A";
 
 // Takes the walk to its first row and gives the column that the raw text goes to. A write's answer ("##",
-// "**") carries no data: its walk blanks column 0 of the row and puts the value of an empty text beside it.
+// "**") carries no data: its walk blanks column 0 of the row and puts the value of nothing beside it (Q105).
 int BeginWalk(Conversation& talk, const HexText& reply) {
     const HexText word = Mid(reply, 10, 6);
     if (word == u" 52 52") {
@@ -24,7 +24,7 @@ int BeginWalk(Conversation& talk, const HexText& reply) {
         return column::kGroupRead;
     }
     if (word == u" 52 44") {
-        talk.CurrentRow = kFirstDynamicRow;
+        talk.CurrentRow = kFirstDynamicRow;  // Q108: of every part
         if (talk.DynamicSample.empty()) talk.DynamicSample = reply;
         return column::kGroupRead;
     }
@@ -32,7 +32,7 @@ int BeginWalk(Conversation& talk, const HexText& reply) {
 }
 
 // The data characters: behind address and command word, before the check word, whose line end counts as three
-// characters. Code 13 drops two more, its fill.
+// characters (Q1). Code 13 drops its fill (Q92), of its smallest reply more than there is (Q93).
 Text DataText(int protocolCode, const HexText& reply) {
     const Text shown = ReadableOf(reply);
     const bool hasFill = protocolCode != 11 && protocolCode != 12;
@@ -44,7 +44,7 @@ Text LeadLetter(const Grid& grid, int row) { return Left(grid.Cell(row, column::
 // Puts the row's share into its cells: the first characters of the data, which then hold the rest.
 void FillRow(Grid& grid, int row, int destination, Text& data) {
     const Text& length = grid.Cell(row, column::kLength);
-    Text value = Left(data, Whole32(2 * ToNumber(length)));
+    Text value = Left(data, Whole32(2 * ToNumber(length)));  // Q97: decimal here
     data.erase(0, value.size());
     grid.SetCell(row, destination, value);
     CommCodeToValue(value, ReadFormatOfLength(length));
@@ -70,7 +70,7 @@ void DecodeTqReplyRows(Conversation& talk, const HexText& reply) {
     for (int row = start; row < grid.Rows(); ++row) {
         const bool travelsAlong = grid.Cell(row, column::kAttribute) == u"S";
         if (row != start && !travelsAlong && LeadLetter(grid, row) != LeadLetter(grid, start)) {
-            talk.CurrentRow = Whole16(row);
+            talk.CurrentRow = Whole16(row);  // Q109: of a fixed read, too
             break;
         }
         FillRow(grid, row, destination, data);
@@ -85,7 +85,7 @@ void DecodeTqReplyRows(Conversation& talk, const HexText& reply) {
 void MarkReadMismatch(Conversation& talk) {
     Grid& grid = talk.ParameterGrid();
     grid.Redraw = false;
-    grid.Select(talk.CurrentRow, column::kSingleRead);
+    grid.Select(talk.CurrentRow, column::kSingleRead);  // Q110
     const bool differ =
         grid.Cell(talk.CurrentRow, column::kSingleRead) != grid.Cell(talk.CurrentRow, column::kGroupRead);
     grid.SetCellColour(talk.CurrentRow, column::kSingleRead, differ ? kLightRed : kWindowBackground);

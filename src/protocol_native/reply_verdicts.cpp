@@ -42,7 +42,7 @@ Verdict Judge(const Exchange& exchange, bool (*testCheckWord)(const HexText&)) {
     const ReplyWord* const known = Find(verdict.word);
     verdict.answer = known != nullptr ? known->answer : Answer::Unknown;
     verdict.logsError = known == nullptr || known->logsError;
-    verdict.makesReady = known == nullptr;
+    verdict.makesReady = known == nullptr;  // Q106: so that a part is not continued
     return verdict;
 }
 

@@ -22,7 +22,7 @@ Text TakeEntry(Conversation& talk) {
 }
 
 Text CodeTextOf(Text value, const Text& length) {
-    ValueToCommCode(value, WriteFormatOfLength(length));
+    ValueToCommCode(value, WriteFormatOfLength(length));  // Q104: of another length it stays as typed
     return value;
 }
 
@@ -32,8 +32,8 @@ void CloseFrame(Conversation& talk, void (*makeCheckWord)(HexText&)) {
     talk.SendText += u" 0D";
 }
 
-// The command digit in the length column decides. An unknown digit leaves the former frame standing, which is
-// then converted once more: the garbage that goes out is what these instruments have always been sent.
+// The command digit in the length column decides. Q103: an unknown one leaves the former frame standing,
+// which is then converted once more.
 void PutCommand(Conversation& talk, const Text& digit, Text value) {
     if (digit == u"3" || digit == u"4") talk.SendText = u"W" + digit;
     if (digit == u"5") {
@@ -56,7 +56,7 @@ void BuildTqWriteRequest(Conversation& talk, Dialogs&) {
     }
     CloseFrame(talk, MakeCRCWordTq);
     talk.InputText.SetVisible(false);
-    if (talk.ProtocolCode == 13) FillFrameEnd(talk);
+    if (talk.ProtocolCode == 13) FillFrameEnd(talk);  // Q90: though code 13 has no write
 }
 
 void BuildTqWriteRequestTwo(Conversation& talk, Dialogs&) {

@@ -17,9 +17,10 @@ Text DigitsOf(const HexText& frame, int byte) { return Mid(frame, 3 * byte - 1, 
 
 void MakeCRCWordNOVAX(HexText& frame, const Text& address) {
     EnsureLeadingBlank(frame);
-    const int data = HexParse(DigitsOf(frame, 6) + DigitsOf(frame, 5));
+    const int data = HexParse(DigitsOf(frame, 6) + DigitsOf(frame, 5));  // Q161: signed
     const int command = HexParse(DigitsOf(frame, 3));
     const int parameter = HexParse(DigitsOf(frame, 4));
+    // Q160: the plain address.
     const double sum = parameter * kByteRange + data + command + std::floor(ToNumber(address));
     const Text word = FittedToWidth(HexOf(Whole16(sum)), 4);
     frame += u" " + Mid(word, 3, 2) + u" " + Mid(word, 1, 2);

@@ -19,26 +19,25 @@ HexText AsHexText(const HexText& frame) { return Contains(frame, u" ") ? frame :
 void ConMeterAddr_Change(MainForm& form) {
     form.SentFrames().Clear();
     const Protocol& protocol = form.ProtocolInUse();
-    if (protocol.composeAddress != nullptr) protocol.composeAddress(form);
+    if (protocol.composeAddress != nullptr) protocol.composeAddress(form);  // Q71: else the old one stays
 }
 
 void ComposeAsciiAddress(Conversation& talk) {
     Text digits = HexOf(talk.ConMeterAddr.Value());
-    if (Len(digits) == 1) FitTextWidth(digits, 2);
+    if (Len(digits) == 1) FitTextWidth(digits, 2);  // Q70: longer ones are not cut
     talk.AddressText = HexTextOfReadable(digits);
 }
 
 void ComposeTwoDigitAddress(Conversation& talk) {
     Text digits = HexOf(talk.ConMeterAddr.Value());
-    if (Len(digits) < 2) FitTextWidth(digits, 2);
+    if (Len(digits) < 2) FitTextWidth(digits, 2);  // Q70: longer ones are not cut
     talk.AddressText = digits;
 }
 
 void ComposeDoubledAddress(Conversation& talk) {
     const double sum = std::floor(ToNumber(talk.ConMeterAddr.Value())) + kAddressOffset;
     const Text digits = HexOf(sum);
-    // Setting the field runs this routine once more for address 1; this outer run then still leaves its own
-    // too large sum behind, until the next change.
+    // Q72: setting the field runs this routine once more; this outer run then leaves its own sum.
     if (sum > 255) talk.ConMeterAddr.Set(u"1");
     talk.AddressText = u" " + digits + u" " + digits;
 }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostCuts = 10;
 
-// Of a text of more than eleven words the rest stays together.
+// Q74: of a text of more than eleven words the rest stays together.
 Text LastWord(Text text) {
     for (int cut = 0; cut < kMostCuts && Contains(text, u" "); ++cut) text = Trim(Behind(text, u' '));
     return text;

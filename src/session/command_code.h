@@ -3,7 +3,7 @@
 #include <cstdint>
 
 // What Operation::CommandCode can hold. The routines test its ranges each with a bound of its own, and the
-// write offset is taken off by subtraction in one family and by remainder in others (Q-BOUNDS).
+// write offset is taken off by subtraction in one family and by remainder in others (Q45).
 namespace commtest::command {
 
 // Plain repeated operations.
@@ -12,7 +12,7 @@ inline constexpr std::int32_t kReadStatic = 20;
 inline constexpr std::int32_t kReadAlternating = 30;  // taken as the dynamic turn
 inline constexpr std::int32_t kReadDynamicTurn = 31;  // alternate: a dynamic read, then kReadStaticTurn
 inline constexpr std::int32_t kReadStaticTurn = 32;   // alternate: a static read, then kReadDynamicTurn
-inline constexpr std::int32_t kSendLineFeed = 33;     // nothing sets it
+inline constexpr std::int32_t kSendLineFeed = 33;     // nothing sets it (Q46)
 inline constexpr std::int32_t kReadThisRow = 40;
 inline constexpr std::int32_t kReadRowByRow = 50;
 inline constexpr std::int32_t kReadSeveralRows = 60;

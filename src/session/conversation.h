@@ -44,7 +44,7 @@ struct ParameterLimits {
 struct ParameterRows {
     std::array<Grid, 4> MSHFlexGrid1;  // parameters, catalogue, recordings, chip list
     std::int16_t CurrentRow = 0;       // the row that the next single read will use
-    // First row whose attribute is exactly "RW"; outlives an instrument without one.
+    // First row whose attribute is exactly "RW"; outlives an instrument without one (Q177).
     std::int16_t FirstDataRow = 0;
     TickControl ConSelChange;             // 停止滚屏
     std::vector<ParameterLimits> Limits;  // by row, from 0; none of row 0

@@ -30,6 +30,7 @@ Text Scaled(const Text& value, int decimals, bool divide) {
     return NumberText(Finite(divide ? number / factor : number * factor));
 }
 
+// Q87: an entry takes its shown form, too.
 Text Formatted(const Text& value, int decimals) {
     if (decimals < 0 || decimals >= kFormats) throw RuntimeError(RuntimeError::kSubscript);
     return decimals == 0 ? NumberText(ToNumber(value)) : FixedText(ToNumber(value), decimals);
@@ -48,7 +49,7 @@ void ScaleByReference(const Text& decimalsText, Text& value, bool divide) {
 
 void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
     const int decimals = HexParse(decimalsText);
-    if (decimals >= kFormats) return;
+    if (decimals >= kFormats) return;  // Q85
     value = Scaled(value, decimals, divide);
     value = Formatted(value, decimals);
 }
@@ -69,7 +70,7 @@ int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&,
 
 Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide) {
     if (value.empty()) return value;
-    const int reference = ReferenceRow(grid, row);
+    const int reference = ReferenceRow(grid, row);  // Q84: an address before it is a count
     if (reference > 0 && NamesDecimals(grid.Cell(reference, column::kName))) {
         ScaleByReference(grid.Cell(reference, column::kValue), value, divide);
     } else {
@@ -83,7 +84,7 @@ void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide) {
     if (value.empty()) return;
     grid.Redraw = false;
     value = WithDecimalPoint(grid, row, std::move(value), divide);
-    grid.Redraw = true;
+    grid.Redraw = true;  // Q75: in the middle of a walk, too; Q76: not behind an error
 }
 
 }  // namespace commtest

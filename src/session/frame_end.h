@@ -16,7 +16,7 @@ bool EndsWithLineFeed(const HexText& reply, const HexText& request);
 // Any one of: the third byte equals the data bytes of a read reply; the echo of a write with function 06;
 // eight bytes with function 09; seven bytes or more with function 08; five bytes with a function that begins
 // with 8 (an exception). A function 10 answer of eight bytes meets them only by the chance of its contents
-// and else waits for the time-out: the instruments' sessions have always run so.
+// and else waits for the time-out (Q61).
 bool EndsByRtuRule(const HexText& reply, const HexText& request);
 
 // At least ten bytes, at least 64 bytes.

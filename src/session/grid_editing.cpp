@@ -25,7 +25,7 @@ void OpenCellEditor(MainForm& form) {
 void ClickParameterGrid(MainForm& form) {
     Grid& grid = form.ParameterGrid();
     grid.Redraw = false;
-    if (grid.Col == column::kSingleRead) {
+    if (grid.Col == column::kSingleRead) {  // Q78: the editor stays
         const bool readsRows =
             form.CommandCode == command::kReadThisRow || form.CommandCode == command::kReadRowByRow;
         if (readsRows) form.CurrentRow = static_cast<std::int16_t>(grid.Row);
@@ -36,7 +36,7 @@ void ClickParameterGrid(MainForm& form) {
     } else {
         form.outside.dialogs.ShowMessage(u"注意:参数没有W属性,数据无法修改！", {});
         form.InputText.SetVisible(false);
-        return;  // the redraw stays off until the next request for it
+        return;  // Q77: the redraw stays off
     }
     grid.Redraw = true;
 }

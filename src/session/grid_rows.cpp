@@ -22,7 +22,7 @@ void NumberRows(ParameterRows& rows) {
     for (int row = 1; row < grid.Rows(); ++row) {
         Text number = WholeText(row);
         if (Len(number) < 3) FitTextWidth(number, 3);
-        grid.SetCell(row, column::kNumber, number + u" ");
+        grid.SetCell(row, column::kNumber, number + u" ");  // Q80
         if (!found && grid.Cell(row, column::kAttribute) == u"RW") {
             rows.FirstDataRow = Whole16(row);
             found = true;
@@ -38,7 +38,7 @@ void SetUpParameterGrid(ParameterRows& rows, const std::array<TextView, column::
     Grid& grid = rows.ParameterGrid();
     grid.Redraw = false;
     const bool isShort = grid.Rows() < kRowsInView;
-    if (isShort) grid.SetRows(kRowsInView - 1);
+    if (isShort) grid.SetRows(kRowsInView - 1);  // Q79
     grid.Column(column::kName).width = isShort ? kNameWidthOfShortGrid : kNameWidth;
     grid.Select(0, 0);
     grid.Column(column::kNumber).width = kNumberWidth;
@@ -55,7 +55,7 @@ void KeepRowInView(ParameterRows& rows) {
     grid.Redraw = false;
     if (rows.CurrentRow >= grid.TopRow + kRowsInView || rows.CurrentRow < grid.TopRow) {
         const int lastTop = grid.Rows() - kRowsInView;
-        grid.TopRow = rows.CurrentRow > lastTop ? lastTop : rows.CurrentRow - 1;
+        grid.TopRow = rows.CurrentRow > lastTop ? lastTop : rows.CurrentRow - 1;  // Q81: the row before
     }
     grid.Redraw = true;
 }

@@ -77,7 +77,7 @@ struct LineState {
     std::int16_t RxEventCount = 0;        // events of two bytes or more since the last send; each buys a tick
     std::int16_t WaitTicks = 0;           // ticks spent waiting
     std::int16_t ReplyTimeout = 0;        // tick length in milliseconds while waiting
-    std::int32_t PartialReplyLength = 0;  // length of ReplyText at the last unfinished look; read by nothing
+    std::int32_t PartialReplyLength = 0;  // length of ReplyText at the last unfinished look, not read (Q41)
     Text LogLine;                         // the line of the record under composition
     RecordParts LogParts;                 // of LogLine
     Exchange UnderWay;                    // begins with the frame that has left, ends with the reply

@@ -13,6 +13,7 @@ void AskForAddresses(MainForm& form) {
     form.MultiAddressCount = ToWhole16(
         form.outside.dialogs.AskText(u"仪表数量", u"请输入仪表的总台数", WholeText(form.MultiAddressCount)));
     form.MultiAddressList.clear();
+    // Q52: before the first question.
     for (std::int16_t address = 1; address <= form.MultiAddressCount; address = Add16(address, 1)) {
         form.MultiAddressList.push_back(address);
     }

@@ -49,7 +49,8 @@ bool SendNextFrame(MainForm& form) {
 }
 
 void CountWait(MainForm& form) {
-    form.WaitTicks = Add16(form.WaitTicks, 1);
+    form.WaitTicks = Add16(form.WaitTicks, 1);  // Q44: not guarded
+    // Q38: bytes buy ticks, they do not begin the wait anew.
     if (form.WaitTicks <= Add16(form.RxEventCount, kIdleWaitTicks)) return;
     if (form.CommandCode < command::kTimeOutsRoutedBelow) RouteReply(form);
     form.CycleStep = cycle_step::kReady;
@@ -61,7 +62,7 @@ void TickPollingCycle(MainForm& form) {
     switch (form.CycleStep) {
         case cycle_step::kIdle:
             form.WaitTicks = 0;
-            timer.SetInterval(Whole32(TickLengthOfBaudRate(form)));
+            timer.SetInterval(Whole32(TickLengthOfBaudRate(form)));  // Q36: without a floor
             break;
         case cycle_step::kReady:
         case cycle_step::kFirstOfSearch:
@@ -73,13 +74,14 @@ void TickPollingCycle(MainForm& form) {
             timer.SetInterval(ToWhole32(form.ConDelayTime.Value()));
             form.CycleStep = cycle_step::kReady;
             break;
-        case cycle_step::kNextPart: BeginWait(form); break;
+        case cycle_step::kNextPart: BeginWait(form); break;  // Q39: this tick is not of the wait
         default: break;
     }
     if (form.IsRunning()) {
         timer.SetEnabled(true);
         return;
     }
+    // Q42: the tick behind a stop closes the port.
     if (form.MSComm1.PortOpen()) form.MSComm1.SetPortOpen(false);
     ShowPortStatus(form);
 }
@@ -119,7 +121,7 @@ void BuildReadRequest(MainForm& form) {
         TakeReplayFrame(form);
         return;
     }
-    if (form.Check1.Value()) TakeNextMultiAddress(form);
+    if (form.Check1.Value()) TakeNextMultiAddress(form);  // Q51: in front of a written frame, too
     const Protocol& protocol = form.ProtocolInUse();
     if (protocol.buildRead != nullptr) protocol.buildRead(form, form.outside.clock);
 }
@@ -127,7 +129,7 @@ void BuildReadRequest(MainForm& form) {
 void BuildWriteRequest(MainForm& form) {
     const Protocol& protocol = form.ProtocolInUse();
     if (protocol.buildWrite != nullptr) protocol.buildWrite(form, form.outside.dialogs);
-    form.CommandCode = Add32(form.CommandCode, command::kWriteOffset);
+    form.CommandCode = Add32(form.CommandCode, command::kWriteOffset);  // Q47: also where nothing was built
     StartInShortWay(form);
 }
 

@@ -25,7 +25,7 @@ Text ComposedSettings(const MainForm& form) {
         if (form.ConCommSetting[3].Value() != parity.name) continue;
         return field(1) + u"," + Text(parity.letter) + u"," + field(2) + u"," + field(4);
     }
-    return {};
+    return {};  // Q69: shown as not taken
 }
 
 // Changes a port that may be open: closed first, open again behind the change.

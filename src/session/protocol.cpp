@@ -16,7 +16,7 @@ void MakeCRCWord(MainForm& form, HexText& frame) {
     EnsureLeadingBlank(frame);
     const Protocol& protocol = form.protocols.Of(form.ProtocolCode);
     if (protocol.appendCheckWord != nullptr) protocol.appendCheckWord(frame);
-    if (protocol.checkWordIsThatOfAWrite) protocol.buildWrite(form, form.outside.dialogs);
+    if (protocol.checkWordIsThatOfAWrite) protocol.buildWrite(form, form.outside.dialogs);  // Q73
 }
 
 }  // namespace commtest

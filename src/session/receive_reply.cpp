@@ -62,7 +62,7 @@ void StepOverSilentRow(MainForm& form, const Exchange& exchange, const Protocol&
     PassOverError([&] { form.CurrentRow = Add16(form.CurrentRow, 1); });
 }
 
-// The continue byte leaves before the grid work, which then sees it in SendText.
+// Q107: the continue byte leaves before the grid work, which then sees it in SendText.
 void AskForNextPart(MainForm& form, const Verdict& verdict) {
     if (verdict.check != CheckWord::Right || form.CycleStep != cycle_step::kNextPart) return;
     if (form.ConMyCommDriver.Value()) return;

@@ -36,6 +36,7 @@ void LogCommError(MainForm& form) {
     if (!form.ConAutoSave[1].Value()) return;
     const Text lineEnd(kLineEnd);
     form.outside.files.WriteToErrorFile(ToCodePage(TimeStampText(form.outside.clock.Now())));
+    // Q68: nothing behind the time stamp, two line ends behind the record.
     form.outside.files.WriteToErrorFile(
         ToCodePage(form.LogLine + u"        串口设置: " + form.MSComm1.Settings() + lineEnd + lineEnd));
 }
@@ -48,11 +49,11 @@ void ConCommMessage_DblClick(MainForm& form) {
     form.SendCount = 0;
     form.IncompleteCount = 0;
     form.CheckErrorCount = 0;
-    form.NoReplyCount = 0;
+    form.NoReplyCount = 0;  // Q64: the labels wait for the next routing
 }
 
 void ConCommString_Click(MainForm& form, int index) {
-    if (index == 1) form.Record().Clear();
+    if (index == 1) form.Record().Clear();  // Q67
 }
 
 void ConShowCommand_Click(MainForm& form) {

@@ -28,6 +28,7 @@ Text FailureRate(const MainForm& form) {
 }  // namespace
 
 void RouteReply(MainForm& form) {
+    // Q63: 0 without an instrument.
     form.ProtocolCode = Whole16(LeadingWholeNumber(Left(form.MeterCodeText, 2)));
     const Protocol& protocol = form.ProtocolInUse();
     if (protocol.judge != nullptr) ReceiveReply(form);

@@ -30,7 +30,7 @@ bool OpenPortIfClosed(MainForm& form) {
     }
     const Text reason = form.MSComm1.LastProblem();
     form.outside.dialogs.ShowMessage(u"系统串口被占用,无法打开！", reason);
-    StartOrStop(form, {.cause = StopCause::PortRefused, .detail = reason});
+    StartOrStop(form, {.cause = StopCause::PortRefused, .detail = reason});  // Q50: a toggle
     return false;
 }
 
@@ -66,7 +66,7 @@ void BeginLogLine(MainForm& form, const Text& shownFrame) {
 
 void BeginExchange(MainForm& form) { form.UnderWay = {.number = form.SendCount, .request = form.SendText}; }
 
-// Every fiftieth frame the record is saved, if the user wants it, and begins anew.
+// Q65: every fiftieth frame the record begins anew, saved or not.
 void KeepRecordShort(MainForm& form) {
     if (form.SendCount % kHousekeepingFrames != 0) return;
     if (form.CommandCode >= command::kRecordKeptShortBelow) return;
@@ -83,7 +83,7 @@ void SendFrame(MainForm& form) {
     }
     Text shown;
     std::string bytes;
-    PassOverErrors([&] { form.SendCount = Add32(form.SendCount, 1); },  //
+    PassOverErrors([&] { form.SendCount = Add32(form.SendCount, 1); },  // Q66: continue bytes, too
                    [&] { shown = form.SendText; },                      //
                    [&] { form.RxEventCount = 0; },
                    [&] {
@@ -106,7 +106,7 @@ bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
         const auto value = HexPairValue(TextView(frame).substr(blank + 1, 2));
         if (!value) {
             form.outside.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！", {});
-            return false;
+            return false;  // Q57: what stands in `bytes` is sent
         }
         bytes += static_cast<char>(*value);
     }
@@ -125,12 +125,13 @@ void NoteArrival(MainForm& form) {
 void MSComm1_OnComm(MainForm& form) {
     form.PollTimer().SetEnabled(false);
     const std::string arrived = form.MSComm1.Input();
-    // A lone byte does not extend the wait: the wait arithmetic counts on it.
+    // Q37: a lone byte does not lengthen the wait.
     if (arrived.size() >= 2) form.RxEventCount = Add16(form.RxEventCount, 1);
     if (!arrived.empty()) NoteArrival(form);
+    // Q58: also behind the end of a reply.
     for (const char byte : arrived) AppendHexByte(form.ReplyText, static_cast<unsigned char>(byte));
     if (!form.ReplyText.empty()) FindEndWord(form);
-    form.PollTimer().SetEnabled(true);
+    form.PollTimer().SetEnabled(true);  // Q43: also of a stopped session
 }
 
 void FindEndWord(MainForm& form) {
@@ -143,7 +144,7 @@ void FindEndWord(MainForm& form) {
     const bool isPart = protocol.continuesOnLineFeed && Contains(form.ReplyText, u"0A");
     form.CycleStep = cycle_step::kReady;
     ListControl& sentFrames = form.SentFrames();
-    if (sentFrames.IndexOf(form.SendText) < 0) sentFrames.Add(form.SendText);
+    if (sentFrames.IndexOf(form.SendText) < 0) sentFrames.Add(form.SendText);  // Q59: not as it was shown
     if (form.ConSaveData.Value()) form.companions.CaptureExchange(form);
     if (isPart) form.CycleStep = cycle_step::kNextPart;
     RouteReply(form);

@@ -33,13 +33,14 @@ void StopRunning(MainForm& form, const Stop& cause) {
 }  // namespace
 
 void StartOrStop(MainForm& form, const Stop& cause) {
-    if (form.IsRunning()) {
+    if (form.IsRunning()) {  // Q50: whatever the caller means
         StopRunning(form, cause);
     } else {
         Start(form);
     }
 }
 
+// Q48: the error file stays as it is.
 void StartInShortWay(MainForm& form) {
     if (form.IsRunning()) return;
     form.SetRunning(true);
@@ -47,6 +48,7 @@ void StartInShortWay(MainForm& form) {
     form.PollTimer().SetEnabled(true);
 }
 
+// Q49: the error file stays open.
 void StopInShortWay(MainForm& form, StopCause cause) {
     if (!form.IsRunning()) return;
     form.NoteStop({cause});
@@ -56,7 +58,7 @@ void StopInShortWay(MainForm& form, StopCause cause) {
 
 void StopByException(MainForm& form, OutcomePointer outcome) {
     form.NoteStop({.cause = StopCause::Exception, .outcome = std::move(outcome)});
-    form.SetRunning(false);
+    form.SetRunning(false);  // Q130: CycleStep stays
 }
 
 }  // namespace commtest
