@@ -28,7 +28,7 @@ ParameterWrites::ParameterWrites(LineSession& line, std::vector<ParameterWrite> 
 
 void ParameterWrites::Run() {
     line_.Form().CommandCode = command::kReadThisRow;
-    if (ObjectToAny() || !HasAllDecimals() || ObjectToAny()) return;
+    if (ObjectToAny(Look::Rows) || !HasAllDecimals() || ObjectToAny(Look::Values)) return;
     for (Item& item : items_) {
         if (status_ != ExitStatus::Good) {
             item.held = u"没有写入，因为前面的写入没有成功"_s;
@@ -39,12 +39,13 @@ void ParameterWrites::Run() {
     }
 }
 
-// Before the decimals are read, a row that cannot be written at all; behind it the values, too.
-bool ParameterWrites::ObjectToAny() {
+// Before the decimals are read, only what does not depend on them counts.
+bool ParameterWrites::ObjectToAny(Look look) {
     for (Item& item : items_) {
         item.write.Judge(line_.Form());
         const WriteCheck& check = item.write.Check();
-        if (!check.objection || (isForced_ && check.CanLeave())) continue;
+        const bool counts = look == Look::Values || check.ConcernsRow();
+        if (!check.objection || !counts || (isForced_ && check.CanLeave())) continue;
         item.held = WordsOnObjection(line_.Form(), item.write);
         status_ = ExitStatus::BadUsage;
     }

@@ -35,7 +35,8 @@ class ParameterWrites {
         QString held;  // why nothing has left
     };
 
-    bool ObjectToAny();
+    enum class Look { Rows, Values };
+    bool ObjectToAny(Look look);
     bool HasAllDecimals();
     void Write(ParameterWrite& write);
     void RunExchange(ParameterWrite* write);

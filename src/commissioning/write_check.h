@@ -29,6 +29,9 @@ struct WriteCheck {
     Text code;     // as it stands in the frame; empty where the row has none
     Text arrives;  // the value that the row would show for that code; empty where nothing can be said
 
+    // Whether the objection is one to the row, or to a value that is no number, whatever the decimals are.
+    bool ConcernsRow() const { return objection && *objection <= WriteObjection::NoNumber; }
+
     // Whether the value can leave at all, though it should not.
     bool CanLeave() const {
         return !objection || *objection == WriteObjection::AboveLimit ||

@@ -6,6 +6,9 @@ import re
 import unittest
 
 from programs import FILLED, PLAIN, RTU, SUM, CommandLineTest, Simulator, description
+from scripted_instrument import ScriptedInstrument, rtu_frame
+
+UNJUDGED = ("ModBus-Ascii协议-定制02", "HX-M23大屏显示仪", None)
 
 VALUES = {"小数点位置": 1, "测量值": -1234, "峰值": 5, "变送输出值": 250, "量程下限": -1999, "滤波系数": 20}
 
@@ -111,9 +114,31 @@ class PollTest(CommandLineTest):
         known = [line for line in description(RTU[2]).splitlines() if not line.startswith("零点修正")]
         with Simulator(self.outer.name, "\n".join([*known, ""])) as simulator:
             run = self.poll(simulator.device, "--command", 50, "--exchanges", 200, instrument=RTU)
-        self.assertEqual((run.status, run.problems), (1, ""))
+        self.assertEqual(run.status, 1)
+        self.assertEqual(run.problem_lines, [
+            "第 10 次通讯被仪表的回答结束: 注意：读写指令中含有非法参数地址/长度超出范围 指令错误！。请检查 --command 和仪表的参数表"])
         self.assertIn("CRC校验正确  注意：读写指令中含有非法参数地址/长度超出范围    指令错误！\n", run.output)
         self.assertIn("\n总计通讯: 10 次", run.output)  # rows 6 to 14, then the missing one
+
+    def test_json_tells_what_ended_the_poll(self):
+        with ScriptedInstrument(rtu_frame("0103020064"), rtu_frame("018303")) as peer:
+            run = self.poll(peer.device, "--command", 50, "--exchanges", 5, "--format", "json", instrument=RTU)
+        self.assertEqual(run.status, 1)
+        self.assertEqual(run.json["stopped"], {"exchange": 2, "exception": "83 03",
+                                               "reason": "注意：非法的参数地址！该指令无效 指令错误！"})
+
+    def test_refused_reply_fails_a_strict_poll(self):
+        # 84 does not end the polling.
+        for options, status in (((), 0), (("--strict",), 1)):
+            with self.subTest(options), ScriptedInstrument(rtu_frame("018404")) as peer:
+                run = self.poll(peer.device, "--command", 50, "--exchanges", 1, *options, instrument=RTU)
+                self.assertEqual((run.status, run.problems), (status, ""))
+
+    def test_silence_under_a_protocol_that_judges_nothing_fails_a_strict_poll(self):
+        for reply, status in ((b"", 1), (b":0103", 0)):
+            with self.subTest(reply), ScriptedInstrument(reply) as peer:
+                run = self.poll(peer.device, "--command", 50, "--exchanges", 1, "--strict", instrument=UNJUDGED)
+                self.assertEqual((run.status, run.problems), (status, ""))
 
     def test_program_folder_gets_no_file(self):
         before = sorted(self.folder.iterdir())

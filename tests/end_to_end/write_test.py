@@ -1,12 +1,16 @@
 """Writing a parameter: one frame, the answer, the row read back."""
 
+import sqlite3
 import unittest
 
-from programs import ASCII, FILLED, RTU, SUM, CommandLineTest
+from programs import ASCII, FILLED, PLAIN, RTU, SUM, CommandLineTest
 from scripted_instrument import ScriptedInstrument, ascii_frame, rtu_frame
 
 COMMAND, MODEL, DECIMALS, LOWER_LIMIT, CORRECTION, DELAY = 1, 4, 11, 13, 16, 22
 FILTERS = {RTU: 16, ASCII: 13}  # rows of 滤波系数
+RATIO = 28                      # 电压变比 of the ASCII instrument
+PHASES = ("ModBus-RTU协议", "HX-E30三相电量表", None)
+PHASE_RATIO = 18                # its 电压变比
 
 
 class WriteTest(CommandLineTest):
@@ -200,12 +204,22 @@ class ReadBackTest(CommandLineTest):
         self.assertEqual(run.status, 0)
         self.assertTrue(run.output.endswith("第 28 行 电压变比: 已写入 4660，读回 4,660，一致\n"), run.output)
 
+    def test_constant_of_a_phase_instrument_cannot_be_compared(self):
+        echo = rtu_frame("01060040" + "41200000")
+        with ScriptedInstrument(echo) as peer:
+            run = self.write(peer.device, PHASE_RATIO, 10, "--format", "json", instrument=PHASES)
+        self.assertEqual((run.status, run.problems), (0, ""))
+        self.assertEqual((run.json[0]["outcome"], run.json[0]["reason"]), ("sent", "此行显示的是常数，不能比较"))
+        self.assertEqual(peer.requests, [echo])
 
-class SeveralRowsTest(CommandLineTest):
+
+class SetTest(CommandLineTest):
     def set(self, device, *words, options=()):
         sets = [word for each in words for word in ("--set", each)]
         return self.finish(self.start("write", device, PLAIN, "--interval", 0, *sets, *options))
 
+
+class SeveralRowsTest(SetTest):
     def test_rows_are_written_in_turn_and_each_is_told(self):
         with self.simulate(values={"小数点位置": 1}) as simulator:
             run = self.set(simulator.device, "22=42", "量程下限=-12.5", options=("--format", "json"))
@@ -235,18 +249,28 @@ class SeveralRowsTest(CommandLineTest):
             run = self.set(simulator.device, "1=0", "22=5", options=("--format", "json"))
         self.assertEqual((run.status, [each["outcome"] for each in run.json]), (0, ["sent", "equal"]))
         self.assertEqual(run.json[0]["reason"], "此行是命令")
-        self.assertEqual(simulator.counts["writes_accepted"], 1)
+        self.assertEqual(simulator.counts["writes_accepted"], 2)
 
     def test_one_row_is_an_array_too(self):
         with self.simulate() as simulator:
             run = self.write(simulator.device, DELAY, 42, "--format", "json")
         self.assertEqual(len(run.json), 1)
 
+
+class NameTest(SetTest):
     def test_name_that_stands_twice_is_refused_with_its_rows(self):
-        with self.simulate(instrument=FILLED) as simulator:
-            run = self.finish(self.start("write", simulator.device, TWICE, "--set", "备用=1"))
+        catalogue = sqlite3.connect(self.folder / "通讯数据.mdb")
+        with catalogue:
+            catalogue.execute("UPDATE 仪表_参数 SET 参数名称 = '量程' WHERE 参数名称 IN ('量程下限', '量程上限')")
+        catalogue.close()
+        run = self.set("/dev/no-port", "量程=1")
         self.assertEqual(run.status, 2)
-        self.assertRegex(run.problem_lines[0], '^参数 "备用" 有多行: \\d+(、\\d+)+。请用行号$')
+        self.assertEqual(run.problem_lines, ['参数 "量程" 有多行: 13、14。请用行号'])
+
+    def test_name_that_there_is_not_is_refused(self):
+        run = self.set("/dev/no-port", "温度=1")
+        self.assertEqual(run.problem_lines, ['没有参数 "温度"。名称和行号请看 commtest-cli list parameters'])
+
 
 if __name__ == "__main__":
     unittest.main()

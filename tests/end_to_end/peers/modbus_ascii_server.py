@@ -37,7 +37,10 @@ def main():
     while True:
         ready, _, _ = select.select([line, sys.stdin], [], [])
         if line in ready:
-            framer.processIncomingPacket(os.read(line, 4096), answer, [address])
+            try:
+                framer.processIncomingPacket(os.read(line, 4096), answer, [address])
+            except ValueError:  # two requests in one, the first without its line feed
+                framer.resetFrame()
         if sys.stdin in ready:
             word = sys.stdin.readline()
             if not word:
