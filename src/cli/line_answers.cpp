@@ -37,19 +37,24 @@ std::string CsvLineOf(const Text& input, const Answer& answer, bool isExplained)
     return CsvLine({input, answer.result, answer.explanation, Joined(answer.notes)});
 }
 
-std::string JsonArrayOf(const std::vector<Text>& texts) {
-    std::string array;
-    for (const Text& text : texts) array += (array.empty() ? "" : ", ") + JsonString(text);
-    return "[" + array + "]";
+void PutExplanation(const Answer& answer, JsonWriter& json) {
+    json.PutText(u"explanation", answer.explanation);
+    json.PutKey(u"notes");
+    json.BeginArray();
+    for (const Text& note : answer.notes) json.PutText(note);
+    json.EndArray();
 }
 
-std::string JsonObject(const Text& input, const Answer& answer, bool isExplained) {
-    const std::string begin = "{\"input\": " + JsonString(input);
-    if (!answer.problem.empty()) return begin + ", \"error\": " + JsonString(answer.problem) + "}";
-    const std::string result = begin + ", \"result\": " + JsonString(answer.result);
-    if (!isExplained) return result + "}";
-    return result + ", \"explanation\": " + JsonString(answer.explanation) +
-           ", \"notes\": " + JsonArrayOf(answer.notes) + "}";
+void PutAnswer(const Text& input, const Answer& answer, bool isExplained, JsonWriter& json) {
+    json.BeginObject();
+    json.PutText(u"input", input);
+    if (!answer.problem.empty()) {
+        json.PutText(u"error", answer.problem);
+    } else {
+        json.PutText(u"result", answer.result);
+        if (isExplained) PutExplanation(answer, json);
+    }
+    json.EndObject();
 }
 
 // One line without its line feed; false behind the last one. What was answered goes out before a wait for
@@ -101,16 +106,21 @@ ExitStatus AnswerLines(const AnswerForm& form, Console& console, const AnswerOf&
 }  // namespace
 
 AnswerPrinter::AnswerPrinter(Console& console, const AnswerForm& form) : console_(console), form_(form) {
-    if (form_.format == Format::Json) console_.Print(std::string("["));
-    if (form_.format != Format::Csv) return;
-    console_.Print(std::string(form_.isExplained ? "input,result,explanation,notes\n" : "input,result\n"));
+    if (form_.format == Format::Json) {
+        json_.BeginArray();
+        console_.Print(json_.Take());
+    } else if (form_.format == Format::Csv) {
+        console_.Print(
+            std::string(form_.isExplained ? "input,result,explanation,notes\n" : "input,result\n"));
+    }
 }
 
 void AnswerPrinter::Add(const Text& input, const Answer& answer) {
     const bool isFirst = !std::exchange(hasAnswers_, true);
     switch (form_.format) {
         case Format::Json:
-            console_.Print((isFirst ? "\n  " : ",\n  ") + JsonObject(input, answer, form_.isExplained));
+            PutAnswer(input, answer, form_.isExplained, json_);
+            console_.Print(json_.Take());
             return;
         case Format::Csv: console_.Print(CsvLineOf(input, answer, form_.isExplained)); return;
         default:
@@ -120,7 +130,9 @@ void AnswerPrinter::Add(const Text& input, const Answer& answer) {
 }
 
 void AnswerPrinter::Finish() {
-    if (form_.format == Format::Json) console_.Print(std::string("\n]\n"));
+    if (form_.format != Format::Json) return;
+    json_.EndArray();
+    console_.Print(json_.Take());
 }
 
 ExitStatus AnswerTexts(const std::optional<QString>& text, const QString& expected, const AnswerForm& form,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/console.h"
+#include "cli/json_text.h"
 #include "cli/problem.h"
 #include "cli/table.h"
 #include "runtime/text.h"
@@ -38,6 +39,7 @@ class AnswerPrinter {
   private:
     Console& console_;
     AnswerForm form_;
+    JsonWriter json_{kJsonLineAnElement};
     bool hasAnswers_ = false;
 };
 

@@ -1,6 +1,5 @@
 #include "cli/poll_report.h"
 
-#include <QJsonObject>
 #include <array>
 
 #include "cli/answer_words.h"
@@ -12,11 +11,9 @@
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr std::array<QStringView, column::kNewValue> kKeys = {
+constexpr std::array<TextView, column::kNewValue> kKeys = {
     u"row",      u"name",       u"address",   u"length", u"attribute",
     u"decimals", u"singleRead", u"groupRead", u"value",  u"scaledValue"};
 
@@ -43,22 +40,42 @@ Table StatisticsTable(const MainForm& form) {
     return table;
 }
 
-QJsonObject StatisticsJson(const MainForm& form, int exchanges) {
-    return {{u"frames"_s, form.SendCount},
-            {u"exchanges"_s, exchanges},
-            {u"incomplete"_s, form.IncompleteCount},
-            {u"checkErrors"_s, form.CheckErrorCount},
-            {u"noReply"_s, form.NoReplyCount}};
+void PutStatistics(const MainForm& form, int exchanges, JsonWriter& json) {
+    json.BeginObject();
+    json.PutNumber(u"checkErrors", form.CheckErrorCount);
+    json.PutNumber(u"exchanges", exchanges);
+    json.PutNumber(u"frames", form.SendCount);
+    json.PutNumber(u"incomplete", form.IncompleteCount);
+    json.PutNumber(u"noReply", form.NoReplyCount);
+    json.EndObject();
 }
 
-QJsonObject StopJson(const MainForm& form) {
+void PutStop(const MainForm& form, JsonWriter& json) {
     const Stop& stop = form.LastStop();
-    return {{u"exchange"_s, stop.exchange},
-            {u"exception"_s, NumbersOfException(*stop.outcome)},
-            {u"reason"_s, WordsOnAnswer(form, *stop.outcome)}};
+    json.PutKey(u"stopped");
+    json.BeginObject();
+    json.PutText(u"exception", NumbersOfException(*stop.outcome).toStdU16String());
+    json.PutNumber(u"exchange", stop.exchange);
+    json.PutText(u"reason", WordsOnAnswer(form, *stop.outcome).toStdU16String());
+    json.EndObject();
 }
 
-QString ToQt(const Text& text) { return QString::fromStdU16String(text); }
+std::string JsonReport(const MainForm& form, const LineOptions& options, int exchanges) {
+    JsonWriter json(kJsonInLines);
+    json.BeginObject();
+    json.PutNumber(u"address", QString::fromStdU16String(options.address).toInt());
+    json.PutText(u"instrument", options.instrument);
+    json.PutKey(u"parameters");
+    PutTable(GridTable(form), json);
+    json.PutText(u"port", options.port);
+    json.PutText(u"protocol", options.protocol);
+    json.PutText(u"settings", options.settings);
+    json.PutKey(u"statistics");
+    PutStatistics(form, exchanges, json);
+    if (form.LastStop().cause == StopCause::Exception) PutStop(form, json);
+    json.EndObject();
+    return json.Take();
+}
 
 }  // namespace
 
@@ -76,19 +93,8 @@ Table GridTable(const MainForm& form) {
 }
 
 std::string PollReport(MainForm& form, const LineOptions& options, int exchanges, Format format) {
-    const Table grid = GridTable(form);
-    if (format == Format::Json) {
-        QJsonObject report = {{u"protocol"_s, ToQt(options.protocol)},
-                              {u"instrument"_s, ToQt(options.instrument)},
-                              {u"address"_s, ToQt(options.address).toInt()},
-                              {u"port"_s, ToQt(options.port)},
-                              {u"settings"_s, ToQt(options.settings)},
-                              {u"statistics"_s, StatisticsJson(form, exchanges)},
-                              {u"parameters"_s, JsonOf(grid)}};
-        if (form.LastStop().cause == StopCause::Exception) report[u"stopped"_s] = StopJson(form);
-        return PrintedJson(report);
-    }
-    const std::string table = Printed(grid, format) + "\n";
+    if (format == Format::Json) return JsonReport(form, options, exchanges);
+    const std::string table = Printed(GridTable(form), format) + "\n";
     if (format == Format::Csv) return table + Printed(StatisticsTable(form), format);
     ShowStatistics(form);
     return table + PrintableText(form.ConCommMessage[2].Value()) + "\n";

@@ -37,29 +37,18 @@ constexpr std::array<Range, 6> kWide = {{{0x1100, 0x115F},
                                          {0xFE30, 0xFE6F},
                                          {0xFF01, 0xFF60}}};
 
-// Most characters of a record are plain ones.
-bool IsControl(char16_t unit) { return (unit < u' ' || unit > u'~') && IsIn(kControls, unit); }
-
 Text Escaped(char16_t unit) {
     Text digits = HexOf(static_cast<double>(unit));
     if (Len(digits) < 2) FitTextWidth(digits, 2);
     return u"\\" + digits;
 }
 
-Text EscapedForJson(char16_t unit) {
-    switch (unit) {
-        case u'"': return u"\\\"";
-        case u'\\': return u"\\\\";
-        case u'\n': return u"\\n";
-        case u'\r': return u"\\r";
-        case u'\t': return u"\\t";
-        default: return u"\\u" + FittedToWidth(HexOf(static_cast<double>(unit)), 4);
-    }
-}
-
 int WidthOf(char16_t unit) { return IsIn(kWide, unit) ? 2 : 1; }
 
 }  // namespace
+
+// Most characters of a record are plain ones.
+bool IsControl(char16_t unit) { return (unit < u' ' || unit > u'~') && IsIn(kControls, unit); }
 
 std::string PrintableText(TextView text) {
     Text printable;
@@ -90,18 +79,6 @@ std::string PrintableLine(TextView text) {
         }
     }
     return PrintableText(Trim(line));
-}
-
-std::string JsonString(TextView text) {
-    Text quoted = u"\"";
-    for (const char16_t unit : text) {
-        if (unit == u'"' || unit == u'\\' || IsControl(unit)) {
-            quoted += EscapedForJson(unit);
-        } else {
-            quoted += unit;
-        }
-    }
-    return ToUtf8(quoted + u'"');
 }
 
 int DisplayWidth(TextView text) {

@@ -14,8 +14,8 @@ std::string PrintableText(TextView text);
 // The same in one line: line ends, however many in a row, become one blank.
 std::string PrintableLine(TextView text);
 
-// A string of JSON with its quotes; control characters become the short escapes that JSON has or "\u202E".
-std::string JsonString(TextView text);
+// What PrintableText shows by its code, where it is no line end.
+bool IsControl(char16_t unit);
 
 // Cells that a text takes on a terminal: two of a Chinese character.
 int DisplayWidth(TextView text);

@@ -1,9 +1,8 @@
 #include "cli/table.h"
 
 #include <QHash>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <algorithm>
+#include <numeric>
 
 #include "cli/printable_text.h"
 
@@ -68,11 +67,27 @@ std::string PrintedCsv(const Table& table) {
     return printed;
 }
 
-QJsonValue JsonCell(const Text& cell, CellKind kind) {
-    const QString text = QString::fromStdU16String(cell);
-    if (kind == CellKind::Number) return text.toInt();
-    if (kind == CellKind::YesNo) return text == u"是"_s;
-    return text;
+void PutCell(const Text& cell, CellKind kind, JsonWriter& json) {
+    switch (kind) {
+        case CellKind::Number: return json.PutNumber(QString::fromStdU16String(cell).toInt());
+        case CellKind::YesNo: return json.PutYesNo(cell == u"是");
+        default: return json.PutText(cell);
+    }
+}
+
+std::vector<std::size_t> ColumnsByKey(const Table& table) {
+    std::vector<std::size_t> columns(table.columns.size());
+    std::iota(columns.begin(), columns.end(), std::size_t{0});
+    std::sort(columns.begin(), columns.end(), [&table](std::size_t one, std::size_t other) {
+        return table.columns[one].key < table.columns[other].key;
+    });
+    return columns;
+}
+
+std::string PrintedJson(const Table& table) {
+    JsonWriter json(kJsonInLines);
+    PutTable(table, json);
+    return json.Take();
 }
 
 }  // namespace
@@ -94,21 +109,23 @@ Format FormatOf(const Arguments& arguments) {
 std::string Printed(const Table& table, Format format) {
     switch (format) {
         case Format::Csv: return PrintedCsv(table);
-        case Format::Json: return PrintedJson(JsonOf(table));
+        case Format::Json: return PrintedJson(table);
         default: return PrintedText(table);
     }
 }
 
-QJsonArray JsonOf(const Table& table) {
-    QJsonArray array;
+void PutTable(const Table& table, JsonWriter& json) {
+    const std::vector<std::size_t> columns = ColumnsByKey(table);
+    json.BeginArray();
     for (const auto& row : table.rows) {
-        QJsonObject object;
-        for (std::size_t c = 0; c < row.size(); ++c) {
-            object[table.columns[c].key.toString()] = JsonCell(row[c], table.columns[c].kind);
+        json.BeginObject();
+        for (const std::size_t c : columns) {
+            json.PutKey(table.columns[c].key);
+            PutCell(row[c], table.columns[c].kind, json);
         }
-        array.append(object);
+        json.EndObject();
     }
-    return array;
+    json.EndArray();
 }
 
 std::string CsvLine(const std::vector<Text>& cells) {
@@ -116,21 +133,6 @@ std::string CsvLine(const std::vector<Text>& cells) {
     for (const Text& cell : cells) line += CsvField(cell) + ",";
     line.back() = '\n';
     return line;
-}
-
-std::string PrintedJson(const QJsonValue& value) {
-    const QJsonDocument document =
-        value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
-    QString printed;
-    for (const QChar unit : QString::fromUtf8(document.toJson())) {
-        // The document leaves these control characters as they are; they stand in its texts only.
-        if (unit.unicode() >= 0x7F && unit.unicode() <= 0x9F) {
-            printed += u"\\u00"_s + QString::number(unit.unicode(), 16);
-        } else {
-            printed += unit;
-        }
-    }
-    return printed.toStdString();
 }
 
 }  // namespace commtest

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QJsonArray>
-#include <QJsonValue>
 #include <QString>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/arguments.h"
+#include "cli/json_text.h"
 #include "runtime/text.h"
 
 namespace commtest {
@@ -21,7 +20,7 @@ std::optional<Format> FormatNamed(const QString& name);
 enum class CellKind { Words, Number, YesNo };  // a number is whole, a yes is 是
 
 struct TableColumn {
-    QStringView key;   // its name in JSON
+    TextView key;      // its name in JSON
     TextView heading;  // its name elsewhere
     CellKind kind = CellKind::Words;
 };
@@ -33,13 +32,13 @@ struct Table {
 };
 
 // As UTF-8 with "\n" line ends, control characters shown as PrintableText does. Text has its columns side by
-// side, numbers on the right; CSV begins with the headings; JSON is an array with an object a row.
+// side, numbers on the right; CSV begins with the headings; JSON is that of PutTable.
 std::string Printed(const Table& table, Format format);
 
 // One line of CSV.
 std::string CsvLine(const std::vector<Text>& cells);
 
-QJsonArray JsonOf(const Table& table);
-std::string PrintedJson(const QJsonValue& value);
+// An array with an object a row, whose members stand in the order of their keys.
+void PutTable(const Table& table, JsonWriter& json);
 
 }  // namespace commtest

@@ -52,12 +52,6 @@ TEST(ShortenedToWidth, TextThatIsCutEndsInAnEllipsis) {
     EXPECT_EQ(ToUtf8(ShortenedToWidth(u"a读值", 3)), "a…");
 }
 
-TEST(JsonString, ControlCharactersQuotesAndBackslashesAreEscaped) {
-    EXPECT_EQ(JsonString(u""), "\"\"");
-    EXPECT_EQ(JsonString(u"温度 \"a\\b\""), "\"温度 \\\"a\\\\b\\\"\"");
-    EXPECT_EQ(JsonString(u"\r\n\t\x1B\x7F\x9B\u202E"), "\"\\r\\n\\t\\u001B\\u007F\\u009B\\u202E\"");
-}
-
 }  // namespace
 
 }  // namespace commtest

@@ -69,7 +69,7 @@ TEST(Printed, NoControlCharacterComesThrough) {
     EXPECT_EQ(Printed(table, Format::Plain), "C\n\\1B\\9B\\7F\n");
     EXPECT_EQ(Printed(table, Format::Csv), "C\n\\1B\\9B\\7F\n");
     EXPECT_EQ(Printed(table, Format::Json),
-              "[\n    {\n        \"cell\": \"\\u001b\\u009b\\u007f\"\n    }\n]\n");
+              "[\n    {\n        \"cell\": \"\\u001B\\u009B\\u007F\"\n    }\n]\n");
 }
 
 TEST(Printed, LineEndInACellStaysInsideItsField) {
