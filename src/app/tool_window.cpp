@@ -1,7 +1,6 @@
 #include "app/tool_window.h"
 
 #include "catalogue/instrument_catalogue.h"
-#include "runtime/number.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -9,10 +8,9 @@ namespace commtest {
 namespace {
 
 std::vector<ToolProtocol> ProtocolsOf(Store& store) {
-    const StoreRows rows = InstrumentCatalogue(store).ProtocolList();
     std::vector<ToolProtocol> protocols;
-    for (std::size_t row = 0; row < rows.rows.size(); ++row) {
-        protocols.push_back({rows.At(row, 0), ToWhole16(rows.At(row, 1))});
+    for (const ProtocolRecord& protocol : InstrumentCatalogue(store).ProtocolList()) {
+        protocols.push_back({protocol.name, protocol.Code()});
     }
     return protocols;
 }

@@ -43,12 +43,10 @@ void Bind(Grid& grid, const StoreRows& result) {
 }  // namespace
 
 void LoadProtocolList(MainForm& form) {
-    const StoreRows protocols = InstrumentCatalogue(form.outside.store).ProtocolList();
-    for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
-        const Text name = Trim(protocols.At(row, 0));
-        form.ProtocolCodeOfType.push_back(ToWhole16(protocols.At(row, 1)));
-        form.ConCommTypeList.Add(name);
-        form.ConMeterType.Captions.push_back(name);
+    for (const ProtocolRecord& protocol : InstrumentCatalogue(form.outside.store).ProtocolList()) {
+        form.ProtocolCodeOfType.push_back(protocol.Code());
+        form.ConCommTypeList.Add(protocol.name);
+        form.ConMeterType.Captions.push_back(protocol.name);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue/instrument_catalogue.h"
 
 #include "catalogue/statements.h"
+#include "runtime/number.h"
 
 namespace commtest {
 
@@ -12,7 +13,17 @@ Text NumberOf(int number) { return FromUtf8(std::to_string(number)); }
 
 }  // namespace
 
-StoreRows InstrumentCatalogue::ProtocolList() const { return store_.Query(PageOf(store_).protocolList); }
+std::int16_t ProtocolRecord::Code() const { return ToWhole16(codeText); }
+
+// Columns of the result: 字段, 宽度.
+std::vector<ProtocolRecord> InstrumentCatalogue::ProtocolList() const {
+    const StoreRows result = store_.Query(PageOf(store_).protocolList);
+    std::vector<ProtocolRecord> protocols;
+    for (std::size_t row = 0; row < result.rows.size(); ++row) {
+        protocols.push_back({Trim(result.At(row, 0)), result.At(row, 1)});
+    }
+    return protocols;
+}
 
 StoreRows InstrumentCatalogue::DataTypeList() const { return store_.Query(PageOf(store_).dataTypeList); }
 

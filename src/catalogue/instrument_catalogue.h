@@ -1,8 +1,20 @@
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "host/store.h"
 
 namespace commtest {
+
+// A protocol of the catalogue.
+struct ProtocolRecord {
+    Text name;      // without the blanks around it
+    Text codeText;  // as the catalogue has it
+
+    // Error 13 if the text is no number, error 6 beyond 16 bits.
+    std::int16_t Code() const;
+};
 
 // A row of 仪表_名称.
 struct InstrumentRecord {
@@ -38,8 +50,8 @@ class InstrumentCatalogue {
   public:
     explicit InstrumentCatalogue(Store& store) : store_(store) {}
 
-    // 字段, 宽度: names and codes of the protocols, in their order.
-    StoreRows ProtocolList() const;
+    // The protocols in their order.
+    std::vector<ProtocolRecord> ProtocolList() const;
     // 字段
     StoreRows DataTypeList() const;
     // *, of one row a grid column: 使用, 列号, 字段, 宽度, 合并, 对齐.

@@ -16,16 +16,6 @@ const Option kFolderOption = {
     u"folder", u"文件夹",
     u"程序文件夹，目录文件 通讯数据.mdb 在其中；默认为程序所在文件夹或用户的数据文件夹"};
 
-namespace {
-
-std::vector<Text> FirstColumn(const StoreRows& result) {
-    std::vector<Text> texts;
-    for (std::size_t row = 0; row < result.rows.size(); ++row) texts.push_back(Trim(result.At(row, 0)));
-    return texts;
-}
-
-}  // namespace
-
 QString ProgramFolderOf(const Arguments& arguments, Console& console) {
     if (arguments.Has(kFolderOption.name)) return arguments.Value(kFolderOption.name);
     try {
@@ -50,11 +40,20 @@ void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
 }
 
 std::vector<Text> ProtocolNames(Store& store) {
-    return FirstColumn(InstrumentCatalogue(store).ProtocolList());
+    std::vector<Text> names;
+    for (const ProtocolRecord& protocol : InstrumentCatalogue(store).ProtocolList()) {
+        names.push_back(protocol.name);
+    }
+    return names;
 }
 
 std::vector<Text> InstrumentNames(Store& store, const Text& protocol) {
-    return FirstColumn(InstrumentCatalogue(store).InstrumentsOfProtocol(protocol));
+    const StoreRows instruments = InstrumentCatalogue(store).InstrumentsOfProtocol(protocol);
+    std::vector<Text> names;
+    for (std::size_t row = 0; row < instruments.rows.size(); ++row) {
+        names.push_back(Trim(instruments.At(row, 0)));
+    }
+    return names;
 }
 
 void RequireKnown(QStringView kind, const Text& name, const std::vector<Text>& known, QStringView listing) {

@@ -17,11 +17,9 @@ Table ProtocolTableOf(Store& store) {
     Table table;
     table.columns = {
         {u"code", u"编号", CellKind::Number}, {u"name", u"协议"}, {u"supported", u"可用", CellKind::YesNo}};
-    const StoreRows protocols = InstrumentCatalogue(store).ProtocolList();
-    for (std::size_t row = 0; row < protocols.rows.size(); ++row) {
-        const Text code = protocols.At(row, 1);
-        const bool isBuilt = Protocols().Of(LeadingWholeNumber(code)).IsBuilt();
-        table.rows.push_back({code, Trim(protocols.At(row, 0)), isBuilt ? u"是" : u"否"});
+    for (const ProtocolRecord& protocol : InstrumentCatalogue(store).ProtocolList()) {
+        const bool isBuilt = Protocols().Of(LeadingWholeNumber(protocol.codeText)).IsBuilt();
+        table.rows.push_back({protocol.codeText, protocol.name, isBuilt ? u"是" : u"否"});
     }
     return table;
 }

@@ -31,7 +31,7 @@ void LoadProtocols(DataTools& tools, const std::vector<ToolProtocol>& protocols)
     tools.DataCrcMode.Captions.assign(kProtocolButtons, Text(kSpareButton));
     for (const ToolProtocol& protocol : protocols) {
         const std::size_t row = tools.ProtocolCodes.size();
-        if (row < kProtocolButtons) tools.DataCrcMode.Captions[row] = Trim(protocol.name);
+        if (row < kProtocolButtons) tools.DataCrcMode.Captions[row] = protocol.name;
         tools.ProtocolCodes.push_back(protocol.code);
     }
 }

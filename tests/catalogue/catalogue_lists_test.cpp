@@ -55,6 +55,16 @@ TEST_F(CatalogueLists, ProtocolsStandInTheOrderOfTheirNumbersWithTrimmedNames) {
     EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11, 31));
 }
 
+TEST_F(CatalogueLists, ProtocolsInFrontOfACodeThatIsNoNumberAreLoaded) {
+    AddSetting(u"协议规定", u"1", u"甲", u"11");
+    AddSetting(u"协议规定", u"2", u"乙", u"x");
+    AddSetting(u"协议规定", u"3", u"丙", u"13");
+    EXPECT_EQ(ErrorOf([&] { LoadProtocolList(form); }), 13);
+    EXPECT_THAT(form.ConCommTypeList.Items(), ElementsAre(u"甲"));
+    EXPECT_THAT(form.ConMeterType.Captions, ElementsAre(u"甲"));
+    EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11));
+}
+
 TEST_F(CatalogueLists, ProtocolsMayBeMoreThanTwelve) {
     for (int i = 1; i <= 20; ++i) {
         AddSetting(u"协议规定", FromUtf8(std::to_string(i)), u"协议", FromUtf8(std::to_string(10 + i)));

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/runtime_error.h"
+#include "support/error_of.h"
 #include "support/sqlite_store.h"
 #include "support/statement_table.h"
 
@@ -11,6 +12,7 @@ namespace commtest {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::ErrorOf;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
@@ -54,6 +56,10 @@ class InstrumentCatalogueTest : public ::testing::Test {
         parameter.lowerLimit = u"-1";
         parameter.upperLimit = u"9";
         catalogue.AddParameter(parameter);
+    }
+
+    void AddProtocol(const Text& number, const Text& name, const Text& code) {
+        store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度"}, {u"协议规定", number, name, code});
     }
 
     void AddChip(const Text& code, const Text& file) {
@@ -226,6 +232,29 @@ TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFro
     AddParameter(2, 2, u"值二", u"0012", u"4");
     EXPECT_THAT(Lines(catalogue.ExportRows()),
                 ElementsAre("值二 40012 4 0 RW -1 9 表二 12000101", "值一 20010 2 0 RW -1 9 表一 11000201"));
+}
+
+TEST_F(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmedNames) {
+    AddProtocol(u"10", u"乙", u"12");
+    AddProtocol(u"9", u" 协议 甲 ", u"31");
+    const std::vector<ProtocolRecord> protocols = catalogue.ProtocolList();
+    ASSERT_THAT(protocols, SizeIs(2));
+    EXPECT_EQ(ToUtf8(protocols[0].name), "协议 甲");
+    EXPECT_EQ(ToUtf8(protocols[0].codeText), "31");
+    EXPECT_EQ(protocols[0].Code(), 31);
+    EXPECT_EQ(ToUtf8(protocols[1].name), "乙");
+    EXPECT_EQ(protocols[1].Code(), 12);
+}
+
+TEST_F(InstrumentCatalogueTest, CodeOfAProtocolThatIsNoShortNumberFailsOnlyWhereItIsAskedFor) {
+    AddProtocol(u"1", u"甲", u"x");
+    AddProtocol(u"2", u"乙", u"32768");
+    store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段"}, {u"协议规定", u"3", u"丙"});
+    const std::vector<ProtocolRecord> protocols = catalogue.ProtocolList();
+    ASSERT_THAT(protocols, SizeIs(3));
+    EXPECT_EQ(ErrorOf([&] { protocols[0].Code(); }), 13);
+    EXPECT_EQ(ErrorOf([&] { protocols[1].Code(); }), 6);
+    EXPECT_EQ(ErrorOf([&] { protocols[2].Code(); }), 13);
 }
 
 TEST_F(InstrumentCatalogueTest, ClassesComeInTheOrderOfTheirNumbers) {

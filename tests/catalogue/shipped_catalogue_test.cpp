@@ -57,23 +57,26 @@ class ShippedCatalogueTest : public ::testing::Test {
 };
 
 TEST_F(ShippedCatalogueTest, HoldsTheFourteenProtocolsInTheirOrder) {
-    EXPECT_THAT(ColumnOf(catalogue.ProtocolList(), 1), ElementsAre("11", "12", "13", "21", "22", "23", "31",
-                                                                   "32", "33", "34", "35", "41", "42", "51"));
-    EXPECT_THAT(ColumnOf(catalogue.ProtocolList(), 0),
-                ElementsAre("TQ仪表协议", "TQ仪表协议-定制累加和", "TQ仪表协议-定制异或和",
-                            "ModBus-Ascii协议", "ModBus-Ascii协议-定制01", "ModBus-Ascii协议-定制02",
-                            "ModBus-RTU协议", "ModBus-RTU协议-定制01", "ModBus-RTU协议-KD700记录仪",
-                            "ModBus-RTU协议-TQ记录仪板卡", "ModBus-RTU协议-标准流量表",
-                            "TQ特殊仪表协议-NOVAX", "TQ特殊仪表协议-HCT615D", "ModBus-RTU协议-M46T"));
+    std::vector<std::string> names;
+    std::vector<int> codes;
+    for (const ProtocolRecord& protocol : catalogue.ProtocolList()) {
+        names.push_back(ToUtf8(protocol.name));
+        codes.push_back(protocol.Code());
+    }
+    EXPECT_THAT(codes, ElementsAre(11, 12, 13, 21, 22, 23, 31, 32, 33, 34, 35, 41, 42, 51));
+    EXPECT_THAT(names, ElementsAre("TQ仪表协议", "TQ仪表协议-定制累加和", "TQ仪表协议-定制异或和",
+                                   "ModBus-Ascii协议", "ModBus-Ascii协议-定制01", "ModBus-Ascii协议-定制02",
+                                   "ModBus-RTU协议", "ModBus-RTU协议-定制01", "ModBus-RTU协议-KD700记录仪",
+                                   "ModBus-RTU协议-TQ记录仪板卡", "ModBus-RTU协议-标准流量表",
+                                   "TQ特殊仪表协议-NOVAX", "TQ特殊仪表协议-HCT615D", "ModBus-RTU协议-M46T"));
 }
 
 TEST_F(ShippedCatalogueTest, EveryProtocolHasAnInstrumentOfItsCode) {
-    const StoreRows protocols = catalogue.ProtocolList();
-    for (std::size_t i = 0; i < protocols.rows.size(); ++i) {
-        const StoreRows instruments = catalogue.InstrumentsOfProtocol(protocols.At(i, 0));
-        ASSERT_FALSE(instruments.rows.empty()) << ToUtf8(protocols.At(i, 0));
+    for (const ProtocolRecord& protocol : catalogue.ProtocolList()) {
+        const StoreRows instruments = catalogue.InstrumentsOfProtocol(protocol.name);
+        ASSERT_FALSE(instruments.rows.empty()) << ToUtf8(protocol.name);
         for (const std::string& code : ColumnOf(instruments, 3)) {
-            EXPECT_EQ(code.substr(0, 2), ToUtf8(protocols.At(i, 1)));
+            EXPECT_EQ(code.substr(0, 2), ToUtf8(protocol.codeText));
         }
     }
 }

@@ -7,12 +7,16 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include "catalogue/catalogue_connection.h"
 #include "cli/command_line_runner.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/qt_store.h"
 
 namespace commtest {
 
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using testing::IsProblem;
 using testing::Outcome;
@@ -38,6 +42,20 @@ TEST(ListVerb, ProtocolsAsJson) {
     EXPECT_EQ(protocols[1].toObject()["code"].toInt(), 12);
     EXPECT_EQ(protocols[1].toObject()["name"].toString().toStdString(), "TQ仪表协议-定制累加和");
     EXPECT_TRUE(protocols[1].toObject()["supported"].toBool());
+}
+
+TEST(ListVerb, ProtocolWhoseCodeIsNoNumberIsListedAllTheSame) {
+    QTemporaryDir folder;
+    RunCommand({"catalogue", "create", folder.path()});
+    QtStore store;
+    store.Open(LocalCatalogue(FolderFiles(folder.path())));
+    store.AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度"}, {u"协议规定", u"99", u" 协议甲 ", u"x"});
+    store.Close();
+    EXPECT_THAT(RunCommand({"list", "protocols", "--format", "csv", "--folder", folder.path()}).results,
+                EndsWith("\n51,ModBus-RTU协议-M46T,是\nx,协议甲,否\n"));
+    EXPECT_THAT(
+        RunCommand({"list", "protocols", "--format", "json", "--folder", folder.path()}).results,
+        EndsWith("\"code\": 0,\n        \"name\": \"协议甲\",\n        \"supported\": false\n    }\n]\n"));
 }
 
 TEST(ListVerb, InstrumentsOfEveryProtocolOrOfOne) {

