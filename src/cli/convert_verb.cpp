@@ -1,7 +1,6 @@
 #include "cli/line_answers.h"
 #include "cli/printable_text.h"
-#include "cli/round_trip.h"
-#include "cli/round_trip_reasons.h"
+#include "cli/round_trip_words.h"
 #include "cli/verb.h"
 #include "numbers/comm_code_explainer.h"
 #include "numbers/float_code_explainers.h"
@@ -9,6 +8,7 @@
 #include "numbers/register_codecs.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "tools/conversion_notes.h"
 
 namespace commtest {
 
@@ -72,7 +72,7 @@ Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Te
     if (isOverflow) return quoted + u"不是有限的数";
     const bool isBcdSign = conversion.format == register_format::kBcd && HasLetterForBcdSign(input);
     return quoted + u"不是" + format + u"能读出的代码" +
-           (isBcdSign ? u"：" + Text(kBcdSignIsLetter) : Text());
+           (isBcdSign ? u"：" + Text(WordsOf(LossReason::BcdSignIsLetter)) : Text());
 }
 
 void ExplainCode(const Text& code, int formatNumber, Text& explanation) {
@@ -111,7 +111,8 @@ Answer Converted(const Conversion& conversion, bool isExplained, const Text& inp
     }
     if (!isExplained) return answer;
     PassOverError([&] { Explain(conversion, input, answer.result, answer.explanation); });
-    answer.notes = RoundTripNotes(conversion, input, answer.result);
+    const ConversionNotes notes = NotesOf(conversion, input, answer.result);
+    answer.notes = WordsOf(notes, conversion, answer.result);
     return answer;
 }
 
