@@ -1,6 +1,5 @@
 #include "protocol_native/read_requests.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "host/clock.h"
@@ -195,7 +194,7 @@ void FindReadableRow(Conversation& talk) {
 void FillFrameEnd(Conversation& talk) {
     constexpr int kEndByte = 3;
     // Q88: a small d.
-    talk.SendText = Left(talk.SendText, std::max(Len(talk.SendText) - kEndByte, 0)) + u" 30 30 0d";
+    talk.SendText = Left(talk.SendText, Len(talk.SendText) - kEndByte) + u" 30 30 0d";
 }
 
 }  // namespace commtest
