@@ -239,6 +239,24 @@ TEST(AsciiReadSeveralRows, StepOfAHalfNeverMeetsAnAddress) {
     EXPECT_EQ(RunBench(21, RowsAt({u"0010", u"0011", u"0012"}, u"3"), u"16").Run(), ":010300100002EA\r\n");
 }
 
+// 2.5 a row, which is 2 in the count but not in the step: rows two apart do not run on, nor do rows three
+// apart.
+TEST(AsciiReadSeveralRows, StepOfTwoAndAHalfMeetsNeitherTwoNorThree) {
+    for (const int code : {21, 23}) {
+        EXPECT_EQ(RunBench(code, RowsAt({u"0010", u"0012", u"0014"}, u"5"), u"16").Run(),
+                  ":010300100002EA\r\n");
+        EXPECT_EQ(RunBench(code, RowsAt({u"0010", u"0013", u"0016"}, u"5"), u"16").Run(),
+                  ":010300100002EA\r\n");
+    }
+}
+
+// Rows two apart do run on where the first one is of 4: 2, then 4.
+TEST(AsciiReadSeveralRows, LengthOfFiveBehindTheFirstRowIsNotLookedAt) {
+    RunBench bench(21, RowsAt({u"0010", u"0012"}, u"5"), u"16");
+    bench.SetCell(kFirstRow, column::kLength, u"4");
+    EXPECT_EQ(bench.Run(), ":010300100004E8\r\n");
+}
+
 TEST(AsciiReadSeveralRows, LengthZeroRunsOnAtTheSameAddress) {
     EXPECT_EQ(RunBench(21, RowsAt({u"0010", u"0010", u"0010"}, u"0"), u"16").Run(), ":010300100000EC\r\n");
 }
