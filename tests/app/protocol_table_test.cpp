@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "protocol_native/read_requests.h"
-#include "protocol_native/reply_parser.h"
+#include "protocol_native/reply_rows.h"
+#include "protocol_native/reply_verdicts.h"
 #include "protocol_native/write_requests.h"
 #include "protocol_special/hct615d_request.h"
 #include "runtime/hex_text.h"
@@ -16,9 +17,9 @@ namespace {
 
 using testing::FormBench;
 
-using EndRule = bool (*)(const MainForm&);
-using AddressForm = void (*)(MainForm&);
-using AddressOfFrame = void (*)(MainForm&, const HexText&);
+using EndRule = bool (*)(const HexText& reply, const HexText& request);
+using AddressForm = void (*)(Conversation&);
+using AddressOfFrame = void (*)(Conversation&, const HexText&);
 
 struct Row {
     int code;
@@ -85,18 +86,22 @@ TEST(ProtocolTable, RowsStandInTheOrderOfTheirCodesABaseNameBeforeItsVariants) {
 
 struct NativeRow {
     int code;
-    void (*buildRead)(MainForm&);
-    void (*buildWrite)(MainForm&);
+    void (*buildRead)(Conversation&, Clock&);
+    void (*buildWrite)(Conversation&, Dialogs&);
+    Verdict (*judge)(const Exchange&);
 };
 
-TEST(ProtocolTable, NativeProtocolsShareAParserAndDifferInTheirBuilders) {
-    for (const NativeRow& expected : {NativeRow{11, BuildTqReadRequest, BuildTqWriteRequest},
-                                      NativeRow{12, BuildTqGroupReadRequest, BuildTqWriteRequestTwo},
-                                      NativeRow{13, BuildTqReadRequest, nullptr}}) {
+TEST(ProtocolTable, NativeProtocolsShareWordsAndDecoderAndDifferInTheirBuildersAndCheckWords) {
+    for (const NativeRow& expected :
+         {NativeRow{11, BuildTqReadRequest, BuildTqWriteRequest, JudgeTqReply},
+          NativeRow{12, BuildTqGroupReadRequest, BuildTqWriteRequestTwo, JudgeTqReplyTwo},
+          NativeRow{13, BuildTqReadRequest, nullptr, JudgeTqReply}}) {
         const Protocol& row = Protocols().Of(expected.code);
         EXPECT_EQ(row.buildRead, expected.buildRead) << expected.code;
         EXPECT_EQ(row.buildWrite, expected.buildWrite) << expected.code;
-        EXPECT_EQ(row.parseReply, ParseTqReply) << expected.code;
+        EXPECT_EQ(row.judge, expected.judge) << expected.code;
+        EXPECT_EQ(row.words, WordsOnTqReply) << expected.code;
+        EXPECT_EQ(row.decode, DecodeTqReplyRows) << expected.code;
     }
 }
 
@@ -106,12 +111,12 @@ TEST(ProtocolTable, OnlyNativeProtocolsContinueOnALineFeed) {
     }
 }
 
-TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndParseNothing) {
+TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndJudgeNothing) {
     for (const int code : {41, 42}) {
         const Protocol& row = Protocols().Of(code);
         EXPECT_EQ(row.buildRead, nullptr) << code;
         EXPECT_EQ(row.buildWrite, nullptr) << code;
-        EXPECT_EQ(row.parseReply, nullptr) << code;
+        EXPECT_EQ(row.judge, nullptr) << code;
         EXPECT_FALSE(row.IsBuilt()) << code;
     }
 }
@@ -122,13 +127,13 @@ TEST(ProtocolTable, NativeAndModbusCodesAreBuiltAndUnknownOnesAreNot) {
     for (const int code : {0, 14, 99}) EXPECT_FALSE(Protocols().Of(code).IsBuilt()) << code;
 }
 
-TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoParserNoMenuAndNoAddress) {
+TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoJudgeNoMenuAndNoAddress) {
     for (const int code : {0, -1, 10, 14, 24, 36, 52, 99}) {
         const Protocol& row = Protocols().Of(code);
         EXPECT_EQ(row.buildRead, &BuildHct615dReadRequest) << code;
         EXPECT_EQ(row.buildWrite, nullptr) << code;
         EXPECT_EQ(row.replyIsComplete, nullptr) << code;
-        EXPECT_EQ(row.parseReply, nullptr) << code;
+        EXPECT_EQ(row.judge, nullptr) << code;
         EXPECT_EQ(row.displayMode, DisplayMode::Unchanged) << code;
         EXPECT_EQ(row.menu, OperationMenu::None) << code;
         EXPECT_EQ(row.composeAddress, nullptr) << code;

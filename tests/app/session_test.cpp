@@ -3,11 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "session/grid_editing.h"
-#include "session/operation_menus.h"
-#include "session/search_panel.h"
-#include "session/toolbar_commands.h"
+#include "commands/list_clicks.h"
+#include "commands/operation_menus.h"
+#include "commands/search_panel.h"
+#include "commands/toolbar_commands.h"
 #include "support/form_bench.h"
+#include "support/missed_feature.h"
 #include "support/native_instrument.h"
 
 namespace commtest {
@@ -17,6 +18,7 @@ using testing::BenchSession;
 using ::testing::ElementsAre;
 using testing::Happen;
 using ::testing::IsEmpty;
+using testing::MissedFeature;
 using testing::NativeBench;
 using ::testing::SizeIs;
 namespace frames = testing::frames;
@@ -140,40 +142,40 @@ TEST(SessionHandlers, RowOfTheInstrumentListChoosesItsInstrument) {
 
 // --- What is not built yet ---
 
-TEST(FeaturesNotBuiltYet, SayTheirNameInTheStatusNote) {
+TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
     using Action = void (*)(MainForm&);
-    const std::pair<Action, std::string> features[] = {
-        {[](MainForm& form) { form.ConSaveData.Set(true); }, "数据采集: 此功能尚未提供"},
-        {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, "数据演示: 此功能尚未提供"},
-        {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, "芯片资料: 此功能尚未提供"},
-        {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, "芯片资料: 此功能尚未提供"},
-        {[](MainForm& form) { ChooseGridMenuEntry(form, 2, 4, 1); }, "演示数据: 此功能尚未提供"},
-        {[](MainForm& form) { FindMeter_Click(form, 1); }, "仪表搜索: 此功能尚未提供"},
-        {[](MainForm& form) { ToolbarMenuCommand(form, u"参数地址确认"); }, "参数地址确认: 此功能尚未提供"},
-        {[](MainForm& form) { ToolbarMenuCommand(form, u"导出当前参数地址表"); },
-         "导出当前参数地址表: 此功能尚未提供"},
-        {[](MainForm& form) { ToolbarMenuCommand(form, u"导出全部参数地址表"); },
-         "导出全部参数地址表: 此功能尚未提供"},
+    const std::pair<Action, Feature> features[] = {
+        {[](MainForm& form) { form.ConSaveData.Set(true); }, Feature::Capture},
+        {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, Feature::Replay},
+        {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, Feature::ChipRecords},
+        {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, Feature::ChipRecords},
+        {[](MainForm& form) { ChooseGridMenuEntry(form, 2, 4, 1); }, Feature::Recordings},
+        {[](MainForm& form) { FindMeter_Click(form, 1); }, Feature::Search},
+        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ReloadParameters); },
+         Feature::ReloadParameters},
+        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportCurrentTable); },
+         Feature::ExportCurrentTable},
+        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportAllTables); },
+         Feature::ExportAllTables},
     };
-    for (const auto& [action, note] : features) {
+    for (const auto& [action, feature] : features) {
         BenchSession bench;
         action(bench.Form());
-        EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), note);
+        EXPECT_EQ(MissedFeature(bench.Form()), feature);
         EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
     }
 }
 
 struct Button {
     int index;
-    std::string note;
+    Feature feature;
 };
 
-TEST(FeaturesNotBuiltYet, OfTheToolbarSayTheirNameInTheStatusNote) {
-    for (const Button& button :
-         {Button{2, "导入地址: 此功能尚未提供"}, Button{9, "特殊地址: 此功能尚未提供"}}) {
+TEST(FeaturesNotBuiltYet, OfTheToolbarAreNamedInTheStatusNote) {
+    for (const Button& button : {Button{2, Feature::Import}, Button{9, Feature::Export}}) {
         BenchSession bench;
         bench.Press(button.index);
-        EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), button.note);
+        EXPECT_EQ(MissedFeature(bench.Form()), button.feature);
     }
 }
 
@@ -184,7 +186,7 @@ TEST(FeaturesNotBuiltYet, SearchIsOverAtItsFirstStep) {
     bench.line.RunUntil(5000);
     EXPECT_THAT(bench.SentFrames(), IsEmpty());
     EXPECT_FALSE(bench.Form().IsRunning());
-    EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), "仪表搜索: 此功能尚未提供");
+    EXPECT_EQ(MissedFeature(bench.Form()), Feature::Search);
 }
 
 // --- One instrument, end to end ---

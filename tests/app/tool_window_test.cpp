@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "session/operation_menus.h"
-#include "session/toolbar_commands.h"
+#include "commands/operation_menus.h"
+#include "commands/toolbar_commands.h"
 #include "support/bench_session.h"
 #include "support/error_of.h"
 #include "support/sqlite_store.h"
@@ -22,7 +22,7 @@ using testing::MakeEmptyCatalogue;
 using testing::ShownBox;
 using ::testing::SizeIs;
 
-void OpenByToolbar(MainForm& form) { ToolbarMenuCommand(form, u"系统小工具"); }
+void OpenByToolbar(MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ToolWindow); }
 
 // A tool over a catalogue of the test's choice.
 struct CatalogueBench {
@@ -117,7 +117,7 @@ TEST(ToolWindowOfASession, IsOpenedByTheToolbar) {
     EXPECT_EQ(bench.Tools().ProtocolCode, 11);
     EXPECT_EQ(ToUtf8(bench.Tools().Caption.Value()), "通讯协议校验码工具 V 1.02.03");
     EXPECT_EQ(ToUtf8(bench.Tools().StatusBar1.Value()), "2024-05-06  12:00:00");
-    EXPECT_EQ(ToUtf8(bench.Form().StatusNote.Value()), "");
+    EXPECT_EQ(bench.Form().StatusNote.Value().kind, Notice::Kind::None);
 }
 
 struct ToolEntry {

@@ -81,9 +81,9 @@ TEST_F(UpdateCheck, UpdaterOfTheProgramFolderStartsAndTheProgramEndsWithItsStore
 TEST_F(UpdateCheck, UpdaterThatCannotBeStartedIsToldWithItsPathAndTheProgramGoesOn) {
     LaunchUpdater(bench.form);
     EXPECT_TRUE(bench.store->IsOpen());
-    EXPECT_THAT(bench.dialogs.Texts(), ElementsAre("更新程序不能启动！"));
-    EXPECT_EQ(ToUtf8(bench.dialogs.Shown[0].detail),
-              "folder/通讯更新.exe 不存在或不能运行。现在继续使用本版本，请联系管理员更新");
+    ASSERT_THAT(bench.dialogs.Shown, SizeIs(1));
+    EXPECT_EQ(bench.dialogs.Shown[0].notice, Notice::Kind::NoUpdater);
+    EXPECT_EQ(bench.dialogs.Shown[0].detail, kUpdater);
 }
 
 // --- The offer ---

@@ -1,9 +1,10 @@
-#include "session/operation_menus.h"
+#include "commands/operation_menus.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/form_bench.h"
+#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::IsEmpty;
+using testing::MissedFeature;
 
 class OperationMenus : public ::testing::Test {
   protected:
@@ -107,6 +109,8 @@ TEST_F(OperationMenus, EntryActsByItsNumberAlsoInTheFlowMetersMenu) {
     for (const Effect& effect : kEffects) {
         SCOPED_TRACE(::testing::Message() << "menu " << effect.menu << " entry " << effect.entry);
         FormBench each;
+        int toolWindows = 0;
+        each.form.ToolWindowWanted = [&] { ++toolWindows; };
         each.form.CommandCode = 77;
         each.form.ParameterGrid().SetCell(8, 6, u"C800");
         each.form.ParameterGrid().Select(8, 6);
@@ -114,7 +118,7 @@ TEST_F(OperationMenus, EntryActsByItsNumberAlsoInTheFlowMetersMenu) {
         EXPECT_EQ(each.form.CommandCode, effect.commandCode == 0 ? 77 : effect.commandCode);
         EXPECT_EQ(each.form.ParameterGrid().Cell(8, 6).empty(), effect.clears);
         EXPECT_EQ(each.form.ConMyCommDriver.Value(), effect.ticksReplay);
-        EXPECT_EQ(each.companions.Calls.size(), effect.opensTools ? 1u : 0u);
+        EXPECT_EQ(toolWindows, effect.opensTools ? 1 : 0);
     }
 }
 
@@ -186,7 +190,7 @@ TEST_F(OperationMenus, EntryOfTheParameterGridIsOfTheProtocolsMenu) {
         ChooseGridMenuEntry(form, 0, choice.entry, 1);
         EXPECT_EQ(form.CommandCode, choice.commandCode) << choice.protocol << ' ' << choice.entry;
     }
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
 }
 
 class ListMenus : public OperationMenus {
@@ -202,29 +206,31 @@ class ListMenus : public OperationMenus {
 
 TEST_F(ListMenus, FirstEntryOfTheInstrumentListShowsTheChipFiles) {
     ChooseGridMenuEntry(form, 1, 1, 4);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("ShowChipFilePanel"));
+    EXPECT_EQ(MissedFeature(form), Feature::ChipRecords);
     EXPECT_THAT(tabs, IsEmpty());
 }
 
 TEST_F(ListMenus, RefreshOfTheInstrumentListShowsItsPageAnew) {
     ChooseGridMenuEntry(form, 1, 3, 4);
     EXPECT_THAT(tabs, ElementsAre(2));
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
 }
 
-TEST_F(ListMenus, EntryOfTheRecordingsGoesOnWithItsNumberAndTheRowUnderThePointer) {
+TEST_F(ListMenus, EntryOfTheRecordingsIsMissedAndLeavesTheCurrentRow) {
     form.MSHFlexGrid1[2].SetSize(9, 4);
     form.MSHFlexGrid1[2].Select(5, 1);
-    for (const int entry : {1, 2, 4, 6}) ChooseGridMenuEntry(form, 2, entry, 7);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("ChangeRecording 1 7", "ChangeRecording 2 7",
-                                                    "ChangeRecording 4 7", "ChangeRecording 6 7"));
+    for (const int entry : {1, 2, 4, 6}) {
+        form.StatusNote.Set({});
+        ChooseGridMenuEntry(form, 2, entry, 7);
+        EXPECT_EQ(MissedFeature(form), Feature::Recordings) << entry;
+    }
     EXPECT_EQ(form.MSHFlexGrid1[2].Row, 5);
 }
 
 TEST_F(ListMenus, SeparatorAndTheChipListChooseNothing) {
     ChooseGridMenuEntry(form, 1, 2, 1);
     for (const int entry : {1, 3}) ChooseGridMenuEntry(form, 3, entry, 1);
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
     EXPECT_THAT(tabs, IsEmpty());
     EXPECT_EQ(form.CommandCode, 77);
 }

@@ -1,17 +1,17 @@
-#include "session/search_panel.h"
+#include "commands/search_panel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "session/toolbar_commands.h"
+#include "commands/toolbar_commands.h"
 #include "support/form_bench.h"
+#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::FormBench;
-using ::testing::IsEmpty;
+using testing::MissedFeature;
 
 class SearchPanel : public ::testing::Test {
   protected:
@@ -31,12 +31,12 @@ TEST_F(SearchPanel, GivingUpHidesItAndARunningSearchGoesOn) {
     EXPECT_TRUE(form.IsRunning());
     EXPECT_EQ(form.CycleStep, 1);
     EXPECT_EQ(form.CommandCode, 1031);
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
 }
 
 TEST_F(SearchPanel, SearchBeginsAndThePanelStays) {
     FindMeter_Click(form, 1);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("FindCommMeter"));
+    EXPECT_EQ(MissedFeature(form), Feature::Search);
     EXPECT_TRUE(form.FindFrame.Visible());
 }
 
@@ -44,12 +44,12 @@ TEST_F(SearchPanel, SearchBeginsInAStoppedSessionWhoseErrorFileStaysOpen) {
     Start();
     bool wasRunning = true;
     std::int16_t step = 1;
-    bench.companions.Called = [&] {
+    form.StatusNote.Change = [&] {
         wasRunning = form.IsRunning();
         step = form.CycleStep;
     };
     FindMeter_Click(form, 1);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("FindCommMeter"));
+    EXPECT_EQ(MissedFeature(form), Feature::Search);
     EXPECT_FALSE(wasRunning);
     EXPECT_EQ(step, 0);
     EXPECT_TRUE(bench.files.ErrorFileIsOpen());
@@ -68,7 +68,7 @@ TEST_F(SearchPanel, HasTwoButtons) {
     for (const int button : {-1, 2}) {
         FindMeter_Click(form, button);
         EXPECT_TRUE(form.FindFrame.Visible()) << button;
-        EXPECT_THAT(bench.companions.Calls, IsEmpty()) << button;
+        EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None) << button;
     }
 }
 

@@ -1,4 +1,4 @@
-#include "app/startup.h"
+#include "commands/startup.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 #include "app/session.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/shipped_catalogue.h"
+#include "commands/toolbar_commands.h"
 #include "session/events.h"
-#include "session/toolbar_commands.h"
 #include "support/fakes.h"
 #include "support/sqlite_store.h"
 #include "support/virtual_line.h"
@@ -285,7 +285,8 @@ TEST_F(StartWithoutACatalogue, WindowOpensWithEmptyListsAndAWordToTheUser) {
     EXPECT_THAT(form.ConCommTypeList.Items(), IsEmpty());
     EXPECT_THAT(form.ConMeterName[0].Items(), IsEmpty());
     EXPECT_THAT(dialogs.Shown, IsEmpty());
-    EXPECT_EQ(ToUtf8(form.StatusNote.Value()), "目录 folder/通讯数据.mdb 不能打开，请恢复该文件后重新启动");
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::NoCatalogue);
+    EXPECT_EQ(ToUtf8(form.StatusNote.Value().detail), "folder/通讯数据.mdb");
     EXPECT_EQ(ToUtf8(form.Caption.Value()), "衡岫TQ系列仪联演示软件(TQ通讯协议) V 1.02.03");
 }
 
@@ -332,7 +333,10 @@ TEST_F(NewerProgram, IsLeftOnNo) {
 TEST_F(NewerProgram, UpdaterThatCannotBeStartedSaysSoAndTheStartGoesOn) {
     program.Programs.clear();
     Start();
-    EXPECT_THAT(dialogs.Texts(), ElementsAre("本软件有一个最新的版本,您需要更新吗？", "更新程序不能启动！"));
+    ASSERT_THAT(dialogs.Shown, SizeIs(2));
+    EXPECT_EQ(ToUtf8(dialogs.Shown[0].text), "本软件有一个最新的版本,您需要更新吗？");
+    EXPECT_EQ(dialogs.Shown[1].notice, Notice::Kind::NoUpdater);
+    EXPECT_EQ(ToUtf8(dialogs.Shown[1].detail), "folder/通讯更新.exe");
     EXPECT_FALSE(program.HasEnded);
     EXPECT_TRUE(form.Activated);
     EXPECT_EQ(Panel(1), "衡岫仪器公司    网络数据库");

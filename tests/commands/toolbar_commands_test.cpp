@@ -1,9 +1,11 @@
-#include "session/toolbar_commands.h"
+#include "commands/toolbar_commands.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "session/events.h"
 #include "support/form_bench.h"
+#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
@@ -11,6 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::IsEmpty;
+using testing::MissedFeature;
 
 class ToolbarCommands : public ::testing::Test {
   protected:
@@ -21,9 +24,9 @@ class ToolbarCommands : public ::testing::Test {
 TEST_F(ToolbarCommands, ImportAsksFirst) {
     bench.dialogs.Answers = {u"no", u"yes"};
     RunToolbarCommand(form, 2);
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
     RunToolbarCommand(form, 2);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("ImportParameterList"));
+    EXPECT_EQ(MissedFeature(form), Feature::Import);
     EXPECT_THAT(bench.dialogs.Texts(),
                 ElementsAre("确定要重新导入仪表的参数地址表吗？", "确定要重新导入仪表的参数地址表吗？"));
     EXPECT_EQ(bench.dialogs.Shown[0].kind, testing::ShownBox::Kind::YesNo);
@@ -37,10 +40,14 @@ TEST_F(ToolbarCommands, SearchFlipsItsPanel) {
     EXPECT_FALSE(form.FindFrame.Visible());
 }
 
-TEST_F(ToolbarCommands, ExportAndLeaveGoToTheFloorsAbove) {
+TEST_F(ToolbarCommands, ExportIsMissed) {
     RunToolbarCommand(form, 9);
-    RunToolbarCommand(form, 11);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("ExportParameterLists", "Leave"));
+    EXPECT_EQ(MissedFeature(form), Feature::Export);
+}
+
+TEST_F(ToolbarCommands, LeavingStoresTheSettingsAndEndsTheProgram) {
+    EXPECT_THROW(RunToolbarCommand(form, 11), ProgramEnds);
+    EXPECT_TRUE(bench.settings.Values.contains(u"SoftSeting"));
 }
 
 TEST_F(ToolbarCommands, OtherButtonsDoNothing) {
@@ -49,28 +56,44 @@ TEST_F(ToolbarCommands, OtherButtonsDoNothing) {
         EXPECT_FALSE(form.IsRunning()) << button;
         EXPECT_FALSE(form.FindFrame.Visible()) << button;
     }
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
     EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
 }
 
-TEST_F(ToolbarCommands, DropDownEntriesGoToTheFloorsAbove) {
-    const std::pair<Text, std::string> entries[] = {{u"导出当前参数地址表", "ExportCurrentTable"},
-                                                    {u"导出全部参数地址表", "ExportAllTables"},
-                                                    {u"系统小工具", "OpenToolWindow"},
-                                                    {u"参数地址确认", "ReloadParameters"}};
-    for (const auto& [caption, call] : entries) {
-        bench.companions.Calls.clear();
-        ToolbarMenuCommand(form, caption);
-        EXPECT_THAT(bench.companions.Calls, ElementsAre(call));
+TEST_F(ToolbarCommands, DropDownEntriesHaveTheirCaptions) {
+    const std::pair<ToolbarEntry, std::string> entries[] = {
+        {ToolbarEntry::ToolWindow, "系统小工具"},
+        {ToolbarEntry::OperationMenu, "指令选择"},
+        {ToolbarEntry::ReloadParameters, "参数地址确认"},
+        {ToolbarEntry::ExportCurrentTable, "导出当前参数地址表"},
+        {ToolbarEntry::ExportAllTables, "导出全部参数地址表"}};
+    for (const auto& [entry, caption] : entries) EXPECT_EQ(ToUtf8(CaptionOf(entry)), caption);
+}
+
+TEST_F(ToolbarCommands, DropDownEntriesThatAreMissedSaySo) {
+    const std::pair<ToolbarEntry, Feature> entries[] = {
+        {ToolbarEntry::ReloadParameters, Feature::ReloadParameters},
+        {ToolbarEntry::ExportCurrentTable, Feature::ExportCurrentTable},
+        {ToolbarEntry::ExportAllTables, Feature::ExportAllTables}};
+    for (const auto& [entry, feature] : entries) {
+        ToolbarMenuCommand(form, entry);
+        EXPECT_EQ(MissedFeature(form), feature) << ToUtf8(CaptionOf(entry));
     }
     EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
 }
 
-TEST_F(ToolbarCommands, OtherCaptionsOfADropDownDoNothing) {
-    for (const Text& caption : {Text(u"指令选择"), Text(u""), Text(u"系统"), Text(u"系统小工具 ")}) {
-        ToolbarMenuCommand(form, caption);
-        EXPECT_THAT(bench.companions.Calls, IsEmpty()) << ToUtf8(caption);
-    }
+TEST_F(ToolbarCommands, EntryOfTheToolWindowAsksForIt) {
+    ToolbarMenuCommand(form, ToolbarEntry::ToolWindow);
+    int wanted = 0;
+    form.ToolWindowWanted = [&] { ++wanted; };
+    ToolbarMenuCommand(form, ToolbarEntry::ToolWindow);
+    EXPECT_EQ(wanted, 1);
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
+}
+
+TEST_F(ToolbarCommands, EntryOfTheOperationsIsLeftToTheView) {
+    ToolbarMenuCommand(form, ToolbarEntry::OperationMenu);
+    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
     EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
     EXPECT_EQ(form.CommandCode, 31);
 }

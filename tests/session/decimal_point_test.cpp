@@ -26,12 +26,12 @@ class DecimalPoint : public ::testing::Test {
     }
 
     std::string Applied(Text value, bool divide) {
-        ApplyDecimalPoint(form, 2, value, divide);
+        ApplyDecimalPoint(grid, 2, value, divide);
         return ToUtf8(value);
     }
 
     int ErrorOfApplying(Text value, bool divide = kReading) {
-        return ErrorOf([&] { ApplyDecimalPoint(form, 2, value, divide); });
+        return ErrorOf([&] { ApplyDecimalPoint(grid, 2, value, divide); });
     }
 
     FormBench bench;

@@ -109,7 +109,8 @@ TEST(PortIsLost, EndsTheSessionAndTellsItOnceWithTheReason) {
     EXPECT_FALSE(bench.files.ErrorFileIsOpen());
     EXPECT_EQ(ToUtf8(form.StatusBar1[1].Value()), "串口设置:  COM1  9600,N,8,1   状态:  关闭");
     bench.line.RunUntil(60000);
-    EXPECT_THAT(bench.dialogs.Texts(), ElementsAre("串口已断开,通讯停止！"));
+    ASSERT_THAT(bench.dialogs.Shown, SizeIs(1));
+    EXPECT_EQ(bench.dialogs.Shown[0].notice, Notice::Kind::PortLost);
     EXPECT_EQ(ToUtf8(bench.dialogs.Shown.front().detail), "COM1 拔出");
     EXPECT_THAT(bench.SentFrames(), SizeIs(1));
     EXPECT_THAT(bench.Record(), HasSubstr("第 1 次"));

@@ -2,24 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include "support/form_bench.h"
-
 namespace commtest {
 namespace {
 
-using testing::FormBench;
-
-struct Ending {
+struct Judged {
     Text reply;
     bool isComplete;
 };
 
-void ExpectEndings(bool (*rule)(const MainForm&), const std::vector<Ending>& endings) {
-    FormBench bench;
-    for (const Ending& ending : endings) {
-        SCOPED_TRACE(ToUtf8(ending.reply));
-        bench.form.ReplyText = ending.reply;
-        EXPECT_EQ(rule(bench.form), ending.isComplete);
+using Rule = bool (*)(const HexText& reply, const HexText& request);
+
+void ExpectEndings(Rule rule, const std::vector<Judged>& replies, const HexText& request = {}) {
+    for (const Judged& judged : replies) {
+        EXPECT_EQ(rule(judged.reply, request), judged.isComplete) << ToUtf8(judged.reply);
     }
 }
 
@@ -63,20 +58,13 @@ TEST(EndsByRtuRule, CountOfAFullReplyIsNotTakenAsNegative) {
 }
 
 TEST(EndsByRtuRule, EchoOfAWriteWithFunction06EndsTheReply) {
-    FormBench bench;
-    bench.form.SendText = u" 01 06 00 10 00 64 88 24";
-    const Ending endings[] = {{u" 01 06 00 10 00 64 88 24", true}, {u" 01 06 00 10 00 65 88 24", false}};
-    for (const Ending& ending : endings) {
-        bench.form.ReplyText = ending.reply;
-        EXPECT_EQ(EndsByRtuRule(bench.form), ending.isComplete) << ToUtf8(ending.reply);
-    }
+    const HexText request = u" 01 06 00 10 00 64 88 24";
+    ExpectEndings(EndsByRtuRule, {{request, true}, {u" 01 06 00 10 00 65 88 24", false}}, request);
 }
 
 TEST(EndsByRtuRule, EchoWithAnotherFunctionDoesNot) {
-    FormBench bench;
-    bench.form.SendText = u" 01 05 00 10 00 64 88 24";
-    bench.form.ReplyText = bench.form.SendText;
-    EXPECT_FALSE(EndsByRtuRule(bench.form));
+    const HexText request = u" 01 05 00 10 00 64 88 24";
+    ExpectEndings(EndsByRtuRule, {{request, false}}, request);
 }
 
 TEST(EndsByRtuRule, Function09EndsWithEightBytes) {

@@ -212,125 +212,17 @@ TEST_F(CellEditing, LossOfFocusOrAScrollHidesTheEditor) {
 
 TEST_F(CellEditing, EditorIsHiddenAtTheStart) { EXPECT_FALSE(form.InputText.Visible()); }
 
-// --- A click on the lists ---
+// --- The wheel ---
 
-class ListClicks : public ::testing::Test {
+class Wheel : public ::testing::Test {
   protected:
-    ListClicks() {
+    Wheel() {
         for (const int grid : {1, 2, 3}) form.MSHFlexGrid1[static_cast<std::size_t>(grid)].SetSize(4, 5);
-        form.ConCommTypeList.Click = [this] {
-            clicks.push_back("protocol " + ToUtf8(form.ConCommTypeList.Value()));
-        };
-        form.ConMeterName[0].Click = [this] {
-            clicks.push_back("instrument " + ToUtf8(form.ConMeterName[0].Value()));
-        };
-        form.SSTab2.Choose(2);
-    }
-
-    void Fill(std::size_t grid, int row, const Text& protocol, const Text& second, const Text& third) {
-        Grid& list = form.MSHFlexGrid1[grid];
-        list.SetCell(row, 1, protocol);
-        list.SetCell(row, 2, second);
-        list.SetCell(row, 3, third);
-        list.Select(row, 2);
     }
 
     FormBench bench;
     MainForm& form = bench.form;
-    std::vector<std::string> clicks;
 };
-
-TEST_F(ListClicks, RowOfTheInstrumentListChoosesProtocolAndInstrument) {
-    Fill(1, 3, u"TQ仪表协议", u"类别", u"仪表甲");
-    MSHFlexGrid1_Click(form, 1);
-    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议", "instrument 仪表甲"));
-    EXPECT_EQ(form.SSTab2.Chosen(), 0);
-    EXPECT_TRUE(form.MSHFlexGrid1[1].Redraw);
-}
-
-TEST_F(ListClicks, WhatIsChosenAlreadyIsNotChosenAgain) {
-    form.ConCommTypeList.Set(u"TQ仪表协议");
-    form.ConMeterName[0].Set(u"仪表甲");
-    Fill(1, 3, u"TQ仪表协议", u"类别", u"仪表甲");
-    MSHFlexGrid1_Click(form, 1);
-    EXPECT_THAT(clicks, IsEmpty());
-    EXPECT_EQ(form.SSTab2.Chosen(), 0);
-    Fill(1, 2, u"TQ仪表协议", u"类别", u"仪表乙");
-    MSHFlexGrid1_Click(form, 1);
-    EXPECT_THAT(clicks, ElementsAre("instrument 仪表乙"));
-}
-
-TEST_F(ListClicks, InstrumentThatItsProtocolBringsFirstIsNotChosenTwice) {
-    form.ConCommTypeList.Click = [this] {
-        clicks.push_back("protocol");
-        form.ConMeterName[0].Set(u"仪表甲");
-    };
-    Fill(1, 1, u"TQ仪表协议", u"类别", u"仪表甲");
-    MSHFlexGrid1_Click(form, 1);
-    EXPECT_THAT(clicks, ElementsAre("protocol"));
-}
-
-TEST_F(ListClicks, RowOfTheRecordingsChoosesItsProtocolAlwaysAndLoadsTheRecording) {
-    form.ConCommTypeList.Set(u"TQ仪表协议");
-    Fill(2, 2, u"TQ仪表协议", u"仪表甲", u"说明");
-    MSHFlexGrid1_Click(form, 2);
-    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议"));
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 2"));
-    EXPECT_EQ(form.SSTab2.Chosen(), 0);
-}
-
-TEST_F(ListClicks, RowOfTheChipListShowsItsRecord) {
-    form.MSHFlexGrid1[3].Select(3, 1);
-    MSHFlexGrid1_Click(form, 3);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("ShowChipRecord 3"));
-    EXPECT_EQ(form.SSTab2.Chosen(), 2);
-}
-
-// --- A double click on the lists ---
-
-TEST_F(ListClicks, DoubleClickOnTheInstrumentListChoosesAgainWhatIsChosenAndTakesTheFocus) {
-    form.ConMeterName[0].Click = [this] {
-        clicks.push_back("instrument " + ToUtf8(form.ConMeterName[0].Value()));
-        form.Focus.Ask(FocusWish::Target::ParameterGrid);
-    };
-    form.ConCommTypeList.Set(u"TQ仪表协议");
-    form.ConMeterName[0].Set(u"仪表甲");
-    Fill(1, 3, u"TQ仪表协议", u"类别", u"仪表甲");
-    MSHFlexGrid1_DblClick(form, 1);
-    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议", "instrument 仪表甲"));
-    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::CatalogueGrid);
-    EXPECT_EQ(form.SSTab2.Chosen(), 2);
-}
-
-TEST_F(ListClicks, DoubleClickChoosesTheRowsInstrumentWhateverItsProtocolBrought) {
-    form.ConCommTypeList.Click = [this] { form.ConMeterName[0].Set(u"仪表甲"); };
-    Fill(1, 1, u"TQ仪表协议", u"类别", u"仪表乙");
-    MSHFlexGrid1_DblClick(form, 1);
-    EXPECT_THAT(clicks, ElementsAre("instrument 仪表乙"));
-}
-
-TEST_F(ListClicks, DoubleClickOnTheRecordingsLoadsTheRecordingAgain) {
-    form.ConCommTypeList.Set(u"TQ仪表协议");
-    Fill(2, 2, u"TQ仪表协议", u"仪表甲", u"说明");
-    MSHFlexGrid1_DblClick(form, 2);
-    EXPECT_THAT(clicks, ElementsAre("protocol TQ仪表协议"));
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 2"));
-    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::None);
-    EXPECT_EQ(form.SSTab2.Chosen(), 2);
-}
-
-TEST_F(ListClicks, DoubleClickOnAnotherGridDoesNothing) {
-    form.ParameterGrid().SetCell(1, 4, u"RW");
-    form.ParameterGrid().Select(1, 10);
-    for (const int grid : {0, 3}) MSHFlexGrid1_DblClick(form, grid);
-    EXPECT_THAT(clicks, IsEmpty());
-    EXPECT_THAT(bench.companions.Calls, IsEmpty());
-    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
-    EXPECT_FALSE(form.InputText.Visible());
-    EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::None);
-}
-
-// --- The wheel ---
 
 struct WheelStep {
     int topRow;
@@ -338,7 +230,7 @@ struct WheelStep {
     int after;
 };
 
-TEST_F(ListClicks, WheelMovesAGridByOneRowBetweenTheFirstAndTheLast) {
+TEST_F(Wheel, WheelMovesAGridByOneRowBetweenTheFirstAndTheLast) {
     const WheelStep steps[] = {{1, -120, 2}, {2, -1, 3}, {1, 0, 2},   {3, -120, 3}, {3, 0, 3},
                                {3, 120, 2},  {3, 1, 2},  {2, 240, 1}, {1, 1, 1},    {1, 120, 1}};
     for (const int grid : {1, 2, 3}) {
@@ -351,7 +243,7 @@ TEST_F(ListClicks, WheelMovesAGridByOneRowBetweenTheFirstAndTheLast) {
     }
 }
 
-TEST_F(ListClicks, WheelMovesItsOwnGridAlone) {
+TEST_F(Wheel, WheelMovesItsOwnGridAlone) {
     const auto topRows = [this] {
         std::vector<int> rows;
         for (const Grid& grid : form.MSHFlexGrid1) rows.push_back(grid.TopRow);
@@ -363,12 +255,12 @@ TEST_F(ListClicks, WheelMovesItsOwnGridAlone) {
     EXPECT_THAT(topRows(), ElementsAre(2, 1, 2, 1));
 }
 
-TEST_F(ListClicks, WheelReachesTheLastRowOfTheParameterGrid) {
+TEST_F(Wheel, WheelReachesTheLastRowOfTheParameterGrid) {
     for (int step = 1; step <= 20; ++step) Obj_MouseWheel(form, 0, -120);
     EXPECT_EQ(form.ParameterGrid().TopRow, 14);
 }
 
-TEST_F(ListClicks, WheelLeavesAGridWithoutRowsAtItsFirst) {
+TEST_F(Wheel, WheelLeavesAGridWithoutRowsAtItsFirst) {
     form.MSHFlexGrid1[1].SetSize(0, 0);
     form.MSHFlexGrid1[2].SetSize(1, 5);
     for (const int grid : {1, 2}) {
@@ -377,7 +269,7 @@ TEST_F(ListClicks, WheelLeavesAGridWithoutRowsAtItsFirst) {
     }
 }
 
-TEST_F(ListClicks, WheelHidesTheEditorAlsoWhereTheGridCannotMove) {
+TEST_F(Wheel, WheelHidesTheEditorAlsoWhereTheGridCannotMove) {
     for (const int grid : {0, 1, 2, 3}) {
         form.InputText.SetVisible(true);
         Obj_MouseWheel(form, grid, 120);

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "commands/operation_menus.h"
 #include "session/events.h"
 #include "session/grid_editing.h"
-#include "session/operation_menus.h"
 #include "support/error_of.h"
 #include "support/form_bench.h"
 #include "support/native_instrument.h"
@@ -467,29 +467,21 @@ TEST_F(PollingCycle, TickIsOffWhileAMessageOfItStands) {
 
 // --- The protocol's routines ---
 
-ProtocolTable WithOneProtocol(const Protocol& protocol) {
-    ProtocolTable table;
-    table.rows = {protocol};
-    return table;
-}
-
 TEST_F(PollingCycle, TimerIsOffWhileTheTickRuns) {
-    Protocol protocol;
-    protocol.code = 11;
-    protocol.buildRead = [](MainForm& f) { f.SendText = f.Timer1[1].Enabled() ? u" 01" : u" 00"; };
-    FormBench each(WithOneProtocol(protocol));
-    each.form.ProtocolCode = 11;
-    each.form.SetRunning(true);
-    each.form.CycleStep = 1;
-    each.form.Timer1[1].SetEnabled(true);
-    TimerTicks(each.form, 1);
-    EXPECT_EQ(ToUtf8(each.form.SendText), " 00");
-    EXPECT_TRUE(each.form.Timer1[1].Enabled());
+    std::vector<bool> states;
+    bench.line.Answer = [&](const std::string&) {
+        states.push_back(form.PollTimer().Enabled());
+        return std::vector<testing::Arrival>();
+    };
+    bench.Start();
+    bench.line.RunUntil(300);
+    EXPECT_THAT(states, ElementsAre(false));
+    EXPECT_TRUE(form.PollTimer().Enabled());
 }
 
 TEST_F(PollingCycle, CodeWithoutARowReadsWithTheDefaultRow) {
     ProtocolTable table;
-    table.defaultRow.buildRead = [](MainForm& f) { f.SendText = u" 2A"; };
+    table.defaultRow.buildRead = [](Conversation& talk, Clock&) { talk.SendText = u" 2A"; };
     FormBench each(table);
     each.form.ProtocolCode = 99;
     BuildReadRequest(each.form);
@@ -695,38 +687,6 @@ TEST_F(PollingCycle, HundredThatOverflowsTheCommandCodeStartsNothing) {
     each.form.CommandCode = 2147483600;
     EXPECT_EQ(ErrorOf([&] { BuildWriteRequest(each.form); }), 6);
     EXPECT_FALSE(each.form.IsRunning());
-}
-
-// --- The short way out ---
-
-TEST_F(PollingCycle, ShortWayOutIdlesTheCycleAndLeavesTheErrorFileOpen) {
-    bench.Start();
-    bench.line.RunUntil(300);
-    StopInShortWay(form);
-    EXPECT_EQ(ToUtf8(form.StartStopCaption()), "开始通讯");
-    EXPECT_EQ(form.CycleStep, 0);
-    EXPECT_TRUE(bench.files.ErrorFileIsOpen());
-    EXPECT_FALSE(form.ClearFileCommand[0].Enabled());
-    EXPECT_FALSE(form.ClearFileCommand[1].Enabled());
-}
-
-TEST_F(PollingCycle, ShortWayOutLeavesThePortToTheNextTick) {
-    bench.Start();
-    bench.line.RunUntil(300);
-    StopInShortWay(form);
-    EXPECT_TRUE(bench.line.PortOpen());
-    EXPECT_TRUE(form.Timer1[1].Enabled());
-    bench.line.RunUntil(600);
-    EXPECT_FALSE(bench.line.PortOpen());
-    EXPECT_FALSE(form.Timer1[1].Enabled());
-    EXPECT_THAT(bench.SentFrames(), SizeIs(1));
-}
-
-TEST_F(PollingCycle, ShortWayOutOfAStoppedSessionLeavesTheStepOfTheCycle) {
-    form.CycleStep = 3;
-    StopInShortWay(form);
-    EXPECT_EQ(form.CycleStep, 3);
-    EXPECT_FALSE(form.IsRunning());
 }
 
 // --- Timer 0 ---

@@ -1,4 +1,4 @@
-#include "controls/record_pane.h"
+#include "session/record_pane.h"
 
 #include <gtest/gtest.h>
 
@@ -10,25 +10,25 @@ namespace {
 
 TEST(RecordPane, NewestBlockStandsOnTop) {
     RecordPane pane;
-    pane.PutOnTop(u"first\r\n");
-    pane.PutOnTop(u"second\r\n");
+    pane.PutOnTop({u"first\r\n"});
+    pane.PutOnTop({u"second\r\n"});
     EXPECT_EQ(ToUtf8(pane.WholeText()), "second\r\nfirst\r\n");
     ASSERT_EQ(pane.Blocks().size(), 2U);
-    EXPECT_EQ(ToUtf8(pane.Blocks().front()), "second\r\n");
+    EXPECT_EQ(ToUtf8(pane.Blocks().front().text), "second\r\n");
 }
 
 TEST(RecordPane, EachBlockIsHeardOfOnce) {
     RecordPane pane;
     std::vector<std::string> heard;
-    pane.BlockFinished = [&](const Text& block) { heard.push_back(ToUtf8(block)); };
-    pane.PutOnTop(u"a");
-    pane.PutOnTop(u"b");
+    pane.BlockFinished = [&](const RecordBlock& block) { heard.push_back(ToUtf8(block.text)); };
+    pane.PutOnTop({u"a"});
+    pane.PutOnTop({u"b"});
     EXPECT_EQ(heard, (std::vector<std::string>{"a", "b"}));
 }
 
 TEST(RecordPane, ClearTakesAllBlocksAndBeginsANewEpoch) {
     RecordPane pane;
-    pane.PutOnTop(u"a");
+    pane.PutOnTop({u"a"});
     const auto epoch = pane.Epoch();
     pane.Clear();
     EXPECT_EQ(ToUtf8(pane.WholeText()), "");
@@ -40,7 +40,7 @@ TEST(RecordPane, BlockOnTopStaysInTheEpoch) {
     RecordPane pane;
     const auto epoch = pane.Epoch();
     const auto generation = pane.Generation();
-    pane.PutOnTop(u"a");
+    pane.PutOnTop({u"a"});
     EXPECT_EQ(pane.Epoch(), epoch);
     EXPECT_NE(pane.Generation(), generation);
 }
@@ -48,8 +48,8 @@ TEST(RecordPane, BlockOnTopStaysInTheEpoch) {
 TEST(RecordPane, ReplacedTextIsTheOnlyBlockAndIsNotHeardOf) {
     RecordPane pane;
     int heard = 0;
-    pane.PutOnTop(u"a");
-    pane.BlockFinished = [&](const Text&) { ++heard; };
+    pane.PutOnTop({u"a"});
+    pane.BlockFinished = [&](const RecordBlock&) { ++heard; };
     const auto epoch = pane.Epoch();
     pane.Replace(u"b");
     EXPECT_EQ(ToUtf8(pane.WholeText()), "b");
@@ -59,7 +59,7 @@ TEST(RecordPane, ReplacedTextIsTheOnlyBlockAndIsNotHeardOf) {
 
 TEST(RecordPane, ReplacingWithNothingLeavesNoBlock) {
     RecordPane pane;
-    pane.PutOnTop(u"a");
+    pane.PutOnTop({u"a"});
     pane.Replace(u"");
     EXPECT_TRUE(pane.Blocks().empty());
 }
@@ -67,10 +67,10 @@ TEST(RecordPane, ReplacingWithNothingLeavesNoBlock) {
 // Blocks keep their place: what stands below is neither joined nor copied when one is put on top.
 TEST(RecordPane, BlockBelowIsNotTouchedByOneOnTop) {
     RecordPane pane;
-    pane.PutOnTop(Text(1000, u'a'));
-    const char16_t* const place = pane.Blocks().back().data();
-    for (int i = 0; i < 1000; ++i) pane.PutOnTop(u"b");
-    EXPECT_EQ(pane.Blocks().back().data(), place);
+    pane.PutOnTop({Text(1000, u'a')});
+    const char16_t* const place = pane.Blocks().back().text.data();
+    for (int i = 0; i < 1000; ++i) pane.PutOnTop({u"b"});
+    EXPECT_EQ(pane.Blocks().back().text.data(), place);
     EXPECT_EQ(pane.Blocks().size(), 1001U);
 }
 

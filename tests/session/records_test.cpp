@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/code_page.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 #include "support/error_of.h"
 #include "support/form_bench.h"
 #include "support/native_instrument.h"
@@ -162,7 +162,7 @@ TEST(ClearFileCommand_Click, ShowsTheErrorFileOnlyWhileStopped) {
     for (const bool isRunning : {false, true}) {
         FormBench bench;
         bench.files.ErrorFile = "records";
-        bench.form.RichTextBox2.PutOnTop(u"older view");
+        bench.form.RichTextBox2.PutOnTop({u"older view"});
         bench.form.SetRunning(isRunning);
         ClearFileCommand_Click(bench.form, 1);
         EXPECT_EQ(ToUtf8(bench.form.RichTextBox2.WholeText()), isRunning ? "older view" : "records");
@@ -195,8 +195,8 @@ TEST(SaveRecord, NamesTheFileByTheMomentAndTheLaterOnesOfASecondByTheirTurn) {
 
 TEST(SaveRecord, SavesTheNewestBlockFirst) {
     FormBench bench;
-    bench.form.ConCommString[1].PutOnTop(u"older;");
-    bench.form.ConCommString[1].PutOnTop(u"newer;");
+    bench.form.ConCommString[1].PutOnTop({u"older;"});
+    bench.form.ConCommString[1].PutOnTop({u"newer;"});
     SaveRecord(bench.form);
     EXPECT_EQ(ToUtf8(bench.files.SavedRecords.at(0).second), "newer;older;");
 }
@@ -221,8 +221,8 @@ TEST(RecordOfASession, HasTheNewestExchangeOnTop) {
 
 TEST(ConCommString_Click, EmptiesTheRecordOnly) {
     FormBench bench;
-    bench.form.ConCommString[0].PutOnTop(u"conversion");
-    bench.form.ConCommString[1].PutOnTop(u"record");
+    bench.form.ConCommString[0].PutOnTop({u"conversion"});
+    bench.form.ConCommString[1].PutOnTop({u"record"});
     ConCommString_Click(bench.form, 0);
     EXPECT_EQ(ToUtf8(bench.form.ConCommString[0].WholeText()), "conversion");
     EXPECT_EQ(ToUtf8(bench.form.ConCommString[1].WholeText()), "record");

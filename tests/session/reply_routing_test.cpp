@@ -43,24 +43,27 @@ TEST(RouteReply, ReadsTheProtocolAnewFromTheInstrumentCode) {
     }
 }
 
-TEST(RouteReply, HandsTheReplyToTheParserOfTheInstrumentNotOfTheCodeBefore) {
+TEST(RouteReply, HandsTheReplyToTheProtocolOfTheInstrumentNotOfTheCodeBefore) {
     Protocol instrument;
     instrument.code = 31;
-    instrument.parseReply = [](MainForm& form) { form.LogLine = u"parsed: " + form.ReplyText; };
-    Protocol before;
+    instrument.judge = [](const Exchange&) { return Verdict(); };
+    instrument.words = [](const Exchange& exchange, const Verdict&, const Texts&) {
+        return u"judged: " + exchange.reply;
+    };
+    Protocol before = instrument;
     before.code = 11;
-    before.parseReply = [](MainForm& form) { form.LogLine = u"wrong parser"; };
+    before.words = [](const Exchange&, const Verdict&, const Texts&) { return Text(u"wrong protocol"); };
     ProtocolTable table;
     table.rows = {before, instrument};
     FormBench bench(table);
     bench.form.ProtocolCode = 11;
     bench.form.MeterCodeText = u"3101";
-    bench.form.ReplyText = u" 01 03";
+    bench.form.ReplyText = u" 41 42";
     RouteReply(bench.form);
-    EXPECT_EQ(ToUtf8(bench.form.LogLine), "parsed:  01 03");
+    EXPECT_EQ(ToUtf8(bench.form.LogLine), "AB\r\njudged:  41 42");
 }
 
-TEST(RouteReply, WithoutAParserKeepsTheReplyAndRefreshesTheStatistics) {
+TEST(RouteReply, WithoutAJudgeKeepsTheReplyAndRefreshesTheStatistics) {
     for (const Text& code : {Text(u"2300"), Text(u"0"), Text(u"")}) {
         FormBench bench;
         bench.form.MeterCodeText = code;
@@ -104,7 +107,7 @@ TEST(RouteReply, ReplyIsASearchHitWithCommandCodes1001To9999) {
     }
 }
 
-TEST(RouteReply, SearchHitIsRecordedOnTopBehindTheParser) {
+TEST(RouteReply, SearchHitIsRecordedOnTopBehindTheReply) {
     NativeBench bench;
     bench.Form().CommandCode = 1031;
     bench.Form().CycleStep = 1;

@@ -302,21 +302,13 @@ TEST_F(ReceivingBytes, EventCountThatOverflowsEndsTheEventWithTheTickOff) {
     EXPECT_FALSE(form.Timer1[1].Enabled());
 }
 
-TEST_F(ReceivingBytes, TickIsOffWhileTheReplyIsParsed) {
-    Protocol protocol;
-    protocol.code = 11;
-    protocol.replyIsComplete = [](const MainForm&) { return true; };
-    protocol.parseReply = [](MainForm& f) { f.LogLine = f.Timer1[1].Enabled() ? u"on" : u"off"; };
-    ProtocolTable table;
-    table.rows = {protocol};
-    FormBench each(table);
-    each.form.ProtocolCode = 11;
-    each.form.MeterCodeText = u"11";
-    each.form.Timer1[1].SetEnabled(true);
-    each.line.SetPortOpen(true);
-    each.line.Arrives("@");
-    EXPECT_EQ(ToUtf8(each.form.LogLine), "off");
-    EXPECT_TRUE(each.form.Timer1[1].Enabled());
+TEST_F(ReceivingBytes, TickIsOffWhileTheReplyIsTaken) {
+    std::vector<bool> states;
+    form.Record().BlockFinished = [&](const RecordBlock&) { states.push_back(form.PollTimer().Enabled()); };
+    form.PollTimer().SetEnabled(true);
+    Arrives(frames::kDynamicReply);
+    EXPECT_THAT(states, ElementsAre(false));
+    EXPECT_TRUE(form.PollTimer().Enabled());
 }
 
 // --- Judging a reply ---
@@ -363,8 +355,11 @@ TEST_F(ReceivingBytes, ChatterBehindTheEndIsTakenAsANewReply) {
 TEST_F(ReceivingBytes, LineFeedMakesAPartOnlyInProtocolsThatContinue) {
     Protocol protocol;
     protocol.code = 21;
-    protocol.replyIsComplete = [](const MainForm&) { return true; };
-    protocol.parseReply = [](MainForm& f) { f.LogLine = f.CycleStep == 7 ? u"a part" : u"whole"; };
+    protocol.replyIsComplete = [](const HexText&, const HexText&) { return true; };
+    protocol.judge = [](const Exchange&) { return Verdict(); };
+    protocol.words = [](const Exchange& exchange, const Verdict&, const Texts&) -> Text {
+        return exchange.ending == Ending::Continued ? u"a part" : u"whole";
+    };
     for (const bool continues : {true, false}) {
         protocol.continuesOnLineFeed = continues;
         ProtocolTable table;
@@ -374,7 +369,7 @@ TEST_F(ReceivingBytes, LineFeedMakesAPartOnlyInProtocolsThatContinue) {
         each.form.MeterCodeText = u"21";
         each.line.SetPortOpen(true);
         each.line.Arrives("\x0A");
-        EXPECT_EQ(ToUtf8(each.form.LogLine), continues ? "a part" : "whole");
+        EXPECT_EQ(ToUtf8(each.form.LogLine), continues ? "\\0A\r\na part" : "\\0A\r\nwhole");
     }
 }
 
@@ -395,7 +390,7 @@ TEST_F(ReceivingBytes, FrameWithoutAReplyIsNotListed) {
     EXPECT_THAT(form.ConSendOutString[0].Items(), IsEmpty());
 }
 
-TEST_F(ReceivingBytes, CaptureSeesTheReplyBeforeTheParser) {
+TEST_F(ReceivingBytes, CaptureSeesTheReplyBeforeItIsTaken) {
     for (const bool captures : {true, false}) {
         FormBench each;
         each.form.ProtocolCode = 11;
@@ -488,7 +483,7 @@ TEST_F(FiftiethFrame, EmptiesTheRecordBelowCommandCode1000) {
         each.form.ProtocolCode = 11;
         each.form.SendCount = row.sendCount;
         each.form.CommandCode = row.commandCode;
-        each.form.ConCommString[1].PutOnTop(u"older");
+        each.form.ConCommString[1].PutOnTop({u"older"});
         each.line.SetPortOpen(true);
         each.line.Arrives("@\r");
         EXPECT_EQ(each.form.ConCommString[1].Blocks().empty(), row.clears);
@@ -530,7 +525,7 @@ TEST_F(FiftiethFrame, CanBeAContinueByte) {
 }
 
 TEST_F(FiftiethFrame, ThatTimesOutKeepsTheRecord) {
-    form.ConCommString[1].PutOnTop(u"older");
+    form.ConCommString[1].PutOnTop({u"older"});
     form.SendCount = 49;
     bench.Start();
     bench.line.RunUntil(1500);

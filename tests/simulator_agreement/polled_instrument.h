@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "commands/toolbar_commands.h"
 #include "runtime/number.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 #include "simulator/bus.h"
 #include "support/bench_session.h"
 
