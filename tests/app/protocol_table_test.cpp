@@ -10,6 +10,7 @@
 #include "runtime/hex_text.h"
 #include "session/address.h"
 #include "session/frame_end.h"
+#include "support/bench_session.h"
 #include "support/form_bench.h"
 
 namespace commtest {
@@ -138,6 +139,17 @@ TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoJudgeNoMenuAndNo
         EXPECT_EQ(row.menu, OperationMenu::None) << code;
         EXPECT_EQ(row.composeAddress, nullptr) << code;
     }
+}
+
+// An instrument without parameters leaves the code 0 behind its first reply.
+TEST(ProtocolTable, UnknownCodePollsWithTheRequestOfCode42) {
+    testing::BenchSession bench;
+    bench.Form().ProtocolCode = 0;
+    bench.Form().AddressText = u"01";
+    bench.Press(4);
+    bench.line.RunUntil(300);
+    ASSERT_EQ(bench.SentFrames().size(), 1U);
+    EXPECT_EQ(bench.SentFrames()[0], "AA AA AA AA AA AA AA 07 02 01 01 00 0B 05");
 }
 
 struct CheckWord {

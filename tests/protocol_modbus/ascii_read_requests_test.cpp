@@ -2,19 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/ascii_bench.h"
+#include "protocol_modbus/ascii_talk_bench.h"
 #include "session/grid_rows.h"
-#include "session/polling_cycle.h"
 #include "support/error_of.h"
 
 namespace commtest {
 namespace {
 
-using testing::AsciiBench;
+using testing::AsciiTalkBench;
 using testing::ErrorOf;
-using testing::kFirstRow;
 using testing::TestParameter;
 
+constexpr std::int16_t kFirstRow = AsciiTalkBench::kFirstRow;
 constexpr std::int32_t kSingle = command::kReadRowByRow;
 constexpr std::int32_t kMulti = command::kReadSeveralRows;
 
@@ -31,7 +30,7 @@ std::vector<TestParameter> FiveRows(const Text& length = u"2") {
 
 std::string FrameOfRow(int code, const Text& address, const Text& length,
                        std::int32_t commandCode = kSingle) {
-    AsciiBench bench(code, RowsAt({address}, length));
+    AsciiTalkBench bench(code, RowsAt({address}, length));
     return bench.PollFrom(kFirstRow, commandCode);
 }
 
@@ -48,9 +47,9 @@ TEST(AsciiRead, SingleReadOfEachCodeByteByByte) {
                         {22, u"5", " 3A 30 31 30 33 31 30 30 31 37 41 0D 0A"},
                         {23, u"2", " 3A 30 31 30 33 30 31 31 30 45 42 0D 0A"}};
     for (const Row& row : rows) {
-        AsciiBench bench(row.code, RowsAt({u"0010"}, row.length));
+        AsciiTalkBench bench(row.code, RowsAt({u"0010"}, row.length));
         bench.PollFrom(kFirstRow, kSingle);
-        EXPECT_EQ(ToUtf8(bench.Form().SendText), row.frame) << row.code;
+        EXPECT_EQ(ToUtf8(bench.Talk().SendText), row.frame) << row.code;
     }
 }
 
@@ -97,14 +96,14 @@ TEST(AsciiReadCustom02, SingleReadIsAFixedFrameWhateverTheRowSays) {
 }
 
 TEST(AsciiRead, FrameCarriesTheAddressOfTheInstrument) {
-    AsciiBench bench(21, FiveRows());
-    bench.Form().AddressText = u"0A";
+    AsciiTalkBench bench(21, FiveRows());
+    bench.Talk().AddressText = u"0A";
     EXPECT_EQ(bench.PollFrom(kFirstRow, kSingle), ":0A0300100001E2\r\n");
 }
 
 TEST(AsciiRead, CheckWordOfASumOf256HasThreeDigits) {
-    AsciiBench bench(21, FiveRows());
-    bench.Form().AddressText = u"EC";
+    AsciiTalkBench bench(21, FiveRows());
+    bench.Talk().AddressText = u"EC";
     EXPECT_EQ(bench.PollFrom(kFirstRow, kSingle), ":EC0300100001100\r\n");
 }
 
@@ -121,13 +120,13 @@ TEST(AsciiRead, CommandsThatReadASingleRow) {
 TEST(AsciiRead, OtherCommandsLeaveTheFormerFrameAndTheGrid) {
     for (const int code : {21, 22, 23}) {
         for (const std::int32_t commandCode : {-1, 51, 59, 61, 70, 80, 90, 91, 100}) {
-            AsciiBench bench(code, FiveRows());
-            bench.Form().SendText = u" 41";
+            AsciiTalkBench bench(code, FiveRows());
+            bench.Talk().SendText = u" 41";
             bench.SetCell(kFirstRow, column::kSingleRead, u"0064");
             bench.PollFrom(3, commandCode);
-            EXPECT_EQ(ToUtf8(bench.Form().SendText), " 41") << commandCode;
-            EXPECT_EQ(bench.Form().CommandCode, commandCode);
-            EXPECT_EQ(bench.Form().CurrentRow, 3);
+            EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 41") << commandCode;
+            EXPECT_EQ(bench.Talk().CommandCode, commandCode);
+            EXPECT_EQ(bench.Talk().CurrentRow, 3);
             EXPECT_EQ(bench.Cell(kFirstRow, column::kSingleRead), "0064");
         }
     }
@@ -137,11 +136,11 @@ TEST(AsciiRead, WaitingWriteGoesOutAndItsHundredsAreTakenOff) {
     for (const int code : {21, 22, 23}) {
         const std::pair<int, int> codes[] = {{160, 60}, {131, 31}, {150, 50}, {260, 60}, {101, 1}, {1000, 0}};
         for (const auto& [waiting, plain] : codes) {
-            AsciiBench bench(code, FiveRows());
-            bench.Form().SendText = u" 41";
+            AsciiTalkBench bench(code, FiveRows());
+            bench.Talk().SendText = u" 41";
             bench.PollFrom(3, waiting);
-            EXPECT_EQ(ToUtf8(bench.Form().SendText), " 41") << waiting;
-            EXPECT_EQ(bench.Form().CommandCode, plain);
+            EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 41") << waiting;
+            EXPECT_EQ(bench.Talk().CommandCode, plain);
         }
     }
 }
@@ -152,16 +151,16 @@ TEST(AsciiRead, RowOutsideTheParametersBecomesRow6) {
     for (const int code : {21, 22, 23}) {
         for (const std::int32_t commandCode : {kSingle, kMulti}) {
             for (const std::int16_t row : std::vector<std::int16_t>{0, 5, -1, 500}) {
-                AsciiBench bench(code, FiveRows());
+                AsciiTalkBench bench(code, FiveRows());
                 bench.PollFrom(row, commandCode);
-                EXPECT_EQ(bench.Form().CurrentRow, 6);
+                EXPECT_EQ(bench.Talk().CurrentRow, 6);
             }
         }
     }
 }
 
 TEST(AsciiRead, LastRowIsInsideAndTheRowBehindItIsNot) {
-    AsciiBench bench(21, FiveRows());
+    AsciiTalkBench bench(21, FiveRows());
     const auto last = static_cast<std::int16_t>(bench.Rows().Rows() - 1);
     bench.SetCell(last, column::kAddress, u"0077");
     bench.SetCell(last, column::kLength, u"2");
@@ -172,7 +171,7 @@ TEST(AsciiRead, LastRowIsInsideAndTheRowBehindItIsNot) {
 TEST(AsciiRead, RawValueOfTheRowIsEmptiedAndThoseOfTheOthersStay) {
     for (const int code : {21, 22, 23}) {
         for (const std::int32_t commandCode : {kSingle, kMulti}) {
-            AsciiBench bench(code, FiveRows());
+            AsciiTalkBench bench(code, FiveRows());
             for (const int row : {6, 7, 8}) bench.SetCell(row, column::kSingleRead, u"0064");
             bench.SetCell(7, column::kGroupRead, u"0064");
             bench.PollFrom(7, commandCode);
@@ -186,9 +185,10 @@ TEST(AsciiRead, RawValueOfTheRowIsEmptiedAndThoseOfTheOthersStay) {
 
 // --- Several rows ---
 
-struct RunBench : AsciiBench {
-    RunBench(int code, const std::vector<TestParameter>& rows, const Text& limit) : AsciiBench(code, rows) {
-        Form().ConDataNub.Set(limit);
+struct RunBench : AsciiTalkBench {
+    RunBench(int code, const std::vector<TestParameter>& rows, const Text& limit)
+        : AsciiTalkBench(code, rows) {
+        Talk().ConDataNub.Set(limit);
     }
     std::string Run(std::int16_t row = kFirstRow) { return PollFrom(row, kMulti); }
 };
@@ -271,8 +271,8 @@ TEST(AsciiReadSeveralRows, TickedCheckDrawsTheLimit) {
                         {0.0, ":010300100002EA\r\n"}};  // 0, looked at after a row is added
     for (const Row& row : rows) {
         RunBench bench(21, FiveRows(), u"5");
-        bench.Form().Check2.Set(true);
-        bench.line.RandomNumbers = {row.random};
+        bench.Talk().Check2.Set(true);
+        bench.clock.RandomNumbers = {row.random};
         EXPECT_EQ(bench.Run(), row.frame) << row.random;
     }
 }
@@ -280,7 +280,7 @@ TEST(AsciiReadSeveralRows, TickedCheckDrawsTheLimit) {
 TEST(AsciiReadSeveralRows, LimitIsTakenAnewForEachFrame) {
     RunBench bench(21, FiveRows(), u"2");
     EXPECT_EQ(bench.Run(), ":010300100002EA\r\n");
-    bench.Form().ConDataNub.Set(u"4");
+    bench.Talk().ConDataNub.Set(u"4");
     EXPECT_EQ(bench.Run(), ":010300100004E8\r\n");
 }
 
@@ -288,7 +288,7 @@ TEST(AsciiReadSeveralRows, BuilderDoesNotMoveTheRow) {
     for (const int code : {21, 22, 23}) {
         RunBench bench(code, FiveRows(), u"16");
         bench.Run(7);
-        EXPECT_EQ(bench.Form().CurrentRow, 7);
+        EXPECT_EQ(bench.Talk().CurrentRow, 7);
     }
 }
 
@@ -323,11 +323,11 @@ TEST(AsciiRead, LengthThatIsNoNumberRaisesError13AndLeavesTheFrame) {
     for (const int code : {21, 22, 23}) {
         for (const std::int32_t commandCode : {kSingle, kMulti}) {
             for (const char16_t* length : {u"", u"x"}) {
-                AsciiBench bench(code, RowsAt({u"0010"}, length));
-                bench.Form().SendText = u" 41";
+                AsciiTalkBench bench(code, RowsAt({u"0010"}, length));
+                bench.Talk().SendText = u" 41";
                 bench.SetCell(kFirstRow, column::kSingleRead, u"0064");
                 EXPECT_EQ(ErrorOf([&] { bench.PollFrom(kFirstRow, commandCode); }), 13);
-                EXPECT_EQ(ToUtf8(bench.Form().SendText), " 41");
+                EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 41");
                 EXPECT_EQ(bench.Cell(kFirstRow, column::kSingleRead), "");
             }
         }
@@ -338,17 +338,17 @@ TEST(AsciiReadSeveralRows, LimitThatIsNoNumberRaisesError13AndLeavesTheFrame) {
     for (const int code : {21, 22, 23}) {
         for (const bool ticked : {false, true}) {
             RunBench bench(code, FiveRows(), u"多");
-            bench.Form().Check2.Set(ticked);
-            bench.Form().SendText = u" 41";
+            bench.Talk().Check2.Set(ticked);
+            bench.Talk().SendText = u" 41";
             EXPECT_EQ(ErrorOf([&] { bench.Run(); }), 13);
-            EXPECT_EQ(ToUtf8(bench.Form().SendText), " 41");
+            EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 41");
         }
     }
 }
 
 TEST(AsciiRead, SingleReadDoesNotLookAtTheLimit) {
-    AsciiBench bench(21, FiveRows());
-    bench.Form().ConDataNub.Set(u"多");
+    AsciiTalkBench bench(21, FiveRows());
+    bench.Talk().ConDataNub.Set(u"多");
     EXPECT_EQ(bench.PollFrom(kFirstRow, kSingle), ":010300100001EB\r\n");
 }
 

@@ -2,34 +2,27 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/ascii_bench.h"
+#include "protocol_modbus/ascii_talk_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
 namespace commtest {
 namespace {
 
-using testing::AsciiBench;
+using testing::AsciiTalkBench;
 using testing::ErrorOf;
 using testing::FrameOf;
 using testing::TestParameter;
 
 constexpr int kRow = 6;
 
-struct RowsBench : AsciiBench {
-    RowsBench(int code, const std::vector<TestParameter>& parameters) : AsciiBench(code, parameters) {
-        Form().CurrentRow = kRow;
-        Form().CommandCode = 50;
+struct RowsBench : AsciiTalkBench {
+    RowsBench(int code, const std::vector<TestParameter>& parameters) : AsciiTalkBench(code, parameters) {
+        Talk().CurrentRow = kRow;
+        Talk().CommandCode = 50;
     }
     // Decodes a reply of these data digits; what stands around them does not count here.
-    void Decode(const std::string& digits) {
-        Form().ReplyText = FrameOf(":010300" + digits + "00\r\n");
-        if (Form().ProtocolCode == 22) {
-            DecodeAsciiRowsTwo(Form());
-        } else {
-            DecodeAsciiRows(Form());
-        }
-    }
+    void Decode(const std::string& digits) { Row().decode(Talk(), FrameOf(":010300" + digits + "00\r\n")); }
     // Columns 6 to 9 of a row.
     std::vector<std::string> Cells(int row = kRow) {
         std::vector<std::string> cells;
@@ -53,7 +46,7 @@ TEST(DecodeAsciiRows, PlainRowShowsAllItsDigits) {
     RowsBench bench(21, {{u"测量值", u"0010", u"2", u"R", u"0"}});
     bench.Decode("0064");
     EXPECT_EQ(bench.Cells(), (Cells{"0064", "0064", "100", "100"}));
-    EXPECT_EQ(bench.Form().CurrentRow, kRow + 1);
+    EXPECT_EQ(bench.Talk().CurrentRow, kRow + 1);
 }
 
 TEST(DecodeAsciiRows, OfAWritableRowTheLastByteCounts) {
@@ -112,11 +105,10 @@ TEST(DecodeAsciiRows, ColumnFiveIsTheNumberOfDecimalsOfWhichThreeAreShown) {
 TEST(DecodeAsciiRows, EmptyDataEmptyTheRowAndStepOn) {
     RowsBench bench(21, {{u"测量值", u"0010", u"2", u"R", u"2"}, {u"上限", u"0011", u"2", u"RW", u"0"}});
     bench.SetCell(kRow, column::kSingleRead, u"0064");
-    bench.Form().ReplyText = FrameOf(":0182027B\r\n");
-    DecodeAsciiRows(bench.Form());
+    DecodeAsciiRows(bench.Talk(), FrameOf(":0182027B\r\n"));
     EXPECT_EQ(bench.Cells(), (Cells{"", "", "0", "0.00"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 7);
-    DecodeAsciiRows(bench.Form());
+    EXPECT_EQ(bench.Talk().CurrentRow, 7);
+    DecodeAsciiRows(bench.Talk(), FrameOf(":0182027B\r\n"));
     EXPECT_EQ(bench.Cells(7), (Cells{"", "取最后两个字符  ", "0", "0"}));
 }
 
@@ -135,7 +127,7 @@ TEST(DecodeAsciiRows, WalkEndsAtTheFirstRowThatLeavesNineDigitsOrFewer) {
     for (const Row& row : rows) {
         RowsBench bench(21, RowsOf(6, u"2"));
         bench.Decode(row.digits);
-        EXPECT_EQ(bench.Form().CurrentRow, kRow + row.rows) << row.digits;
+        EXPECT_EQ(bench.Talk().CurrentRow, kRow + row.rows) << row.digits;
         EXPECT_EQ(bench.Cell(kRow + row.rows - 1, column::kValue), std::to_string(row.rows));
         EXPECT_EQ(bench.Cell(kRow + row.rows, column::kValue), "");
     }
@@ -143,20 +135,20 @@ TEST(DecodeAsciiRows, WalkEndsAtTheFirstRowThatLeavesNineDigitsOrFewer) {
 
 TEST(DecodeAsciiRows, DataBeyondTheLastRowLeaveTheCurrentRow) {
     RowsBench bench(21, RowsOf(10, u"2"));
-    bench.Form().CurrentRow = static_cast<std::int16_t>(bench.Rows().Rows() - 1);
-    const std::int16_t last = bench.Form().CurrentRow;
+    bench.Talk().CurrentRow = static_cast<std::int16_t>(bench.Rows().Rows() - 1);
+    const std::int16_t last = bench.Talk().CurrentRow;
     bench.Decode("0001000200030004");
     EXPECT_EQ(bench.Cell(last, column::kValue), "1");
-    EXPECT_EQ(bench.Form().CurrentRow, last);
+    EXPECT_EQ(bench.Talk().CurrentRow, last);
 }
 
 TEST(DecodeAsciiRows, WalkBeginsAtTheCurrentRowWhereverItStands) {
     RowsBench bench(21, RowsOf(3, u"2"));
-    bench.Form().CurrentRow = 3;
+    bench.Talk().CurrentRow = 3;
     bench.SetCell(3, column::kLength, u"2");
     bench.Decode("0064");
     EXPECT_EQ(bench.Cell(3, column::kValue), "100");
-    EXPECT_EQ(bench.Form().CurrentRow, 4);
+    EXPECT_EQ(bench.Talk().CurrentRow, 4);
 }
 
 TEST(DecodeAsciiRows, RowWithoutALengthEndsTheWalkWithError13) {
@@ -164,14 +156,14 @@ TEST(DecodeAsciiRows, RowWithoutALengthEndsTheWalkWithError13) {
     bench.SetCell(7, column::kLength, u"");
     EXPECT_EQ(ErrorOf([&] { bench.Decode("0001000200030004"); }), 13);
     EXPECT_EQ(bench.Cell(6, column::kValue), "1");
-    EXPECT_EQ(bench.Form().CurrentRow, kRow);
+    EXPECT_EQ(bench.Talk().CurrentRow, kRow);
 }
 
 TEST(DecodeAsciiRows, DecimalsThatAreNoNumberEndTheWalkBehindTheValue) {
     RowsBench bench(21, {{u"测量值", u"0010", u"2", u"R", u""}});
     EXPECT_EQ(ErrorOf([&] { bench.Decode("0064"); }), 13);
     EXPECT_EQ(bench.Cells(), (Cells{"0064", "0064", "100", ""}));
-    EXPECT_EQ(bench.Form().CurrentRow, kRow);
+    EXPECT_EQ(bench.Talk().CurrentRow, kRow);
 }
 
 TEST(DecodeAsciiRows, NegativeDecimalsRaiseError5) {
@@ -185,9 +177,8 @@ TEST(DecodeAsciiRows, ReplyWithoutRoomForDataRaisesError5) {
     for (const int code : {21, 22}) {
         RowsBench bench(code, RowsOf(3, u"2"));
         bench.SetCell(kRow, column::kSingleRead, u"0064");
-        bench.Form().ReplyText = FrameOf(":01039\r\n");
         const auto decode = code == 21 ? DecodeAsciiRows : DecodeAsciiRowsTwo;
-        EXPECT_EQ(ErrorOf([&] { decode(bench.Form()); }), 5);
+        EXPECT_EQ(ErrorOf([&] { decode(bench.Talk(), FrameOf(":01039\r\n")); }), 5);
         EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
     }
 }
@@ -209,7 +200,7 @@ TEST(DecodeAsciiRowsTwo, SecondDigitHoldsSignAndDecimals) {
         RowsBench bench(22, {{u"电压", u"0010", u"4", u"R", u"3"}});
         bench.Decode(row.digits);
         EXPECT_EQ(bench.Cells(), (Cells{row.digits, row.digits, row.value, row.scaled}));
-        EXPECT_EQ(bench.Form().CurrentRow, kRow + 1);
+        EXPECT_EQ(bench.Talk().CurrentRow, kRow + 1);
     }
 }
 
@@ -237,7 +228,7 @@ TEST(DecodeAsciiRowsTwo, DigitsThatAreNoDecimalNumberRaiseError13) {
         RowsBench bench(22, {{u"电压", u"0010", u"4", u"R", u"0"}});
         EXPECT_EQ(ErrorOf([&] { bench.Decode(digits); }), 13) << digits;
         EXPECT_EQ(bench.Cells(), (Cells{digits, digits, "", ""}));
-        EXPECT_EQ(bench.Form().CurrentRow, kRow);
+        EXPECT_EQ(bench.Talk().CurrentRow, kRow);
     }
 }
 
@@ -256,10 +247,9 @@ TEST(DecodeAsciiRowsTwo, RatioIsReadFromItsFourCharacters) {
 TEST(DecodeAsciiRowsTwo, ExceptionEndsInError13) {
     RowsBench bench(22, {{u"电压", u"0010", u"4", u"R", u"0"}});
     bench.SetCell(kRow, column::kValue, u"7");
-    bench.Form().ReplyText = FrameOf(":018202CD\r\n");
-    EXPECT_EQ(ErrorOf([&] { DecodeAsciiRowsTwo(bench.Form()); }), 13);
+    EXPECT_EQ(ErrorOf([&] { DecodeAsciiRowsTwo(bench.Talk(), FrameOf(":018202CD\r\n")); }), 13);
     EXPECT_EQ(bench.Cells(), (Cells{"", "", "7", ""}));
-    EXPECT_EQ(bench.Form().CurrentRow, kRow);
+    EXPECT_EQ(bench.Talk().CurrentRow, kRow);
 }
 
 TEST(DecodeAsciiRowsTwo, WalkEndsAtTheFirstRowThatLeavesFourDigitsOrFewer) {
@@ -275,7 +265,7 @@ TEST(DecodeAsciiRowsTwo, WalkEndsAtTheFirstRowThatLeavesFourDigitsOrFewer) {
     for (const Row& row : rows) {
         RowsBench bench(22, RowsOf(5, u"4"));
         bench.Decode(row.digits);
-        EXPECT_EQ(bench.Form().CurrentRow, kRow + row.rows) << row.digits;
+        EXPECT_EQ(bench.Talk().CurrentRow, kRow + row.rows) << row.digits;
         EXPECT_EQ(bench.Cell(kRow + row.rows - 1, column::kValue), std::to_string(row.rows));
         EXPECT_EQ(bench.Cell(kRow + row.rows, column::kValue), "");
     }
@@ -287,8 +277,8 @@ TEST(DecodeAsciiRows, RowsComeIntoViewUnlessSeveralAreRead) {
     for (const int code : {21, 22}) {
         for (const std::int32_t commandCode : {50, 60}) {
             RowsBench bench(code, RowsOf(40, u"4"));
-            bench.Form().CommandCode = commandCode;
-            bench.Form().CurrentRow = 40;
+            bench.Talk().CommandCode = commandCode;
+            bench.Talk().CurrentRow = 40;
             bench.Rows().TopRow = 1;
             bench.Decode("00000001");
             EXPECT_EQ(bench.Rows().TopRow == 1, commandCode == 60) << code;

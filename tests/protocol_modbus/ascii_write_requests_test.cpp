@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/ascii_bench.h"
+#include "protocol_modbus/ascii_talk_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
 namespace commtest {
 namespace {
 
-using testing::AsciiBench;
+using testing::AsciiTalkBench;
 using testing::ErrorOf;
 using testing::TestParameter;
 
@@ -29,15 +29,13 @@ std::vector<TestParameter> Parameters() {
             {u"电流变比", u"0020", u"4", u"RW", u"0"}, {u"命令", u"0030", u"0", u"RW", u"0"}};
 }
 
-struct WriteBench : AsciiBench {
-    WriteBench() : AsciiBench(21, Parameters()) {
-        Form().SendText = u" 41";
-        Form().InputText.SetVisible(true);
+struct WriteBench : AsciiTalkBench {
+    WriteBench() : AsciiTalkBench(21, Parameters()) {
+        Talk().SendText = u" 41";
+        Talk().InputText.SetVisible(true);
     }
     std::string Write(int row, const Text& entry) {
-        Rows().Select(row, column::kNewValue);
-        Form().InputText.Set(entry);
-        BuildAsciiWrite(Form());
+        BuildWrite(row, entry);
         return Frame();
     }
 };
@@ -45,7 +43,7 @@ struct WriteBench : AsciiBench {
 TEST(AsciiWrite, FrameEndsInACarriageReturnAlone) {
     WriteBench bench;
     bench.Write(kTwoBytes, u"1000");
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 3A 30 31 30 36 30 30 31 30 30 33 45 38 46 45 0D");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 3A 30 31 30 36 30 30 31 30 30 33 45 38 46 45 0D");
 }
 
 TEST(AsciiWrite, ValueHasTwoDigitsForEachByteOfTheLength) {
@@ -93,15 +91,15 @@ TEST(AsciiWrite, CurrentCellKeepsTheEntryAndTheEditorIsHidden) {
     WriteBench bench;
     bench.Write(kTwoDecimals, u"12.34");
     EXPECT_EQ(bench.Cell(kTwoDecimals, column::kNewValue), "12.34");
-    EXPECT_FALSE(bench.Form().InputText.Visible());
+    EXPECT_FALSE(bench.Talk().InputText.Visible());
 }
 
 TEST(AsciiWrite, CommandBecomesAReadOfSeveralRows) {
     for (const std::int32_t before : {31, 40, 50, 60, 1031}) {
         WriteBench bench;
-        bench.Form().CommandCode = before;
+        bench.Talk().CommandCode = before;
         bench.Write(kTwoBytes, u"1");
-        EXPECT_EQ(bench.Form().CommandCode, 60);
+        EXPECT_EQ(bench.Talk().CommandCode, 60);
     }
 }
 
@@ -116,13 +114,13 @@ TEST(AsciiWrite, NeitherAttributeNorLimitsAreLookedAt) {
 TEST(AsciiWriteOfARatio, TakesTwoEntriesOfWhichTheFirstShowsAMessage) {
     WriteBench bench;
     EXPECT_EQ(bench.Write(kRatio, u"4660"), ":010601100012D6\r");  // 1234
-    EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{kFirstHalfMessage});
-    EXPECT_TRUE(bench.Form().AsciiSecondHalfPending);
+    EXPECT_EQ(bench.dialogs.Messages, std::vector<std::string>{kFirstHalfMessage});
+    EXPECT_TRUE(bench.Talk().AsciiSecondHalfPending);
     EXPECT_EQ(bench.Write(kRatio, u"4660"), ":010601110034B3\r");
-    EXPECT_EQ(bench.dialogs.Texts().size(), 1U);
-    EXPECT_FALSE(bench.Form().AsciiSecondHalfPending);
+    EXPECT_EQ(bench.dialogs.Messages.size(), 1U);
+    EXPECT_FALSE(bench.Talk().AsciiSecondHalfPending);
     EXPECT_EQ(bench.Write(kRatio, u"4660"), ":010601100012D6\r");
-    EXPECT_EQ(bench.dialogs.Texts().size(), 2U);
+    EXPECT_EQ(bench.dialogs.Messages.size(), 2U);
 }
 
 TEST(AsciiWriteOfARatio, SecondEntryGivesTheSecondByte) {
@@ -160,16 +158,16 @@ TEST(AsciiWriteOfARatio, HalfInAnotherRowGoesToThatRow) {
     WriteBench bench;
     bench.Write(kRatio, u"4660");
     EXPECT_EQ(bench.Write(kTwoBytes, u"1000"), ":0106001003E8FE\r");
-    EXPECT_TRUE(bench.Form().AsciiSecondHalfPending);  // a row that is no ratio leaves it
+    EXPECT_TRUE(bench.Talk().AsciiSecondHalfPending);  // a row that is no ratio leaves it
     bench.SetCell(kLowRatio, column::kAddress, u"0200");
     EXPECT_EQ(bench.Write(kLowRatio, u"4660"), ":010602010034C2\r");
 }
 
 TEST(AsciiWriteOfARatio, MemoryIsNotThatOfTheFlowMeters) {
     WriteBench bench;
-    bench.Form().SecondHalfPending = true;
+    bench.Talk().SecondHalfPending = true;
     EXPECT_EQ(bench.Write(kRatio, u"4660"), ":010601100012D6\r");
-    EXPECT_TRUE(bench.Form().SecondHalfPending);
+    EXPECT_TRUE(bench.Talk().SecondHalfPending);
 }
 
 TEST(AsciiWriteOfARatio, LengthOfTwoHasNoDigitsToSend) {
@@ -193,12 +191,12 @@ TEST(AsciiWrite, WhatIsNoNumberRaisesError13AndLeavesTheFrame) {
         WriteBench bench;
         bench.SetCell(kTwoBytes, row.col, row.text);
         EXPECT_EQ(ErrorOf([&] { bench.Write(kTwoBytes, row.entry); }), 13);
-        EXPECT_EQ(ToUtf8(bench.Form().SendText), " 41");
+        EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 41");
         EXPECT_EQ(bench.Cell(kTwoBytes, column::kNewValue), ToUtf8(row.entry));
-        EXPECT_TRUE(bench.Form().InputText.Visible());
-        EXPECT_EQ(bench.Form().CommandCode, 31);
-        EXPECT_FALSE(bench.Form().AsciiSecondHalfPending);
-        EXPECT_TRUE(bench.dialogs.Texts().empty());
+        EXPECT_TRUE(bench.Talk().InputText.Visible());
+        EXPECT_EQ(bench.Talk().CommandCode, 31);
+        EXPECT_FALSE(bench.Talk().AsciiSecondHalfPending);
+        EXPECT_TRUE(bench.dialogs.HaveShownNothing());
     }
 }
 
@@ -208,32 +206,6 @@ TEST(AsciiWrite, ValueBeyond32BitsRaisesError6) {
     WriteBench bench;
     bench.SetCell(kTwoBytes, column::kDecimals, u"400");
     EXPECT_EQ(ErrorOf([&] { bench.Write(kTwoBytes, u"0"); }), 6);
-}
-
-// --- From the entry to the line ---
-
-TEST(AsciiWriteOnTheLine, FrameGoesOutAtTheNextPollAndSeveralRowsAreReadFromThenOn) {
-    AsciiBench bench(21, Parameters());
-    bench.Form().ConDataNub.Set(u"4");
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"1000");
-    EXPECT_EQ(bench.Form().CommandCode, 160);
-    bench.WillReply({":0106001003E8FE\r\n"});
-    bench.line.RunUntil(600);
-    EXPECT_EQ(bench.SentCharacters(), (std::vector<std::string>{":0106001003E8FE\r", ":010300100001EB\r\n"}));
-    EXPECT_EQ(bench.Form().CommandCode, 60);
-}
-
-TEST(AsciiWriteOnTheLine, CustomFormsSendTheFormerFrameAgain) {
-    for (const int code : {22, 23}) {
-        AsciiBench bench(code, Parameters());
-        bench.Form().SendText = testing::FrameOf(":01031001\r\n");
-        bench.Click(kTwoBytes, column::kNewValue);
-        bench.TypeAndEnter(u"1000");
-        EXPECT_EQ(bench.Form().CommandCode, 131);
-        bench.line.RunUntil(300);
-        EXPECT_EQ(bench.SentCharacters(), std::vector<std::string>{":01031001\r\n"});
-    }
 }
 
 }  // namespace

@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/grid.h"
 #include "session/grid_rows.h"
-#include "session/main_form.h"
-#include "support/form_bench.h"
 
 namespace commtest {
 namespace {
-
-using testing::FormBench;
 
 constexpr bool kReading = true;  // divide
 constexpr bool kWriting = false;
@@ -19,6 +16,7 @@ constexpr int kRow = 8;
 class DecimalRow : public ::testing::Test {
   protected:
     DecimalRow() {
+        grid.SetSize(15, column::kCount);
         for (int row = 1; row < grid.Rows(); ++row) grid.SetCell(row, column::kAddress, u"0010");
         grid.SetCell(kRow, column::kDecimals, u"0020");
     }
@@ -27,13 +25,11 @@ class DecimalRow : public ::testing::Test {
         grid.SetCell(row, column::kValue, decimals);
     }
     std::string Scaled(Text value, bool divide = kReading) {
-        ScaleByDecimalRow(form, kRow, value, divide);
+        ScaleByDecimalRow(grid, kRow, value, divide);
         return ToUtf8(value);
     }
 
-    FormBench bench;
-    MainForm& form = bench.form;
-    Grid& grid = form.ParameterGrid();
+    Grid grid;
 };
 
 struct Case {
@@ -187,7 +183,7 @@ TEST_F(DecimalRow, OverflowIsPassedOver) {
 TEST_F(DecimalRow, RowOutsideTheGridLeavesTheValue) {
     SetReference(3, u"2");
     Text value = u"1234";
-    ScaleByDecimalRow(form, 99, value, kReading);
+    ScaleByDecimalRow(grid, 99, value, kReading);
     EXPECT_EQ(ToUtf8(value), "1234");
 }
 

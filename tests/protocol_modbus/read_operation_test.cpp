@@ -3,15 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "session/grid_rows.h"
-#include "session/main_form.h"
+#include "support/conversation_bench.h"
 #include "support/error_of.h"
-#include "support/form_bench.h"
 
 namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::FormBench;
+using testing::StandingClock;
 using enum ReadOperation;
 
 TEST(TakeReadOperation, SortsTheCommandCodeAndTakesAWriteOff) {
@@ -29,11 +28,11 @@ TEST(TakeReadOperation, SortsTheCommandCodeAndTakesAWriteOff) {
         {101, Nothing, 1},       {110, Nothing, 10},       {160, Nothing, 60},    {191, Nothing, 91},
         {200, Nothing, 0},       {260, Nothing, 60},       {1000, Nothing, 0},    {1001, SingleRow, 1001},
         {1060, SingleRow, 1060}, {10031, SingleRow, 10031}};
-    FormBench bench;
+    Operation asked;
     for (const Row& row : rows) {
-        bench.form.CommandCode = row.code;
-        EXPECT_EQ(TakeReadOperation(bench.form), row.operation) << row.code;
-        EXPECT_EQ(bench.form.CommandCode, row.after) << row.code;
+        asked.CommandCode = row.code;
+        EXPECT_EQ(TakeReadOperation(asked), row.operation) << row.code;
+        EXPECT_EQ(asked.CommandCode, row.after) << row.code;
     }
 }
 
@@ -44,13 +43,13 @@ TEST(PrepareRowForRead, KeepsCurrentRowAmongTheParameters) {
     };
     for (const Row& row :
          {Row{-1, 6}, Row{0, 6}, Row{5, 6}, Row{6, 6}, Row{7, 7}, Row{9, 9}, Row{10, 6}, Row{32767, 6}}) {
-        FormBench bench;
-        Grid& grid = bench.form.ParameterGrid();
-        grid.SetRows(10);
+        ParameterRows parameters;
+        Grid& grid = parameters.ParameterGrid();
+        grid.SetSize(10, column::kCount);
         for (int r = 0; r < 10; ++r) grid.SetCell(r, column::kSingleRead, u"0064");
-        bench.form.CurrentRow = row.before;
-        PrepareRowForRead(bench.form);
-        EXPECT_EQ(bench.form.CurrentRow, row.after) << row.before;
+        parameters.CurrentRow = row.before;
+        PrepareRowForRead(parameters);
+        EXPECT_EQ(parameters.CurrentRow, row.after) << row.before;
         for (int r = 0; r < 10; ++r) {
             EXPECT_EQ(ToUtf8(grid.Cell(r, column::kSingleRead)), r == row.after ? "" : "0064") << r;
         }
@@ -58,9 +57,9 @@ TEST(PrepareRowForRead, KeepsCurrentRowAmongTheParameters) {
 }
 
 TEST(PrepareRowForRead, GridWithoutRow6IsError9) {
-    FormBench bench;
-    bench.form.ParameterGrid().SetRows(6);
-    EXPECT_EQ(ErrorOf([&] { PrepareRowForRead(bench.form); }), 9);
+    ParameterRows rows;
+    rows.ParameterGrid().SetSize(6, column::kCount);
+    EXPECT_EQ(ErrorOf([&] { PrepareRowForRead(rows); }), 9);
 }
 
 TEST(TakeReadLimit, IsTheNumberInItsBox) {
@@ -68,18 +67,19 @@ TEST(TakeReadLimit, IsTheNumberInItsBox) {
         const char16_t* box;
         std::int16_t limit;
     };
-    FormBench bench;
+    Operation asked;
+    StandingClock clock;
     for (const Row& row : {Row{u"5", 5}, Row{u"0", 0}, Row{u"-3", -3}, Row{u" 7 ", 7}, Row{u"2.5", 2},
                            Row{u"3.5", 4}, Row{u"1E02", 100}, Row{u"32767", 32767}}) {
-        bench.form.ConDataNub.Set(row.box);
-        EXPECT_EQ(TakeReadLimit(bench.form), row.limit) << ToUtf8(row.box);
+        asked.ConDataNub.Set(row.box);
+        EXPECT_EQ(TakeReadLimit(asked, clock), row.limit) << ToUtf8(row.box);
     }
     for (const char16_t* box : {u"", u"多", u"5个"}) {
-        bench.form.ConDataNub.Set(box);
-        EXPECT_EQ(ErrorOf([&] { TakeReadLimit(bench.form); }), 13) << ToUtf8(box);
+        asked.ConDataNub.Set(box);
+        EXPECT_EQ(ErrorOf([&] { TakeReadLimit(asked, clock); }), 13) << ToUtf8(box);
     }
-    bench.form.ConDataNub.Set(u"32768");
-    EXPECT_EQ(ErrorOf([&] { TakeReadLimit(bench.form); }), 6);
+    asked.ConDataNub.Set(u"32768");
+    EXPECT_EQ(ErrorOf([&] { TakeReadLimit(asked, clock); }), 6);
 }
 
 TEST(TakeReadLimit, TickedIsTheWholePartOfARandomShare) {
@@ -90,22 +90,24 @@ TEST(TakeReadLimit, TickedIsTheWholePartOfARandomShare) {
     };
     for (const Row& row : {Row{0, u"8", 0}, Row{0.124, u"8", 0}, Row{0.125, u"8", 1}, Row{0.5, u"8", 4},
                            Row{0.999, u"8", 7}, Row{0.5, u"5", 2}, Row{0.5, u"0", 0}}) {
-        FormBench bench;
-        bench.line.RandomNumbers = {row.random};
-        bench.form.ConDataNub.Set(row.box);
-        bench.form.Check2.Set(true);
-        EXPECT_EQ(TakeReadLimit(bench.form), row.limit) << row.random;
+        Operation asked;
+        StandingClock clock;
+        clock.RandomNumbers = {row.random};
+        asked.ConDataNub.Set(row.box);
+        asked.Check2.Set(true);
+        EXPECT_EQ(TakeReadLimit(asked, clock), row.limit) << row.random;
     }
 }
 
 TEST(TakeReadLimit, DrawsARandomNumberOnlyWhereItIsTicked) {
-    FormBench bench;
-    bench.line.RandomNumbers = {0.25, 0.5};
-    bench.form.ConDataNub.Set(u"8");
-    TakeReadLimit(bench.form);
-    bench.form.Check2.Set(true);
-    EXPECT_EQ(TakeReadLimit(bench.form), 2);
-    EXPECT_EQ(TakeReadLimit(bench.form), 4);
+    Operation asked;
+    StandingClock clock;
+    clock.RandomNumbers = {0.25, 0.5};
+    asked.ConDataNub.Set(u"8");
+    TakeReadLimit(asked, clock);
+    asked.Check2.Set(true);
+    EXPECT_EQ(TakeReadLimit(asked, clock), 2);
+    EXPECT_EQ(TakeReadLimit(asked, clock), 4);
 }
 
 TEST(ZeroToppedAddress, FirstDigitBecomesZero) {
@@ -130,8 +132,8 @@ TEST(RowRunsOn, DropsTheFirstDigitOfTheRowBeforeOnly) {
         {u"1010", u"0011", 1, true},          {u"0FFF", u"1000", 1, true},  {u"0010", u"8011", 1, false},
         {u"000F", u"0010", 1, true},          {u"010", u"11", 1, true},     {u"字", u"0001", 1, true},
         {u"07FFFFFFF", u"80000000", 1, false}};
-    FormBench bench;
-    Grid& grid = bench.form.ParameterGrid();
+    Grid grid;
+    grid.SetSize(9, column::kCount);
     for (const Row& row : rows) {
         grid.SetCell(7, column::kAddress, row.before);
         grid.SetCell(8, column::kAddress, row.address);

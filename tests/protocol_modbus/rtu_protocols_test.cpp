@@ -1,31 +1,37 @@
 #include <gtest/gtest.h>
 
 #include "protocol_modbus/modbus_protocols.h"
-#include "protocol_modbus/rtu_bench.h"
+#include "protocol_modbus/row_manner.h"
 #include "protocol_modbus/rtu_read_requests.h"
-#include "protocol_modbus/rtu_reply_parser.h"
+#include "protocol_modbus/rtu_reply_rows.h"
+#include "protocol_modbus/rtu_reply_verdicts.h"
 #include "protocol_modbus/rtu_write_requests.h"
+#include "session/address.h"
 #include "session/frame_end.h"
-#include "session/operation_menus.h"
 
 namespace commtest {
 namespace {
-
-using testing::RtuBench;
 
 TEST(RtuProtocols, EachCodeHasItsNameAndItsRoutines) {
     struct Row {
         int code;
         const char* name;
-        void (*buildRead)(MainForm&);
-        void (*buildWrite)(MainForm&);
+        void (*buildRead)(Conversation&, Clock&);
+        void (*buildWrite)(Conversation&, Dialogs&);
+        OperationMenu menu;
+        void (*showFrameAddress)(Conversation&, const HexText&);
     };
-    const Row rows[] = {{31, "ModBus-RTU协议", BuildRtuReadFormA, BuildRtuWrite},
-                        {32, "ModBus-RTU协议-定制01", BuildRtuReadFormB, BuildRtuWrite},
-                        {33, "ModBus-RTU协议-KD700记录仪", BuildRtuReadFormC, nullptr},
-                        {34, "ModBus-RTU协议-TQ记录仪板卡", BuildRtuReadFormA, BuildRtuWrite},
-                        {35, "ModBus-RTU协议-标准流量表", BuildRtuReadFormD, BuildRtuWriteFlow},
-                        {51, "ModBus-RTU协议-M46T", BuildRtuReadFormD, nullptr}};
+    const Row rows[] = {
+        {31, "ModBus-RTU协议", BuildRtuReadFormA, BuildRtuWrite, OperationMenu::Modbus, ShowByteFrameAddress},
+        {32, "ModBus-RTU协议-定制01", BuildRtuReadFormB, BuildRtuWrite, OperationMenu::Modbus,
+         ShowByteFrameAddress},
+        {33, "ModBus-RTU协议-KD700记录仪", BuildRtuReadFormC, nullptr, OperationMenu::Recorder,
+         ShowByteFrameAddress},
+        {34, "ModBus-RTU协议-TQ记录仪板卡", BuildRtuReadFormA, BuildRtuWrite, OperationMenu::Modbus,
+         ShowByteFrameAddress},
+        {35, "ModBus-RTU协议-标准流量表", BuildRtuReadFormD, BuildRtuWriteFlow, OperationMenu::Modbus,
+         nullptr},
+        {51, "ModBus-RTU协议-M46T", BuildRtuReadFormD, nullptr, OperationMenu::FlowMeter, nullptr}};
     const std::vector<Protocol> family = RtuProtocols();
     ASSERT_EQ(family.size(), std::size(rows));
     for (std::size_t i = 0; i < family.size(); ++i) {
@@ -33,49 +39,26 @@ TEST(RtuProtocols, EachCodeHasItsNameAndItsRoutines) {
         EXPECT_EQ(ToUtf8(family[i].name), rows[i].name);
         EXPECT_EQ(family[i].buildRead, rows[i].buildRead) << rows[i].code;
         EXPECT_EQ(family[i].buildWrite, rows[i].buildWrite) << rows[i].code;
-        EXPECT_EQ(family[i].parseReply, ParseRtuReply) << rows[i].code;
-        EXPECT_EQ(family[i].replyIsComplete, EndsByRtuRule) << rows[i].code;
-        EXPECT_FALSE(family[i].continuesOnLineFeed) << rows[i].code;
-        EXPECT_EQ(family[i].appendCheckWord, nullptr) << rows[i].code;
-        EXPECT_TRUE(family[i].IsBuilt()) << rows[i].code;
+        EXPECT_EQ(family[i].menu, rows[i].menu) << rows[i].code;
+        EXPECT_EQ(family[i].showFrameAddress, rows[i].showFrameAddress) << rows[i].code;
     }
 }
 
-TEST(RtuProtocols, ChoosingOneShowsFramesInHexadecimalAndBringsItsMenu) {
-    struct Row {
-        int code;
-        int menu;
-    };
-    for (const Row& row : {Row{31, 2}, Row{32, 2}, Row{33, 3}, Row{34, 2}, Row{35, 2}, Row{51, 4}}) {
-        RtuBench bench(row.code);
-        bench.Form().ShowMode.Show(0);
-        bench.Choose(Text(bench.Form().protocols.Of(row.code).name), u"仪表");
-        EXPECT_TRUE(bench.Form().ShowMode.IsChosen(1)) << row.code;
-        EXPECT_EQ(bench.Form().ProtocolCode, row.code);
-        EXPECT_EQ(MenuOfProtocol(bench.Form()), row.menu) << row.code;
-    }
-}
-
-TEST(RtuProtocols, AddressTextHasTwoDigitsOrMore) {
-    struct Row {
-        const char16_t* address;
-        const char* text;
-    };
-    for (const int code : {31, 32, 33, 34, 35, 51}) {
-        for (const Row& row : {Row{u"2", "02"}, Row{u"10", "0A"}, Row{u"255", "FF"}}) {
-            RtuBench bench(code);
-            bench.Form().ConMeterAddr.Set(row.address);
-            EXPECT_EQ(ToUtf8(bench.Form().AddressText), row.text) << code;
-        }
-    }
-}
-
-TEST(RtuProtocols, ReplayShowsTheAddressOfARecordedFrameExceptOfFlowMeters) {
-    for (const int code : {31, 32, 33, 34, 35, 51}) {
-        RtuBench bench(code);
-        bench.Form().DemoFrames = {u" 0A 03 00 10 00 01 84 B4"};
-        EXPECT_EQ(bench.Request(10050), " 0A 03 00 10 00 01 84 B4");
-        EXPECT_EQ(ToUtf8(bench.Form().ConMeterAddr.Value()), code < 35 ? "10" : "1") << code;
+TEST(RtuProtocols, AllEndByOneRuleAndShowHexadecimal) {
+    for (const Protocol& row : RtuProtocols()) {
+        EXPECT_EQ(row.replyIsComplete, EndsByRtuRule) << row.code;
+        EXPECT_EQ(row.judge, JudgeRtuReply) << row.code;
+        EXPECT_EQ(row.words, WordsOnRtuReply) << row.code;
+        EXPECT_EQ(row.decode, DecodeRtuRows) << row.code;
+        EXPECT_TRUE(row.countsWrongCheckWords) << row.code;
+        EXPECT_EQ(row.stepsOverSilentRows, row.code == 51) << row.code;
+        EXPECT_EQ(row.checkWordIsThatOfAWrite, row.code == 31) << row.code;
+        EXPECT_EQ(row.displayMode, DisplayMode::Hexadecimal) << row.code;
+        EXPECT_EQ(row.composeAddress, ComposeTwoDigitAddress) << row.code;
+        EXPECT_EQ(row.rows.firstRow, kRtuRowManner.firstRow) << row.code;
+        EXPECT_FALSE(row.continuesOnLineFeed) << row.code;
+        EXPECT_EQ(row.appendCheckWord, nullptr) << row.code;
+        EXPECT_TRUE(row.IsBuilt()) << row.code;
     }
 }
 

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/rtu_bench.h"
+#include "protocol_modbus/rtu_talk_bench.h"
 #include "support/error_of.h"
 
 namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::RtuBench;
+using testing::RtuTalkBench;
 
 constexpr std::int32_t kAnySingleRead = 40;
 
@@ -32,7 +32,7 @@ TEST(RtuRead, SingleReadByteByByte) {
                         {35, u"仪表", u"4", " 01 03 00 10 00 02 C5 CE"},
                         {51, u"仪表", u"4", " 01 03 00 10 00 02 C5 CE"}};
     for (const Row& row : rows) {
-        RtuBench bench(row.code);
+        RtuTalkBench bench(row.code);
         bench.SetName(row.instrument);
         bench.SetCell(6, column::kLength, row.length);
         EXPECT_EQ(bench.Request(kAnySingleRead), row.frame) << row.code << " " << row.frame;
@@ -57,7 +57,7 @@ TEST(RtuRead, FormAReadsByLengthAndInstrument) {
         {u"5", u"三相流量计", kFive}, {u"1", u"流量计", kOne},      {u"2", u"三相流量计", kOne},
         {u"45", u"仪表", kOne},       {u"12", u"仪表", kOne},       {u"52", u"仪表", kFive}};
     for (const Row& row : rows) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.SetName(row.instrument);
         bench.SetCell(6, column::kLength, row.length);
         EXPECT_EQ(bench.Content(kAnySingleRead), row.content)
@@ -67,22 +67,22 @@ TEST(RtuRead, FormAReadsByLengthAndInstrument) {
 
 TEST(RtuRead, UnknownLengthInFormALetsTheLastFrameGrowByTwoBytesEachTime) {
     for (const char16_t* length : {u"3", u"0", u"6", u"8", u"9"}) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.SetCell(6, column::kLength, length);
-        bench.Form().SendText = u" 01 03 00 10 00 01 85 CF";
+        bench.Talk().SendText = u" 01 03 00 10 00 01 85 CF";
         EXPECT_EQ(bench.Request(kAnySingleRead), " 01 03 00 10 00 01 85 CF 00 00");
         EXPECT_EQ(bench.Request(kAnySingleRead), " 01 03 00 10 00 01 85 CF 00 00 00 00");
-        EXPECT_EQ(bench.Form().CurrentRow, 6);
+        EXPECT_EQ(bench.Talk().CurrentRow, 6);
     }
 }
 
 TEST(RtuRead, LengthThatBeginsWithNoDigitEndsFormAWithError13) {
     for (const char16_t* length : {u"字", u"A2", u"", u" 2"}) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.SetCell(6, column::kLength, length);
-        bench.Form().SendText = u" 11 22";
+        bench.Talk().SendText = u" 11 22";
         EXPECT_EQ(ErrorOf([&] { bench.Request(kAnySingleRead); }), 13) << ToUtf8(length);
-        EXPECT_EQ(ToUtf8(bench.Form().SendText), " 11 22");
+        EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 11 22");
     }
 }
 
@@ -94,7 +94,7 @@ TEST(RtuRead, OtherFormsLookNeitherAtLengthNorInstrument) {
     const Row rows[] = {{32, " 01 03 00 10 00 01"}, {33, " 01 04 00 10 00 01"}, {35, " 01 03 00 10 00 02"}};
     for (const Row& row : rows) {
         for (const char16_t* length : {u"1", u"2", u"4", u"5", u"3", u"字", u""}) {
-            RtuBench bench(row.code);
+            RtuTalkBench bench(row.code);
             bench.SetName(u"三相流量计");
             bench.SetCell(6, column::kLength, length);
             EXPECT_EQ(bench.Content(kAnySingleRead), row.content) << row.code << ToUtf8(length);
@@ -114,15 +114,15 @@ TEST(RtuRead, FirstDigitOfTheAddressIsReplacedExceptInTheSingleReadOfFormD) {
                         {33, 60, " 01 04 00 10 00 01"}, {35, 60, " 01 03 00 10 00 08"},
                         {31, 90, " 01 08 00 10 7F FF"}, {35, 90, " 01 08 00 10 7F FF"}};
     for (const Row& row : rows) {
-        RtuBench bench(row.code);
+        RtuTalkBench bench(row.code);
         bench.SetColumn(column::kAddress, {u"4010", u"0020"});
-        bench.Form().ConDataNub.Set(u"8");
+        bench.Talk().ConDataNub.Set(u"8");
         EXPECT_EQ(bench.Content(row.commandCode), row.content) << row.code << " " << row.commandCode;
     }
 }
 
 TEST(RtuRead, AddressesOfAnotherWidthAreSplitBehindTheSecondCharacter) {
-    RtuBench bench(32);
+    RtuTalkBench bench(32);
     bench.SetCell(6, column::kAddress, u"12345");
     EXPECT_EQ(bench.Content(kAnySingleRead), " 01 03 02 345 00 01");
     bench.SetCell(6, column::kAddress, u"");
@@ -130,8 +130,8 @@ TEST(RtuRead, AddressesOfAnotherWidthAreSplitBehindTheSecondCharacter) {
 }
 
 TEST(RtuRead, FrameBeginsWithTheAddressText) {
-    RtuBench bench(31);
-    bench.Form().AddressText = u"0A";
+    RtuTalkBench bench(31);
+    bench.Talk().AddressText = u"0A";
     EXPECT_EQ(bench.Request(kAnySingleRead), " 0A 03 00 10 00 01 84 B4");
 }
 
@@ -141,12 +141,12 @@ TEST(RtuRead, PlainCodesAndThoseOfASearchReadTheRow) {
     for (const int code : {31, 32, 33, 35}) {
         for (const std::int32_t commandCode :
              {0, 10, 20, 30, 31, 32, 40, 50, 1001, 1010, 1060, 1131, 9999, 10000}) {
-            RtuBench bench(code);
+            RtuTalkBench bench(code);
             const std::string row6 = bench.Request(40);
-            bench.Form().SendText.clear();
+            bench.Talk().SendText.clear();
             EXPECT_EQ(bench.Request(commandCode), row6) << code << " " << commandCode;
-            EXPECT_EQ(bench.Form().CommandCode, commandCode);
-            EXPECT_EQ(bench.Form().CurrentRow, 6);
+            EXPECT_EQ(bench.Talk().CommandCode, commandCode);
+            EXPECT_EQ(bench.Talk().CurrentRow, 6);
         }
     }
 }
@@ -159,11 +159,11 @@ TEST(RtuRead, WaitingWriteGoesOutAndItsHundredsAreTakenOff) {
     for (const int code : {31, 32, 33, 34, 35, 51}) {
         for (const Row& row : {Row{101, 1}, Row{110, 10}, Row{131, 31}, Row{150, 50}, Row{160, 60},
                                Row{180, 80}, Row{200, 0}, Row{231, 31}, Row{999, 99}, Row{1000, 0}}) {
-            RtuBench bench(code);
+            RtuTalkBench bench(code);
             bench.SetCell(6, column::kSingleRead, u"0064");
-            bench.Form().SendText = u" 01 06 00 10 03 E8 88 B1";
+            bench.Talk().SendText = u" 01 06 00 10 03 E8 88 B1";
             EXPECT_EQ(bench.Request(row.before), " 01 06 00 10 03 E8 88 B1") << code << " " << row.before;
-            EXPECT_EQ(bench.Form().CommandCode, row.after) << code << " " << row.before;
+            EXPECT_EQ(bench.Talk().CommandCode, row.after) << code << " " << row.before;
             EXPECT_EQ(bench.Cell(6, column::kSingleRead), "0064");
         }
     }
@@ -172,13 +172,13 @@ TEST(RtuRead, WaitingWriteGoesOutAndItsHundredsAreTakenOff) {
 TEST(RtuRead, AnyOtherCodeSendsTheLastFrameAgain) {
     for (const int code : {31, 32, 33, 35}) {
         for (const std::int32_t commandCode : {-1, 51, 59, 61, 70, 79, 81, 89, 92, 99, 100}) {
-            RtuBench bench(code);
+            RtuTalkBench bench(code);
             bench.SetCell(6, column::kSingleRead, u"0064");
-            bench.Form().CurrentRow = 3;
-            bench.Form().SendText = u" 11 22";
+            bench.Talk().CurrentRow = 3;
+            bench.Talk().SendText = u" 11 22";
             EXPECT_EQ(bench.Request(commandCode), " 11 22") << code << " " << commandCode;
-            EXPECT_EQ(bench.Form().CommandCode, commandCode);
-            EXPECT_EQ(bench.Form().CurrentRow, 3);
+            EXPECT_EQ(bench.Talk().CommandCode, commandCode);
+            EXPECT_EQ(bench.Talk().CurrentRow, 3);
             EXPECT_EQ(bench.Cell(6, column::kSingleRead), "0064");
         }
     }
@@ -187,18 +187,18 @@ TEST(RtuRead, AnyOtherCodeSendsTheLastFrameAgain) {
 TEST(RtuRead, BoardTypeAndTestsAreUnknownToFormsBAndC) {
     for (const int code : {32, 33}) {
         for (const std::int32_t commandCode : {80, 90, 91}) {
-            RtuBench bench(code);
-            bench.Form().SendText = u" 11 22";
-            bench.Form().CurrentRow = 8;
+            RtuTalkBench bench(code);
+            bench.Talk().SendText = u" 11 22";
+            bench.Talk().CurrentRow = 8;
             EXPECT_EQ(bench.Request(commandCode), " 11 22") << code << " " << commandCode;
-            EXPECT_EQ(bench.Form().CurrentRow, 8);
+            EXPECT_EQ(bench.Talk().CurrentRow, 8);
         }
     }
 }
 
 TEST(RtuRead, GridIsRedrawnBehindEachOperation) {
     for (const std::int32_t commandCode : {40, 60, 80, 90, 91, 131, 70}) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.Rows().Redraw = false;
         bench.Request(commandCode);
         EXPECT_TRUE(bench.Rows().Redraw) << commandCode;
@@ -206,8 +206,8 @@ TEST(RtuRead, GridIsRedrawnBehindEachOperation) {
 }
 
 TEST(RtuRead, BuilderThatEndsWithAnErrorLeavesTheRedrawOff) {
-    RtuBench bench(31);
-    bench.Form().ConDataNub.Set(u"多");
+    RtuTalkBench bench(31);
+    bench.Talk().ConDataNub.Set(u"多");
     EXPECT_EQ(ErrorOf([&] { bench.Request(60); }), 13);
     EXPECT_FALSE(bench.Rows().Redraw);
 }
@@ -222,20 +222,20 @@ TEST(RtuRead, CurrentRowOutsideTheParametersBecomesRow6) {
     for (const std::int32_t commandCode : {40, 60}) {
         for (const Row& row :
              {Row{6, 6}, Row{9, 9}, Row{14, 14}, Row{15, 6}, Row{400, 6}, Row{5, 6}, Row{0, 6}, Row{-1, 6}}) {
-            RtuBench bench(31);
-            bench.Form().CurrentRow = row.before;
+            RtuTalkBench bench(31);
+            bench.Talk().CurrentRow = row.before;
             bench.Request(commandCode);
-            EXPECT_EQ(bench.Form().CurrentRow, row.after) << row.before;
+            EXPECT_EQ(bench.Talk().CurrentRow, row.after) << row.before;
         }
     }
 }
 
 TEST(RtuRead, RawTextOfTheRowIsEmptied) {
     for (const std::int32_t commandCode : {40, 60}) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.SetColumn(column::kSingleRead, {u"A", u"B", u"C"});
         bench.SetColumn(column::kGroupRead, {u"D", u"E", u"F"});
-        bench.Form().CurrentRow = 7;
+        bench.Talk().CurrentRow = 7;
         bench.Request(commandCode);
         EXPECT_EQ(bench.Cell(6, column::kSingleRead), "A");
         EXPECT_EQ(bench.Cell(7, column::kSingleRead), "");
@@ -245,7 +245,7 @@ TEST(RtuRead, RawTextOfTheRowIsEmptied) {
 }
 
 TEST(RtuRead, GridWithoutARow6EndsWithError9) {
-    RtuBench bench(31);
+    RtuTalkBench bench(31);
     bench.Rows().SetRows(6);
     EXPECT_EQ(ErrorOf([&] { bench.Request(kAnySingleRead); }), 9);
 }
@@ -254,18 +254,18 @@ TEST(RtuRead, GridWithoutARow6EndsWithError9) {
 
 TEST(RtuGroupRead, ByteByByte) {
     for (const int code : {31, 32, 34}) {
-        RtuBench bench(code);
-        bench.Form().ConDataNub.Set(u"5");
+        RtuTalkBench bench(code);
+        bench.Talk().ConDataNub.Set(u"5");
         EXPECT_EQ(bench.Request(60), " 01 03 00 10 00 05 84 0C") << code;
     }
     for (const int code : {35, 51}) {
-        RtuBench bench(code);
+        RtuTalkBench bench(code);
         bench.SetColumn(column::kAddress, {u"0010", u"0012", u"0014", u"0016", u"0030"});
-        bench.Form().ConDataNub.Set(u"5");
+        bench.Talk().ConDataNub.Set(u"5");
         EXPECT_EQ(bench.Request(60), " 01 03 00 10 00 03 04 0E") << code;
     }
-    RtuBench bench(33);
-    bench.Form().ConDataNub.Set(u"1");
+    RtuTalkBench bench(33);
+    bench.Talk().ConDataNub.Set(u"1");
     EXPECT_EQ(bench.Content(60), " 01 04 00 10 00 02");
 }
 
@@ -278,10 +278,10 @@ struct GroupCase {
 
 void ExpectCounts(const std::vector<GroupCase>& cases) {
     for (const GroupCase& row : cases) {
-        RtuBench bench(row.code);
+        RtuTalkBench bench(row.code);
         bench.SetColumn(column::kAddress, std::vector<Text>(9, u"0900"));
         bench.SetColumn(column::kAddress, row.addresses);
-        bench.Form().ConDataNub.Set(row.limit);
+        bench.Talk().ConDataNub.Set(row.limit);
         EXPECT_EQ(bench.Content(60).substr(12), std::string(" 00 ") + row.count)
             << row.code << " " << ToUtf8(row.limit) << " " << ToUtf8(row.addresses[0]);
     }
@@ -351,11 +351,11 @@ TEST(RtuGroupRead, BeginsAtCurrentRowAndEndsWithTheGrid) {
                         {31, 13, " 01 03 00 17 00 02"}, {31, 14, " 01 03 00 18 00 01"},
                         {33, 14, " 01 04 00 18 00 01"}, {35, 14, " 01 03 00 18 00 14"}};
     for (const Row& row : rows) {
-        RtuBench bench(row.code);
-        bench.Form().ConDataNub.Set(u"20");
-        bench.Form().CurrentRow = row.currentRow;
+        RtuTalkBench bench(row.code);
+        bench.Talk().ConDataNub.Set(u"20");
+        bench.Talk().CurrentRow = row.currentRow;
         EXPECT_EQ(bench.Content(60), row.content) << row.code;
-        EXPECT_EQ(bench.Form().CurrentRow, row.currentRow) << "the parser moves it";
+        EXPECT_EQ(bench.Talk().CurrentRow, row.currentRow) << "the parser moves it";
     }
 }
 
@@ -365,10 +365,10 @@ TEST(RtuGroupRead, CountAbove255SpoilsTheFrame) {
 }
 
 TEST(RtuGroupRead, LimitIsTakenAnewEachTime) {
-    RtuBench bench(31);
-    bench.Form().ConDataNub.Set(u"3");
+    RtuTalkBench bench(31);
+    bench.Talk().ConDataNub.Set(u"3");
     EXPECT_EQ(bench.Content(60), " 01 03 00 10 00 03");
-    bench.Form().ConDataNub.Set(u"4");
+    bench.Talk().ConDataNub.Set(u"4");
     EXPECT_EQ(bench.Content(60), " 01 03 00 10 00 04");
 }
 
@@ -379,27 +379,27 @@ TEST(RtuGroupRead, TickedLengthVariesByChanceButNeverBelowTwo) {
     };
     for (const Row& row : {Row{0, "02"}, Row{0.2, "02"}, Row{0.374, "02"}, Row{0.375, "03"}, Row{0.5, "04"},
                            Row{0.874, "06"}, Row{0.999, "07"}}) {
-        RtuBench bench(31);
-        bench.line.RandomNumbers = {row.random};
-        bench.Form().ConDataNub.Set(u"8");
-        bench.Form().Check2.Set(true);
+        RtuTalkBench bench(31);
+        bench.clock.RandomNumbers = {row.random};
+        bench.Talk().ConDataNub.Set(u"8");
+        bench.Talk().Check2.Set(true);
         EXPECT_EQ(bench.Content(60), std::string(" 01 03 00 10 00 ") + row.count) << row.random;
     }
 }
 
 TEST(RtuGroupRead, TickedLengthDoesNotStretchWhatRunsOn) {
-    RtuBench bench(31);
+    RtuTalkBench bench(31);
     bench.SetCell(8, column::kAddress, u"0050");
-    bench.line.RandomNumbers = {0.999};
-    bench.Form().ConDataNub.Set(u"8");
-    bench.Form().Check2.Set(true);
+    bench.clock.RandomNumbers = {0.999};
+    bench.Talk().ConDataNub.Set(u"8");
+    bench.Talk().Check2.Set(true);
     EXPECT_EQ(bench.Content(60), " 01 03 00 10 00 02");
 }
 
 TEST(RtuGroupRead, TickedFormDWithoutARowThatRunsOnAsksForTheWholeNumber) {
-    RtuBench bench(35);
-    bench.Form().ConDataNub.Set(u"8");
-    bench.Form().Check2.Set(true);
+    RtuTalkBench bench(35);
+    bench.Talk().ConDataNub.Set(u"8");
+    bench.Talk().Check2.Set(true);
     EXPECT_EQ(bench.Content(60), " 01 03 00 10 00 08");
 }
 
@@ -410,11 +410,11 @@ TEST(RtuGroupRead, LimitThatIsNoNumberEndsTheBuilder) {
     };
     for (const int code : {31, 32, 33, 35}) {
         for (const Row& row : {Row{u"多", 13}, Row{u"", 13}, Row{u"40000", 6}}) {
-            RtuBench bench(code);
-            bench.Form().SendText = u" 11 22";
-            bench.Form().ConDataNub.Set(row.limit);
+            RtuTalkBench bench(code);
+            bench.Talk().SendText = u" 11 22";
+            bench.Talk().ConDataNub.Set(row.limit);
             EXPECT_EQ(ErrorOf([&] { bench.Request(60); }), row.error) << code << ToUtf8(row.limit);
-            EXPECT_EQ(ToUtf8(bench.Form().SendText), " 11 22");
+            EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 11 22");
         }
     }
 }
@@ -423,12 +423,12 @@ TEST(RtuGroupRead, LimitThatIsNoNumberEndsTheBuilder) {
 
 TEST(RtuTest, BoardTypeIsAskedForWithoutARow) {
     for (const int code : {31, 34, 35, 51}) {
-        RtuBench bench(code);
+        RtuTalkBench bench(code);
         bench.SetCell(6, column::kSingleRead, u"0064");
-        bench.Form().CurrentRow = 99;
+        bench.Talk().CurrentRow = 99;
         EXPECT_EQ(bench.Request(80), " 01 09 00 00 00 00 DD CB") << code;
-        EXPECT_EQ(bench.Form().CurrentRow, 99);
-        EXPECT_EQ(bench.Form().CommandCode, 80);
+        EXPECT_EQ(bench.Talk().CurrentRow, 99);
+        EXPECT_EQ(bench.Talk().CommandCode, 80);
         EXPECT_EQ(bench.Cell(6, column::kSingleRead), "0064");
     }
 }
@@ -436,10 +436,10 @@ TEST(RtuTest, BoardTypeIsAskedForWithoutARow) {
 // 7982 of 65534 is the word 1F2E.
 TEST(RtuTest, FixedTestByteByByte) {
     for (const int code : {31, 34, 35, 51}) {
-        RtuBench bench(code);
-        bench.line.RandomNumbers = {7982.5 / 65534};
+        RtuTalkBench bench(code);
+        bench.clock.RandomNumbers = {7982.5 / 65534};
         EXPECT_EQ(bench.Request(90), " 01 08 00 10 1F 2E 69 E2") << code;
-        EXPECT_EQ(bench.Form().CommandCode, 90);
+        EXPECT_EQ(bench.Talk().CommandCode, 90);
     }
 }
 
@@ -450,46 +450,46 @@ TEST(RtuTest, WordIsRandomFrom0ToBelow65534) {
     };
     for (const Row& row : {Row{0, " 00 00"}, Row{0.5, " 7F FF"}, Row{10.5 / 65534, " 00 0A"},
                            Row{0.9999999, " FF FD"}, Row{1.0 - 1.5 / 65534, " FF FC"}}) {
-        RtuBench bench(31);
-        bench.line.RandomNumbers = {row.random};
+        RtuTalkBench bench(31);
+        bench.clock.RandomNumbers = {row.random};
         EXPECT_EQ(bench.Content(90), std::string(" 01 08 00 10") + row.word) << row.random;
     }
 }
 
 TEST(RtuTest, EachTestDrawsAWord) {
-    RtuBench bench(31);
-    bench.line.RandomNumbers = {0, 0.5};
+    RtuTalkBench bench(31);
+    bench.clock.RandomNumbers = {0, 0.5};
     EXPECT_EQ(bench.Content(90), " 01 08 00 10 00 00");
     EXPECT_EQ(bench.Content(90), " 01 08 00 10 7F FF");
 }
 
 TEST(RtuTest, FixedTestStaysOnRow6) {
     for (const std::int16_t before : std::initializer_list<std::int16_t>{0, 6, 9, 14, 20}) {
-        RtuBench bench(31);
-        bench.Form().CurrentRow = before;
+        RtuTalkBench bench(31);
+        bench.Talk().CurrentRow = before;
         EXPECT_EQ(bench.Content(90), " 01 08 00 10 7F FF") << before;
-        EXPECT_EQ(bench.Form().CurrentRow, 6);
+        EXPECT_EQ(bench.Talk().CurrentRow, 6);
     }
 }
 
 TEST(RtuTest, RisingTestWalksTheRowsAndWraps) {
     for (const int code : {31, 35}) {
-        RtuBench bench(code);
-        bench.Form().CurrentRow = 12;
+        RtuTalkBench bench(code);
+        bench.Talk().CurrentRow = 12;
         EXPECT_EQ(bench.Content(91), " 01 08 00 17 7F FF");
-        EXPECT_EQ(bench.Form().CurrentRow, 13);
+        EXPECT_EQ(bench.Talk().CurrentRow, 13);
         EXPECT_EQ(bench.Content(91), " 01 08 00 18 7F FF");
         EXPECT_EQ(bench.Content(91), " 01 08 00 10 7F FF");
-        EXPECT_EQ(bench.Form().CurrentRow, 6);
+        EXPECT_EQ(bench.Talk().CurrentRow, 6);
         EXPECT_EQ(bench.Content(91), " 01 08 00 11 7F FF");
     }
 }
 
 TEST(RtuTest, RisingTestFromAboveTheParametersBeginsAtRow6) {
-    RtuBench bench(31);
-    bench.Form().CurrentRow = 0;
+    RtuTalkBench bench(31);
+    bench.Talk().CurrentRow = 0;
     EXPECT_EQ(bench.Content(91), " 01 08 00 10 7F FF");
-    bench.Form().CurrentRow = 5;
+    bench.Talk().CurrentRow = 5;
     EXPECT_EQ(bench.Content(91), " 01 08 00 10 7F FF");
 }
 
@@ -499,9 +499,9 @@ TEST(RtuTest, TestsEmptyTheRawTextOfTheirRow) {
         int row;
     };
     for (const Row& row : {Row{90, 6}, Row{91, 10}}) {
-        RtuBench bench(31);
+        RtuTalkBench bench(31);
         bench.SetColumn(column::kSingleRead, std::vector<Text>(9, u"0064"));
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CurrentRow = 9;
         bench.Request(row.commandCode);
         for (int r = 6; r <= 14; ++r) {
             EXPECT_EQ(bench.Cell(r, column::kSingleRead), r == row.row ? "" : "0064") << row.commandCode << r;
@@ -510,8 +510,8 @@ TEST(RtuTest, TestsEmptyTheRawTextOfTheirRow) {
 }
 
 TEST(RtuTest, RisingTestAtTheEndOf16BitsEndsWithError6) {
-    RtuBench bench(31);
-    bench.Form().CurrentRow = 32767;
+    RtuTalkBench bench(31);
+    bench.Talk().CurrentRow = 32767;
     EXPECT_EQ(ErrorOf([&] { bench.Request(91); }), 6);
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/rtu_bench.h"
+#include "protocol_modbus/rtu_talk_bench.h"
 #include "protocol_modbus/rtu_value.h"
 #include "support/error_of.h"
 
@@ -10,7 +10,7 @@ namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::RtuBench;
+using testing::RtuTalkBench;
 
 using Cells = std::vector<std::string>;
 
@@ -19,15 +19,14 @@ const HexText kTwelveBytes = u" 11 22 33 44 55 66 77 88 99 AA BB CC";
 HexText BytesOf(int count) { return kTwelveBytes.substr(0, static_cast<std::size_t>(count) * 3); }
 
 // Format 10 leaves a code as it is, so that the value columns show what was cut out.
-struct RowsBench : RtuBench {
-    explicit RowsBench(const Text& format = u"10") : RtuBench(31) {
+struct RowsBench : RtuTalkBench {
+    explicit RowsBench(const Text& format = u"10") : RtuTalkBench(31) {
         SetFormat(format);
-        Form().CommandCode = 50;
+        Talk().CommandCode = 50;
     }
     // The walk over data whose check bytes have been found good: any two here.
     void Walk(const HexText& data, const Text& front = u" 01 03 00") {
-        Form().ReplyText = front + data + u" 5A A5";
-        DecodeRtuRows(Form());
+        DecodeRtuRows(Talk(), front + data + u" 5A A5");
     }
     Cells Column(int col, int count) {
         Cells cells;
@@ -68,9 +67,9 @@ void ExpectCuts(const std::vector<Cut>& cuts) {
         bench.Walk(BytesOf(cut.bytes));
         const auto filled = static_cast<int>(cut.raw.size());
         EXPECT_EQ(bench.Column(column::kSingleRead, filled), cut.raw);
-        EXPECT_EQ(bench.Form().CurrentRow, cut.currentRow);
+        EXPECT_EQ(bench.Talk().CurrentRow, cut.currentRow);
         if (filled < 9) {
-            EXPECT_EQ(bench.Cell(RtuBench::kFirstRow + filled, column::kSingleRead), "");
+            EXPECT_EQ(bench.Cell(RtuTalkBench::kFirstRow + filled, column::kSingleRead), "");
         }
     }
 }
@@ -152,12 +151,12 @@ TEST(RtuRows, OtherLengthsTakeNothing) {
         bench.SetCell(6, column::kSingleRead, u"00C8");
         bench.Walk(BytesOf(2));
         EXPECT_EQ(bench.Reading(6), (Cells{"00C8", "", "00C8", "00C8"})) << ToUtf8(length) << "what it held";
-        EXPECT_EQ(bench.Form().CurrentRow, 7) << "too little is left all the same";
-        bench.Form().CurrentRow = 6;
+        EXPECT_EQ(bench.Talk().CurrentRow, 7) << "too little is left all the same";
+        bench.Talk().CurrentRow = 6;
         bench.Walk(BytesOf(4));
         EXPECT_EQ(bench.Reading(6), (Cells{"00C8", "", "00C8", "00C8"}));
         EXPECT_EQ(bench.Reading(7), (Cells{"1122", "", "1122", "1122"}));
-        EXPECT_EQ(bench.Form().CurrentRow, 8);
+        EXPECT_EQ(bench.Talk().CurrentRow, 8);
     }
 }
 
@@ -170,38 +169,37 @@ TEST(RtuRows, WalkBeginsAtCurrentRowButNotAboveRow6) {
     };
     for (const Row& row : {Row{-1, 6}, Row{0, 6}, Row{5, 6}, Row{6, 6}, Row{9, 9}, Row{14, 14}}) {
         RowsBench bench;
-        bench.Form().CurrentRow = row.before;
+        bench.Talk().CurrentRow = row.before;
         bench.Walk(BytesOf(2));
         EXPECT_EQ(bench.Reading(row.row), (Cells{"1122", "", "1122", "1122"})) << row.before;
-        EXPECT_EQ(bench.Form().CurrentRow, row.row + 1) << row.before;
+        EXPECT_EQ(bench.Talk().CurrentRow, row.row + 1) << row.before;
     }
 }
 
 TEST(RtuRows, GridThatEndsFirstLeavesCurrentRow) {
     RowsBench bench;
-    bench.Form().CurrentRow = 13;
+    bench.Talk().CurrentRow = 13;
     bench.Walk(BytesOf(12));
     EXPECT_EQ(bench.Cell(13, column::kSingleRead), "1122");
     EXPECT_EQ(bench.Cell(14, column::kSingleRead), "3344");
-    EXPECT_EQ(bench.Form().CurrentRow, 13);
+    EXPECT_EQ(bench.Talk().CurrentRow, 13);
 }
 
 TEST(RtuRows, WalkFromBehindTheGridFillsNothing) {
     RowsBench bench;
-    bench.Form().CurrentRow = 15;
+    bench.Talk().CurrentRow = 15;
     bench.Walk(BytesOf(2));
     EXPECT_EQ(bench.Column(column::kSingleRead, 9), Cells(9));
-    EXPECT_EQ(bench.Form().CurrentRow, 15);
+    EXPECT_EQ(bench.Talk().CurrentRow, 15);
 }
 
 TEST(RtuRows, ReplyWithoutDataTouchesNothing) {
     for (const char16_t* reply : {u"", u" 01", u" 01 83 02", u" 01 83 02 C0", u" 01 83 02 C0 F1"}) {
         RowsBench bench;
-        bench.Form().CurrentRow = 2;
-        bench.Form().ReplyText = reply;
-        DecodeRtuRows(bench.Form());
+        bench.Talk().CurrentRow = 2;
+        DecodeRtuRows(bench.Talk(), reply);
         EXPECT_EQ(bench.Reading(6), kUntouched) << ToUtf8(reply);
-        EXPECT_EQ(bench.Form().CurrentRow, 2) << ToUtf8(reply);
+        EXPECT_EQ(bench.Talk().CurrentRow, 2) << ToUtf8(reply);
     }
 }
 
@@ -209,7 +207,7 @@ TEST(RtuRows, EverythingBehindTheThirdByteIsData) {
     RowsBench bench;
     bench.Walk(u" 10 03 E8", u" 01 06 00");
     EXPECT_EQ(bench.Reading(6), (Cells{"1003", "", "1003", "1003"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 7);
+    EXPECT_EQ(bench.Talk().CurrentRow, 7);
 }
 
 TEST(RtuRows, GroupReadGoesIntoItsOwnColumnAndScrollsNothing) {
@@ -223,22 +221,22 @@ TEST(RtuRows, GroupReadGoesIntoItsOwnColumnAndScrollsNothing) {
           Row{160, {"1122", "old", "1122", "1122"}, 26}, Row{1060, {"1122", "old", "1122", "1122"}, 26}}) {
         RowsBench bench;
         bench.Rows().SetRows(40);
-        bench.Form().CurrentRow = 30;
+        bench.Talk().CurrentRow = 30;
         bench.SetCell(30, column::kLength, u"2");
         bench.SetCell(30, column::kDecimals, u"0");
         bench.SetCell(30, column::kSingleRead, u"old");
         bench.SetCell(30, column::kGroupRead, u"old");
-        bench.Form().CommandCode = row.commandCode;
+        bench.Talk().CommandCode = row.commandCode;
         bench.Walk(BytesOf(2));
         EXPECT_EQ(bench.Reading(30), row.reading) << row.commandCode;
         EXPECT_EQ(bench.Rows().TopRow, row.topRow) << row.commandCode;
-        EXPECT_EQ(bench.Form().CurrentRow, 31);
+        EXPECT_EQ(bench.Talk().CurrentRow, 31);
     }
 }
 
 TEST(RtuRows, LengthThatTakesNothingInAGroupReadDecodesWhatItsColumnHeld) {
     RowsBench bench;
-    bench.Form().CommandCode = 60;
+    bench.Talk().CommandCode = 60;
     bench.SetCell(6, column::kLength, u"0");
     bench.SetCell(6, column::kGroupRead, u"00C8");
     bench.Walk(BytesOf(2));
@@ -310,12 +308,12 @@ TEST(RtuRows, DecimalsOfZeroLeaveTheValue) {
 
 TEST(RtuRows, ValueThatCannotBeDecodedEndsTheWalkAtItsRow) {
     RowsBench bench;
-    bench.Form().MeterCodeText = u"31";
-    bench.Form().CurrentRow = 2;
+    bench.Talk().MeterCodeText = u"31";
+    bench.Talk().CurrentRow = 2;
     EXPECT_EQ(ErrorOf([&] { bench.Walk(BytesOf(6)); }), 13);
     EXPECT_EQ(bench.Reading(6), (Cells{"1122", "", "", ""}));
     EXPECT_EQ(bench.Reading(7), kUntouched);
-    EXPECT_EQ(bench.Form().CurrentRow, 6);
+    EXPECT_EQ(bench.Talk().CurrentRow, 6);
 }
 
 TEST(RtuValue, EncodesInTheFormatOfTheInstrument) {
@@ -327,7 +325,7 @@ TEST(RtuValue, EncodesInTheFormatOfTheInstrument) {
         RowsBench bench(row.format);
         bench.SetName(u"三相电量表");
         Text value = u"100";
-        EncodeRtuValue(bench.Form(), value);
+        EncodeRtuValue(bench.Talk(), value);
         EXPECT_EQ(ToUtf8(value), row.code);
     }
 }

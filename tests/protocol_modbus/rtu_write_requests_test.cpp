@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_modbus/rtu_bench.h"
+#include "protocol_modbus/rtu_talk_bench.h"
 #include "support/error_of.h"
 
 namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::RtuBench;
+using testing::RtuTalkBench;
 
 constexpr int kRow = 6;
 constexpr const char16_t* kOldFrame = u" 01 03 00 10 00 01 85 CF";
@@ -23,23 +23,17 @@ constexpr int kSeveral = 2;
 }  // namespace write_type
 
 // The user has opened the editor on column 10 of a row; the polling is at another row.
-struct WriteBench : RtuBench {
-    WriteBench(int code, const Text& format, const Text& length) : RtuBench(code) {
+struct WriteBench : RtuTalkBench {
+    WriteBench(int code, const Text& format, const Text& length) : RtuTalkBench(code) {
         SetFormat(format);
         SetColumn(column::kLength, std::vector<Text>(9, length));
-        Form().SendText = kOldFrame;
-        Form().InputText.SetVisible(true);
-        Form().CurrentRow = 9;
+        Talk().SendText = kOldFrame;
+        Talk().InputText.SetVisible(true);
+        Talk().CurrentRow = 9;
     }
     std::string Write(const Text& entry, int row = kRow) {
-        Rows().Select(row, column::kNewValue);
-        Form().InputText.Set(entry);
-        if (Form().ProtocolCode == 35) {
-            BuildRtuWriteFlow(Form());
-        } else {
-            BuildRtuWrite(Form());
-        }
-        return ToUtf8(Form().SendText);
+        BuildWrite(row, entry);
+        return ToUtf8(Talk().SendText);
     }
 };
 
@@ -93,7 +87,7 @@ TEST(RtuWrite, AddressKeepsItsFirstDigit) {
 TEST(RtuWrite, TakesTheUsersRowAndLeavesThatOfThePolling) {
     WriteBench bench(31, u"01", u"2");
     EXPECT_EQ(bench.Write(u"1000", 8).substr(0, 18), " 01 06 00 12 03 E8");
-    EXPECT_EQ(bench.Form().CurrentRow, 9);
+    EXPECT_EQ(bench.Talk().CurrentRow, 9);
     EXPECT_EQ(bench.Cell(8, column::kNewValue), "1000");
     EXPECT_EQ(bench.Cell(6, column::kNewValue), "");
 }
@@ -103,7 +97,7 @@ TEST(RtuWrite, EditorIsHiddenAndTheCellKeepsTheEntryAsTyped) {
     bench.SetCell(14, column::kValue, u"1");
     bench.SetCell(kRow, column::kDecimals, u"0018");
     bench.Write(u"12.30");
-    EXPECT_FALSE(bench.Form().InputText.Visible());
+    EXPECT_FALSE(bench.Talk().InputText.Visible());
     EXPECT_EQ(bench.Cell(kRow, column::kNewValue), "12.30");
 }
 
@@ -129,12 +123,12 @@ TEST(RtuWrite, EntryThatIsNoNumberEndsTheBuilder) {
             WriteBench bench(code, u"01", u"4");
             bench.SetCell(14, column::kValue, u"2");
             bench.SetCell(kRow, column::kDecimals, decimals);
-            bench.Form().WriteType.Choose(write_type::kTwoBytes);
+            bench.Talk().WriteType.Choose(write_type::kTwoBytes);
             EXPECT_EQ(ErrorOf([&] { bench.Write(u"快"); }), 13) << code;
-            EXPECT_EQ(bench.Form().SendText, kOldFrame);
-            EXPECT_TRUE(bench.Form().InputText.Visible());
-            EXPECT_TRUE(bench.dialogs.Shown.empty());
-            EXPECT_FALSE(bench.Form().SecondHalfPending);
+            EXPECT_EQ(bench.Talk().SendText, kOldFrame);
+            EXPECT_TRUE(bench.Talk().InputText.Visible());
+            EXPECT_TRUE(bench.dialogs.HaveShownNothing());
+            EXPECT_FALSE(bench.Talk().SecondHalfPending);
             EXPECT_EQ(bench.Cell(kRow, column::kNewValue), "快");
         }
     }
@@ -142,7 +136,7 @@ TEST(RtuWrite, EntryThatIsNoNumberEndsTheBuilder) {
 
 TEST(RtuWrite, InstrumentWithoutAFormatEndsTheBuilder) {
     WriteBench bench(31, u"01", u"2");
-    bench.Form().MeterCodeText = u"31";
+    bench.Talk().MeterCodeText = u"31";
     EXPECT_EQ(ErrorOf([&] { bench.Write(u"1000"); }), 13);
 }
 
@@ -157,36 +151,36 @@ TEST(RtuFlowWrite, WriteTypeChoosesTheFrameByteByByte) {
                            Row{write_type::kFourBytes, " 01 06 00 10 42 C8 00 00 B3 82"},
                            Row{write_type::kSeveral, " 01 10 00 10 00 02 04 42 C8 00 00 67 25"}}) {
         WriteBench bench(35, u"03", u"4");
-        bench.Form().WriteType.Choose(row.writeType);
+        bench.Talk().WriteType.Choose(row.writeType);
         EXPECT_EQ(bench.Write(u"100"), row.frame);
-        EXPECT_FALSE(bench.Form().InputText.Visible());
+        EXPECT_FALSE(bench.Talk().InputText.Visible());
     }
 }
 
 TEST(RtuFlowWrite, OneFrameOfFourBytesIsChosenAtFirst) {
     WriteBench bench(35, u"03", u"4");
     EXPECT_EQ(bench.Write(u"100"), " 01 06 00 10 42 C8 00 00 B3 82");
-    EXPECT_TRUE(bench.dialogs.Shown.empty());
+    EXPECT_TRUE(bench.dialogs.HaveShownNothing());
 }
 
 TEST(RtuFlowWrite, FirstHalfAsksForASecondEntry) {
     WriteBench bench(35, u"03", u"4");
-    bench.Form().WriteType.Choose(write_type::kTwoBytes);
+    bench.Talk().WriteType.Choose(write_type::kTwoBytes);
     EXPECT_EQ(bench.Write(u"100"), " 01 06 00 10 42 C8 B9 39");
-    EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{kMessage});
-    EXPECT_EQ(bench.dialogs.Shown[0].kind, testing::ShownBox::Kind::Message);
-    EXPECT_TRUE(bench.Form().SecondHalfPending);
+    EXPECT_EQ(bench.dialogs.Messages, std::vector<std::string>{kMessage});
+    EXPECT_EQ(bench.dialogs.OtherBoxes, 0);
+    EXPECT_TRUE(bench.Talk().SecondHalfPending);
     EXPECT_EQ(bench.Write(u"100"), " 01 06 00 11 00 00 D9 CF");
-    EXPECT_EQ(bench.dialogs.Shown.size(), 1U) << "the second entry asks for nothing";
-    EXPECT_FALSE(bench.Form().SecondHalfPending);
+    EXPECT_EQ(bench.dialogs.Messages.size(), 1U) << "the second entry asks for nothing";
+    EXPECT_FALSE(bench.Talk().SecondHalfPending);
     EXPECT_EQ(bench.Write(u"100"), " 01 06 00 10 42 C8 B9 39");
-    EXPECT_EQ(bench.dialogs.Shown.size(), 2U);
+    EXPECT_EQ(bench.dialogs.Messages.size(), 2U);
 }
 
 // 1.1 is 3F8CCCCD, 100 is 42C80000.
 TEST(RtuFlowWrite, SecondWordIsThatOfTheSecondEntryInItsRow) {
     WriteBench bench(35, u"03", u"4");
-    bench.Form().WriteType.Choose(write_type::kTwoBytes);
+    bench.Talk().WriteType.Choose(write_type::kTwoBytes);
     bench.Write(u"100", 6);
     EXPECT_EQ(bench.Write(u"1.1", 8).substr(0, 18), " 01 06 00 13 CC CD");
     EXPECT_EQ(bench.Write(u"1.1", 6).substr(0, 18), " 01 06 00 10 3F 8C") << "out of step until now";
@@ -194,18 +188,14 @@ TEST(RtuFlowWrite, SecondWordIsThatOfTheSecondEntryInItsRow) {
 
 TEST(RtuFlowWrite, NothingButTheSecondHalfTakesTheMemoryBack) {
     WriteBench bench(35, u"03", u"4");
-    bench.Form().WriteType.Choose(write_type::kTwoBytes);
+    bench.Talk().WriteType.Choose(write_type::kTwoBytes);
     bench.Write(u"100");
-    bench.Form().WriteType.Choose(write_type::kFourBytes);
+    bench.Talk().WriteType.Choose(write_type::kFourBytes);
     bench.Write(u"100");
-    bench.Form().WriteType.Choose(write_type::kSeveral);
+    bench.Talk().WriteType.Choose(write_type::kSeveral);
     bench.Write(u"100");
-    bench.Choose(Text(bench.Form().protocols.Of(35).name), u"仪表");
-    EXPECT_TRUE(bench.Form().SecondHalfPending);
-    bench.SetFormat(u"03");
-    bench.Form().AddressText = u"01";
-    bench.SetCell(kRow, column::kLength, u"4");
-    bench.Form().WriteType.Choose(write_type::kTwoBytes);
+    EXPECT_TRUE(bench.Talk().SecondHalfPending);
+    bench.Talk().WriteType.Choose(write_type::kTwoBytes);
     EXPECT_EQ(bench.Write(u"100"), " 01 06 00 11 00 00 D9 CF");
 }
 
@@ -219,8 +209,8 @@ TEST(RtuFlowWrite, SecondHalfGoesToTheNextAddress) {
           Row{u"7FFF", "80 00"}, Row{u"8000", "80 01"}, Row{u"FFFF", "00 00"}}) {
         WriteBench bench(35, u"03", u"4");
         bench.SetCell(kRow, column::kAddress, row.address);
-        bench.Form().WriteType.Choose(write_type::kTwoBytes);
-        bench.Form().SecondHalfPending = true;
+        bench.Talk().WriteType.Choose(write_type::kTwoBytes);
+        bench.Talk().SecondHalfPending = true;
         EXPECT_EQ(bench.Write(u"100").substr(0, 18), std::string(" 01 06 ") + row.next + " 00 00");
     }
 }
@@ -229,7 +219,7 @@ TEST(RtuFlowWrite, AddressKeepsItsFirstDigit) {
     for (const int writeType : {write_type::kTwoBytes, write_type::kFourBytes, write_type::kSeveral}) {
         WriteBench bench(35, u"03", u"4");
         bench.SetCell(kRow, column::kAddress, u"4010");
-        bench.Form().WriteType.Choose(writeType);
+        bench.Talk().WriteType.Choose(writeType);
         EXPECT_EQ(bench.Write(u"100").substr(6, 6), " 40 10") << writeType;
     }
 }
@@ -238,11 +228,11 @@ TEST(RtuFlowWrite, RowOfAnotherLengthLetsTheOldFrameGrow) {
     for (const char16_t* length : {u"1", u"2", u"5", u"0", u"3", u"", u"44"}) {
         for (const int writeType : {write_type::kTwoBytes, write_type::kFourBytes, write_type::kSeveral}) {
             WriteBench bench(35, u"03", length);
-            bench.Form().WriteType.Choose(writeType);
+            bench.Talk().WriteType.Choose(writeType);
             EXPECT_EQ(bench.Write(u"100"), " 01 03 00 10 00 01 85 CF 00 00") << ToUtf8(length);
-            EXPECT_FALSE(bench.Form().InputText.Visible());
-            EXPECT_FALSE(bench.Form().SecondHalfPending);
-            EXPECT_TRUE(bench.dialogs.Shown.empty());
+            EXPECT_FALSE(bench.Talk().InputText.Visible());
+            EXPECT_FALSE(bench.Talk().SecondHalfPending);
+            EXPECT_TRUE(bench.dialogs.HaveShownNothing());
             EXPECT_EQ(bench.Cell(kRow, column::kNewValue), "100");
         }
     }
@@ -253,74 +243,6 @@ TEST(RtuFlowWrite, DecimalsOfTheReferencedRowScaleTheEntry) {
     bench.SetCell(14, column::kValue, u"1");
     bench.SetCell(kRow, column::kDecimals, u"0018");
     EXPECT_EQ(bench.Write(u"10"), " 01 06 00 10 42 C8 00 00 B3 82");
-}
-
-// --- The way of a write through the session ---
-
-TEST(RtuWriteRequest, CodesWithoutAWriteKeepTheFrame) {
-    for (const int code : {33, 51}) {
-        WriteBench bench(code, u"01", u"2");
-        bench.Form().CommandCode = 50;
-        bench.Rows().Select(kRow, column::kNewValue);
-        bench.Form().InputText.Set(u"1000");
-        BuildWriteRequest(bench.Form());
-        EXPECT_EQ(bench.Form().SendText, kOldFrame) << code;
-        EXPECT_EQ(bench.Form().CommandCode, 150);
-        EXPECT_EQ(bench.Cell(kRow, column::kNewValue), "");
-    }
-}
-
-TEST(RtuWriteRequest, OneWriteGoesOutBetweenTwoReads) {
-    struct Row {
-        int code;
-        const char* read;
-        const char* between;
-    };
-    const Row rows[] = {{31, "01 03 00 10 00 01 85 CF", "01 06 00 10 03 E8 88 B1"},
-                        {32, "01 03 00 10 00 01 85 CF", "01 06 00 10 03 E8 88 B1"},
-                        {33, "01 04 00 10 00 01 30 0F", "01 04 00 10 00 01 30 0F"},
-                        {34, "01 03 00 10 00 01 85 CF", "01 06 00 10 03 E8 88 B1"},
-                        {35, "01 03 00 10 00 02 C5 CE", "01 03 00 10 00 02 C5 CE 00 00"},
-                        {51, "01 03 00 10 00 02 C5 CE", "01 03 00 10 00 02 C5 CE"}};
-    for (const Row& row : rows) {
-        RtuBench bench(row.code);
-        bench.Form().CommandCode = 50;
-        bench.Press(4);
-        bench.line.RunUntil(300);
-        bench.Form().CurrentRow = 6;
-        Happen(bench, [](MainForm& form) {
-            form.ParameterGrid().Select(kRow, column::kNewValue);
-            form.InputText.Set(u"1000");
-            BuildWriteRequest(form);
-        });
-        EXPECT_EQ(bench.Form().CommandCode, 150);
-        while (bench.line.FrameCount() < 3) bench.line.RunUntil(bench.line.Time() + 100);
-        EXPECT_EQ(bench.SentFrames()[0], row.read) << row.code;
-        EXPECT_EQ(bench.SentFrames()[1], row.between) << row.code;
-        EXPECT_EQ(bench.SentFrames()[2].substr(0, 5), std::string(row.read).substr(0, 5)) << row.code;
-        EXPECT_EQ(bench.Form().CommandCode, 50);
-    }
-}
-
-TEST(RtuWriteRequest, CheckWordOfCode31IsTheWriteOfTheRow) {
-    WriteBench bench(31, u"01", u"2");
-    bench.Rows().Select(kRow, column::kNewValue);
-    bench.Form().InputText.Set(u"1000");
-    HexText frame = u"01 02";
-    MakeCRCWord(bench.Form(), frame);
-    EXPECT_EQ(ToUtf8(frame), " 01 02");
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 01 06 00 10 03 E8 88 B1");
-}
-
-TEST(RtuWriteRequest, CheckWordOfTheOtherCodesIsNothing) {
-    for (const int code : {32, 33, 34, 35, 51}) {
-        WriteBench bench(code, u"01", u"2");
-        bench.Form().InputText.Set(u"1000");
-        HexText frame = u"01 02";
-        MakeCRCWord(bench.Form(), frame);
-        EXPECT_EQ(ToUtf8(frame), " 01 02") << code;
-        EXPECT_EQ(bench.Form().SendText, kOldFrame) << code;
-    }
 }
 
 }  // namespace

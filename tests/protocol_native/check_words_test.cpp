@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
 #include "support/error_of.h"
+#include "support/frame_text.h"
 
 namespace commtest {
 namespace {

@@ -3,30 +3,32 @@
 #include <gtest/gtest.h>
 
 #include "protocol_native/check_words.h"
-#include "protocol_native/instrument_bench.h"
 #include "protocol_native/read_requests.h"
-#include "protocol_native/reply_parser.h"
+#include "protocol_native/reply_rows.h"
+#include "protocol_native/reply_verdicts.h"
+#include "protocol_native/row_manner.h"
 #include "protocol_native/write_requests.h"
-#include "session/operation_menus.h"
+#include "session/address.h"
+#include "session/frame_end.h"
 
 namespace commtest {
 namespace {
 
-using testing::InstrumentBench;
-using testing::TestParameter;
-
-const std::vector<TestParameter> kArbitraryParameters = {{u"上限", u"0020", u"2", u"RW", u"0"}};
-
 TEST(NativeProtocols, EachCodeHasItsRoutines) {
     struct Row {
         int code;
-        void (*buildRead)(MainForm&);
-        void (*buildWrite)(MainForm&);
+        void (*buildRead)(Conversation&, Clock&);
+        void (*buildWrite)(Conversation&, Dialogs&);
         void (*appendCheckWord)(HexText&);
+        Verdict (*judge)(const Exchange&);
+        void (*composeAddress)(Conversation&);
+        void (*showFrameAddress)(Conversation&, const HexText&);
     };
-    const Row rows[] = {{11, BuildTqReadRequest, BuildTqWriteRequest, MakeCRCWordTq},
-                        {12, BuildTqGroupReadRequest, BuildTqWriteRequestTwo, MakeCRCWordTqTwo},
-                        {13, BuildTqReadRequest, nullptr, MakeCRCWordTq}};
+    const Row rows[] = {{11, BuildTqReadRequest, BuildTqWriteRequest, MakeCRCWordTq, JudgeTqReply,
+                         ComposeAsciiAddress, ShowAsciiFrameAddress},
+                        {12, BuildTqGroupReadRequest, BuildTqWriteRequestTwo, MakeCRCWordTqTwo,
+                         JudgeTqReplyTwo, ComposeAsciiAddress, ShowAsciiFrameAddress},
+                        {13, BuildTqReadRequest, nullptr, MakeCRCWordTq, JudgeTqReply, nullptr, nullptr}};
     const std::vector<Protocol> family = NativeProtocols();
     ASSERT_EQ(family.size(), std::size(rows));
     for (std::size_t i = 0; i < family.size(); ++i) {
@@ -34,31 +36,24 @@ TEST(NativeProtocols, EachCodeHasItsRoutines) {
         EXPECT_EQ(family[i].buildRead, rows[i].buildRead) << rows[i].code;
         EXPECT_EQ(family[i].buildWrite, rows[i].buildWrite) << rows[i].code;
         EXPECT_EQ(family[i].appendCheckWord, rows[i].appendCheckWord) << rows[i].code;
-        EXPECT_EQ(family[i].parseReply, ParseTqReply) << rows[i].code;
+        EXPECT_EQ(family[i].judge, rows[i].judge) << rows[i].code;
+        EXPECT_EQ(family[i].composeAddress, rows[i].composeAddress) << rows[i].code;
+        EXPECT_EQ(family[i].showFrameAddress, rows[i].showFrameAddress) << rows[i].code;
     }
 }
 
-TEST(NativeProtocols, ChoosingOneShowsFramesAsCharactersAndBringsMenu1) {
-    for (const int code : {11, 12, 13}) {
-        InstrumentBench bench(code, kArbitraryParameters);
-        bench.Form().ShowMode.Show(1);
-        bench.Choose(Text(bench.Form().protocols.Of(code).name), u"仪表");
-        EXPECT_TRUE(bench.Form().ShowMode.IsChosen(0)) << code;
-        EXPECT_EQ(bench.Form().ProtocolCode, code);
-        EXPECT_EQ(MenuOfProtocol(bench.Form()), 1) << code;
-    }
-}
-
-TEST(NativeProtocols, ReplayShowsTheAddressOfARecordedFrameExceptUnderCode13) {
-    struct Row {
-        int code;
-        const char* address;
-    };
-    for (const Row& row : {Row{11, "10"}, Row{12, "10"}, Row{13, "1"}}) {
-        InstrumentBench bench(row.code, kArbitraryParameters);
-        bench.Form().DemoFrames = {u" 40 30 41 52 44 36 37 0D"};
-        EXPECT_EQ(bench.Poll(10031), "@0ARD67\r");
-        EXPECT_EQ(ToUtf8(bench.Form().ConMeterAddr.Value()), row.address) << row.code;
+TEST(NativeProtocols, AllSpeakInCharactersAndContinueOnALineFeed) {
+    for (const Protocol& row : NativeProtocols()) {
+        EXPECT_EQ(row.replyIsComplete, EndsWithLineEnd) << row.code;
+        EXPECT_TRUE(row.continuesOnLineFeed) << row.code;
+        EXPECT_EQ(row.words, WordsOnTqReply) << row.code;
+        EXPECT_EQ(row.decode, DecodeTqReplyRows) << row.code;
+        EXPECT_TRUE(row.countsWrongCheckWords) << row.code;
+        EXPECT_FALSE(row.stepsOverSilentRows) << row.code;
+        EXPECT_EQ(row.displayMode, DisplayMode::Ascii) << row.code;
+        EXPECT_EQ(row.menu, OperationMenu::Native) << row.code;
+        EXPECT_EQ(row.rows.firstRow, kNativeRowManner.firstRow) << row.code;
+        EXPECT_TRUE(row.IsBuilt()) << row.code;
     }
 }
 

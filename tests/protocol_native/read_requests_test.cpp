@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
+#include "protocol_native/native_talk_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
@@ -10,7 +10,7 @@ namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::InstrumentBench;
+using testing::NativeTalkBench;
 using testing::TestParameter;
 
 // Rows 6 and 7 are dynamic, row 8 is the first with "RW", row 14 the last of the grid.
@@ -30,9 +30,9 @@ std::vector<TestParameter> ParametersWithLengthInAddress() {
     return rows;
 }
 
-struct ReadBench : InstrumentBench {
+struct ReadBench : NativeTalkBench {
     explicit ReadBench(int code)
-        : InstrumentBench(code, code == 12 ? ParametersWithLengthInAddress() : kParameters) {}
+        : NativeTalkBench(code, code == 12 ? ParametersWithLengthInAddress() : kParameters) {}
 };
 
 // --- Static and dynamic reads ---
@@ -48,7 +48,7 @@ TEST(NativeRead, DynamicReadOfAddressOneByteByByte) {
     for (const Row& row : rows) {
         ReadBench bench(row.code);
         bench.Poll(10);
-        EXPECT_EQ(ToUtf8(bench.Form().SendText), row.frame) << row.code;
+        EXPECT_EQ(ToUtf8(bench.Talk().SendText), row.frame) << row.code;
     }
 }
 
@@ -69,17 +69,17 @@ TEST(NativeRead, CommandCodeChoosesCommandAttributeAndNextTurn) {
     for (const Row& row : rows) {
         ReadBench bench(11);
         EXPECT_EQ(bench.Poll(row.commandCode), row.frame) << row.commandCode;
-        EXPECT_EQ(bench.Form().CommandCode, row.after) << row.commandCode;
-        EXPECT_EQ(ToUtf8(bench.Form().ReadFrameCommand), row.command) << row.commandCode;
-        EXPECT_EQ(ToUtf8(bench.Form().ReadAttribute), row.attribute) << row.commandCode;
-        EXPECT_EQ(bench.Form().CurrentRow, row.firstRow) << row.commandCode;
+        EXPECT_EQ(bench.Talk().CommandCode, row.after) << row.commandCode;
+        EXPECT_EQ(ToUtf8(bench.Talk().ReadFrameCommand), row.command) << row.commandCode;
+        EXPECT_EQ(ToUtf8(bench.Talk().ReadAttribute), row.attribute) << row.commandCode;
+        EXPECT_EQ(bench.Talk().CurrentRow, row.firstRow) << row.commandCode;
     }
 }
 
 TEST(NativeRead, AlternatingReadBeginsWithTheDynamicOne) {
     ReadBench bench(12);
     std::vector<std::string> frames;
-    for (int turn = 0; turn < 4; ++turn) frames.push_back(bench.Poll(bench.Form().CommandCode));
+    for (int turn = 0; turn < 4; ++turn) frames.push_back(bench.Poll(bench.Talk().CommandCode));
     EXPECT_EQ(frames, (std::vector<std::string>{"@01RDF7\r", "@01RR05\r", "@01RDF7\r", "@01RR05\r"}));
 }
 
@@ -87,21 +87,21 @@ TEST(NativeRead, StaticReadTakesTheFirstRowWhoseAttributeContainsItsLetter) {
     ReadBench bench(11);
     bench.SetCell(3, column::kAttribute, u"WR");
     bench.Poll(20);
-    EXPECT_EQ(bench.Form().CurrentRow, 3);
+    EXPECT_EQ(bench.Talk().CurrentRow, 3);
 }
 
 TEST(NativeRead, ReadWithoutARowOfItsKindLeavesCurrentRow) {
     ReadBench bench(11);
     bench.SetCell(6, column::kAttribute, u"");
     bench.SetCell(7, column::kAttribute, u"");
-    bench.Form().CurrentRow = 11;
+    bench.Talk().CurrentRow = 11;
     EXPECT_EQ(bench.Poll(10), "@01RD17\r");
-    EXPECT_EQ(bench.Form().CurrentRow, 11);
+    EXPECT_EQ(bench.Talk().CurrentRow, 11);
 }
 
 TEST(NativeRead, AddressStandsInTheFrameAsItIs) {
     ReadBench bench(11);
-    bench.Form().AddressText = u" 31 30 30";
+    bench.Talk().AddressText = u" 31 30 30";
     EXPECT_EQ(bench.Poll(10), "@100RD27\r");
 }
 
@@ -110,32 +110,32 @@ TEST(NativeRead, AddressStandsInTheFrameAsItIs) {
 TEST(NativeRead, ReplayReadsByTheParityOfSendCount) {
     for (const auto build : {BuildTqReadRequest, BuildTqGroupReadRequest}) {
         ReadBench bench(11);
-        MainForm& form = bench.Form();
-        form.CommandCode = 10001;
-        form.CurrentRow = 11;
+        Conversation& talk = bench.Talk();
+        talk.CommandCode = 10001;
+        talk.CurrentRow = 11;
         const bool isSum = build == BuildTqGroupReadRequest;
-        form.SendCount = 1;
-        build(form);
+        talk.SendCount = 1;
+        build(talk, bench.clock);
         EXPECT_EQ(bench.Frame(), isSum ? "@01RR05\r" : "@01RR01\r");
-        EXPECT_EQ(ToUtf8(form.ReadFrameCommand), " 52 52");
-        form.SendCount = 2;
-        build(form);
+        EXPECT_EQ(ToUtf8(talk.ReadFrameCommand), " 52 52");
+        talk.SendCount = 2;
+        build(talk, bench.clock);
         EXPECT_EQ(bench.Frame(), isSum ? "@01RDF7\r" : "@01RD17\r");
-        EXPECT_EQ(ToUtf8(form.ReadFrameCommand), " 52 44");
-        EXPECT_EQ(form.CommandCode, 10001);
-        EXPECT_EQ(form.CurrentRow, 11);
+        EXPECT_EQ(ToUtf8(talk.ReadFrameCommand), " 52 44");
+        EXPECT_EQ(talk.CommandCode, 10001);
+        EXPECT_EQ(talk.CurrentRow, 11);
     }
 }
 
 TEST(NativeRead, SearchReadsDynamicDataAndMovesNothing) {
     for (const std::int32_t commandCode : {1001, 1031, 9999, 10000}) {
         ReadBench bench(11);
-        bench.Form().CurrentRow = 11;
-        bench.Form().SendCount = 1;
+        bench.Talk().CurrentRow = 11;
+        bench.Talk().SendCount = 1;
         EXPECT_EQ(bench.Poll(commandCode), "@01RD17\r") << commandCode;
-        EXPECT_EQ(ToUtf8(bench.Form().ReadFrameCommand), " 52 44") << commandCode;
-        EXPECT_EQ(bench.Form().CommandCode, commandCode);
-        EXPECT_EQ(bench.Form().CurrentRow, 11) << commandCode;
+        EXPECT_EQ(ToUtf8(bench.Talk().ReadFrameCommand), " 52 44") << commandCode;
+        EXPECT_EQ(bench.Talk().CommandCode, commandCode);
+        EXPECT_EQ(bench.Talk().CurrentRow, 11) << commandCode;
     }
 }
 
@@ -147,45 +147,44 @@ TEST(NativeRead, FrameOfAWriteGoesOutInPlaceOfARead) {
     for (const Row& row : {Row{101, 1}, Row{131, 31}, Row{160, 60}, Row{231, 131}, Row{1000, 900}}) {
         for (const int code : {11, 12}) {
             ReadBench bench(code);
-            bench.Form().CurrentRow = 11;
-            bench.Form().SendText = testing::FrameOf("@01W31E\r");
+            bench.Talk().CurrentRow = 11;
+            bench.Talk().SendText = testing::FrameOf("@01W31E\r");
             EXPECT_EQ(bench.Poll(row.before), "@01W31E\r") << row.before;
-            EXPECT_EQ(bench.Form().CommandCode, row.after) << row.before;
-            EXPECT_EQ(bench.Form().CurrentRow, 11) << row.before;
+            EXPECT_EQ(bench.Talk().CommandCode, row.after) << row.before;
+            EXPECT_EQ(bench.Talk().CurrentRow, 11) << row.before;
         }
     }
 }
 
 TEST(NativeRead, FreshGroupReadFollowsAWriteUnderGroupReads) {
     ReadBench bench(11);
-    bench.Form().CurrentRow = 8;
-    bench.Form().SendText = testing::FrameOf("@01W31E\r");
+    bench.Talk().CurrentRow = 8;
+    bench.Talk().SendText = testing::FrameOf("@01W31E\r");
     bench.Poll(160);
-    EXPECT_EQ(bench.Poll(bench.Form().CommandCode), "@01RE00200A65\r");
+    EXPECT_EQ(bench.Poll(bench.Talk().CommandCode), "@01RE00200A65\r");
 }
 
 TEST(NativeRead, CommandCodeOfNoMeaningLeavesTheFrame) {
     for (const std::int32_t commandCode : {0, 1, 11, 21, 34, 70, 80, 90, 91, 100, -31}) {
         ReadBench bench(11);
-        bench.Form().SendText = testing::FrameOf("@01W31E\r");
+        bench.Talk().SendText = testing::FrameOf("@01W31E\r");
         EXPECT_EQ(bench.Poll(commandCode), "@01W31E\r") << commandCode;
-        EXPECT_EQ(bench.Form().CommandCode, commandCode);
+        EXPECT_EQ(bench.Talk().CommandCode, commandCode);
     }
 }
 
 TEST(NativeRead, CommandCode33LeavesASingleLineFeed) {
     ReadBench bench(11);
-    bench.Form().CommandCode = 33;
-    BuildReadRequest(bench.Form());
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), "\n");
+    bench.BuildRead(33);
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), "\n");
 }
 
 TEST(NativeRead, GridIsRedrawnBehindEveryBuild) {
     for (const std::int32_t commandCode : {10, 20, 40, 60, 70, 131, 1031}) {
         for (const int code : {11, 12, 13}) {
             ReadBench bench(code);
-            bench.Form().SendText = u" 40 30 31 0D";
-            bench.Form().CurrentRow = 9;
+            bench.Talk().SendText = u" 40 30 31 0D";
+            bench.Talk().CurrentRow = 9;
             bench.Rows().Redraw = false;
             bench.Poll(commandCode);
             EXPECT_TRUE(bench.Rows().Redraw) << code << " " << commandCode;
@@ -204,9 +203,9 @@ TEST(NativeRead, Code13FillsEveryFrameAndSpellsItsLineEndSmall) {
         {20, "@01RR0100\r"}, {40, "@01RE0022021400\r"}, {60, "@01RE0022081E00\r"}, {1031, "@01RD1700\r"}};
     for (const Row& row : rows) {
         ReadBench bench(13);
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CurrentRow = 9;
         EXPECT_EQ(bench.Poll(row.commandCode), row.frame) << row.commandCode;
-        EXPECT_TRUE(bench.Form().SendText.ends_with(u" 30 30 0d")) << row.commandCode;
+        EXPECT_TRUE(bench.Talk().SendText.ends_with(u" 30 30 0d")) << row.commandCode;
     }
 }
 
@@ -214,9 +213,9 @@ TEST(NativeRead, FrameLeftStandingUnderCode13GrowsByTwoFillBytesEachTime) {
     ReadBench bench(13);
     bench.Poll(10);
     bench.Poll(70);
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40 30 31 52 44 31 37 30 30 30 30 0d");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40 30 31 52 44 31 37 30 30 30 30 0d");
     bench.Poll(131);
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40 30 31 52 44 31 37 30 30 30 30 30 30 0d");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40 30 31 52 44 31 37 30 30 30 30 30 30 0d");
 }
 
 // --- Single reads ---
@@ -230,35 +229,35 @@ TEST(NativeSingleRead, NamesAddressAndLengthOfCurrentRow) {
     for (const Row& row : rows) {
         for (const std::int32_t commandCode : {40, 50}) {
             ReadBench bench(row.code);
-            bench.Form().CurrentRow = 10;
+            bench.Talk().CurrentRow = 10;
             EXPECT_EQ(bench.Poll(commandCode), row.frame);
-            EXPECT_EQ(bench.Form().CurrentRow, 10);
-            EXPECT_EQ(bench.Form().CommandCode, commandCode);
+            EXPECT_EQ(bench.Talk().CurrentRow, 10);
+            EXPECT_EQ(bench.Talk().CommandCode, commandCode);
         }
     }
 }
 
 TEST(NativeSingleRead, ParameterOfInstrumentTenByteByByte) {
     ReadBench bench(11);
-    bench.Form().AddressText = u" 30 41";
+    bench.Talk().AddressText = u" 30 41";
     bench.SetCell(10, column::kAddress, u"0123");
     bench.SetCell(10, column::kLength, u"2");
-    bench.Form().CurrentRow = 10;
+    bench.Talk().CurrentRow = 10;
     bench.Poll(40);
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40 30 41 52 45 30 31 32 33 30 32 36 34 0D");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40 30 41 52 45 30 31 32 33 30 32 36 34 0D");
 }
 
 TEST(NativeSingleRead, Code12TakesTheLengthFromTheAddressColumn) {
     ReadBench bench(12);
     bench.SetCell(10, column::kAddress, u"8ABC");
-    bench.Form().CurrentRow = 10;
+    bench.Talk().CurrentRow = 10;
     EXPECT_EQ(bench.Poll(40), "@01RE0ABC0856\r");
 }
 
 TEST(NativeSingleRead, OnlyTheFirstCharacterOfTheLengthGoesOut) {
     ReadBench bench(11);
     bench.SetCell(10, column::kLength, u"16");
-    bench.Form().CurrentRow = 10;
+    bench.Talk().CurrentRow = 10;
     EXPECT_EQ(bench.Poll(40), "@01RE00240111\r");
 }
 
@@ -266,31 +265,31 @@ TEST(NativeSingleRead, RowOutsideTheParametersGoesBackToTheFirst) {
     for (const int code : {11, 12}) {
         for (const std::int16_t row : std::initializer_list<std::int16_t>{15, 16, 7, 0}) {
             ReadBench bench(code);
-            bench.Form().CurrentRow = row;
+            bench.Talk().CurrentRow = row;
             EXPECT_EQ(bench.Poll(50), code == 11 ? "@01RE00200216\r" : "@01RE0020021C\r") << row;
-            EXPECT_EQ(bench.Form().CurrentRow, 8) << row;
+            EXPECT_EQ(bench.Talk().CurrentRow, 8) << row;
         }
     }
 }
 
 TEST(NativeSingleRead, LastRowIsRead) {
     ReadBench bench(11);
-    bench.Form().CurrentRow = 14;
+    bench.Talk().CurrentRow = 14;
     EXPECT_EQ(bench.Poll(50), "@01RE00400113\r");
 }
 
 TEST(NativeSingleRead, CommandRowInMidListGoesBackToTheTop) {
     ReadBench bench(11);
-    bench.Form().CurrentRow = 12;
+    bench.Talk().CurrentRow = 12;
     EXPECT_EQ(bench.Poll(50), "@01RE00200216\r");
-    EXPECT_EQ(bench.Form().CurrentRow, 8);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8);
 }
 
 TEST(NativeSingleRead, Code12ReadsARowOfAddressZeroAsItStands) {
     ReadBench bench(12);
-    bench.Form().CurrentRow = 12;
+    bench.Talk().CurrentRow = 12;
     EXPECT_EQ(bench.Poll(50), "@01RE00000018\r");
-    EXPECT_EQ(bench.Form().CurrentRow, 12);
+    EXPECT_EQ(bench.Talk().CurrentRow, 12);
 }
 
 TEST(NativeSingleRead, Code13NeverGoesBack) {
@@ -300,15 +299,15 @@ TEST(NativeSingleRead, Code13NeverGoesBack) {
     };
     for (const Row& row : {Row{6, "@01RE0010021500\r"}, Row{12, "@01RE0000041200\r"}}) {
         ReadBench bench(13);
-        bench.Form().CurrentRow = row.row;
+        bench.Talk().CurrentRow = row.row;
         EXPECT_EQ(bench.Poll(50), row.frame);
-        EXPECT_EQ(bench.Form().CurrentRow, row.row);
+        EXPECT_EQ(bench.Talk().CurrentRow, row.row);
     }
 }
 
 TEST(NativeSingleRead, RowBeyondTheGridRaisesError9UnderCode13) {
     ReadBench bench(13);
-    bench.Form().CurrentRow = 15;
+    bench.Talk().CurrentRow = 15;
     EXPECT_EQ(ErrorOf([&] { bench.Poll(50); }), 9);
     EXPECT_EQ(ErrorOf([&] { bench.Poll(60); }), 9);
 }
@@ -317,7 +316,7 @@ TEST(NativeSingleRead, EmptiesItsColumnOfTheRow) {
     for (const int code : {11, 12, 13}) {
         ReadBench bench(code);
         for (const int row : {9, 10}) bench.SetCell(row, column::kSingleRead, u"C800");
-        bench.Form().CurrentRow = 10;
+        bench.Talk().CurrentRow = 10;
         bench.Poll(50);
         EXPECT_EQ(bench.Cell(10, column::kSingleRead), "");
         EXPECT_EQ(bench.Cell(9, column::kSingleRead), "C800");
@@ -329,26 +328,26 @@ TEST(NativeSingleRead, EmptyLengthRaisesError5BehindTheEmptiedCell) {
         ReadBench bench(code);
         bench.SetCell(10, column::kLength, u"");
         bench.SetCell(10, column::kSingleRead, u"C800");
-        bench.Form().CurrentRow = 10;
-        bench.Form().SendText = u" 40";
+        bench.Talk().CurrentRow = 10;
+        bench.Talk().SendText = u" 40";
         EXPECT_EQ(ErrorOf([&] { bench.Poll(50); }), 5);
         EXPECT_EQ(bench.Cell(10, column::kSingleRead), "");
-        EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40");
+        EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40");
     }
 }
 
 TEST(NativeSingleRead, EmptyAddressColumnGivesCode12AShortFrame) {
     ReadBench bench(12);
     bench.SetCell(10, column::kAddress, u"");
-    bench.Form().CurrentRow = 10;
+    bench.Talk().CurrentRow = 10;
     EXPECT_EQ(bench.Poll(50), "@01RE0058\r");
 }
 
 TEST(NativeSingleRead, BringsTheRowIntoView) {
     std::vector<TestParameter> parameters = kParameters;
     parameters.resize(24, {u"参数", u"0050", u"2", u"RW", u"0"});
-    InstrumentBench bench(11, parameters);
-    bench.Form().CurrentRow = 15;
+    NativeTalkBench bench(11, parameters);
+    bench.Talk().CurrentRow = 15;
     bench.Poll(60);
     EXPECT_EQ(bench.Rows().TopRow, 1) << "a group read does not scroll";
     bench.Poll(50);
@@ -358,25 +357,25 @@ TEST(NativeSingleRead, BringsTheRowIntoView) {
 // --- Group reads ---
 
 struct GroupBench : ReadBench {
-    explicit GroupBench(int code) : ReadBench(code) { Form().CurrentRow = 8; }
+    explicit GroupBench(int code) : ReadBench(code) { Talk().CurrentRow = 8; }
     GroupBench& Limit(const Text& limit) {
-        Form().ConDataNub.Set(limit);
+        Talk().ConDataNub.Set(limit);
         return *this;
     }
     GroupBench& With(int row, int col, const Text& text) {
         SetCell(row, col, text);
         return *this;
     }
-    std::string Poll() { return InstrumentBench::Poll(60); }
+    std::string Poll() { return NativeTalkBench::Poll(60); }
 };
 
 TEST(NativeGroupRead, CountsTheFirstRowTwiceAndTheLastOneNever) {
     GroupBench bench(11);  // lengths 2, 2, 4, 1
     EXPECT_EQ(bench.Poll(), "@01RE00200A65\r");
-    EXPECT_EQ(ToUtf8(bench.Form().ReadAttribute), "RW");
-    EXPECT_EQ(bench.Form().ReadLimit, 16);
-    EXPECT_EQ(bench.Form().CurrentRow, 8);
-    EXPECT_EQ(bench.Form().CommandCode, 60);
+    EXPECT_EQ(ToUtf8(bench.Talk().ReadAttribute), "RW");
+    EXPECT_EQ(bench.Talk().ReadLimit, 16);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8);
+    EXPECT_EQ(bench.Talk().CommandCode, 60);
 }
 
 TEST(NativeGroupRead, StopsWhereTheCountHasReachedTheLimit) {
@@ -425,7 +424,7 @@ TEST(NativeGroupRead, AddressesAreSigned16BitNumbers) {
 
 TEST(NativeGroupRead, FirstRowThatIsTheLastOfTheGridStandsAlone) {
     GroupBench bench(11);
-    bench.Form().CurrentRow = 14;
+    bench.Talk().CurrentRow = 14;
     EXPECT_EQ(bench.Poll(), "@01RE00400113\r");
 }
 
@@ -434,7 +433,7 @@ TEST(NativeGroupRead, RunMayGoToTheLastRowOfTheGrid) {
     bench.With(13, column::kAddress, u"003F")
         .With(13, column::kLength, u"1")
         .With(13, column::kAttribute, u"R");
-    bench.Form().CurrentRow = 13;
+    bench.Talk().CurrentRow = 13;
     EXPECT_EQ(bench.Poll(), "@01RE003F0261\r");
 }
 
@@ -442,18 +441,18 @@ TEST(NativeGroupRead, RowOutsideTheParametersGoesBackToTheFirst) {
     for (const int code : {11, 12}) {
         for (const std::int16_t row : std::initializer_list<std::int16_t>{15, 7}) {
             GroupBench bench(code);
-            bench.Limit(u"4").Form().CurrentRow = row;
+            bench.Limit(u"4").Talk().CurrentRow = row;
             EXPECT_EQ(bench.Poll(), code == 11 ? "@01RE00200410\r" : "@01RE0020021C\r") << row;
-            EXPECT_EQ(bench.Form().CurrentRow, 8);
+            EXPECT_EQ(bench.Talk().CurrentRow, 8);
         }
     }
 }
 
 TEST(NativeGroupRead, CommandRowIsReadAsItStands) {
     GroupBench bench(11);
-    bench.Form().CurrentRow = 12;
+    bench.Talk().CurrentRow = 12;
     EXPECT_EQ(bench.Poll(), "@01RE00000412\r");
-    EXPECT_EQ(bench.Form().CurrentRow, 12);
+    EXPECT_EQ(bench.Talk().CurrentRow, 12);
 }
 
 TEST(NativeGroupRead, EmptiesTheSingleReadOfItsFirstRowOnly) {
@@ -477,15 +476,15 @@ TEST(NativeGroupRead, CountAbove255IsNotCut) {
 
 TEST(NativeGroupRead, CountBeyond16BitsRaisesError6) {
     GroupBench bench(11);
-    bench.With(8, column::kLength, u"4000").With(9, column::kAddress, u"4020").Form().SendText = u" 40";
+    bench.With(8, column::kLength, u"4000").With(9, column::kAddress, u"4020").Talk().SendText = u" 40";
     EXPECT_EQ(ErrorOf([&] { bench.Poll(); }), 6);
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40");
 }
 
 TEST(NativeGroupRead, LimitIsReadAtTheStartUnderCodes11And13) {
     for (const int code : {11, 13}) {
         GroupBench bench(code);
-        bench.Form().CurrentRow = 14;  // no second row
+        bench.Talk().CurrentRow = 14;  // no second row
         EXPECT_EQ(ErrorOf([&] { bench.Limit(u"十六").Poll(); }), 13);
         EXPECT_EQ(ErrorOf([&] { bench.Limit(u"32768").Poll(); }), 6);
     }
@@ -505,10 +504,10 @@ TEST(NativeGroupRead, TickedCheck2TakesARandomPartOfTheLimit) {
                         {u"1", 0.999, 0, "@01RE00200410\r"}};
     for (const Row& row : rows) {
         GroupBench bench(11);
-        bench.Limit(row.limit).Form().Check2.Set(true);
-        bench.line.RandomNumbers = {row.random};
+        bench.Limit(row.limit).Talk().Check2.Set(true);
+        bench.clock.RandomNumbers = {row.random};
         EXPECT_EQ(bench.Poll(), row.frame) << row.random;
-        EXPECT_EQ(bench.Form().ReadLimit, row.readLimit);
+        EXPECT_EQ(bench.Talk().ReadLimit, row.readLimit);
     }
 }
 
@@ -528,7 +527,7 @@ struct RunOfCode12 : GroupBench {
 TEST(NativeGroupRead, Code12AlmostAlwaysEndsAtItsFirstRow) {
     GroupBench bench(12);
     EXPECT_EQ(bench.Poll(), "@01RE0020021C\r");
-    EXPECT_EQ(ToUtf8(bench.Form().ReadAttribute), "2") << "the length column";
+    EXPECT_EQ(ToUtf8(bench.Talk().ReadAttribute), "2") << "the length column";
 }
 
 TEST(NativeGroupRead, Code12LooksForTheLengthOfTheFirstRowInTheAttributes) {
@@ -551,11 +550,11 @@ TEST(NativeGroupRead, Code12ReadsItsLimitAnewAtEachStep) {
 
 TEST(NativeGroupRead, Check2HasNoEffectUnderCode12) {
     RunOfCode12 bench;
-    bench.Form().Check2.Set(true);
-    bench.Form().ReadLimit = 77;
-    bench.line.RandomNumbers = {0.0};
+    bench.Talk().Check2.Set(true);
+    bench.Talk().ReadLimit = 77;
+    bench.clock.RandomNumbers = {0.0};
     EXPECT_EQ(bench.Limit(u"31").Poll(), "@01RE0FFF1F71\r");
-    EXPECT_EQ(bench.Form().ReadLimit, 77);
+    EXPECT_EQ(bench.Talk().ReadLimit, 77);
 }
 
 // --- Finding a readable row ---
@@ -563,15 +562,15 @@ TEST(NativeGroupRead, Check2HasNoEffectUnderCode12) {
 TEST(FindReadableRow, TakesTheFirstReadableParameterFromFirstDataRowOn) {
     for (const int code : {11, 12}) {
         ReadBench bench(code);
-        bench.Form().CurrentRow = 10;
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 8);
-        bench.Form().FirstDataRow = 12;  // a command row is none
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 13) << "attribute S";
-        bench.Form().FirstDataRow = 14;
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 14) << "attribute R";
+        bench.Talk().CurrentRow = 10;
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 8);
+        bench.Talk().FirstDataRow = 12;  // a command row is none
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 13) << "attribute S";
+        bench.Talk().FirstDataRow = 14;
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 14) << "attribute R";
     }
 }
 
@@ -579,30 +578,30 @@ TEST(FindReadableRow, PassesOverRowsThatAreNotReadable) {
     ReadBench bench(11);
     for (const int row : {8, 9}) bench.SetCell(row, column::kAttribute, u"WD");
     bench.SetCell(10, column::kAddress, u"0000");
-    FindReadableRow(bench.Form());
-    EXPECT_EQ(bench.Form().CurrentRow, 11);
+    FindReadableRow(bench.Talk());
+    EXPECT_EQ(bench.Talk().CurrentRow, 11);
 }
 
 TEST(FindReadableRow, WithoutOneARowInsideTheGridStaysAndOneBeyondGoesToFirstDataRow) {
     for (const int code : {11, 12}) {
         ReadBench bench(code);
         for (int row = 8; row <= 14; ++row) bench.SetCell(row, column::kAttribute, u"W");
-        bench.Form().CurrentRow = 14;
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 14);
-        bench.Form().CurrentRow = 15;
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 8);
+        bench.Talk().CurrentRow = 14;
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 14);
+        bench.Talk().CurrentRow = 15;
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 8);
     }
 }
 
 TEST(FindReadableRow, DoesNothingUnderOtherCodes) {
     for (const std::int16_t code : std::initializer_list<std::int16_t>{13, 21, 0}) {
         ReadBench bench(11);
-        bench.Form().ProtocolCode = code;
-        bench.Form().CurrentRow = 99;
-        FindReadableRow(bench.Form());
-        EXPECT_EQ(bench.Form().CurrentRow, 99);
+        bench.Talk().ProtocolCode = code;
+        bench.Talk().CurrentRow = 99;
+        FindReadableRow(bench.Talk());
+        EXPECT_EQ(bench.Talk().CurrentRow, 99);
     }
 }
 

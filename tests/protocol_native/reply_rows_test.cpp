@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
+#include "protocol_native/native_talk_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
@@ -11,12 +11,12 @@ namespace {
 
 using testing::ErrorOf;
 using testing::FrameOf;
-using testing::InstrumentBench;
+using testing::NativeTalkBench;
 
 // Rows 6 and 7 are dynamic, rows 8 to 14 static; row 14 is the last of the grid.
-struct RowsBench : InstrumentBench {
+struct RowsBench : NativeTalkBench {
     explicit RowsBench(int code = 11)
-        : InstrumentBench(code, {{u"测量值", u"0010", u"2", u"D", u"0"},
+        : NativeTalkBench(code, {{u"测量值", u"0010", u"2", u"D", u"0"},
                                  {u"流量", u"0012", u"4", u"D", u"0"},
                                  {u"上限", u"0020", u"2", u"RW", u"0"},
                                  {u"下限", u"0022", u"2", u"RW", u"0"},
@@ -25,15 +25,11 @@ struct RowsBench : InstrumentBench {
                                  {u"累积", u"0029", u"8", u"RW", u"0"},
                                  {u"日期", u"0031", u"3", u"RW", u"0"},
                                  {u"版本", u"0034", u"1", u"RW", u"0"}}) {
-        Form().SendText = FrameOf("@01RR01\r");
-        for (int row = 1; row <= 5; ++row) SetCell(row, column::kGroupRead, u"");
+        Talk().SendText = FrameOf("@01RR01\r");
     }
 
     // The walk over a reply whose check word has been found good: any two characters here.
-    void Walk(const std::string& upToData) {
-        Form().ReplyText = FrameOf(upToData + "..\r");
-        DecodeTqReplyRows(Form());
-    }
+    void Walk(const std::string& upToData) { DecodeTqReplyRows(Talk(), FrameOf(upToData + "..\r")); }
     std::vector<std::string> Columns(int row, int first, int last) {
         std::vector<std::string> cells;
         for (int col = first; col <= last; ++col) cells.push_back(Cell(row, col));
@@ -64,18 +60,18 @@ TEST(NativeRows, ReplyWordChoosesColumnAndFirstRow) {
                         {"@01rrC800", 9, column::kNumber, 10}};
     for (const Row& row : rows) {
         RowsBench bench;
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CurrentRow = 9;
         bench.Walk(row.reply);
         EXPECT_EQ(bench.Cell(row.row, row.column), "C800") << row.reply;
         EXPECT_EQ(bench.Cell(row.row, column::kValue), "200") << row.reply;
-        EXPECT_EQ(bench.Form().CurrentRow, row.nextRow) << row.reply;
+        EXPECT_EQ(bench.Talk().CurrentRow, row.nextRow) << row.reply;
     }
 }
 
 TEST(NativeRows, DynamicDataStartAtRow6ForEveryPart) {
     RowsBench bench;
-    bench.Form().SendText = u" 0A";
-    bench.Form().CurrentRow = 7;
+    bench.Talk().SendText = u" 0A";
+    bench.Talk().CurrentRow = 7;
     bench.Walk("@01RDC800");
     EXPECT_EQ(bench.Reading(6), (Cells{"", "C800", "200", "200"}));
     EXPECT_EQ(bench.Reading(7), kUntouched);
@@ -83,30 +79,11 @@ TEST(NativeRows, DynamicDataStartAtRow6ForEveryPart) {
 
 TEST(NativeRows, StaticDataBehindAContinueByteGoOnAtCurrentRow) {
     RowsBench bench;
-    bench.Form().SendText = u" 0A";
-    bench.Form().CurrentRow = 9;
+    bench.Talk().SendText = u" 0A";
+    bench.Talk().CurrentRow = 9;
     bench.Walk("@01RRC800");
     EXPECT_EQ(bench.Reading(8), kUntouched);
     EXPECT_EQ(bench.Reading(9), (Cells{"", "C800", "200", "200"}));
-}
-
-// Under a part that ends in 0A the continue byte is already in SendText.
-TEST(NativeRows, FirstPartStartsAtTheFirstReadableRowNotAtFirstDataRow) {
-    struct Row {
-        const char* reply;
-        int row;
-    };
-    for (const Row& row : {Row{"@01RRC8007A\n", 8}, Row{"@01RRC8007A\r", 9}}) {
-        RowsBench bench;
-        bench.SetCell(8, column::kAttribute, u"R");
-        bench.Form().FirstDataRow = 9;
-        bench.Form().CommandCode = 20;
-        bench.Press(4);
-        bench.WillReply({row.reply});
-        bench.line.RunUntil(301);
-        EXPECT_EQ(bench.Cell(row.row, column::kGroupRead), "C800");
-        EXPECT_EQ(bench.Form().CurrentRow, row.row + 1);
-    }
 }
 
 TEST(NativeRows, FirstRepliesAreKeptAsSamples) {
@@ -116,25 +93,8 @@ TEST(NativeRows, FirstRepliesAreKeptAsSamples) {
     bench.Walk("@01REC800");
     bench.Walk("@01RR2C01");
     bench.Walk("@01RD2C01");
-    EXPECT_EQ(testing::CharactersOf(bench.Form().StaticSample), "@01RRC800..\r");
-    EXPECT_EQ(testing::CharactersOf(bench.Form().DynamicSample), "@01RDC800..\r");
-}
-
-TEST(NativeRows, ChoosingAnInstrumentEmptiesTheSamples) {
-    RowsBench bench;
-    bench.Walk("@01RRC800");
-    bench.Walk("@01RDC800");
-    bench.Form().ConMeterName[0].Click();
-    EXPECT_EQ(ToUtf8(bench.Form().StaticSample + bench.Form().DynamicSample), "");
-}
-
-TEST(NativeRows, RowsOutliveAChangeOfInstrument) {
-    RowsBench bench;
-    bench.Form().CurrentRow = 11;
-    bench.Add(u"别的", u"TQ仪表协议", u"110200", {{u"值", u"0010", u"2", u"D", u"0"}});
-    bench.Choose(u"TQ仪表协议", u"别的");
-    EXPECT_EQ(bench.Form().FirstDataRow, 8);
-    EXPECT_EQ(bench.Form().CurrentRow, 11);
+    EXPECT_EQ(testing::CharactersOf(bench.Talk().StaticSample), "@01RRC800..\r");
+    EXPECT_EQ(testing::CharactersOf(bench.Talk().DynamicSample), "@01RDC800..\r");
 }
 
 // --- What a row takes ---
@@ -153,10 +113,10 @@ TEST(NativeRows, LengthColumnChoosesShareAndFormat) {
                         {13, "C80012", "C80012"}};
     for (const Row& row : rows) {
         RowsBench bench;
-        bench.Form().CurrentRow = static_cast<std::int16_t>(row.row);
+        bench.Talk().CurrentRow = static_cast<std::int16_t>(row.row);
         bench.Walk(std::string("@01RE") + row.data);
         EXPECT_EQ(bench.Reading(row.row), (Cells{row.data, "", row.value, row.value}));
-        EXPECT_EQ(bench.Form().CurrentRow, row.row + 1);
+        EXPECT_EQ(bench.Talk().CurrentRow, row.row + 1);
     }
 }
 
@@ -170,7 +130,7 @@ TEST(NativeRows, StaticReplyFillsRowAfterRow) {
     EXPECT_EQ(bench.Reading(12), (Cells{"", "04A0000007C90000", "1100.5", "1100.5"}));
     EXPECT_EQ(bench.Reading(13), (Cells{"", "C80012", "C80012", "C80012"}));
     EXPECT_EQ(bench.Reading(14), (Cells{"", "FF", "255", "255"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 15);
+    EXPECT_EQ(bench.Talk().CurrentRow, 15);
 }
 
 TEST(NativeRows, DecimalsScaleOnlyTheShownValue) {
@@ -203,28 +163,27 @@ TEST(NativeRows, DataShorterThanTheRowGiveWhatIsLeft) {
     RowsBench bench;
     bench.Walk("@01RRD2");
     EXPECT_EQ(bench.Reading(8), (Cells{"", "D2", "210", "210"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 9);
+    EXPECT_EQ(bench.Talk().CurrentRow, 9);
     bench.Walk("@01RRD2042E0");
     EXPECT_EQ(bench.Reading(9), (Cells{"", "2E0", "2E0", "2E0"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 10);
+    EXPECT_EQ(bench.Talk().CurrentRow, 10);
 }
 
 TEST(NativeRows, DataBeyondTheLastRowAreDropped) {
     RowsBench bench;
-    bench.Form().CurrentRow = 13;
+    bench.Talk().CurrentRow = 13;
     bench.Walk("@01REC8001205FFFFFFFF");
     EXPECT_EQ(bench.Reading(14), (Cells{"05", "", "5", "5"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 15) << "one past the last";
-    bench.Form().CommandCode = 50;
-    BuildReadRequest(bench.Form());
-    EXPECT_EQ(bench.Form().CurrentRow, 8) << "the next single read wraps";
+    EXPECT_EQ(bench.Talk().CurrentRow, 15) << "one past the last";
+    bench.Poll(50);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8) << "the next single read wraps";
 }
 
 TEST(NativeRows, CurrentRowBeyondTheGridTakesNothing) {
     RowsBench bench;
-    bench.Form().CurrentRow = 15;
+    bench.Talk().CurrentRow = 15;
     bench.Walk("@01REC800");
-    EXPECT_EQ(bench.Form().CurrentRow, 15);
+    EXPECT_EQ(bench.Talk().CurrentRow, 15);
     EXPECT_TRUE(bench.Rows().Redraw);
 }
 
@@ -250,7 +209,7 @@ TEST(NativeRows, LengthOfAnySizeTakesWhatThereIs) {
         bench.SetCell(8, column::kLength, length);
         bench.Walk("@01RRC800");
         EXPECT_EQ(bench.Cell(8, column::kGroupRead), "C800");
-        EXPECT_EQ(bench.Form().CurrentRow, 9);
+        EXPECT_EQ(bench.Talk().CurrentRow, 9);
     }
 }
 
@@ -261,7 +220,7 @@ TEST(NativeRows, LengthThatIsNoNumberRaisesError13) {
         EXPECT_EQ(ErrorOf([&] { bench.Walk("@01RRC8002C01"); }), 13);
         EXPECT_EQ(bench.Reading(8), (Cells{"", "C800", "200", "200"}));
         EXPECT_EQ(bench.Reading(9), kUntouched);
-        EXPECT_EQ(bench.Form().CurrentRow, 9);
+        EXPECT_EQ(bench.Talk().CurrentRow, 9);
     }
 }
 
@@ -272,7 +231,7 @@ TEST(NativeRows, RunEndsAtTheFirstRowOfAnotherLetter) {
     bench.Walk("@01RDC80004A000002C01");
     EXPECT_EQ(bench.Cell(7, column::kValue), "10");
     EXPECT_EQ(bench.Reading(8), kUntouched);
-    EXPECT_EQ(bench.Form().CurrentRow, 8);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8);
 }
 
 TEST(NativeRows, OnlyTheFirstLetterOfTheAttributesIsCompared) {
@@ -282,7 +241,7 @@ TEST(NativeRows, OnlyTheFirstLetterOfTheAttributesIsCompared) {
     bench.Walk("@01RRC8002C01C8");
     EXPECT_EQ(bench.Cell(9, column::kValue), "300");
     EXPECT_EQ(bench.Reading(10), kUntouched);
-    EXPECT_EQ(bench.Form().CurrentRow, 10);
+    EXPECT_EQ(bench.Talk().CurrentRow, 10);
 }
 
 TEST(NativeRows, RowsOfExactlySTravelAlongWithAnyRun) {
@@ -292,7 +251,7 @@ TEST(NativeRows, RowsOfExactlySTravelAlongWithAnyRun) {
     bench.Walk("@01RRC8002C01C8");
     EXPECT_EQ(bench.Cell(9, column::kValue), "300");
     EXPECT_EQ(bench.Reading(10), kUntouched);
-    EXPECT_EQ(bench.Form().CurrentRow, 10);
+    EXPECT_EQ(bench.Talk().CurrentRow, 10);
 }
 
 TEST(NativeRows, LeadLetterIsThatOfTheFirstRowEvenIfItIsS) {
@@ -308,40 +267,40 @@ TEST(NativeRows, LeadLetterIsThatOfTheFirstRowEvenIfItIsS) {
 
 TEST(NativeRows, FixedReadStaysOnItsRow) {
     RowsBench bench;
-    bench.Form().CommandCode = 40;
-    bench.Form().CurrentRow = 9;
+    bench.Talk().CommandCode = 40;
+    bench.Talk().CurrentRow = 9;
     bench.Walk("@01REC800");
     bench.Walk("@01RE2C01");
     EXPECT_EQ(bench.Reading(9), (Cells{"2C01", "", "300", "300"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 9);
+    EXPECT_EQ(bench.Talk().CurrentRow, 9);
 }
 
 TEST(NativeRows, FixedReadWithMoreDataGoesOverTheNextRowsAndStays) {
     RowsBench bench;
-    bench.Form().CommandCode = 40;
-    bench.Form().CurrentRow = 8;
+    bench.Talk().CommandCode = 40;
+    bench.Talk().CurrentRow = 8;
     bench.Walk("@01REC8002C01");
     EXPECT_EQ(bench.Cell(9, column::kSingleRead), "2C01");
-    EXPECT_EQ(bench.Form().CurrentRow, 8);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8);
 }
 
 TEST(NativeRows, FixedReadThatMeetsAnotherKindGoesThere) {
     RowsBench bench;
-    bench.Form().CommandCode = 40;
-    bench.Form().CurrentRow = 7;
+    bench.Talk().CommandCode = 40;
+    bench.Talk().CurrentRow = 7;
     bench.Walk("@01RE04A00000C800");
     EXPECT_EQ(bench.Cell(7, column::kSingleRead), "04A00000");
     EXPECT_EQ(bench.Reading(8), kUntouched);
-    EXPECT_EQ(bench.Form().CurrentRow, 8);
+    EXPECT_EQ(bench.Talk().CurrentRow, 8);
 }
 
 TEST(NativeRows, RowByRowReadGoesOnToTheNextRow) {
     for (const std::int32_t commandCode : {50, 60, 31}) {
         RowsBench bench;
-        bench.Form().CommandCode = commandCode;
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CommandCode = commandCode;
+        bench.Talk().CurrentRow = 9;
         bench.Walk("@01REC800");
-        EXPECT_EQ(bench.Form().CurrentRow, 10) << commandCode;
+        EXPECT_EQ(bench.Talk().CurrentRow, 10) << commandCode;
     }
 }
 
@@ -356,8 +315,8 @@ TEST(NativeRows, RowByRowReadMarksWhereTheTwoReadsDiffer) {
     for (const Row& row : rows) {
         RowsBench bench;
         bench.SetCell(9, column::kGroupRead, row.groupRead);
-        bench.Form().CommandCode = row.commandCode;
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CommandCode = row.commandCode;
+        bench.Talk().CurrentRow = 9;
         bench.Walk("@01REC800");
         EXPECT_EQ(bench.Rows().CellColour(9, column::kSingleRead), row.colour) << ToUtf8(row.groupRead);
     }
@@ -366,8 +325,8 @@ TEST(NativeRows, RowByRowReadMarksWhereTheTwoReadsDiffer) {
 TEST(NativeRows, EmptySingleReadIsNotMarked) {
     RowsBench bench;
     bench.SetCell(9, column::kGroupRead, u"C801");
-    bench.Form().CommandCode = 50;
-    bench.Form().CurrentRow = 9;
+    bench.Talk().CommandCode = 50;
+    bench.Talk().CurrentRow = 9;
     bench.Walk("@01RE");
     EXPECT_TRUE(bench.Rows().Colours().empty());
 }
@@ -385,11 +344,11 @@ TEST(NativeRows, AnswerToAWriteBlanksTheRowNumberAndShowsTheValueOfNothing) {
             RowsBench bench;
             bench.SetCell(row.row, column::kSingleRead, u"C800");
             bench.SetCell(row.row, column::kValue, u"old");
-            bench.Form().CurrentRow = static_cast<std::int16_t>(row.row);
+            bench.Talk().CurrentRow = static_cast<std::int16_t>(row.row);
             bench.Walk(reply);
             EXPECT_EQ(bench.Cell(row.row, column::kNumber), "") << row.row;
             EXPECT_EQ(bench.Reading(row.row), (Cells{"C800", "", row.value, row.value})) << row.row;
-            EXPECT_EQ(bench.Form().CurrentRow, row.row + 1);
+            EXPECT_EQ(bench.Talk().CurrentRow, row.row + 1);
         }
     }
 }
@@ -406,25 +365,24 @@ TEST(NativeRows, Code13DropsTwoMoreCharactersBeforeTheCheckWord) {
     RowsBench bench(13);
     bench.Walk("@01RDC80000");
     EXPECT_EQ(bench.Reading(6), (Cells{"", "C800", "200", "200"}));
-    EXPECT_EQ(bench.Form().CurrentRow, 7);
+    EXPECT_EQ(bench.Talk().CurrentRow, 7);
 }
 
 TEST(NativeRows, SmallestReplyUnderCode13RaisesError5) {
     RowsBench bench(13);
-    bench.Form().CurrentRow = 9;
+    bench.Talk().CurrentRow = 9;
     EXPECT_EQ(ErrorOf([&] { bench.Walk("@01RE"); }), 5);
     EXPECT_EQ(bench.Cell(9, column::kNumber), "009 ");
     EXPECT_EQ(bench.Reading(9), kUntouched);
     EXPECT_TRUE(bench.Rows().Redraw);
     bench.Walk("@01RE00");
-    EXPECT_EQ(bench.Form().CurrentRow, 10) << "no data, one row";
+    EXPECT_EQ(bench.Talk().CurrentRow, 10) << "no data, one row";
 }
 
 TEST(NativeRows, OnlyTheFirstOfTwoLineEndsCountsAsThreeCharacters) {
     RowsBench bench;
-    bench.Form().ReplyText = FrameOf("@01RE\r800..\r");
-    bench.Form().CurrentRow = 8;
-    DecodeTqReplyRows(bench.Form());
+    bench.Talk().CurrentRow = 8;
+    DecodeTqReplyRows(bench.Talk(), FrameOf("@01RE\r800..\r"));
     EXPECT_EQ(bench.Cell(8, column::kSingleRead), "\\0D8");
     EXPECT_EQ(bench.Reading(9), kUntouched) << "the second one leaves two characters too few";
 }
@@ -434,7 +392,7 @@ TEST(NativeRows, OnlyTheFirstOfTwoLineEndsCountsAsThreeCharacters) {
 TEST(NativeRows, GridIsRedrawnBehindTheWalk) {
     for (const char* reply : {"@01RRC8002C01", "@01RDC800", "@01##"}) {
         RowsBench bench;
-        bench.Form().CurrentRow = 9;
+        bench.Talk().CurrentRow = 9;
         bench.Rows().Redraw = false;
         bench.Walk(reply);
         EXPECT_TRUE(bench.Rows().Redraw) << reply;
@@ -461,9 +419,9 @@ TEST(NativeRows, DecimalPointOfARowSwitchesTheRedrawOnInTheMiddleOfTheWalk) {
 TEST(MarkReadMismatch, SelectsTheCellAndStaysThere) {
     RowsBench bench;
     bench.Rows().Select(2, 3);
-    bench.Form().CurrentRow = 9;
+    bench.Talk().CurrentRow = 9;
     bench.Rows().Redraw = false;
-    MarkReadMismatch(bench.Form());
+    MarkReadMismatch(bench.Talk());
     EXPECT_EQ(bench.Rows().Row, 9);
     EXPECT_EQ(bench.Rows().Col, 6);
     EXPECT_TRUE(bench.Rows().Redraw);
@@ -471,14 +429,14 @@ TEST(MarkReadMismatch, SelectsTheCellAndStaysThere) {
 
 TEST(MarkReadMismatch, ColoursByWhetherTheTextsDiffer) {
     RowsBench bench;
-    bench.Form().CurrentRow = 9;
+    bench.Talk().CurrentRow = 9;
     bench.SetCell(9, column::kSingleRead, u"C800");
     bench.SetCell(9, column::kGroupRead, u"C8");
-    MarkReadMismatch(bench.Form());
+    MarkReadMismatch(bench.Talk());
     EXPECT_EQ(bench.Rows().CellColour(9, column::kSingleRead), 0xC0C0FFu);
     EXPECT_EQ(bench.Rows().CellColour(9, column::kGroupRead), 0x80000005u);
     bench.SetCell(9, column::kGroupRead, u"C800");
-    MarkReadMismatch(bench.Form());
+    MarkReadMismatch(bench.Talk());
     EXPECT_EQ(bench.Rows().CellColour(9, column::kSingleRead), 0x80000005u);
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
+#include "protocol_native/native_talk_bench.h"
 #include "session/grid_rows.h"
 #include "support/error_of.h"
 
@@ -10,7 +10,7 @@ namespace commtest {
 namespace {
 
 using testing::ErrorOf;
-using testing::InstrumentBench;
+using testing::NativeTalkBench;
 
 const std::vector<testing::TestParameter> kParameters = {
     {u"上限", u"0123", u"2", u"RW", u"0"}, {u"方式", u"0028", u"1", u"RW", u"0"},
@@ -26,20 +26,14 @@ constexpr int kDecimalPoint = 11;
 constexpr int kTwoDecimals = 12;
 constexpr int kCommand = 3;
 
-struct WriteBench : InstrumentBench {
-    explicit WriteBench(int code) : InstrumentBench(code, kParameters) {
-        Form().SendText = u" 40";
-        Form().InputText.SetVisible(true);
+struct WriteBench : NativeTalkBench {
+    explicit WriteBench(int code) : NativeTalkBench(code, kParameters) {
+        Talk().SendText = u" 40";
+        Talk().InputText.SetVisible(true);
     }
     // The frame of an entry in column 10 of a row, in characters.
     std::string Write(int row, const Text& entry) {
-        Rows().Select(row, column::kNewValue);
-        Form().InputText.Set(entry);
-        if (Form().ProtocolCode == 12) {
-            BuildTqWriteRequestTwo(Form());
-        } else {
-            BuildTqWriteRequest(Form());
-        }
+        BuildWrite(row, entry);
         return Frame();
     }
 };
@@ -47,7 +41,7 @@ struct WriteBench : InstrumentBench {
 TEST(NativeWrite, ParameterOfTwoBytesByteByByte) {
     WriteBench bench(11);
     bench.Write(kTwoBytes, u"51200");  // C800, low byte first
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40 30 31 57 32 30 31 32 33 30 30 43 38 31 46 0D");
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40 30 31 57 32 30 31 32 33 30 30 43 38 31 46 0D");
 }
 
 TEST(NativeWrite, LengthColumnChoosesTheCode) {
@@ -112,7 +106,7 @@ TEST(NativeWrite, CommandRowOfUnknownDigitConvertsTheFormerFrameOnceMore) {
     for (const char16_t* digit : {u"6", u"", u"34"}) {
         WriteBench bench(11);
         bench.SetCell(kCommand, column::kLength, digit);
-        bench.Form().SendText = u" 40 0D";
+        bench.Talk().SendText = u" 40 0D";
         EXPECT_EQ(bench.Write(kCommand, u"7"), "@01 40 0D71\r");
     }
 }
@@ -152,7 +146,7 @@ TEST(NativeWrite, HidesTheEditor) {
     for (const int code : {11, 12}) {
         WriteBench bench(code);
         bench.Write(kTwoBytes, u"1");
-        EXPECT_FALSE(bench.Form().InputText.Visible());
+        EXPECT_FALSE(bench.Talk().InputText.Visible());
     }
 }
 
@@ -161,9 +155,9 @@ TEST(NativeWrite, EntryThatIsNoNumberRaisesError13AndBuildsNoFrame) {
         for (const int row : {kTwoBytes, kOneByte, kFourBytes, kTwoDecimals}) {
             WriteBench bench(code);
             EXPECT_EQ(ErrorOf([&] { bench.Write(row, u"12,5"); }), 13);
-            EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40");
+            EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40");
             EXPECT_EQ(bench.Cell(row, column::kNewValue), "12,5");
-            EXPECT_TRUE(bench.Form().InputText.Visible());
+            EXPECT_TRUE(bench.Talk().InputText.Visible());
         }
     }
     WriteBench bench(11);
@@ -173,63 +167,10 @@ TEST(NativeWrite, EntryThatIsNoNumberRaisesError13AndBuildsNoFrame) {
 
 TEST(NativeWrite, FillOfCode13StandsReadyInTheBuilder) {
     WriteBench bench(13);
-    bench.Write(kTwoBytes, u"51200");
-    EXPECT_EQ(ToUtf8(bench.Form().SendText), " 40 30 31 57 32 30 31 32 33 30 30 43 38 31 46 30 30 0d");
-}
-
-// --- From the entry to the line ---
-
-TEST(NativeWriteOnTheLine, FrameGoesOutAtTheNextPollInPlaceOfARead) {
-    InstrumentBench bench(11, kParameters);
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"1234");
-    bench.WillReply({"@01##01\r", "@01RD17\r"});
-    bench.line.RunUntil(600);
-    EXPECT_EQ(bench.SentCharacters(),
-              (std::vector<std::string>{"@01W20123D20416\r", "@01RD17\r", "@01RR01\r"}));
-}
-
-TEST(NativeWriteOnTheLine, Code12SendsItsOwnForm) {
-    InstrumentBench bench(12, kParameters);
-    bench.SetCell(kTwoBytes, column::kAddress, u"2123");
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"1234");
-    bench.line.RunUntil(300);
-    EXPECT_EQ(bench.SentCharacters(), std::vector<std::string>{"@01W212302D204BC\r"});
-}
-
-TEST(NativeWriteOnTheLine, TwoEntriesBeforeThePollSendTheFrameTwice) {
-    InstrumentBench bench(11, kParameters);
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"1234");
-    bench.TypeAndEnter(u"1235");
-    EXPECT_EQ(bench.Form().CommandCode, 231);
-    bench.WillReply({"@01##01\r", "@01##01\r"});
-    bench.line.RunUntil(600);
-    EXPECT_EQ(bench.SentCharacters(),
-              (std::vector<std::string>{"@01W20123D30417\r", "@01W20123D30417\r", "@01RD17\r"}));
-}
-
-TEST(NativeWriteOnTheLine, EntryThatIsNoNumberSendsAndStartsNothing) {
-    InstrumentBench bench(11, kParameters);
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"12a");
-    EXPECT_EQ(bench.dialogs.Texts(), std::vector<std::string>{"实时错误 '13':\r\n\r\n类型不匹配"});
-    EXPECT_EQ(bench.Form().CommandCode, 31);
-    EXPECT_FALSE(bench.Form().IsRunning());
-    bench.line.RunUntil(1000);
-    EXPECT_EQ(bench.line.FrameCount(), 0u);
-}
-
-TEST(NativeWriteOnTheLine, Code13SendsWhateverFrameStands) {
-    InstrumentBench bench(13, kParameters);
-    bench.Form().SendText = testing::FrameOf("@01RD17\r");
-    bench.Click(kTwoBytes, column::kNewValue);
-    bench.TypeAndEnter(u"1234");
-    EXPECT_EQ(bench.Form().CommandCode, 131);
-    EXPECT_EQ(bench.Cell(kTwoBytes, column::kNewValue), "");
-    bench.line.RunUntil(300);
-    EXPECT_EQ(bench.SentCharacters(), std::vector<std::string>{"@01RD1700\r"});
+    bench.Rows().Select(kTwoBytes, column::kNewValue);
+    bench.Talk().InputText.Set(u"51200");
+    BuildTqWriteRequest(bench.Talk(), bench.dialogs);
+    EXPECT_EQ(ToUtf8(bench.Talk().SendText), " 40 30 31 57 32 30 31 32 33 30 30 43 38 31 46 30 30 0d");
 }
 
 }  // namespace

@@ -2,16 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "support/bench_session.h"
+#include "support/conversation_bench.h"
 
 namespace commtest::testing {
 namespace {
 
 std::string RequestFor(const Text& address) {
-    BenchSession bench;
-    bench.Form().AddressText = address;
-    BuildHct615dReadRequest(bench.Form());
-    return ToUtf8(bench.Form().SendText);
+    StandingClock clock;
+    Conversation talk;
+    talk.AddressText = address;
+    BuildHct615dReadRequest(talk, clock);
+    return ToUtf8(talk.SendText);
 }
 
 TEST(Hct615dRequest, CarriesTheAddressAndBothCheckBytes) {
@@ -24,21 +25,11 @@ TEST(Hct615dRequest, SumKeepsItsLowByte) {
 }
 
 TEST(Hct615dRequest, RedrawIsOnAfterwards) {
-    BenchSession bench;
-    bench.Form().ParameterGrid().Redraw = false;
-    BuildHct615dReadRequest(bench.Form());
-    EXPECT_TRUE(bench.Form().ParameterGrid().Redraw);
-}
-
-// An instrument without parameters leaves the code 0 behind its first reply.
-TEST(Hct615dRequest, UnknownProtocolCodePollsWithIt) {
-    BenchSession bench;
-    bench.Form().ProtocolCode = 0;
-    bench.Form().AddressText = u"01";
-    bench.Press(4);
-    bench.line.RunUntil(300);
-    ASSERT_EQ(bench.SentFrames().size(), 1U);
-    EXPECT_EQ(bench.SentFrames()[0], "AA AA AA AA AA AA AA 07 02 01 01 00 0B 05");
+    StandingClock clock;
+    Conversation talk;
+    talk.ParameterGrid().Redraw = false;
+    BuildHct615dReadRequest(talk, clock);
+    EXPECT_TRUE(talk.ParameterGrid().Redraw);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "support/bench_session.h"
 
-#include <sstream>
-
 #include "app/protocol_table.h"
 #include "catalogue/instrument_catalogue.h"
 #include "commands/list_clicks.h"
@@ -106,25 +104,6 @@ std::vector<std::string> BenchSession::SentFrames() const {
     std::vector<std::string> frames;
     for (const SentFrame& frame : line.Frames()) frames.push_back(HexOfBytes(frame.bytes));
     return frames;
-}
-
-std::string BytesOfHex(const std::string& hex) {
-    std::string bytes;
-    std::istringstream pairs(hex);
-    for (std::string pair; pairs >> pair;) bytes += static_cast<char>(std::stoi(pair, nullptr, 16));
-    return bytes;
-}
-
-std::string HexOfBytes(const std::string& bytes) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string hex;
-    for (const char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        if (!hex.empty()) hex += ' ';
-        hex += kDigits[value >> 4];
-        hex += kDigits[value & 0xF];
-    }
-    return hex;
 }
 
 void Happen(BenchSession& bench, const std::function<void(MainForm&)>& event) {

@@ -7,18 +7,11 @@
 #include "app/session.h"
 #include "host/store.h"
 #include "support/fakes.h"
+#include "support/frame_text.h"
+#include "support/test_parameter.h"
 #include "support/virtual_line.h"
 
 namespace commtest::testing {
-
-// A parameter of an instrument under test, in the order of the grid's columns 1 to 5.
-struct TestParameter {
-    Text name;
-    Text address;
-    Text length;
-    Text attribute;
-    Text decimals;
-};
 
 // A whole session on a virtual line, over a store in memory: the bench on which core tests, the dialogues and
 // the benchmarks run. Verbs make a test a short story; texts are UTF-8.
@@ -59,10 +52,6 @@ class BenchSession {
   private:
     Session session_;
 };
-
-// Bytes of hexadecimal pairs, and back: "40 30 31".
-std::string BytesOfHex(const std::string& hex);
-std::string HexOfBytes(const std::string& bytes);
 
 // An event of a test enters the session by its one door.
 void Happen(BenchSession& bench, const std::function<void(MainForm&)>& event);

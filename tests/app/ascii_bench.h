@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "protocol_native/instrument_bench.h"
+#include "app/instrument_bench.h"
 
 namespace commtest::testing {
 
@@ -14,14 +14,6 @@ struct AsciiBench : InstrumentBench {
         Form().AddressText = u"01";
         Form().LogLine.clear();
     }
-
-    // A poll in another state of the grid.
-    std::string PollFrom(std::int16_t row, std::int32_t commandCode) {
-        Form().CurrentRow = row;
-        return Poll(commandCode);
-    }
 };
-
-inline constexpr std::int16_t kFirstRow = 6;
 
 }  // namespace commtest::testing

@@ -5,21 +5,11 @@
 #include <vector>
 
 #include "runtime/number.h"
-#include "session/main_form.h"
 #include "session/polling_cycle.h"
 #include "session/receive_reply.h"
-#include "session/records.h"
 #include "support/bench_session.h"
 
 namespace commtest::testing {
-
-// A frame as the engineer reads it, "@01RD17\r", as HexText, and back.
-inline HexText FrameOf(std::string_view characters) {
-    HexText frame;
-    for (const char character : characters) AppendHexByte(frame, static_cast<unsigned char>(character));
-    return frame;
-}
-inline std::string CharactersOf(const HexText& frame) { return BytesOfHex(ToUtf8(frame)); }
 
 // A bench with one instrument, chosen, at address 1; the session is stopped. Rows 1 to 5 are commands, its
 // parameters begin at row 6.
@@ -46,8 +36,8 @@ class InstrumentBench : public BenchSession {
     }
 
     // A reply has come, in characters, while CycleStep was `step`.
-    void Parse(std::int16_t step, std::string_view reply) { ParseHex(step, FrameOf(reply)); }
-    void ParseHex(std::int16_t step, const HexText& reply) {
+    void Receive(std::int16_t step, std::string_view reply) { ReceiveHex(step, FrameOf(reply)); }
+    void ReceiveHex(std::int16_t step, const HexText& reply) {
         Form().CycleStep = step;
         Form().ReplyText = reply;
         ReceiveReply(Form());
@@ -67,15 +57,16 @@ class InstrumentBench : public BenchSession {
         return frames;
     }
 
-    // What ConAutoSave(1) has logged.
-    std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini").text); }
-
-  private:
-    static std::vector<TestParameter> BehindFiveCommands(const std::vector<TestParameter>& parameters) {
-        std::vector<TestParameter> rows(5, {u"命令", u"0000", u"3", u"W", u"0"});
-        rows.insert(rows.end(), parameters.begin(), parameters.end());
-        return rows;
+    void LogErrors() {
+        Form().ConAutoSave[1].Set(true);
+        files.OpenErrorFile();
     }
+    // What has been logged as an error, and its first line behind the time stamp.
+    std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini").text); }
+    std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
 };
+
+// A line of the record as the error file has it.
+inline std::string LoggedAs(const std::string& line) { return line + "        串口设置: 9600,N,8,1\r\n\r\n"; }
 
 }  // namespace commtest::testing

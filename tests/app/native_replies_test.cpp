@@ -1,24 +1,23 @@
-#include "protocol_native/reply_parser.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "protocol_native/instrument_bench.h"
+#include "app/instrument_bench.h"
+#include "commands/toolbar_commands.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 
 namespace commtest {
 namespace {
 
 using testing::FrameOf;
 using testing::InstrumentBench;
+using testing::LoggedAs;
 
 constexpr const char* kGoodReply = "@01RDC800646E\r";  // 200 for row 6, half of row 7
 constexpr int kDynamicRow = 6;
 
-struct ParserBench : InstrumentBench {
-    explicit ParserBench(int code = 11)
+struct ReplyBench : InstrumentBench {
+    explicit ReplyBench(int code = 11)
         : InstrumentBench(code, {{u"测量值", u"0010", u"2", u"D", u"0"},
                                  {u"流量", u"0012", u"2", u"D", u"0"},
                                  {u"上限", u"0020", u"2", u"RW", u"0"},
@@ -26,65 +25,57 @@ struct ParserBench : InstrumentBench {
         Form().LogLine = u"<";
     }
     std::string Line() { return ToUtf8(Form().LogLine); }
-    // What has been logged as an error behind the time stamp.
-    std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
-    void LogErrors() {
-        Form().ConAutoSave[1].Set(true);
-        files.OpenErrorFile();
-    }
 };
-
-std::string LoggedAs(const std::string& line) { return line + "        串口设置: 9600,N,8,1\r\n\r\n"; }
 
 // --- The record ---
 
-TEST(ParseTqReply, GivesTheCycleTheUsersInterval) {
-    ParserBench bench;
+TEST(NativeReply, GivesTheCycleTheUsersInterval) {
+    ReplyBench bench;
     bench.Form().ConDelayTime.Set(u"250");
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Form().Timer1[1].Interval(), 250);
 }
 
-TEST(ParseTqReply, IntervalThatIsNoNumberIsPassedOver) {
-    ParserBench bench;
+TEST(NativeReply, IntervalThatIsNoNumberIsPassedOver) {
+    ReplyBench bench;
     bench.Form().ConDelayTime.Set(u"快");
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Form().Timer1[1].Interval(), 300);
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kValue), "200");
 }
 
-TEST(ParseTqReply, RecordShowsTheReplyInTheChosenMode) {
-    ParserBench bench;
-    bench.Parse(1, kGoodReply);
+TEST(NativeReply, RecordShowsTheReplyInTheChosenMode) {
+    ReplyBench bench;
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Line(), "<@01RDC800646E\\0D\r\nCRC校验正确       读取 1# 仪表的动态数据");
     bench.Form().LogLine = u"<";
     bench.Form().ShowMode.Show(1);
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Line(),
               "<40 30 31 52 44 43 38 30 30 36 34 36 45 0D\r\nCRC校验正确       读取 1# 仪表的动态数据");
 }
 
-TEST(ParseTqReply, DisplayModeDoesNotTouchTheGrid) {
+TEST(NativeReply, DisplayModeDoesNotTouchTheGrid) {
     for (const int mode : {0, 1}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.Form().ShowMode.Show(mode);
-        bench.Parse(1, kGoodReply);
+        bench.Receive(1, kGoodReply);
         EXPECT_EQ(bench.Cell(kDynamicRow, column::kGroupRead), "C800");
         EXPECT_EQ(bench.Cell(kDynamicRow, column::kValue), "200");
     }
 }
 
-TEST(ParseTqReply, ShownReplyIsTrimmed) {
-    ParserBench bench;
-    bench.Parse(1, "  @01RD\r  ");
+TEST(NativeReply, ShownReplyIsTrimmed) {
+    ReplyBench bench;
+    bench.Receive(1, "  @01RD\r  ");
     EXPECT_EQ(bench.Line().substr(0, 11), "<@01RD\\0D\r\n");
 }
 
-TEST(ParseTqReply, NewestEntryStandsOnTop) {
-    ParserBench bench;
-    bench.Parse(1, "@01##01\r");
+TEST(NativeReply, NewestEntryStandsOnTop) {
+    ReplyBench bench;
+    bench.Receive(1, "@01##01\r");
     bench.Form().LogLine = u">";
-    bench.Parse(1, "@01##01\r");
+    bench.Receive(1, "@01##01\r");
     EXPECT_EQ(bench.Record(),
               ">@01##01\\0D\r\nCRC校验正确       修改 1# 仪表的参数\r\n\r\n"
               "<@01##01\\0D\r\nCRC校验正确       修改 1# 仪表的参数\r\n\r\n");
@@ -92,21 +83,21 @@ TEST(ParseTqReply, NewestEntryStandsOnTop) {
 
 // --- The verdict ---
 
-TEST(ParseTqReply, FrameEndIsJudgedByTheCheckWord) {
+TEST(NativeReply, FrameEndIsJudgedByTheCheckWord) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 4, 7}) {
-        ParserBench bench;
-        bench.Parse(step, kGoodReply);
+        ReplyBench bench;
+        bench.Receive(step, kGoodReply);
         EXPECT_EQ(bench.Record(), "<@01RDC800646E\\0D\r\nCRC校验正确       读取 1# 仪表的动态数据\r\n\r\n")
             << step;
         EXPECT_EQ(bench.Form().CheckErrorCount, 0);
         bench.Form().LogLine = u"<";
-        bench.Parse(step, "@01RDC800646F\r");
+        bench.Receive(step, "@01RDC800646F\r");
         EXPECT_EQ(bench.Line(), "<@01RDC800646F\\0D\r\nCRC校验错误       读取 1# 仪表的动态数据") << step;
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << step;
     }
 }
 
-TEST(ParseTqReply, EachCodeHasItsCheckWord) {
+TEST(NativeReply, EachCodeHasItsCheckWord) {
     struct Row {
         int code;
         const char* good;
@@ -116,49 +107,49 @@ TEST(ParseTqReply, EachCodeHasItsCheckWord) {
                         {12, "@01RDC800643C\r", "@01RDC800646E\r"},
                         {13, "@01RDC8006405E\r", "@01RDC8006406C\r"}};
     for (const Row& row : rows) {
-        ParserBench bench(row.code);
-        bench.Parse(1, row.bad);
+        ReplyBench bench(row.code);
+        bench.Receive(1, row.bad);
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << row.code;
-        bench.Parse(1, row.good);
+        bench.Receive(1, row.good);
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << row.code;
     }
 }
 
-TEST(ParseTqReply, FillBehindTheCheckWordFailsUnderEveryCode) {
+TEST(NativeReply, FillBehindTheCheckWordFailsUnderEveryCode) {
     for (const int code : {11, 13}) {
-        ParserBench bench(code);
-        bench.Parse(1, "@01RDC800646E00\r");
+        ReplyBench bench(code);
+        bench.Receive(1, "@01RDC800646E00\r");
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << code;
     }
 }
 
-TEST(ParseTqReply, WrongCheckWordLeavesTheGridAlone) {
-    ParserBench bench;
+TEST(NativeReply, WrongCheckWordLeavesTheGridAlone) {
+    ReplyBench bench;
     bench.Form().CurrentRow = 9;
-    bench.Parse(1, "@01RDC800646F\r");
+    bench.Receive(1, "@01RDC800646F\r");
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kGroupRead), "");
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kValue), "");
     EXPECT_EQ(bench.Form().CurrentRow, 9);
     EXPECT_EQ(ToUtf8(bench.Form().DynamicSample), "");
 }
 
-TEST(ParseTqReply, SumThatLeaves16BitsCountsAsAWrongCheckWord) {
-    ParserBench bench(12);
-    bench.Parse(1, "@01RD" + std::string(140, '\xFF') + "00\r");
+TEST(NativeReply, SumThatLeaves16BitsCountsAsAWrongCheckWord) {
+    ReplyBench bench(12);
+    bench.Receive(1, "@01RD" + std::string(140, '\xFF') + "00\r");
     EXPECT_EQ(bench.Form().CheckErrorCount, 1);
     EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
-TEST(ParseTqReply, CycleStepTellsMissingFromIncomplete) {
+TEST(NativeReply, CycleStepTellsMissingFromIncomplete) {
     struct Row {
         std::int16_t step;
         int noReply;
         int incomplete;
     };
     for (const Row& row : {Row{2, 1, 0}, Row{3, 0, 1}, Row{0, 0, 0}, Row{5, 0, 0}, Row{6, 0, 0}}) {
-        ParserBench bench;
-        bench.Parse(row.step, kGoodReply);
+        ReplyBench bench;
+        bench.Receive(row.step, kGoodReply);
         EXPECT_EQ(bench.Form().NoReplyCount, row.noReply) << row.step;
         EXPECT_EQ(bench.Form().IncompleteCount, row.incomplete) << row.step;
         EXPECT_EQ(bench.Form().CheckErrorCount, 0) << row.step;
@@ -166,15 +157,15 @@ TEST(ParseTqReply, CycleStepTellsMissingFromIncomplete) {
     }
 }
 
-TEST(ParseTqReply, CounterAtItsEndStaysAndTheRestGoesOn) {
+TEST(NativeReply, CounterAtItsEndStaysAndTheRestGoesOn) {
     constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
-    ParserBench bench;
+    ReplyBench bench;
     bench.Form().NoReplyCount = kMost;
     bench.Form().IncompleteCount = kMost;
     bench.Form().CheckErrorCount = kMost;
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 2, 3}) {
         bench.Form().ReplyText.clear();
-        bench.Parse(step, "@01");
+        bench.Receive(step, "@01");
         EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
         EXPECT_EQ(bench.Form().CycleStep, 1);
     }
@@ -184,11 +175,11 @@ TEST(ParseTqReply, CounterAtItsEndStaysAndTheRestGoesOn) {
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
-TEST(ParseTqReply, ReplyIsAlwaysTakenAway) {
+TEST(NativeReply, ReplyIsAlwaysTakenAway) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 1, 2, 3, 4, 5, 6, 7}) {
         for (const char* reply : {kGoodReply, "@01RDC800646F\r", "", "\n", "@01XX01\r"}) {
-            ParserBench bench;
-            bench.Parse(step, reply);
+            ReplyBench bench;
+            bench.Receive(step, reply);
             EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "") << step << reply;
         }
     }
@@ -196,7 +187,7 @@ TEST(ParseTqReply, ReplyIsAlwaysTakenAway) {
 
 // --- The reply word ---
 
-TEST(ParseTqReply, ReplyWordSaysWhatWasAnswered) {
+TEST(NativeReply, ReplyWordSaysWhatWasAnswered) {
     struct Row {
         const char* reply;
         const char* note;
@@ -210,18 +201,18 @@ TEST(ParseTqReply, ReplyWordSaysWhatWasAnswered) {
                         {"@07rd11\r", "", true},
                         {"@07W262\r", "", true}};
     for (const Row& row : rows) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.Form().ConMeterAddr.Set(u"7");
         bench.Form().CommandCode = 50;
         bench.LogErrors();
-        bench.Parse(1, row.reply);
+        bench.Receive(1, row.reply);
         const std::string line = "<" + std::string(row.reply, 7) + "\\0D\r\nCRC校验正确  " + row.note;
         EXPECT_EQ(bench.Line(), line);
         EXPECT_EQ(bench.ErrorLine(), row.isLogged ? LoggedAs(line) : "") << row.reply;
     }
 }
 
-TEST(ParseTqReply, UnknownWordNamesTheFailureAndSetsTheCycleReady) {
+TEST(NativeReply, UnknownWordNamesTheFailureAndSetsTheCycleReady) {
     struct Row {
         std::int16_t step;
         const char* reply;
@@ -237,37 +228,37 @@ TEST(ParseTqReply, UnknownWordNamesTheFailureAndSetsTheCycleReady) {
         {5, "@01XX", "<@01XX\r\n"},
         {0, "", "<\r\n"}};
     for (const Row& row : rows) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.LogErrors();
-        bench.Parse(row.step, row.reply);
+        bench.Receive(row.step, row.reply);
         EXPECT_EQ(bench.Line(), row.line);
         EXPECT_EQ(bench.Form().CycleStep, 1) << row.step;
         EXPECT_EQ(bench.ErrorLine(), LoggedAs(row.line)) << row.step;
     }
 }
 
-TEST(ParseTqReply, KnownWordLeavesTheCycleStep) {
+TEST(NativeReply, KnownWordLeavesTheCycleStep) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 1, 4, 5, 7}) {
-        ParserBench bench;
-        bench.Parse(step, kGoodReply);
+        ReplyBench bench;
+        bench.Receive(step, kGoodReply);
         EXPECT_EQ(bench.Form().CycleStep, step);
     }
 }
 
-TEST(ParseTqReply, ErrorFileThatIsClosedIsPassedOver) {
-    ParserBench bench;
+TEST(NativeReply, ErrorFileThatIsClosedIsPassedOver) {
+    ReplyBench bench;
     bench.Form().ConAutoSave[1].Set(true);
-    bench.Parse(2, "");
+    bench.Receive(2, "");
     EXPECT_EQ(bench.ErrorRecords(), "");
     EXPECT_EQ(bench.Form().CycleStep, 1);
     EXPECT_EQ(bench.Record(), "<\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据\r\n\r\n");
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
-TEST(ParseTqReply, ErrorInsideTheWalkIsPassedOver) {
-    ParserBench bench;
+TEST(NativeReply, ErrorInsideTheWalkIsPassedOver) {
+    ReplyBench bench;
     bench.SetCell(kDynamicRow, column::kLength, u"二");
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Form().CheckErrorCount, 0);
     EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
     EXPECT_TRUE(bench.dialogs.Shown.empty());
@@ -275,7 +266,7 @@ TEST(ParseTqReply, ErrorInsideTheWalkIsPassedOver) {
 
 // --- Answers in several parts ---
 
-struct PartsBench : ParserBench {
+struct PartsBench : ReplyBench {
     PartsBench() {
         Form().SetRunning(true);
         Form().SendText = FrameOf("@01RD17\r");
@@ -283,9 +274,9 @@ struct PartsBench : ParserBench {
     }
 };
 
-TEST(ParseTqReply, PartIsAnsweredWithTheContinueByte) {
+TEST(NativeReply, PartIsAnsweredWithTheContinueByte) {
     PartsBench bench;
-    bench.Parse(7, "@01RDC8006C\n");
+    bench.Receive(7, "@01RDC8006C\n");
     EXPECT_EQ(bench.SentFrames(), std::vector<std::string>{"0A"});
     EXPECT_EQ(ToUtf8(bench.Form().SendText), " 0A");
     EXPECT_EQ(bench.Form().SendCount, 1);
@@ -296,54 +287,54 @@ TEST(ParseTqReply, PartIsAnsweredWithTheContinueByte) {
     EXPECT_EQ(bench.Record(), "<@01RDC8006C\\0A\r\nCRC校验正确       读取 1# 仪表的动态数据\r\n\r\n");
 }
 
-TEST(ParseTqReply, ContinueByteLeavesBeforeTheGridIsTouched) {
+TEST(NativeReply, ContinueByteLeavesBeforeTheGridIsTouched) {
     PartsBench bench;
     std::string cellAtThatMoment = "not sent";
     bench.line.Answer = [&](const std::string&) -> std::vector<testing::Arrival> {
         cellAtThatMoment = bench.Cell(kDynamicRow, column::kGroupRead);
         return {};
     };
-    bench.Parse(7, "@01RDC8006C\n");
+    bench.Receive(7, "@01RDC8006C\n");
     EXPECT_EQ(cellAtThatMoment, "");
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kGroupRead), "C800");
 }
 
-TEST(ParseTqReply, DemonstrationAsksForNoPart) {
+TEST(NativeReply, DemonstrationAsksForNoPart) {
     PartsBench bench;
     bench.Form().ConMyCommDriver.Click = nullptr;
     bench.Form().ConMyCommDriver.Set(true);
-    bench.Parse(7, "@01RDC8006C\n");
+    bench.Receive(7, "@01RDC8006C\n");
     EXPECT_EQ(bench.line.FrameCount(), 0u);
     EXPECT_EQ(bench.Frame(), "@01RD17\r");
     EXPECT_EQ(bench.Cell(kDynamicRow, column::kGroupRead), "C800");
 }
 
-TEST(ParseTqReply, NothingAsksForAPartBehindAWrongCheckWord) {
+TEST(NativeReply, NothingAsksForAPartBehindAWrongCheckWord) {
     PartsBench bench;
-    bench.Parse(7, "@01RDC80000\n");
+    bench.Receive(7, "@01RDC80000\n");
     EXPECT_EQ(bench.line.FrameCount(), 0u);
     EXPECT_EQ(bench.Frame(), "@01RD17\r");
 }
 
-TEST(ParseTqReply, PartOfUnknownWordIsNotContinuedButWalked) {
+TEST(NativeReply, PartOfUnknownWordIsNotContinuedButWalked) {
     PartsBench bench;
     bench.Form().CurrentRow = 8;
-    bench.Parse(7, "@01XXC8007A\n");
+    bench.Receive(7, "@01XXC8007A\n");
     EXPECT_EQ(bench.line.FrameCount(), 0u);
     EXPECT_EQ(bench.Form().CycleStep, 1);
     EXPECT_EQ(bench.Cell(8, column::kNumber), "C800");
 }
 
-TEST(ParseTqReply, CompleteReplyIsNotContinued) {
+TEST(NativeReply, CompleteReplyIsNotContinued) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 4}) {
         PartsBench bench;
-        bench.Parse(step, kGoodReply);
+        bench.Receive(step, kGoodReply);
         EXPECT_EQ(bench.line.FrameCount(), 0u) << step;
     }
 }
 
 TEST(NativePartsOnTheLine, PartsFollowEachOtherOverTheRows) {
-    ParserBench bench;
+    ReplyBench bench;
     bench.Form().CommandCode = 20;
     bench.Press(toolbar::kStartStop);
     bench.WillReply({"@01RRC8007A\n", "@01RR2C0171\r"});
@@ -356,7 +347,7 @@ TEST(NativePartsOnTheLine, PartsFollowEachOtherOverTheRows) {
 }
 
 TEST(NativePartsOnTheLine, PartThatNeverComesCountsAsAMissingReply) {
-    ParserBench bench;
+    ReplyBench bench;
     bench.Form().CommandCode = 20;
     bench.Press(toolbar::kStartStop);
     bench.WillReply({"@01RRC8007A\n"});
@@ -368,6 +359,55 @@ TEST(NativePartsOnTheLine, PartThatNeverComesCountsAsAMissingReply) {
     EXPECT_EQ(bench.line.FrameCount(), 2u);
     bench.line.RunUntil(1701);
     EXPECT_EQ(bench.line.FrameCount(), 3u);
+}
+
+// --- The rows of the walk ---
+
+struct RowsBench : InstrumentBench {
+    RowsBench()
+        : InstrumentBench(11, {{u"测量值", u"0010", u"2", u"D", u"0"},
+                               {u"流量", u"0012", u"4", u"D", u"0"},
+                               {u"上限", u"0020", u"2", u"RW", u"0"},
+                               {u"下限", u"0022", u"2", u"RW", u"0"}}) {}
+
+    // A reply has come whose check word is right.
+    void Walk(const std::string& reply) { Receive(1, reply); }
+};
+
+// Under a part that ends in 0A the continue byte is already in SendText.
+TEST(NativeRowsOfASession, FirstPartStartsAtTheFirstReadableRowNotAtFirstDataRow) {
+    struct Row {
+        const char* reply;
+        int row;
+    };
+    for (const Row& row : {Row{"@01RRC8007A\n", 8}, Row{"@01RRC8007A\r", 9}}) {
+        RowsBench bench;
+        bench.SetCell(8, column::kAttribute, u"R");
+        bench.Form().FirstDataRow = 9;
+        bench.Form().CommandCode = 20;
+        bench.Press(4);
+        bench.WillReply({row.reply});
+        bench.line.RunUntil(301);
+        EXPECT_EQ(bench.Cell(row.row, column::kGroupRead), "C800");
+        EXPECT_EQ(bench.Form().CurrentRow, row.row + 1);
+    }
+}
+
+TEST(NativeRowsOfASession, ChoosingAnInstrumentEmptiesTheSamples) {
+    RowsBench bench;
+    bench.Walk("@01RRC8007A\r");
+    bench.Walk("@01RDC8006C\r");
+    bench.Form().ConMeterName[0].Click();
+    EXPECT_EQ(ToUtf8(bench.Form().StaticSample + bench.Form().DynamicSample), "");
+}
+
+TEST(NativeRowsOfASession, RowsOutliveAChangeOfInstrument) {
+    RowsBench bench;
+    bench.Form().CurrentRow = 11;
+    bench.Add(u"别的", u"TQ仪表协议", u"110200", {{u"值", u"0010", u"2", u"D", u"0"}});
+    bench.Choose(u"TQ仪表协议", u"别的");
+    EXPECT_EQ(bench.Form().FirstDataRow, 8);
+    EXPECT_EQ(bench.Form().CurrentRow, 11);
 }
 
 }  // namespace

@@ -1,25 +1,23 @@
-#include "protocol_modbus/ascii_reply_parser.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "protocol_modbus/ascii_bench.h"
+#include "app/ascii_bench.h"
+#include "commands/toolbar_commands.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 
 namespace commtest {
 namespace {
 
 using testing::AsciiBench;
-using testing::FrameOf;
+using testing::LoggedAs;
 
 constexpr const char* kGoodReply = ":010302006496\r\n";           // 100, code 21
 constexpr const char* kGoodReplyTwo = ":0103050200001234EB\r\n";  // 12.34, code 22
 constexpr int kRow = 6;
 
-struct ParserBench : AsciiBench {
-    explicit ParserBench(int code = 21)
+struct ReplyBench : AsciiBench {
+    explicit ReplyBench(int code = 21)
         : AsciiBench(code, {{u"测量值", u"0010", code == 21 ? u"2" : u"5", u"R", u"0"},
                             {u"上限", u"0011", code == 21 ? u"2" : u"5", u"R", u"0"}}) {
         Form().LogLine = u"<";
@@ -29,75 +27,68 @@ struct ParserBench : AsciiBench {
     std::string VerdictOn(std::int16_t step, const std::string& reply) {
         Form().LogLine.clear();
         Form().CurrentRow = kRow;
-        Parse(step, reply);
+        Receive(step, reply);
         const std::string logged = ToUtf8(Form().LogLine);
         return logged.substr(logged.find("\r\n") + 2);
     }
-    std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
-    void LogErrors() {
-        Form().ConAutoSave[1].Set(true);
-        files.OpenErrorFile();
-    }
 };
-
-std::string Logged(const std::string& line) { return line + "        串口设置: 9600,N,8,1\r\n\r\n"; }
 
 constexpr const char* kRight = "CRC校验正确  ";
 constexpr const char* kWrong = "CRC校验错误  ";
 
 // --- The record ---
 
-TEST(ParseAsciiReply, GivesTheCycleTheUsersInterval) {
+TEST(AsciiReply, GivesTheCycleTheUsersInterval) {
     for (const int code : {21, 22}) {
-        ParserBench bench(code);
+        ReplyBench bench(code);
         bench.Form().ConDelayTime.Set(u"250");
-        bench.Parse(1, kGoodReply);
+        bench.Receive(1, kGoodReply);
         EXPECT_EQ(bench.Form().Timer1[1].Interval(), 250);
     }
 }
 
-TEST(ParseAsciiReply, IntervalThatIsNoNumberIsPassedOver) {
-    ParserBench bench;
+TEST(AsciiReply, IntervalThatIsNoNumberIsPassedOver) {
+    ReplyBench bench;
     bench.Form().ConDelayTime.Set(u"快");
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(bench.Form().Timer1[1].Interval(), 300);
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
 }
 
-TEST(ParseAsciiReply, RecordShowsTheReplyInTheChosenMode) {
-    ParserBench bench;
-    bench.Parse(1, kGoodReply);
+TEST(AsciiReply, RecordShowsTheReplyInTheChosenMode) {
+    ReplyBench bench;
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(ToUtf8(bench.Form().LogLine),
               "<:010302006496\\0D\\0A\r\nCRC校验正确  成功读取 1# 仪表的静态/动态数据");
     bench.Form().ShowMode.Show(1);
     bench.Form().LogLine = u"<";
-    bench.Parse(1, kGoodReply);
+    bench.Receive(1, kGoodReply);
     EXPECT_EQ(ToUtf8(bench.Form().LogLine),
               "<3A 30 31 30 33 30 32 30 30 36 34 39 36 0D 0A\r\nCRC校验正确  成功读取 1# "
               "仪表的静态/动态数据");
 }
 
-TEST(ParseAsciiReply, ShownReplyIsTrimmed) {
-    ParserBench bench;
-    bench.Parse(3, "  :01  ");
+TEST(AsciiReply, ShownReplyIsTrimmed) {
+    ReplyBench bench;
+    bench.Receive(3, "  :01  ");
     EXPECT_EQ(ToUtf8(bench.Form().LogLine).substr(0, 6), "<:01\r\n");
 }
 
-TEST(ParseAsciiReply, NewestRecordStandsOnTop) {
-    ParserBench bench;
-    bench.Parse(1, kGoodReply);
+TEST(AsciiReply, NewestRecordStandsOnTop) {
+    ReplyBench bench;
+    bench.Receive(1, kGoodReply);
     bench.Form().LogLine = u">";
-    bench.Parse(2, "");
+    bench.Receive(2, "");
     EXPECT_EQ(bench.Record(),
               ">\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据\r\n\r\n"
               "<:010302006496\\0D\\0A\r\nCRC校验正确  成功读取 1# 仪表的静态/动态数据\r\n\r\n");
 }
 
-TEST(ParseAsciiReply, ReplyIsUsedUp) {
+TEST(AsciiReply, ReplyIsUsedUp) {
     for (const int code : {21, 22}) {
         for (const std::int16_t step : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}, std::int16_t{7}}) {
-            ParserBench bench(code);
-            bench.Parse(step, kGoodReply);
+            ReplyBench bench(code);
+            bench.Receive(step, kGoodReply);
             EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "") << step;
         }
     }
@@ -105,7 +96,7 @@ TEST(ParseAsciiReply, ReplyIsUsedUp) {
 
 // --- The check word ---
 
-TEST(ParseAsciiReply, CheckWordOfEachCode) {
+TEST(AsciiReply, CheckWordOfEachCode) {
     struct Row {
         int code;
         const char* reply;
@@ -119,22 +110,22 @@ TEST(ParseAsciiReply, CheckWordOfEachCode) {
                         {21, ":01030200AA50\r\n", true},   {21, ":01030200aa50\r\n", true},
                         {21, ":010302004248\r\n", false},  {21, ":010302006496xx", true}};
     for (const Row& row : rows) {
-        ParserBench bench(row.code);
+        ReplyBench bench(row.code);
         const std::string verdict = bench.VerdictOn(1, row.reply);
         EXPECT_TRUE(verdict.starts_with(row.isRight ? kRight : kWrong)) << row.reply << verdict;
         EXPECT_EQ(bench.Form().CheckErrorCount, row.isRight ? 0 : 1) << row.reply;
     }
 }
 
-TEST(ParseAsciiReply, CheckWordInSmallLettersIsWrong) {
-    ParserBench bench;
+TEST(AsciiReply, CheckWordInSmallLettersIsWrong) {
+    ReplyBench bench;
     EXPECT_EQ(bench.VerdictOn(1, ":0103020001f9\r\n"), "CRC校验错误  成功读取 1# 仪表的静态/动态数据");
     EXPECT_EQ(bench.VerdictOn(1, ":0103020001F9\r\n"), "CRC校验正确  成功读取 1# 仪表的静态/动态数据");
 }
 
 // The program's own word of such a sum has three digits, so that the standard's "00" never agrees.
-TEST(ParseAsciiReply, CheckWordOfASumOf256IsWrongInTwoDigits) {
-    ParserBench bench;
+TEST(AsciiReply, CheckWordOfASumOf256IsWrongInTwoDigits) {
+    ReplyBench bench;
     EXPECT_EQ(bench.VerdictOn(1, ":01030200FA00\r\n"), "CRC校验错误  成功读取 1# 仪表的静态/动态数据");
     EXPECT_EQ(bench.Form().CheckErrorCount, 1);
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "250");
@@ -142,7 +133,7 @@ TEST(ParseAsciiReply, CheckWordOfASumOf256IsWrongInTwoDigits) {
 
 // A byte that is no plain character, and a line end inside the frame, come back as others from their way
 // through the text.
-TEST(ParseAsciiReply, StrangeBytesMakeAReplyWrongThoughItsSumIsRight) {
+TEST(AsciiReply, StrangeBytesMakeAReplyWrongThoughItsSumIsRight) {
     const std::pair<int, std::string> replies[] = {{21,
                                                     ":010302\xE9\xE9"
                                                     "6496\r\n"},
@@ -151,33 +142,33 @@ TEST(ParseAsciiReply, StrangeBytesMakeAReplyWrongThoughItsSumIsRight) {
                                                     ":0103020064\xE9"
                                                     "27\r\n"}};
     for (const auto& [code, reply] : replies) {
-        ParserBench bench(code);
+        ReplyBench bench(code);
         EXPECT_TRUE(bench.VerdictOn(1, reply).starts_with(kWrong)) << reply;
     }
-    ParserBench bench;
+    ReplyBench bench;
     EXPECT_TRUE(bench.VerdictOn(1, ":010302GG6496\r\n").starts_with(kRight));  // two zeros to the sum
 }
 
-TEST(ParseAsciiReply, ReplyOfFewerThanFourCharactersIsWrong) {
+TEST(AsciiReply, ReplyOfFewerThanFourCharactersIsWrong) {
     for (const int code : {21, 22}) {
         for (const char* reply : {"\n", "\r\n", "6\r\n", "96\r\n"}) {
-            ParserBench bench(code);
+            ReplyBench bench(code);
             EXPECT_EQ(bench.VerdictOn(1, reply), kWrong) << reply;
             EXPECT_EQ(bench.Form().CheckErrorCount, 1);
         }
     }
 }
 
-TEST(ParseAsciiReplyTwo, ReplyOfACheckWordAloneIsRightOverNothing) {
-    ParserBench bench(22);
+TEST(AsciiReplyTwo, ReplyOfACheckWordAloneIsRightOverNothing) {
+    ReplyBench bench(22);
     EXPECT_EQ(bench.VerdictOn(1, "00\r\n"), kRight);
     EXPECT_EQ(bench.Form().CheckErrorCount, 0);
 }
 
-TEST(ParseAsciiReply, StepsOneAndFourJudgeAReply) {
+TEST(AsciiReply, StepsOneAndFourJudgeAReply) {
     for (const int code : {21, 22}) {
         for (const std::int16_t step : {std::int16_t{1}, std::int16_t{4}}) {
-            ParserBench bench(code);
+            ReplyBench bench(code);
             EXPECT_EQ(bench.VerdictOn(step, code == 21 ? kGoodReply : kGoodReplyTwo),
                       "CRC校验正确  成功读取 1# 仪表的静态/动态数据");
             EXPECT_EQ(bench.Form().CycleStep, step);
@@ -185,8 +176,8 @@ TEST(ParseAsciiReply, StepsOneAndFourJudgeAReply) {
     }
 }
 
-TEST(ParseAsciiReply, OtherStepsJudgeNothingAndDecodeADataReplyAllTheSame) {
-    ParserBench bench;
+TEST(AsciiReply, OtherStepsJudgeNothingAndDecodeADataReplyAllTheSame) {
+    ReplyBench bench;
     EXPECT_EQ(bench.VerdictOn(7, kGoodReply), "成功读取 1# 仪表的静态/动态数据");
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
     EXPECT_EQ(bench.Form().CheckErrorCount + bench.Form().NoReplyCount + bench.Form().IncompleteCount, 0);
@@ -194,22 +185,22 @@ TEST(ParseAsciiReply, OtherStepsJudgeNothingAndDecodeADataReplyAllTheSame) {
 
 // --- Failures ---
 
-TEST(ParseAsciiReply, SilentInstrument) {
+TEST(AsciiReply, SilentInstrument) {
     for (const int code : {21, 22}) {
-        ParserBench bench(code);
+        ReplyBench bench(code);
         bench.LogErrors();
         EXPECT_EQ(bench.VerdictOn(2, ""), "仪表无应答  注意：仪表无应答或返回软件无法识别的数据");
         EXPECT_EQ(bench.Form().NoReplyCount, 1);
         EXPECT_EQ(bench.Form().IncompleteCount + bench.Form().CheckErrorCount, 0);
         EXPECT_EQ(bench.Form().CycleStep, 1);
         EXPECT_EQ(bench.Form().CurrentRow, kRow);
-        EXPECT_EQ(bench.ErrorLine(), Logged("\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据"));
+        EXPECT_EQ(bench.ErrorLine(), LoggedAs("\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据"));
     }
 }
 
-TEST(ParseAsciiReply, ReplyWithoutAnEnd) {
+TEST(AsciiReply, ReplyWithoutAnEnd) {
     for (const int code : {21, 22}) {
-        ParserBench bench(code);
+        ReplyBench bench(code);
         bench.LogErrors();
         EXPECT_EQ(bench.VerdictOn(3, ":010302"), "数据不完整  注意：仪表无应答或返回软件无法识别的数据");
         EXPECT_EQ(bench.Form().IncompleteCount, 1);
@@ -217,12 +208,12 @@ TEST(ParseAsciiReply, ReplyWithoutAnEnd) {
         EXPECT_EQ(bench.Form().CycleStep, 1);
         EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "");
         EXPECT_EQ(bench.ErrorLine(),
-                  Logged(":010302\r\n数据不完整  注意：仪表无应答或返回软件无法识别的数据"));
+                  LoggedAs(":010302\r\n数据不完整  注意：仪表无应答或返回软件无法识别的数据"));
     }
 }
 
-TEST(ParseAsciiReply, FullCounterStays) {
-    ParserBench bench;
+TEST(AsciiReply, FullCounterStays) {
+    ReplyBench bench;
     bench.Form().NoReplyCount = std::numeric_limits<std::int32_t>::max();
     bench.Form().CheckErrorCount = std::numeric_limits<std::int32_t>::max();
     EXPECT_EQ(bench.VerdictOn(2, ""), "仪表无应答  注意：仪表无应答或返回软件无法识别的数据");
@@ -231,20 +222,20 @@ TEST(ParseAsciiReply, FullCounterStays) {
     EXPECT_EQ(bench.Form().CheckErrorCount, std::numeric_limits<std::int32_t>::max());
 }
 
-TEST(ParseAsciiReply, FailedCheckOfADataReplyIsDecodedAllTheSame) {
+TEST(AsciiReply, FailedCheckOfADataReplyIsDecodedAllTheSame) {
     for (const char* reply : {":010302006497\r\n", ":010602006497\r\n"}) {
-        ParserBench bench;
-        bench.Parse(1, reply);
+        ReplyBench bench;
+        bench.Receive(1, reply);
         EXPECT_EQ(bench.Form().CheckErrorCount, 1);
         EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
         EXPECT_EQ(bench.Form().CurrentRow, kRow + 1);
     }
 }
 
-TEST(ParseAsciiReply, FailedCheckOfAnExceptionTouchesNoRow) {
-    ParserBench bench;
+TEST(AsciiReply, FailedCheckOfAnExceptionTouchesNoRow) {
+    ReplyBench bench;
     bench.SetCell(kRow, column::kSingleRead, u"0064");
-    bench.Parse(1, ":01820100\r\n");
+    bench.Receive(1, ":01820100\r\n");
     EXPECT_EQ(bench.Form().CheckErrorCount, 1);
     EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
     EXPECT_EQ(bench.Form().CurrentRow, kRow);
@@ -252,7 +243,7 @@ TEST(ParseAsciiReply, FailedCheckOfAnExceptionTouchesNoRow) {
 
 // --- The verdicts ---
 
-TEST(ParseAsciiReply, ExceptionTellsItsText) {
+TEST(AsciiReply, ExceptionTellsItsText) {
     struct Row {
         const char* reply;
         const char* text;
@@ -266,7 +257,7 @@ TEST(ParseAsciiReply, ExceptionTellsItsText) {
                         {":01870276\r\n", "指令错误，写入的数据超出该参数的上下限范围！"},
                         {":01880275\r\n", "仪表系统忙！"}};
     for (const Row& row : rows) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.Press(toolbar::kStartStop);
         bench.LogErrors();
         EXPECT_EQ(bench.VerdictOn(1, row.reply), std::string(kRight) + row.text);
@@ -274,18 +265,18 @@ TEST(ParseAsciiReply, ExceptionTellsItsText) {
         EXPECT_EQ(bench.Form().CycleStep, 1);
         EXPECT_TRUE(bench.Form().IsRunning());  // none of them stops the polling
         const std::string shown = std::string(row.reply, 9) + "\\0D\\0A\r\n";
-        EXPECT_EQ(bench.ErrorLine(), Logged(shown + kRight + row.text));
+        EXPECT_EQ(bench.ErrorLine(), LoggedAs(shown + kRight + row.text));
     }
 }
 
-TEST(ParseAsciiReply, ExceptionLeavesTheStepAsItIs) {
-    ParserBench bench;
-    bench.Parse(4, ":0183027A\r\n");
+TEST(AsciiReply, ExceptionLeavesTheStepAsItIs) {
+    ReplyBench bench;
+    bench.Receive(4, ":0183027A\r\n");
     EXPECT_EQ(bench.Form().CycleStep, 4);
 }
 
-TEST(ParseAsciiReply, GoodAnswersNameTheInstrumentInDecimal) {
-    ParserBench bench;
+TEST(AsciiReply, GoodAnswersNameTheInstrumentInDecimal) {
+    ReplyBench bench;
     bench.Form().AddressText = u"0A";
     EXPECT_EQ(bench.VerdictOn(1, kGoodReply), "CRC校验正确  成功读取 10# 仪表的静态/动态数据");
     EXPECT_EQ(bench.VerdictOn(1, ":0106001003E8FE\r\n"), "CRC校验正确  成功修改 10# 仪表的参数");
@@ -293,19 +284,19 @@ TEST(ParseAsciiReply, GoodAnswersNameTheInstrumentInDecimal) {
     EXPECT_EQ(bench.VerdictOn(1, kGoodReply), "CRC校验正确  成功读取 255# 仪表的静态/动态数据");
 }
 
-TEST(ParseAsciiReply, GoodAnswersAreNoErrors) {
-    ParserBench bench;
+TEST(AsciiReply, GoodAnswersAreNoErrors) {
+    ReplyBench bench;
     bench.LogErrors();
-    bench.Parse(1, kGoodReply);
-    bench.Parse(1, ":0106001003E8FE\r\n");
-    bench.Parse(1, ":010302006497\r\n");
+    bench.Receive(1, kGoodReply);
+    bench.Receive(1, ":0106001003E8FE\r\n");
+    bench.Receive(1, ":010302006497\r\n");
     EXPECT_EQ(bench.ErrorRecords(), "");
 }
 
-TEST(ParseAsciiReply, OtherFunctionsSayNothingAndAreRecordedAsErrors) {
+TEST(AsciiReply, OtherFunctionsSayNothingAndAreRecordedAsErrors) {
     for (const char* reply : {":010402006495\r\n", ":01080010ABCD6F\r\n", ":011000100002DD\r\n",
                               ":010900000012E4\r\n", ":01890274\r\n"}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.LogErrors();
         const std::string verdict = bench.VerdictOn(4, reply);
         EXPECT_EQ(verdict, kRight) << reply;
@@ -314,17 +305,17 @@ TEST(ParseAsciiReply, OtherFunctionsSayNothingAndAreRecordedAsErrors) {
     }
 }
 
-TEST(ParseAsciiReply, OtherFunctionWithAGoodCheckWordIsDecoded) {
-    ParserBench bench;
-    bench.Parse(1, ":010402006495\r\n");
+TEST(AsciiReply, OtherFunctionWithAGoodCheckWordIsDecoded) {
+    ReplyBench bench;
+    bench.Receive(1, ":010402006495\r\n");
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
 }
 
-TEST(ParseAsciiReply, DisplayModeDoesNotTouchTheGrid) {
+TEST(AsciiReply, DisplayModeDoesNotTouchTheGrid) {
     for (const int mode : {0, 1}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.Form().ShowMode.Show(mode);
-        bench.Parse(1, kGoodReply);
+        bench.Receive(1, kGoodReply);
         EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
         EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
     }
@@ -333,7 +324,7 @@ TEST(ParseAsciiReply, DisplayModeDoesNotTouchTheGrid) {
 // --- On the line ---
 
 TEST(AsciiReplyOnTheLine, LineFeedEndsAReplyThatComesInPieces) {
-    ParserBench bench;
+    ReplyBench bench;
     bench.Form().CommandCode = 40;
     bench.line.Answer = [](const std::string&) {
         return std::vector<testing::Arrival>{{10, ":010302"}, {20, "00649"}, {30, "6\r"}, {40, "\n"}};
@@ -347,7 +338,7 @@ TEST(AsciiReplyOnTheLine, LineFeedEndsAReplyThatComesInPieces) {
 }
 
 TEST(AsciiReplyOnTheLine, ExceptionsDoNotStopThePolling) {
-    ParserBench bench;
+    ReplyBench bench;
     bench.SetCell(kRow + 2, column::kLength, u"2");  // each exception steps on by a row
     bench.WillReply({":0183027A\r\n", ":01860277\r\n", kGoodReply});
     bench.Press(toolbar::kStartStop);

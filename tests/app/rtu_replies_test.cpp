@@ -1,44 +1,35 @@
-#include "protocol_modbus/rtu_reply_parser.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "protocol_modbus/rtu_bench.h"
+#include "app/rtu_bench.h"
 
 namespace commtest {
 namespace {
 
 using testing::Arrival;
 using testing::BytesOfHex;
+using testing::LoggedAs;
 using testing::RtuBench;
 
 constexpr const char16_t* kGoodReply = u" 01 03 02 00 64 B9 AF";  // 100 for one row
 constexpr const char16_t* kBadReply = u" 01 03 02 00 64 B9 AE";
 constexpr int kRow = 6;
 
-struct ParserBench : RtuBench {
-    explicit ParserBench(int code = 31) : RtuBench(code) {
+struct ReplyBench : RtuBench {
+    explicit ReplyBench(int code = 31) : RtuBench(code) {
         Form().CommandCode = 50;
         Form().LogLine = u"<";
     }
     std::string Line() { return ToUtf8(Form().LogLine); }
-    // What has been logged as an error behind the time stamp.
-    std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
-    void LogErrors() {
-        Form().ConAutoSave[1].Set(true);
-        files.OpenErrorFile();
-    }
 };
-
-std::string LoggedAs(const std::string& line) { return line + "        串口设置: 9600,N,8,1\r\n\r\n"; }
 
 // --- The record ---
 
-TEST(ParseRtuReply, GoodReadFillsItsRowAndStepsOn) {
+TEST(RtuReply, GoodReadFillsItsRowAndStepsOn) {
     for (const int code : {31, 32, 33, 34, 35, 51}) {
-        ParserBench bench(code);
-        bench.ParseHex(1, kGoodReply);
+        ReplyBench bench(code);
+        bench.ReceiveHex(1, kGoodReply);
         EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AF\r\nCRC校验正确  成功读取 1# 仪表的静态/动态数据")
             << code;
         EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064") << code;
@@ -49,64 +40,64 @@ TEST(ParseRtuReply, GoodReadFillsItsRowAndStepsOn) {
     }
 }
 
-TEST(ParseRtuReply, GivesTheCycleTheUsersInterval) {
+TEST(RtuReply, GivesTheCycleTheUsersInterval) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 2, 3}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.Form().ConDelayTime.Set(u"250");
-        bench.ParseHex(step, kGoodReply);
+        bench.ReceiveHex(step, kGoodReply);
         EXPECT_EQ(bench.Form().Timer1[1].Interval(), 250) << step;
     }
 }
 
-TEST(ParseRtuReply, IntervalThatIsNoNumberIsPassedOver) {
-    ParserBench bench;
+TEST(RtuReply, IntervalThatIsNoNumberIsPassedOver) {
+    ReplyBench bench;
     bench.Form().ConDelayTime.Set(u"快");
-    bench.ParseHex(1, kGoodReply);
+    bench.ReceiveHex(1, kGoodReply);
     EXPECT_EQ(bench.Form().Timer1[1].Interval(), 300);
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
 }
 
-TEST(ParseRtuReply, RecordShowsTheReplyInTheChosenMode) {
-    ParserBench bench;
+TEST(RtuReply, RecordShowsTheReplyInTheChosenMode) {
+    ReplyBench bench;
     bench.Form().ShowMode.Show(0);
-    bench.ParseHex(1, u" 41 42 43 0D 44");
+    bench.ReceiveHex(1, u" 41 42 43 0D 44");
     EXPECT_EQ(bench.Line(), "<ABC\\0DD\r\nCRC校验错误  ");
     bench.Form().LogLine = u"<";
     bench.Form().ShowMode.Show(1);
-    bench.ParseHex(1, u" 41 42 43 0D 44");
+    bench.ReceiveHex(1, u" 41 42 43 0D 44");
     EXPECT_EQ(bench.Line(), "<41 42 43 0D 44\r\nCRC校验错误  ");
 }
 
-TEST(ParseRtuReply, ShownReplyIsTrimmed) {
-    ParserBench bench;
+TEST(RtuReply, ShownReplyIsTrimmed) {
+    ReplyBench bench;
     bench.Form().ShowMode.Show(0);
-    bench.ParseHex(1, u" 20 41 20 42 20");
+    bench.ReceiveHex(1, u" 20 41 20 42 20");
     EXPECT_EQ(bench.Line(), "<A B\r\nCRC校验错误  ");
 }
 
-TEST(ParseRtuReply, DisplayModeTouchesNeitherVerdictNorGrid) {
-    ParserBench bench;
+TEST(RtuReply, DisplayModeTouchesNeitherVerdictNorGrid) {
+    ReplyBench bench;
     bench.Form().ShowMode.Show(0);
-    bench.ParseHex(1, kGoodReply);
+    bench.ReceiveHex(1, kGoodReply);
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
     EXPECT_EQ(bench.Form().CheckErrorCount, 0);
 }
 
-TEST(ParseRtuReply, NewestEntryStandsOnTop) {
-    ParserBench bench;
-    bench.ParseHex(1, u" 01 08 00 10 1F 2E 69 E2");
+TEST(RtuReply, NewestEntryStandsOnTop) {
+    ReplyBench bench;
+    bench.ReceiveHex(1, u" 01 08 00 10 1F 2E 69 E2");
     bench.Form().LogLine = u">";
-    bench.ParseHex(2, u"");
+    bench.ReceiveHex(2, u"");
     EXPECT_EQ(bench.Record(),
               ">\r\n仪表无应答  注意：仪表无应答或返回软件无法识别的数据\r\n\r\n"
               "<01 08 00 10 1F 2E 69 E2\r\nCRC校验正确  通讯测试成功\r\n\r\n");
 }
 
-TEST(ParseRtuReply, ReplyIsAlwaysTakenAway) {
+TEST(RtuReply, ReplyIsAlwaysTakenAway) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 1, 2, 3, 4, 5, 6, 7}) {
         for (const char16_t* reply : {kGoodReply, kBadReply, u"", u" 01", u" 01 83 02 C0 F1"}) {
-            ParserBench bench;
-            bench.ParseHex(step, reply);
+            ReplyBench bench;
+            bench.ReceiveHex(step, reply);
             EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "") << step << ToUtf8(reply);
         }
     }
@@ -114,14 +105,14 @@ TEST(ParseRtuReply, ReplyIsAlwaysTakenAway) {
 
 // --- By CycleStep ---
 
-TEST(ParseRtuReply, CompleteReplyIsJudgedByItsCheckBytes) {
+TEST(RtuReply, CompleteReplyIsJudgedByItsCheckBytes) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 4}) {
-        ParserBench bench;
-        bench.ParseHex(step, kGoodReply);
+        ReplyBench bench;
+        bench.ReceiveHex(step, kGoodReply);
         EXPECT_EQ(bench.Form().CheckErrorCount, 0) << step;
         EXPECT_EQ(bench.Form().CycleStep, step);
         bench.Form().LogLine = u"<";
-        bench.ParseHex(step, kBadReply);
+        bench.ReceiveHex(step, kBadReply);
         EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AE\r\nCRC校验错误  成功读取 1# 仪表的静态/动态数据")
             << step;
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << step;
@@ -129,7 +120,7 @@ TEST(ParseRtuReply, CompleteReplyIsJudgedByItsCheckBytes) {
     }
 }
 
-TEST(ParseRtuReply, CycleStepTellsMissingFromIncomplete) {
+TEST(RtuReply, CycleStepTellsMissingFromIncomplete) {
     struct Row {
         std::int16_t step;
         const char16_t* reply;
@@ -145,9 +136,9 @@ TEST(ParseRtuReply, CycleStepTellsMissingFromIncomplete) {
         {3, kGoodReply, 0, 1,
          "<01 03 02 00 64 B9 AF\r\n数据不完整  注意：仪表无应答或返回软件无法识别的数据"}};
     for (const Row& row : rows) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.LogErrors();
-        bench.ParseHex(row.step, row.reply);
+        bench.ReceiveHex(row.step, row.reply);
         EXPECT_EQ(bench.Line(), row.line);
         EXPECT_EQ(bench.ErrorLine(), LoggedAs(row.line));
         EXPECT_EQ(bench.Form().NoReplyCount, row.noReply) << row.step;
@@ -160,16 +151,16 @@ TEST(ParseRtuReply, CycleStepTellsMissingFromIncomplete) {
 }
 
 // No check word is looked at and no counter moves; the function alone decides.
-TEST(ParseRtuReply, AnyOtherStepJudgesTheFunctionAlone) {
+TEST(RtuReply, AnyOtherStepJudgesTheFunctionAlone) {
     for (const std::int16_t step : std::initializer_list<std::int16_t>{0, 5, 6, 7}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.LogErrors();
-        bench.ParseHex(step, kBadReply);
+        bench.ReceiveHex(step, kBadReply);
         EXPECT_EQ(bench.Line(), "<01 03 02 00 64 B9 AE\r\n成功读取 1# 仪表的静态/动态数据") << step;
         EXPECT_EQ(bench.Cell(kRow, column::kValue), "100");
         EXPECT_EQ(bench.Form().CycleStep, step);
         bench.Form().LogLine = u"<";
-        bench.ParseHex(step, u" 01 04 02 00 64 B8 DB");
+        bench.ReceiveHex(step, u" 01 04 02 00 64 B8 DB");
         EXPECT_EQ(bench.Line(), "<01 04 02 00 64 B8 DB\r\n") << step;
         EXPECT_EQ(bench.ErrorLine(), LoggedAs("<01 04 02 00 64 B8 DB\r\n")) << step;
         EXPECT_EQ(bench.Cell(7, column::kSingleRead), "");
@@ -178,23 +169,23 @@ TEST(ParseRtuReply, AnyOtherStepJudgesTheFunctionAlone) {
     }
 }
 
-TEST(ParseRtuReply, FewerThanThreeBytesFailTheirCheck) {
+TEST(RtuReply, FewerThanThreeBytesFailTheirCheck) {
     for (const char16_t* reply : {u"", u" 01", u" FF FF"}) {
-        ParserBench bench;
-        bench.ParseHex(1, reply);
+        ReplyBench bench;
+        bench.ReceiveHex(1, reply);
         EXPECT_EQ(bench.Form().CheckErrorCount, 1) << ToUtf8(reply);
         EXPECT_EQ(bench.Line().substr(bench.Line().find('\n') + 1), "CRC校验错误  ");
     }
 }
 
-TEST(ParseRtuReply, CounterAtItsEndStaysAndTheRestGoesOn) {
+TEST(RtuReply, CounterAtItsEndStaysAndTheRestGoesOn) {
     constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
-    ParserBench bench;
+    ReplyBench bench;
     bench.Form().NoReplyCount = kMost;
     bench.Form().IncompleteCount = kMost;
     bench.Form().CheckErrorCount = kMost;
     for (const std::int16_t step : std::initializer_list<std::int16_t>{1, 2, 3}) {
-        bench.ParseHex(step, u" 01");
+        bench.ReceiveHex(step, u" 01");
         EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
         EXPECT_EQ(bench.Form().CycleStep, 1);
     }
@@ -204,20 +195,20 @@ TEST(ParseRtuReply, CounterAtItsEndStaysAndTheRestGoesOn) {
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
-TEST(ParseRtuReply, Code51AloneStepsOverASilentRow) {
+TEST(RtuReply, Code51AloneStepsOverASilentRow) {
     for (const int code : {31, 32, 33, 34, 35, 51}) {
         for (const std::int16_t step : std::initializer_list<std::int16_t>{2, 3, 5}) {
-            ParserBench bench(code);
-            bench.ParseHex(step, u"");
+            ReplyBench bench(code);
+            bench.ReceiveHex(step, u"");
             EXPECT_EQ(bench.Form().CurrentRow, code == 51 && step == 2 ? 7 : 6) << code << " " << step;
         }
     }
 }
 
-TEST(ParseRtuReply, Code51AtTheEndOf16BitsStays) {
-    ParserBench bench(51);
+TEST(RtuReply, Code51AtTheEndOf16BitsStays) {
+    ReplyBench bench(51);
     bench.Form().CurrentRow = 32767;
-    bench.ParseHex(2, u"");
+    bench.ReceiveHex(2, u"");
     EXPECT_EQ(bench.Form().CurrentRow, 32767);
     EXPECT_EQ(bench.Form().NoReplyCount, 1);
     EXPECT_EQ(ToUtf8(bench.Form().ReplyText), "");
@@ -225,10 +216,10 @@ TEST(ParseRtuReply, Code51AtTheEndOf16BitsStays) {
 
 // --- Grid or error file ---
 
-TEST(ParseRtuReply, WrongCheckWordOfAReadIsCountedAndDecodedAllTheSame) {
-    ParserBench bench;
+TEST(RtuReply, WrongCheckWordOfAReadIsCountedAndDecodedAllTheSame) {
+    ReplyBench bench;
     bench.LogErrors();
-    bench.ParseHex(1, kBadReply);
+    bench.ReceiveHex(1, kBadReply);
     EXPECT_EQ(bench.Form().CheckErrorCount, 1);
     EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
     EXPECT_EQ(bench.Form().CurrentRow, 7);
@@ -236,10 +227,10 @@ TEST(ParseRtuReply, WrongCheckWordOfAReadIsCountedAndDecodedAllTheSame) {
 }
 
 // It lands in the row of the polling, not in the one that was edited.
-TEST(ParseRtuReply, EchoOfAWriteIsDecodedIntoCurrentRow) {
-    ParserBench bench;
+TEST(RtuReply, EchoOfAWriteIsDecodedIntoCurrentRow) {
+    ReplyBench bench;
     bench.Rows().Select(9, column::kNewValue);
-    bench.ParseHex(1, u" 01 06 00 10 03 E8 88 B1");
+    bench.ReceiveHex(1, u" 01 06 00 10 03 E8 88 B1");
     EXPECT_EQ(bench.Line(), "<01 06 00 10 03 E8 88 B1\r\nCRC校验正确  成功修改 1# 仪表的参数");
     EXPECT_EQ(bench.Cell(6, column::kSingleRead), "1003");
     EXPECT_EQ(bench.Cell(6, column::kValue), "4099");
@@ -247,17 +238,17 @@ TEST(ParseRtuReply, EchoOfAWriteIsDecodedIntoCurrentRow) {
     EXPECT_EQ(bench.Form().CurrentRow, 7);
 }
 
-TEST(ParseRtuReply, AnswerOfFunction10IsDecodedToo) {
-    ParserBench bench;
-    bench.ParseHex(1, u" 01 10 00 10 00 02 40 0D");
+TEST(RtuReply, AnswerOfFunction10IsDecodedToo) {
+    ReplyBench bench;
+    bench.ReceiveHex(1, u" 01 10 00 10 00 02 40 0D");
     EXPECT_EQ(bench.Cell(6, column::kSingleRead), "1000");
     EXPECT_EQ(bench.Form().CurrentRow, 7);
 }
 
-TEST(ParseRtuReply, GroupReadLeavesTheLastRegisterAndCurrentRowBehindTheRowsFilled) {
-    ParserBench bench;
+TEST(RtuReply, GroupReadLeavesTheLastRegisterAndCurrentRowBehindTheRowsFilled) {
+    ReplyBench bench;
     bench.Form().CommandCode = 60;
-    bench.ParseHex(1, u" 01 03 08 00 64 00 C8 01 2C 01 90 90 08");
+    bench.ReceiveHex(1, u" 01 03 08 00 64 00 C8 01 2C 01 90 90 08");
     const char* raw[] = {"0064", "00C8", "012C", ""};
     for (int i = 0; i < 4; ++i) {
         EXPECT_EQ(bench.Cell(6 + i, column::kGroupRead), raw[i]);
@@ -267,11 +258,11 @@ TEST(ParseRtuReply, GroupReadLeavesTheLastRegisterAndCurrentRowBehindTheRowsFill
     EXPECT_EQ(bench.Form().CurrentRow, 9);
 }
 
-TEST(ParseRtuReply, TestsAndBoardTypeGoToTheErrorFileAndNotToTheGrid) {
+TEST(RtuReply, TestsAndBoardTypeGoToTheErrorFileAndNotToTheGrid) {
     for (const char16_t* reply : {u" 01 08 00 10 1F 2E 69 E2", u" 01 09 00 00 00 12 5D C6"}) {
-        ParserBench bench;
+        ReplyBench bench;
         bench.LogErrors();
-        bench.ParseHex(1, reply);
+        bench.ReceiveHex(1, reply);
         EXPECT_EQ(bench.ErrorLine(), LoggedAs(bench.Line()));
         EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "");
         EXPECT_EQ(bench.Form().CurrentRow, 6);
@@ -279,35 +270,35 @@ TEST(ParseRtuReply, TestsAndBoardTypeGoToTheErrorFileAndNotToTheGrid) {
     }
 }
 
-TEST(ParseRtuReply, ExceptionWithAGoodCheckWordIsNoErrorOfTheFile) {
-    ParserBench bench;
+TEST(RtuReply, ExceptionWithAGoodCheckWordIsNoErrorOfTheFile) {
+    ReplyBench bench;
     bench.LogErrors();
-    bench.ParseHex(1, u" 01 83 02 C0 F1");
+    bench.ReceiveHex(1, u" 01 83 02 C0 F1");
     EXPECT_EQ(bench.ErrorLine(), "");
-    bench.ParseHex(1, u" 01 83 02 C0 F2");
+    bench.ReceiveHex(1, u" 01 83 02 C0 F2");
     EXPECT_EQ(bench.ErrorLine(), LoggedAs(bench.Line()));
 }
 
-TEST(ParseRtuReply, ErrorFileIsWrittenOnlyWhereTheUserWantsIt) {
-    ParserBench bench;
+TEST(RtuReply, ErrorFileIsWrittenOnlyWhereTheUserWantsIt) {
+    ReplyBench bench;
     bench.files.OpenErrorFile();
-    bench.ParseHex(2, u"");
+    bench.ReceiveHex(2, u"");
     EXPECT_EQ(bench.ErrorRecords(), "");
 }
 
-TEST(ParseRtuReply, ErrorFileThatIsClosedIsPassedOver) {
-    ParserBench bench;
+TEST(RtuReply, ErrorFileThatIsClosedIsPassedOver) {
+    ReplyBench bench;
     bench.Form().ConAutoSave[1].Set(true);
-    bench.ParseHex(2, u"");
+    bench.ReceiveHex(2, u"");
     EXPECT_EQ(bench.ErrorRecords(), "");
     EXPECT_EQ(bench.Form().CycleStep, 1);
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
-TEST(ParseRtuReply, ErrorInsideTheWalkIsPassedOver) {
-    ParserBench bench;
+TEST(RtuReply, ErrorInsideTheWalkIsPassedOver) {
+    ReplyBench bench;
     bench.Form().MeterCodeText = u"31";
-    bench.ParseHex(1, kGoodReply);
+    bench.ReceiveHex(1, kGoodReply);
     EXPECT_EQ(bench.Cell(kRow, column::kSingleRead), "0064");
     EXPECT_EQ(bench.Cell(kRow, column::kValue), "");
     EXPECT_EQ(bench.Form().CurrentRow, 6);
@@ -318,8 +309,8 @@ TEST(ParseRtuReply, ErrorInsideTheWalkIsPassedOver) {
 // --- On the line ---
 
 // A session that polls one row after the other; the far end answers the first frame only.
-struct LineBench : ParserBench {
-    LineBench(int code, std::int32_t commandCode) : ParserBench(code) {
+struct LineBench : ReplyBench {
+    LineBench(int code, std::int32_t commandCode) : ReplyBench(code) {
         Press(4);
         Form().CommandCode = commandCode;
     }
