@@ -150,12 +150,14 @@ Table ParameterWrites::Results() {
                      {u"outcome", u"结果"},
                      {u"value", u"写入值"},
                      {u"code", u"代码"},
+                     {u"arrives", u"仪表将收到"},
                      {u"read", u"读回值"},
                      {u"reason", u"原因"}};
     for (const Item& item : items_) {
         table.rows.push_back({WholeText(item.write.Row()), NameOfRow(line_.Form(), item.write.Row()),
                               Text(KeyOf(item.write.State())), item.write.Value(), item.write.Check().code,
-                              item.write.ReadBack(), WordsOnReason(item).toStdU16String()});
+                              item.write.Check().arrives, item.write.ReadBack(),
+                              WordsOnReason(item).toStdU16String()});
     }
     return table;
 }

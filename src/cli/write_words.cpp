@@ -1,5 +1,6 @@
 #include "cli/write_words.h"
 
+#include "cli/round_trip_words.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
 
@@ -66,7 +67,8 @@ QString WordsOnObjection(const MainForm& form, const ParameterWrite& write) {
         case WriteObjection::BelowLimit: return u"%1 低于下限 %2"_s.arg(value, Shown(check.limit)) + force;
         case WriteObjection::DoesNotFit: break;
     }
-    return u"%1 此行的代码放不下，仪表将收到 %2"_s.arg(value, Shown(check.arrives)) + force;
+    const QString why = check.reason ? u"（%1）"_s.arg(Shown(Text(WordsOf(*check.reason)))) : QString();
+    return u"%1 此行的代码放不下%2，仪表将收到 %3"_s.arg(value, why, Shown(check.arrives)) + force;
 }
 
 QString WordsOnMissingDecimals(const MainForm& form, int decimalsRow, Unreadable why) {

@@ -7,6 +7,7 @@
 #include "runtime/runtime_error.h"
 #include "session/instrument_codec.h"
 #include "session/main_form.h"
+#include "tools/round_trip.h"
 
 namespace commtest {
 
@@ -66,6 +67,13 @@ Text ValueOfCode(const MainForm& form, int row, const Text& code) {
     return value;
 }
 
+std::optional<LossReason> ReasonOf(const MainForm& form, int row, const Text& value) {
+    const RowManner& rows = form.ProtocolInUse().rows;
+    if (rows.formatOf == nullptr) return std::nullopt;
+    const auto loss = LossOfValue(rows.digitsOf(form, row, value), rows.formatOf(form, row));
+    return loss ? loss->reason : std::nullopt;
+}
+
 }  // namespace
 
 WriteCheck CheckWrite(const MainForm& form, int row, const Text& value) {
@@ -93,6 +101,7 @@ WriteCheck CheckWrite(const MainForm& form, int row, const Text& value) {
     if (LeavesLimits(form, row, value, check) || !isShown) return check;
     if (!ShowSameNumber(value, check.arrives, CellOf(form, row, column::kLength))) {
         check.objection = WriteObjection::DoesNotFit;
+        PassOverError([&] { check.reason = ReasonOf(form, row, value); });
     }
     return check;
 }

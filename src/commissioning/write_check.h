@@ -4,6 +4,7 @@
 
 #include "runtime/text.h"
 #include "session/protocol.h"
+#include "tools/round_trip_reasons.h"
 
 namespace commtest {
 
@@ -26,7 +27,8 @@ struct WriteCheck {
     std::optional<WriteObjection> objection;
     int error = 0;
     Text limit;
-    Text code;     // as it stands in the frame; empty where the row has none
+    Text code;                         // as it stands in the frame; empty where the row has none
+    std::optional<LossReason> reason;  // why it does not fit, where that is known
     Text arrives;  // the value that the row would show for that code; empty where nothing can be said
 
     // Whether the objection is one to the row, or to a value that is no number, whatever the decimals are.

@@ -36,15 +36,25 @@ bool ShowsConstant(const Conversation& talk, int row) {
     return ShowsConstant(talk, code);
 }
 
-Text Scaled(const Conversation& talk, int row, const Text& value) {
+Text Scaled(const Conversation& talk, int row, const Text& value, bool divide) {
     const Grid& grid = talk.ParameterGrid();
-    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalRow(grid, row, value, true);
+    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalRow(grid, row, value, divide);
 }
+
+Text WithReferencedDecimals(const Conversation& talk, int row, const Text& digits) {
+    return Scaled(talk, row, digits, true);
+}
+
+Text DigitsOfRtuEntry(const Conversation& talk, int row, const Text& entry) {
+    return Scaled(talk, row, entry, false);
+}
+
+int FormatOfRtuRow(const Conversation& talk, int) { return FormatOfInstrument(talk); }
 
 Text ValueOfRtuCode(const Conversation& talk, int row, const Text& code) {
     Text value = code;
     DecodeRtuValue(talk, value);
-    return Scaled(talk, row, value);
+    return Scaled(talk, row, value, true);
 }
 
 Text ValueOfAsciiDigits(const Conversation& talk, int row, const Text& digits) {
@@ -70,7 +80,9 @@ constexpr RowManner RtuRowManner(Text (*codeOf)(const Conversation&, int, const 
             .showsConstant = ShowsConstant,
             .codeOf = codeOf,
             .valueOf = ValueOfRtuCode,
-            .withDecimals = Scaled};
+            .withDecimals = WithReferencedDecimals,
+            .formatOf = FormatOfRtuRow,
+            .digitsOf = DigitsOfRtuEntry};
 }
 
 }  // namespace

@@ -40,9 +40,17 @@ Text WithDecimals(const Conversation& talk, int row, const Text& digits) {
     return Scaled(talk, row, digits, true);
 }
 
+int FormatOf(const Conversation& talk, int row) {
+    return WriteFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength));
+}
+
+Text DigitsOf(const Conversation& talk, int row, const Text& entry) {
+    return Scaled(talk, row, entry, false);
+}
+
 Text CodeOf(const Conversation& talk, int row, const Text& entry) {
-    Text code = Scaled(talk, row, entry, false);
-    ValueToCommCode(code, WriteFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength)));
+    Text code = DigitsOf(talk, row, entry);
+    ValueToCommCode(code, FormatOf(talk, row));
     return code;
 }
 
@@ -59,6 +67,8 @@ const RowManner kNativeRowManner = {.firstRow = FirstRow,
                                     .decimalsRow = DecimalsRow,
                                     .codeOf = CodeOf,
                                     .valueOf = ValueOf,
-                                    .withDecimals = WithDecimals};
+                                    .withDecimals = WithDecimals,
+                                    .formatOf = FormatOf,
+                                    .digitsOf = DigitsOf};
 
 }  // namespace commtest

@@ -42,6 +42,11 @@ struct RowManner {
     Text (*codeOf)(const Conversation&, int row, const Text& entry) = nullptr;
     Text (*valueOf)(const Conversation&, int row, const Text& code) = nullptr;
     Text (*withDecimals)(const Conversation&, int row, const Text& digits) = nullptr;
+
+    // The number format of a row (numbers/register_codecs.h) and an entry in the digits that it encodes; none
+    // where the codes of the family have no format. Errors as above.
+    int (*formatOf)(const Conversation&, int row) = nullptr;
+    Text (*digitsOf)(const Conversation&, int row, const Text& entry) = nullptr;
 };
 
 // One protocol: all that the session has to know of it. A null routine means that the protocol has none.

@@ -71,6 +71,7 @@ TEST(WriteCheck, ValueThatTwoBytesCannotHoldIsToldWithWhatWouldArrive) {
     EXPECT_EQ(check.objection, WriteObjection::DoesNotFit);
     EXPECT_EQ(ToUtf8(check.arrives), "339.2");
     EXPECT_EQ(ToUtf8(check.code), "400D");
+    EXPECT_EQ(check.reason, LossReason::BeyondSignMagnitude);
     EXPECT_TRUE(check.CanLeave());
 }
 

@@ -47,7 +47,8 @@ class WriteTest(CommandLineTest):
             run = self.write(simulator.device, CORRECTION, "1.2345")
         self.assertEqual(run.status, 2)
         self.assertEqual(run.problem_lines,
-                         ['第 16 行 满度修正系数: "1.2345" 此行的代码放不下，仪表将收到 1.234，没有写入。仍要写入请加 --force'])
+                         ['第 16 行 满度修正系数: "1.2345" 此行的代码放不下（没有小数位，正数四舍六入、五取偶，负数舍去小数），'
+                          '仪表将收到 1.234，没有写入。仍要写入请加 --force'])
         self.assertEqual(simulator.counts["requests"], 0)
 
     def test_value_that_the_row_cannot_hold_reads_back_differently(self):
