@@ -6,13 +6,9 @@
 
 namespace commtest {
 
-namespace {
-
 int FormatOfInstrument(const InstrumentInUse& instrument) {
     return ToWhole16(Mid(instrument.MeterCodeText, 3, 2));
 }
-
-}  // namespace
 
 void EncodeRtuValue(const InstrumentInUse& instrument, Text& value) {
     ValueToCommCode(value, FormatOfInstrument(instrument));
