@@ -306,6 +306,88 @@ TEST(RtuReply, ErrorInsideTheWalkIsPassedOver) {
     EXPECT_TRUE(bench.dialogs.Shown.empty());
 }
 
+// --- By the function ---
+
+struct RunningBench : ReplyBench {
+    RunningBench() { Form().SetRunning(true); }
+    void Take(const HexText& reply) { ReceiveHex(kCompleteLater, reply); }
+    bool HasDecoded() { return !Cell(kRow, column::kSingleRead).empty(); }
+
+    static constexpr std::int16_t kCompleteLater = 4;  // a CycleStep that a known function leaves
+};
+
+TEST(RtuReply, FunctionDecidesOverGridSessionAndStep) {
+    constexpr bool kStops = true;
+    constexpr bool kGoesOn = false;
+    constexpr int kKnown = RunningBench::kCompleteLater;
+    constexpr int kUnknown = 1;
+    struct Row {
+        const char16_t* function;
+        const char16_t* check;
+        bool decodesRight;
+        bool decodesWrong;
+        bool stops;
+        int step;
+    };
+    const Row rows[] = {{u" 81", u" 91 D7", true, false, kGoesOn, kKnown},
+                        {u" 82", u" 91 93", true, false, kGoesOn, kKnown},
+                        {u" 83", u" 90 6F", true, false, kStops, kKnown},
+                        {u" 84", u" 91 1B", true, false, kGoesOn, kKnown},
+                        {u" 85", u" 90 E7", true, false, kGoesOn, kKnown},
+                        {u" 86", u" 90 A3", true, false, kStops, kKnown},
+                        {u" 87", u" 91 5F", true, false, kGoesOn, kKnown},
+                        {u" 88", u" 92 4B", false, false, kGoesOn, kKnown},
+                        {u" 03", u" B9 AF", true, true, kGoesOn, kKnown},
+                        {u" 06", u" B9 63", true, true, kGoesOn, kKnown},
+                        {u" 10", u" BD 2B", true, true, kGoesOn, kKnown},
+                        {u" 08", u" BB 8B", false, false, kGoesOn, kKnown},
+                        {u" 09", u" BA 77", false, false, kGoesOn, kKnown},
+                        {u" 04", u" B8 DB", true, false, kGoesOn, kUnknown},
+                        {u" 00", u" B9 EB", true, false, kGoesOn, kUnknown},
+                        {u" 07", u" B8 9F", true, false, kGoesOn, kUnknown},
+                        {u" 8F", u" 93 3F", true, false, kGoesOn, kUnknown}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(ToUtf8(row.function));
+        const HexText content = Text(u" 01") + row.function + u" 02 00 64";
+
+        RunningBench right;
+        right.Take(content + row.check);
+        EXPECT_EQ(right.HasDecoded(), row.decodesRight);
+        EXPECT_EQ(right.Form().CheckErrorCount, 0);
+        EXPECT_EQ(right.Form().IsRunning(), !row.stops);
+        EXPECT_EQ(right.Form().CycleStep, row.step);
+
+        RunningBench wrong;
+        wrong.Take(content + u" 00 00");
+        EXPECT_EQ(wrong.HasDecoded(), row.decodesWrong);
+        EXPECT_EQ(wrong.Form().CheckErrorCount, 1);
+        EXPECT_EQ(wrong.Form().IsRunning(), !row.stops);
+        EXPECT_EQ(wrong.Form().CycleStep, row.step);
+    }
+}
+
+TEST(RtuReply, ExceptionThatStopsLeavesStepAndRowAndShowsTheStartCaption) {
+    for (const char16_t* reply :
+         {u" 01 83 02 C0 F1", u" 01 83 03 01 31", u" 01 83 01 80 F0", u" 01 83 20 40 E8", u" 01 86 02 C3 A1",
+          u" 01 86 03 02 61", u" 01 86 01 83 A0"}) {
+        RunningBench bench;
+        bench.Take(reply);
+        EXPECT_FALSE(bench.Form().IsRunning()) << ToUtf8(reply);
+        EXPECT_EQ(ToUtf8(bench.Form().StartStopCaption()), "开始通讯");
+        EXPECT_EQ(bench.Form().CycleStep, RunningBench::kCompleteLater) << "the caption alone stops";
+        EXPECT_EQ(bench.Form().CurrentRow, kRow) << "an exception has no data";
+    }
+}
+
+TEST(RtuReply, BoardExceptionWithoutACheckWordIsNoWrongOne) {
+    for (const char16_t* reply : {u" 01 88 02 C7 C1", u" 01 88 02 11 22", u" 01 88 00 00 00"}) {
+        RunningBench bench;
+        bench.Take(reply);
+        EXPECT_EQ(bench.Form().CheckErrorCount, 0) << ToUtf8(reply);
+        EXPECT_TRUE(bench.Form().IsRunning());
+    }
+}
+
 // --- On the line ---
 
 // A session that polls one row after the other; the far end answers the first frame only.
