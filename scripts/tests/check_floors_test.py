@@ -58,6 +58,52 @@ class CheckFloors(unittest.TestCase):
             "protocol_native/b.h": "",
         })
 
+    def test_families_may_not_include_the_hosts_of_a_toolkit(self):
+        for family in ("native", "modbus", "special"):
+            with self.subTest(family):
+                self.expect_mistake(f"src/protocol_{family}/a.cpp:1: protocol_{family}/ may not use host_qt/", {
+                    f"protocol_{family}/a.cpp": '#include "host_qt/b.h"\n',
+                    "host_qt/b.h": "",
+                })
+
+    def test_commands_stand_above_the_catalogue_and_below_app(self):
+        self.expect_clean({
+            "app/session.cpp": '#include "commands/startup.h"\n',
+            "cli/main.cpp": '#include "commands/startup.h"\n',
+            "commands/startup.h": '#include "catalogue/lists.h"\n#include "search/walk.h"\n',
+            "catalogue/lists.h": "",
+            "search/walk.h": "",
+        })
+        self.expect_mistake("src/commands/startup.h:1: commands/ may not use app/", {
+            "commands/startup.h": '#include "app/session.h"\n',
+            "app/session.h": "",
+        })
+        self.expect_mistake("src/commands/startup.h:1: commands/ may not use tools/", {
+            "commands/startup.h": '#include "tools/data_tools.h"\n',
+            "tools/data_tools.h": "",
+        })
+        self.expect_mistake("src/catalogue/lists.h:1: catalogue/ may not use commands/", {
+            "catalogue/lists.h": '#include "commands/startup.h"\n',
+            "commands/startup.h": "",
+        })
+
+    def test_commissioning_stands_above_the_tools_and_below_the_faces(self):
+        self.expect_clean({
+            "cli/main.cpp": '#include "commissioning/protocol.h"\n',
+            "window/page.cpp": '#include "commissioning/protocol.h"\n',
+            "commissioning/protocol.h": '#include "tools/data_tools.h"\n#include "replay/script.h"\n',
+            "tools/data_tools.h": "",
+            "replay/script.h": "",
+        })
+        self.expect_mistake("src/app/session.cpp:1: app/ may not use commissioning/", {
+            "app/session.cpp": '#include "commissioning/protocol.h"\n',
+            "commissioning/protocol.h": "",
+        })
+        self.expect_mistake("src/commissioning/protocol.h:1: commissioning/ may not use window/", {
+            "commissioning/protocol.h": '#include "window/page.h"\n',
+            "window/page.h": "",
+        })
+
     def test_faces_may_not_include_each_other(self):
         self.expect_mistake("src/window/a.cpp:1: window/ may not use cli/", {
             "window/a.cpp": '#include "cli/b.h"\n',
@@ -142,6 +188,65 @@ class CheckFloors(unittest.TestCase):
         self.expect_mistake(
             "src/misc/a.h:1: misc stands on no floor of docs/architecture.md",
             {"misc/a.h": ""})
+
+    # --- The reply side of a family ---
+
+    def test_the_reply_side_names_nothing_that_the_session_does(self):
+        for name in ("LogLine", "SendCount", "IncompleteCount", "NoReplyCount", "CheckErrorCount",
+                     "SearchFoundCount", "Timer1", "PollTimer", "Dialogs", "RecordPane", "ConCommString",
+                     "Record()"):
+            for file in ("protocol_native/reply_rows.cpp", "protocol_modbus/rtu_reply_verdicts.h",
+                         "protocol_special/verdicts.cpp"):
+                with self.subTest(name=name, file=file):
+                    self.expect_mistake(
+                        f"src/{file}:2: a reply's verdict and rows know no {name}",
+                        {file: f"void Judge() {{\n    talk.{name};\n}}\n"})
+
+    def test_the_request_side_may_count_and_ask(self):
+        self.expect_clean({"protocol_native/read_requests.cpp": "if (talk.SendCount) Ask(Dialogs());\n"})
+
+    def test_the_reply_side_may_speak_of_the_session_in_comments_and_texts(self):
+        self.expect_clean({"protocol_native/reply_rows.cpp": '// LogLine\n/* Timer1\n */ f("SendCount", \'"\');\n'})
+
+    def test_a_longer_name_is_another_name(self):
+        self.expect_clean({"protocol_native/reply_rows.cpp": "int ResendCount = MyDialogs + DialogsOf + Record;\n"})
+
+    # --- The faces ---
+
+    def test_a_face_reads_no_line_of_the_record(self):
+        for face in ("cli", "window"):
+            with self.subTest(face):
+                self.expect_mistake(
+                    f"src/{face}/a.cpp:1: a face shows blocks of the record and reads no LogLine",
+                    {f"{face}/a.cpp": "Print(form.LogLine);\n"})
+        self.expect_clean({"session/a.cpp": "Print(form.LogLine);\n"})
+
+    def test_a_face_holds_no_words_of_the_verdicts(self):
+        for page in ("protocol_modbus/rtu_reply_verdicts.cpp", "protocol_modbus/modbus_words.cpp",
+                     "session/verdict_words.cpp"):
+            for face in ("cli", "window"):
+                with self.subTest(page=page, face=face):
+                    self.expect_mistake(f"src/{face}/a.cpp:2: words of a verdict: 校验错误", {
+                        page: 'Text words = u"  校验错误 ";\n',
+                        f"{face}/a.cpp": 'int a = 1\'000;\nif (Contains(u"行校验错误!")) return 3;\n',
+                    })
+
+    def test_words_that_are_broken_over_lines_are_found_whole(self):
+        self.expect_mistake("src/cli/a.cpp:1: words of a verdict: 指令错误，无效指令", {
+            "protocol_modbus/rtu_reply_verdicts.cpp": 'u"指令错误，"\n    u"无效指令"\n',
+            "cli/a.cpp": 'u"指令"\n    u"错误，无效指令"\n',
+        })
+
+    def test_short_words_words_in_letters_and_comments_are_free(self):
+        self.expect_clean({
+            "protocol_native/reply_verdicts.cpp": 'u"测试"; u"refused";  // "读取错误"\n',
+            "cli/a.cpp": 'u"测试"; u"refused"; u"读取错误";  // 校验错误\n',
+        })
+        self.expect_clean({
+            "session/verdict_words.cpp": 'u"校验错误"\n',
+            "cli/a.cpp": '// "校验错误"\n',
+            "app/a.cpp": 'u"校验错误"\n',
+        })
 
 
 if __name__ == "__main__":
