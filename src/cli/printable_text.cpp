@@ -1,5 +1,7 @@
 #include "cli/printable_text.h"
 
+#include <utf8proc.h>
+
 #include <algorithm>
 #include <array>
 
@@ -15,12 +17,6 @@ struct Range {
     char16_t last;
 };
 
-template <std::size_t N>
-bool IsIn(const std::array<Range, N>& ranges, char16_t unit) {
-    return std::any_of(ranges.begin(), ranges.end(),
-                       [unit](const Range& range) { return unit >= range.first && unit <= range.last; });
-}
-
 // Control characters, invisible marks, separators of lines, changes of direction.
 constexpr std::array<Range, 6> kControls = {{{0x0000, 0x001F},
                                              {0x007F, 0x009F},
@@ -29,26 +25,40 @@ constexpr std::array<Range, 6> kControls = {{{0x0000, 0x001F},
                                              {0x2060, 0x206F},
                                              {0xFEFF, 0xFEFF}}};
 
-// Blocks of East Asian characters of full width.
-constexpr std::array<Range, 6> kWide = {{{0x1100, 0x115F},
-                                         {0x2E80, 0xA4CF},
-                                         {0xAC00, 0xD7A3},
-                                         {0xF900, 0xFAFF},
-                                         {0xFE30, 0xFE6F},
-                                         {0xFF01, 0xFF60}}};
-
 Text Escaped(char16_t unit) {
     Text digits = HexOf(static_cast<double>(unit));
     if (Len(digits) < 2) FitTextWidth(digits, 2);
     return u"\\" + digits;
 }
 
-int WidthOf(char16_t unit) { return IsIn(kWide, unit) ? 2 : 1; }
+// A control character counts, although it is not shown as it is: a text of nothing else has a length.
+int CellsOf(char32_t code) {
+    if (code <= 0xFFFF && IsControl(static_cast<char16_t>(code))) return 1;
+    return utf8proc_charwidth(static_cast<utf8proc_int32_t>(code));
+}
+
+// Hands over the units and the cells of one character after the other until one is not taken.
+template <typename Takes>
+void WalkCharacters(TextView text, Takes takes) {
+    const std::string utf8 = ToUtf8(text);
+    const auto* rest = reinterpret_cast<const utf8proc_uint8_t*>(utf8.data());
+    const auto* const end = rest + utf8.size();
+    while (rest != end) {
+        utf8proc_int32_t code = 0;
+        rest += utf8proc_iterate(rest, end - rest, &code);
+        const std::size_t units = code > 0xFFFF ? 2 : 1;
+        if (!takes(units, CellsOf(static_cast<char32_t>(code)))) return;
+    }
+}
 
 }  // namespace
 
-// Most characters of a record are plain ones.
-bool IsControl(char16_t unit) { return (unit < u' ' || unit > u'~') && IsIn(kControls, unit); }
+bool IsControl(char16_t unit) {
+    const bool isPlain = unit >= u' ' && unit <= u'~';
+    return !isPlain && std::any_of(kControls.begin(), kControls.end(), [unit](const Range& range) {
+        return unit >= range.first && unit <= range.last;
+    });
+}
 
 std::string PrintableText(TextView text) {
     Text printable;
@@ -83,13 +93,21 @@ std::string PrintableLine(TextView text) {
 
 int DisplayWidth(TextView text) {
     int width = 0;
-    for (const char16_t unit : text) width += WidthOf(unit);
+    WalkCharacters(text, [&width](std::size_t, int cells) {
+        width += cells;
+        return true;
+    });
     return width;
 }
 
 TextView CutToWidth(TextView text, int width) {
     std::size_t length = 0;
-    for (; length < text.size() && WidthOf(text[length]) <= width; ++length) width -= WidthOf(text[length]);
+    WalkCharacters(text, [&](std::size_t units, int cells) {
+        if (cells > width) return false;
+        width -= cells;
+        length += units;
+        return true;
+    });
     return text.substr(0, length);
 }
 

@@ -17,7 +17,8 @@ std::string PrintableLine(TextView text);
 // What PrintableText shows by its code, where it is no line end.
 bool IsControl(char16_t unit);
 
-// Cells that a text takes on a terminal: two of a Chinese character.
+// Cells that a text takes on a terminal: two of a Chinese character, none of a mark that stands upon another
+// character, one where Unicode leaves it to the font ("℃", "…") and of a control character.
 int DisplayWidth(TextView text);
 
 // The beginning of a text that takes at most so many cells.

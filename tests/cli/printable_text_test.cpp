@@ -40,10 +40,48 @@ TEST(DisplayWidth, ChineseCharacterTakesTwoCells) {
     EXPECT_EQ(DisplayWidth(u"：ÿ"), 3);
 }
 
+TEST(DisplayWidth, EachCharacterTakesTheCellsThatUnicodeGivesIt) {
+    const struct {
+        Text text;
+        int cells;
+    } rows[] = {
+        {u"A", 1},
+        {u"仪", 2},
+        {u"：", 2},
+        {u"　", 2},       // the blank as wide as a Chinese character
+        {u"￥", 2},       // beyond the block of the wide letters
+        {u"ｶ", 1},        // half as wide as the other characters of its block
+        {u"㎡", 2},       // one character
+        {u"m²", 2},       // two
+        {u"e\u0301", 1},  // an accent upon the letter
+        {u"\u0301", 0},
+        {u"℃·“…±×Ω", 7},           // ambiguous: wide in some fonts
+        {u"\x1B\u009B\u202E", 3},  // control characters
+        {u"\U00020BB7", 2},        // 𠮷, two units
+        {u"\U0001D400", 1},        // a bold A, two units
+        {u"\U0001F600", 2},
+        {Text{0xD842}, 1},  // half of a pair is shown as U+FFFD
+        {Text{0xDFB7, u'A'}, 2},
+    };
+    for (const auto& row : rows) EXPECT_EQ(DisplayWidth(row.text), row.cells) << ToUtf8(row.text);
+}
+
 TEST(CutToWidth, CharacterThatDoesNotFitWholeFallsAway) {
     EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 5)), "a读值");
     EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 4)), "a读");
     EXPECT_EQ(ToUtf8(CutToWidth(u"a读值", 0)), "");
+}
+
+TEST(CutToWidth, CharacterOfTwoUnitsIsNotCutInTwo) {
+    const Text text = u"a\U00020BB7b";
+    EXPECT_EQ(CutToWidth(text, 4), text);
+    EXPECT_EQ(CutToWidth(text, 3), u"a\U00020BB7");
+    EXPECT_EQ(CutToWidth(text, 2), u"a");
+}
+
+TEST(CutToWidth, AccentStaysWithItsLetter) {
+    EXPECT_EQ(CutToWidth(u"ae\u0301b", 2), u"ae\u0301");
+    EXPECT_EQ(CutToWidth(u"ae\u0301b", 1), u"a");
 }
 
 TEST(ShortenedToWidth, TextThatIsCutEndsInAnEllipsis) {
