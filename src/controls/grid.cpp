@@ -52,19 +52,18 @@ void Grid::Select(int row, int col) {
     Col = col;
 }
 
-Colour Grid::CellColour(int row, int col) const {
-    const auto found = colours_.find({row, col});
-    return found == colours_.end() ? kWindowBackground : found->second;
-}
-
 void Grid::SetCellColour(int row, int col, Colour colour) {
     IndexOf(row, col);
-    if (colour == kWindowBackground) {
-        colours_.erase({row, col});
-    } else {
-        colours_[{row, col}] = colour;
-    }
+    colours_[{row, col}] = colour;
     MarkDirty();
+}
+
+Colour Grid::CellColour(int row, int col) const { return GivenColour(row, col).value_or(kWindowBackground); }
+
+std::optional<Colour> Grid::GivenColour(int row, int col) const {
+    const auto found = colours_.find({row, col});
+    if (found == colours_.end()) return std::nullopt;
+    return found->second;
 }
 
 GridColumn& Grid::Column(int col) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -50,9 +51,12 @@ class Grid : public Control {
     // Moves the current cell; error 9 outside the grid.
     void Select(int row, int col);
 
-    Colour CellColour(int row, int col) const;
+    // The window's background is a colour as any other: it is stored, and a cell keeps it until the grid is
+    // emptied. A cell that was given none shows that background too.
     void SetCellColour(int row, int col, Colour colour);
-    const std::map<std::pair<int, int>, Colour>& Colours() const { return colours_; }
+    Colour CellColour(int row, int col) const;
+    std::optional<Colour> GivenColour(int row, int col) const;
+    const std::map<std::pair<int, int>, Colour>& Colours() const { return colours_; }  // given ones only
 
     GridColumn& Column(int col);
     const GridColumn& Column(int col) const;
@@ -65,7 +69,7 @@ class Grid : public Control {
     int cols_ = 0;
     std::vector<Text> cells_;
     std::vector<GridColumn> columns_;
-    std::map<std::pair<int, int>, Colour> colours_;  // only cells that differ from the window's background
+    std::map<std::pair<int, int>, Colour> colours_;
 };
 
 }  // namespace commtest

@@ -12,7 +12,8 @@ struct Conversation;
 // travel along. Errors: 13 for a row whose length is no number, 5 for a reply too short for its fill.
 void DecodeTqReplyRows(Conversation& talk, const HexText& reply);
 
-// Colours column 6 of CurrentRow by whether columns 6 and 7 differ, and selects that cell.
+// Colours column 6 of CurrentRow by whether columns 6 and 7 differ, light red or the window's background, and
+// selects that cell.
 void MarkReadMismatch(Conversation& talk);
 
 }  // namespace commtest

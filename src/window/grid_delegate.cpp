@@ -54,6 +54,7 @@ QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
     if (IsMismatch(place)) return tokens.warnTint;
     if (isSelected && !isCurrent) return tokens.tint;
     if (place.row == grid_.Row) return tokens.row;
+    if (grid_.GivenColour(place.row, place.col)) return tokens.surface;  // the window's background
     if (MayBeWritten(place)) return tokens.edit;
     return place.row % 2 == 0 ? tokens.zebra : tokens.surface;
 }

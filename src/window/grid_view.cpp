@@ -139,7 +139,7 @@ void GridView::CompareCells() {
 
 void GridView::NoteCell(ShownCell& shown, int row, int col, bool isNew) {
     const Text& text = grid_.Cell(row, col);
-    const Colour colour = grid_.CellColour(row, col);
+    const std::optional<Colour> colour = grid_.GivenColour(row, col);
     if (!isNew && shown.text == text && shown.colour == colour) return;
     const bool isChangedReading =
         !isNew && index_ == 0 && IsReading(col) && !text.empty() && shown.text != text;

@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 #include <QTableView>
+#include <optional>
 #include <vector>
 
 #include "window/binder.h"
@@ -50,7 +51,7 @@ class GridView : public QTableView {
   private:
     struct ShownCell {
         Text text;
-        Colour colour;
+        std::optional<Colour> colour;  // given to the cell
     };
 
     // --- What the grid says ---

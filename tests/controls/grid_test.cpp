@@ -103,14 +103,25 @@ TEST(Grid, ClearEmptiesTheCellsAndKeepsTheSize) {
     EXPECT_EQ(grid.CellColour(1, 1), kWindowBackground);
 }
 
-TEST(Grid, OnlyCellsThatDifferFromTheBackgroundHaveAColour) {
+TEST(Grid, BackgroundOfTheWindowIsAColourAsAnyOther) {
     Grid grid = GridOf(2, 2);
     grid.SetCellColour(1, 0, kLightRed);
     grid.SetCellColour(1, 1, kWindowBackground);
-    EXPECT_EQ(grid.Colours().size(), 1U);
+    EXPECT_EQ(grid.Colours().size(), 2U);
     EXPECT_EQ(grid.CellColour(1, 0), 0xC0C0FFU);
+    EXPECT_EQ(grid.GivenColour(1, 1), 0x80000005U);
     grid.SetCellColour(1, 0, kWindowBackground);
-    EXPECT_TRUE(grid.Colours().empty());
+    EXPECT_EQ(grid.Colours().size(), 2U);
+    EXPECT_EQ(grid.Colours().at({1, 0}), 0x80000005U);
+}
+
+TEST(Grid, CellThatWasGivenNoColourShowsTheBackgroundOfTheWindow) {
+    Grid grid = GridOf(2, 2);
+    EXPECT_EQ(grid.GivenColour(1, 0), std::nullopt);
+    EXPECT_EQ(grid.CellColour(1, 0), 0x80000005U);
+    grid.SetCellColour(1, 0, kWindowBackground);
+    grid.Clear();
+    EXPECT_EQ(grid.GivenColour(1, 0), std::nullopt);
 }
 
 TEST(Grid, ColoursOfCellsThatFallAwayAreLost) {

@@ -128,10 +128,25 @@ TEST_P(GridDelegateTest, MismatchShowsOnTheCurrentRowAndInASelection) {
     EXPECT_TRUE(HasBar(Paint(3, 9), Now().warn));
 }
 
-TEST_P(GridDelegateTest, ColourThatIsTakenOffIsNoMismatch) {
-    grid.SetCellColour(3, 9, 0xC0C0FF);
-    grid.SetCellColour(3, 9, 0x80000005);
-    EXPECT_EQ(GroundOf(3, 9), Now().surface);
+TEST_P(GridDelegateTest, WindowColourIsNoMismatchButAGroundOfItsOwn) {
+    grid.SetCell(4, 4, u"RW");
+    for (const auto& [row, col] : {std::pair(3, 9), {2, 9}, {4, 10}}) {
+        grid.SetCellColour(row, col, 0xC0C0FF);
+        grid.SetCellColour(row, col, 0x80000005);
+        EXPECT_EQ(GroundOf(row, col), Now().surface) << row;
+        EXPECT_FALSE(HasBar(Paint(row, col), Now().warn)) << row;
+    }
+    EXPECT_EQ(GroundOf(2, 8), Now().zebra);
+}
+
+TEST_P(GridDelegateTest, WindowColourLiesUnderTheCurrentRowAndASelection) {
+    grid.SetCellColour(2, 9, 0x80000005);
+    grid.Select(2, 1);
+    EXPECT_EQ(GroundOf(2, 9), Now().row);
+    state = QStyle::State_Selected;
+    EXPECT_EQ(GroundOf(2, 9), Now().tint);
+    flash.Light({2, 9});
+    EXPECT_EQ(GroundOf(2, 9), Now().flash);
 }
 
 TEST_P(GridDelegateTest, RowThatIsReadHasABarAndItsNumberTheSameColour) {

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTest>
 
@@ -113,6 +114,43 @@ TEST_F(GridViewTest, NothingFollowsWhileTheRedrawIsOff) {
     EXPECT_EQ(Marked(), std::pair(3, 9));
     EXPECT_EQ(FirstRowInView(), 7);
     EXPECT_EQ(view->model()->rowCount(), 19);
+}
+
+// Whether a cell is painted behind a look.
+class PaintedCell : public QObject {
+  public:
+    PaintedCell(GridView& view, QPoint place) : view_(view), place_(place) {
+        QApplication::processEvents();
+        view_.viewport()->installEventFilter(this);
+    }
+    bool IsPainted() {
+        isPainted_ = false;
+        QApplication::processEvents();
+        return isPainted_;
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            isPainted_ = isPainted_ || static_cast<QPaintEvent*>(event)->region().contains(place_);
+        return false;
+    }
+
+  private:
+    GridView& view_;
+    QPoint place_;
+    bool isPainted_ = false;
+};
+
+TEST_F(GridViewTest, CellThatIsGivenAColourIsPaintedAnew) {
+    Look();
+    PaintedCell cell(*view, Place(2, 6));
+    for (const Colour colour : {0x80000005U, 0xC0C0FFU, 0x80000005U}) {
+        grid.SetCellColour(2, 6, colour);
+        Look();
+        EXPECT_TRUE(cell.IsPainted()) << colour;
+        grid.SetCellColour(2, 6, colour);
+        Look();
+        EXPECT_FALSE(cell.IsPainted()) << colour;
+    }
 }
 
 // --- The keyboard ---
