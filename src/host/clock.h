@@ -26,7 +26,8 @@ class Clock {
     // The one blocking pause of the program, behind a change of the baud rate.
     virtual void Sleep(std::int32_t milliseconds) = 0;
 
-    // A random number in [0, 1).
+    // A random number in [0, 1). The sequence is the same at each start of the program, so that a
+    // communication test can be repeated.
     virtual double Random() = 0;
 };
 

@@ -18,6 +18,6 @@ void SystemClock::Sleep(std::int32_t milliseconds) {
     if (milliseconds > 0) QThread::msleep(static_cast<unsigned long>(milliseconds));
 }
 
-double SystemClock::Random() { return random_.generateDouble(); }
+double SystemClock::Random() { return static_cast<double>(random_()) * 0x1.0p-32; }
 
 }  // namespace commtest

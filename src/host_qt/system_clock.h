@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QRandomGenerator>
+#include <random>
 
 #include "host/clock.h"
 
 namespace commtest {
 
-// The machine's clock, in local time.
+// The machine's clock, in local time. Its random numbers are those of the Mersenne Twister with the seed that
+// the standard library gives it.
 class SystemClock : public Clock {
   public:
     DateTime Now() const override;
@@ -15,7 +16,7 @@ class SystemClock : public Clock {
     double Random() override;
 
   private:
-    QRandomGenerator random_{1};  // Q7: the same at every start
+    std::mt19937 random_;  // Q7: the same at every start
 };
 
 }  // namespace commtest

@@ -40,10 +40,19 @@ TEST(SystemClock, RandomNumbersStayInTheUnitIntervalAndDiffer) {
     EXPECT_TRUE(differ);
 }
 
-TEST(SystemClock, RandomNumbersBeginTheSameAtEveryStart) {
+TEST(SystemClock, RandomNumbersAreTheSameAtEachStart) {
     SystemClock first;
     SystemClock second;
-    for (int turn = 0; turn < 10; ++turn) EXPECT_EQ(first.Random(), second.Random()) << turn;
+    for (int turn = 0; turn < 1000; ++turn) ASSERT_EQ(first.Random(), second.Random()) << turn;
+}
+
+// 3499211612 of 2 to the power of 32, and the 10000th number as the standard of the language states it:
+// 4123659995.
+TEST(SystemClock, RandomNumbersAreThoseOfTheMersenneTwister) {
+    SystemClock clock;
+    EXPECT_EQ(clock.Random(), 3499211612.0 / 4294967296.0);
+    for (int turn = 2; turn < 10000; ++turn) clock.Random();
+    EXPECT_EQ(clock.Random(), 4123659995.0 / 4294967296.0);
 }
 
 }  // namespace
