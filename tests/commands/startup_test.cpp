@@ -275,7 +275,16 @@ TEST_F(StartUp, ServerIsUsedInNetworkMode) {
 
 class StartWithoutACatalogue : public StartUp {
   protected:
-    StartWithoutACatalogue() { store = testing::SqliteStore(); }
+    StartWithoutACatalogue() {
+        store = testing::SqliteStore();
+        line.Receives = [this] { PortReceives(form); };
+        line.TimerTick = [this](int index) { TimerTicks(form, index); };
+        for (Timer& timer : form.Timer1) line.Drive(timer);
+    }
+
+    void PressStartStop() {
+        RunEvent(form, [this] { RunToolbarCommand(form, toolbar::kStartStop); });
+    }
 };
 
 TEST_F(StartWithoutACatalogue, WindowOpensWithEmptyListsAndAWordToTheUser) {
@@ -288,6 +297,106 @@ TEST_F(StartWithoutACatalogue, WindowOpensWithEmptyListsAndAWordToTheUser) {
     EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::NoCatalogue);
     EXPECT_EQ(ToUtf8(form.StatusNote.Value().detail), "folder/通讯数据.mdb");
     EXPECT_EQ(ToUtf8(form.Caption.Value()), "衡岫TQ系列仪联演示软件(TQ通讯协议) V 1.02.03");
+}
+
+TEST_F(StartWithoutACatalogue, ListsAndGridsAreEmpty) {
+    Start();
+    EXPECT_THAT(form.ConDataTypeList.Items(), IsEmpty());
+    EXPECT_THAT(form.ConMeterType.Captions, IsEmpty());
+    EXPECT_EQ(Protocol(), "");
+    EXPECT_EQ(Instrument(), "");
+    EXPECT_EQ(form.ProtocolCode, 0);
+    const Grid& parameters = form.ParameterGrid();
+    ASSERT_EQ(parameters.Cols(), 11);
+    for (int row = 0; row < parameters.Rows(); ++row) {
+        for (int col = 0; col < 11; ++col)
+            ASSERT_EQ(ToUtf8(parameters.Cell(row, col)), "") << row << "," << col;
+    }
+    for (const std::size_t list : {1U, 2U, 3U}) EXPECT_EQ(form.MSHFlexGrid1[list].Rows(), 0) << list;
+}
+
+TEST_F(StartWithoutACatalogue, EverythingElseIsShown) {
+    settings.Values[u"CommPort"] = u"19200,E,7,2 COM3";
+    StartWith(u"250 17 8 4 2 1");
+    EXPECT_EQ(Panel(2), "串口设置:  COM3  19200,E,7,2   状态:  关闭");
+    EXPECT_EQ(Panel(3), "2024年05月06日  12:00:00");
+    EXPECT_EQ(ToUtf8(form.ConDelayTime.Value()), "250");
+    EXPECT_EQ(ToUtf8(form.ConMeterAddr.Value()), "17");
+    EXPECT_EQ(ToUtf8(form.RichTextBox1.WholeText()), "用法");
+    EXPECT_EQ(ToUtf8(form.RichTextBox2.WholeText()), "E-0001");
+}
+
+// Code 0 polls with the request of every unknown code. Its address is empty, which is no byte: what stands
+// before it goes out, with a word to the user each time.
+TEST_F(StartWithoutACatalogue, SessionSendsTheRequestOfAnUnknownCodeUpToItsAddress) {
+    Start();
+    PressStartStop();
+    line.RunUntil(1800);
+    ASSERT_THAT(line.Frames(), SizeIs(2));
+    EXPECT_EQ(line.Frames()[0].time, 300);
+    EXPECT_EQ(line.Frames()[1].time, 1800);
+    for (const testing::SentFrame& frame : line.Frames())
+        EXPECT_EQ(frame.bytes, "\xAA\xAA\xAA\xAA\xAA\xAA\xAA\x07\x02");
+    EXPECT_EQ(ToUtf8(form.SendText), " AA AA AA AA AA AA AA 07 02  01 00 09 05");
+    const std::string badFrame = "对不起，数据串中含有非法字符,无法完成数据转换！";
+    EXPECT_THAT(dialogs.Texts(), ElementsAre(badFrame, badFrame));
+}
+
+TEST_F(StartWithoutACatalogue, SessionTakesNoReplyAndCountsNoFailure) {
+    Start();
+    line.Answer = [](const std::string&) {
+        return std::vector<testing::Arrival>{{1, "@01RDC80064006E\r\n"}};
+    };
+    PressStartStop();
+    line.RunUntil(2100);
+    EXPECT_EQ(ToUtf8(form.ConCommMessage[2].Value()),
+              "总计通讯: 1 次         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %");
+    EXPECT_EQ(ToUtf8(form.ConCommString[1].WholeText()), "");
+    EXPECT_EQ(form.ProtocolCode, 0);
+}
+
+TEST_F(StartWithoutACatalogue, SessionStopsAndClosesThePort) {
+    Start();
+    PressStartStop();
+    line.RunUntil(300);
+    EXPECT_TRUE(form.IsRunning());
+    EXPECT_TRUE(line.PortOpen());
+    PressStartStop();
+    line.RunUntil(600);
+    EXPECT_FALSE(form.IsRunning());
+    EXPECT_FALSE(line.PortOpen());
+    EXPECT_EQ(Panel(2), "串口设置:  COM1  9600,N,8,1   状态:  关闭");
+    EXPECT_THAT(line.Frames(), SizeIs(1));
+}
+
+TEST_F(StartWithoutACatalogue, OnlyWhatAsksTheCatalogueShowsItsError) {
+    Start();
+    const auto errors = [this](const std::function<void()>& event) {
+        dialogs.Shown.clear();
+        RunEvent(form, event);
+        return dialogs.Shown.size();
+    };
+    for (const int tab : {0, 1, 4, 5}) EXPECT_EQ(errors([&] { form.SSTab2.Choose(tab); }), 0U) << tab;
+    for (const int tab : {2, 3}) {
+        EXPECT_EQ(errors([&] { form.SSTab2.Choose(tab); }), 1U) << tab;
+        EXPECT_EQ(dialogs.Texts(), std::vector<std::string>{"数据库错误:\r\n\r\n数据库没有打开"});
+    }
+    EXPECT_EQ(errors([&] { form.ConMeterAddr.Set(u"7"); }), 0U);
+    EXPECT_EQ(errors([&] { RunIfSet(form.ConCommTypeList.Click); }), 0U);
+    EXPECT_EQ(errors([&] { RunToolbarCommand(form, toolbar::kSearch); }), 0U);
+    EXPECT_TRUE(form.FindFrame.Visible());
+}
+
+TEST_F(StartWithoutACatalogue, LeavingStoresNoChoiceAndTheNextStartTakesTheFirst) {
+    StartWith(u"250 17 8 4 2 1");
+    RunEvent(form, [this] { Form_Unload(form); });
+    EXPECT_TRUE(program.HasEnded);
+    EXPECT_EQ(Setting(u"SoftSeting"), "250 17 8 -1 -1 1");
+    store.Offer(kLocalFile, FillWithShippedCatalogue);
+    Session next({line, dialogs, line, files, store, settings, program});
+    RunEvent(next.Form(), [&] { Form_Activate(next.Form()); });
+    EXPECT_EQ(ToUtf8(next.Form().ConCommTypeList.Value()), "TQ仪表协议");
+    EXPECT_NE(ToUtf8(next.Form().ConMeterName[0].Value()), "");
 }
 
 TEST_F(StartUp, MissingHelpLeavesItsPaneEmpty) {
