@@ -22,7 +22,7 @@ void WireHandlers(MainForm& form) {
     form.ConMeterAddr.Change = [&form] { ConMeterAddr_Change(form); };
     form.ConCommTypeList.Click = [&form] { ConCommTypeList_Click(form); };
     form.ConMeterType.Click = [&form](int index) { ConMeterType_Click(form, index); };
-    form.ConMeterName[0].Click = [&form] { ConMeterName_Click(form); };
+    form.InstrumentList().Click = [&form] { ConMeterName_Click(form); };
     form.SSTab2.Click = [&form](int) { SSTab2_Click(form); };
     form.WriteType.Click = [&form](int) { WriteType_Click(form); };
     form.Check1.Click = [&form] { Check1_Click(form); };

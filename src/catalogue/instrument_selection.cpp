@@ -86,7 +86,7 @@ void ConMeterType_Click(MainForm& form, int index) {
 }
 
 void LoadInstrumentNames(MainForm& form) {
-    ListControl& names = form.ConMeterName[0];
+    ListControl& names = form.InstrumentList();
     names.Clear();
     const StoreRows instruments =
         InstrumentCatalogue(form.outside.store).InstrumentsOfProtocol(form.ConCommTypeList.Value());  // Q172

@@ -46,9 +46,9 @@ void ChooseInstrument(MainForm& form, const LineOptions& options) {
         LeaveAddressBehind(form);
         ChooseProtocol(form, options.protocol);
     }
-    RequireKnown(u"仪表", options.instrument, form.ConMeterName[0].Items(), u"list instruments");
-    form.ConMeterName[0].Set(options.instrument);
-    RunIfSet(form.ConMeterName[0].Click);
+    RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
+    form.InstrumentList().Set(options.instrument);
+    RunIfSet(form.InstrumentList().Click);
     if (options.showMode) form.ShowMode.Choose(*options.showMode);
 }
 

@@ -18,8 +18,8 @@ void ClickCatalogueRow(MainForm& form) {
         RunIfSet(form.ConCommTypeList.Click);
     }
     if (form.InstrumentName() != instrument) {
-        form.ConMeterName[0].Set(instrument);
-        RunIfSet(form.ConMeterName[0].Click);
+        form.InstrumentList().Set(instrument);
+        RunIfSet(form.InstrumentList().Click);
     }
     form.SSTab2.Choose(0);
     grid.Redraw = true;
@@ -54,8 +54,8 @@ void MSHFlexGrid1_DblClick(MainForm& form, int index) {
         const Grid& grid = form.MSHFlexGrid1[1];
         form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
         RunIfSet(form.ConCommTypeList.Click);
-        form.ConMeterName[0].Set(grid.Cell(grid.Row, 3));
-        RunIfSet(form.ConMeterName[0].Click);
+        form.InstrumentList().Set(grid.Cell(grid.Row, 3));
+        RunIfSet(form.InstrumentList().Click);
         form.Focus.Ask(FocusWish::Target::CatalogueGrid);
     }
     if (index == 2) ChooseRecording(form);

@@ -101,7 +101,7 @@ void ChooseStoredProtocol(MainForm& form, int protocol) {
 
 // The instrument of the last session; one that is gone leaves the one chosen.
 void ChooseStoredInstrument(MainForm& form, int instrument) {
-    ListControl& names = form.ConMeterName[0];
+    ListControl& names = form.InstrumentList();
     PassOverErrors([&] { names.Set(names.At(instrument)); }, [&] { ConMeterName_Click(form); });
 }
 
@@ -131,7 +131,7 @@ void Form_Activate(MainForm& form) {
                    [&] { LoadGridLayout(form); },             //
                    [&] { form.Caption.Set(TitleOf(form)); },  //
                    [&] { form.RichTextBox1.Replace(form.outside.files.ReadText(Text(kHelpFileName)).text); },
-                   [&] { form.ConSettingComm.Set(form.ConCommSetting[0].Value()); },
+                   [&] { form.ConSettingComm.Set(form.PortName().Value()); },
                    [&] { form.StatusBar1[2].Set(form.texts.clockPanel(form.outside.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //
                    [&] { ConCommTypeList_Click(form); },
@@ -156,7 +156,7 @@ void LoadSettings(MainForm& form) {
 }
 
 void SaveSettings(MainForm& form) {
-    const ListControl& names = form.ConMeterName[0];
+    const ListControl& names = form.InstrumentList();
     const bool isLocal = Contains(form.StatusBar1[0].Value(), kLocalWord);  // Q181
     Text soft;
     for (const Text& field : {form.ConDelayTime.Value(), form.ConMeterAddr.Value(), form.ConDataNub.Value(),

@@ -24,6 +24,8 @@ struct InstrumentInUse {
     std::array<ListControl, 1> ConMeterName;
     TextControl ConMeterAddr{u"1"};
 
+    ListControl& InstrumentList() { return ConMeterName[0]; }
+    const ListControl& InstrumentList() const { return ConMeterName[0]; }
     const Text& InstrumentName() const { return ConMeterName[0].Value(); }
 };
 

@@ -22,18 +22,18 @@ MainForm::MainForm(const Outside& theOutside, const ProtocolTable& protocolTable
     FindFrame.SetVisible(false);
     StatusBar1[0].Set(u"衡岫仪器公司");
     StatusBar1[1].Set(u"    欢迎使用本软件");
-    for (ListControl* ports : {&ConCommSetting[0], &ConSettingComm})
+    for (ListControl* ports : {&PortName(), &ConSettingComm})
         Offer<4>(*ports, {u"COM1", u"COM2", u"COM3", u"COM4"});
-    Offer<8>(ConCommSetting[1],
+    Offer<8>(BaudRate(),
              {u"1200 ", u"2400 ", u"4800 ", u"9600 ", u"19200 ", u"28800 ", u"38400 ", u"57600 "});
-    Offer<4>(ConCommSetting[2], {u"5", u"6", u"7", u"8"});
-    Offer<3>(ConCommSetting[3], {u"无校验", u"奇校验", u"偶校验"});
-    Offer<3>(ConCommSetting[4], {u"1", u"1.5", u"2"});
-    ConCommSetting[0].Set(u"COM1");
-    ConCommSetting[1].Set(u"9600");
-    ConCommSetting[2].Set(u"8");
-    ConCommSetting[3].Set(u"无校验");
-    ConCommSetting[4].Set(u"1");
+    Offer<4>(DataBits(), {u"5", u"6", u"7", u"8"});
+    Offer<3>(Parity(), {u"无校验", u"奇校验", u"偶校验"});
+    Offer<3>(StopBits(), {u"1", u"1.5", u"2"});
+    PortName().Set(u"COM1");
+    BaudRate().Set(u"9600");
+    DataBits().Set(u"8");
+    Parity().Set(u"无校验");
+    StopBits().Set(u"1");
     ParameterGrid().SetSize(15, 11);
 }
 

@@ -152,8 +152,12 @@ struct Choices {
     std::int32_t DelayStep = 1;                   // of ConDelayTime's spin buttons, in milliseconds
 
     ListControl& PortName() { return ConCommSetting[0]; }
+    ListControl& BaudRate() { return ConCommSetting[1]; }
     const ListControl& BaudRate() const { return ConCommSetting[1]; }
+    ListControl& DataBits() { return ConCommSetting[2]; }
+    ListControl& Parity() { return ConCommSetting[3]; }
     const ListControl& Parity() const { return ConCommSetting[3]; }
+    ListControl& StopBits() { return ConCommSetting[4]; }
     ListControl& SentFrames() { return ConSendOutString[0]; }
 };
 

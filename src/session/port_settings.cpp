@@ -22,7 +22,7 @@ constexpr std::array<Parity, 3> kParities = {{{u"无校验", u"N"}, {u"奇校验
 Text ComposedSettings(const MainForm& form) {
     const auto field = [&form](std::size_t index) { return Trim(form.ConCommSetting[index].Value()); };
     for (const Parity& parity : kParities) {
-        if (form.ConCommSetting[3].Value() != parity.name) continue;
+        if (form.Parity().Value() != parity.name) continue;
         return field(1) + u"," + Text(parity.letter) + u"," + field(2) + u"," + field(4);
     }
     return {};  // Q69: shown as not taken
@@ -45,10 +45,10 @@ void ConCommSetting_LostFocus(MainForm& form) {
     const Text composed = ComposedSettings(form);
     ChangeClosedPort(form.MSComm1, [&] {
         form.MSComm1.SetSettings(composed);
-        form.MSComm1.SetCommPort(PortNumber(form.ConCommSetting[0].Value()));
+        form.MSComm1.SetCommPort(PortNumber(form.PortName().Value()));
     });
     ShowPortStatus(form);
-    form.outside.settings.Save(u"CommPort", composed + u" " + UCase(Trim(form.ConCommSetting[0].Value())));
+    form.outside.settings.Save(u"CommPort", composed + u" " + UCase(Trim(form.PortName().Value())));
 }
 
 void ShowStoredPortSettings(MainForm& form, TextView stored) {
@@ -62,18 +62,18 @@ void ShowStoredPortSettings(MainForm& form, TextView stored) {
     const Text behindBaud = Behind(settings, u',');
     const Text behindParity = Behind(behindBaud, u',');
     for (const Parity& parity : kParities) {
-        if (Left(behindBaud, 1) == parity.letter) form.ConCommSetting[3].Set(Text(parity.name));
+        if (Left(behindBaud, 1) == parity.letter) form.Parity().Set(Text(parity.name));
     }
-    form.ConCommSetting[1].Set(Before(settings, u','));
-    form.ConCommSetting[2].Set(Before(behindParity, u','));
-    form.ConCommSetting[4].Set(Behind(behindParity, u','));
-    form.ConCommSetting[0].Set(portName);
+    form.BaudRate().Set(Before(settings, u','));
+    form.DataBits().Set(Before(behindParity, u','));
+    form.StopBits().Set(Behind(behindParity, u','));
+    form.PortName().Set(portName);
 }
 
 void OfferPorts(MainForm& form) {
     std::set<int> numbers = {1, 2, 3, 4};
     for (const PortDevice& device : form.MSComm1.Devices()) numbers.insert(device.number);
-    for (ListControl* list : {&form.ConCommSetting[0], &form.ConSettingComm}) {
+    for (ListControl* list : {&form.PortName(), &form.ConSettingComm}) {
         list->Clear();
         for (int number : numbers) list->Add(u"COM" + WholeText(number));
     }

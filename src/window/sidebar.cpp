@@ -71,7 +71,7 @@ QWidget* Sidebar::MakeFields(Binder& binder) {
         MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s));
     layout->addWidget(MakeCaptioned(
         u"名称"_s,
-        MakeList(binder, form.ConMeterName[0], u"名称"_s,
+        MakeList(binder, form.InstrumentList(), u"名称"_s,
                  u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s)));
     auto* pair = new QHBoxLayout;
     pair->setSpacing(8);

@@ -114,8 +114,8 @@ void WindowProgram::ChooseSimulated() {
     MainForm& form = Form();
     form.ConCommTypeList.Set(SimulatedInstrument::kProtocol);
     RunIfSet(form.ConCommTypeList.Click);
-    form.ConMeterName[0].Set(SimulatedInstrument::kName);
-    RunIfSet(form.ConMeterName[0].Click);
+    form.InstrumentList().Set(SimulatedInstrument::kName);
+    RunIfSet(form.InstrumentList().Click);
     form.ConMeterAddr.Set(u"1");
     ShowStoredPortSettings(form, u"9600,N,8,1 COM1");
     ShowPortStatus(form);
