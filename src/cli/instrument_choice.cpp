@@ -10,20 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPlainNativeCode = 11;
-
 void ChooseProtocol(MainForm& form, const Text& name) {
     form.ConCommTypeList.Set(name);
     RunIfSet(form.ConCommTypeList.Click);
 }
 
-// A protocol that does not compose addresses takes the one that another protocol has left.
-void LeaveAddressBehind(MainForm& form) {
-    for (std::size_t row = 0; row < form.ProtocolCodeOfType.size(); ++row) {
-        if (form.ProtocolCodeOfType[row] != kPlainNativeCode) continue;
-        ChooseProtocol(form, form.ConCommTypeList.At(static_cast<int>(row)));
-        return;
-    }
+// A protocol that composes no address takes the one that another has left; here no other was in use.
+void ComposeBorrowedAddress(MainForm& form) {
+    const Protocol& protocol = form.ProtocolInUse();
+    if (protocol.composeBorrowedAddress != nullptr) protocol.composeBorrowedAddress(form);
 }
 
 void RequireBuilt(const MainForm& form) {
@@ -42,10 +37,7 @@ void ChooseInstrument(MainForm& form, const LineOptions& options) {
     form.ConDelayTime.Set(options.interval);
     ChooseProtocol(form, options.protocol);
     RequireBuilt(form);
-    if (form.ProtocolInUse().composeAddress == nullptr) {
-        LeaveAddressBehind(form);
-        ChooseProtocol(form, options.protocol);
-    }
+    ComposeBorrowedAddress(form);
     RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
     form.InstrumentList().Set(options.instrument);
     RunIfSet(form.InstrumentList().Click);

@@ -41,6 +41,7 @@ std::vector<Protocol> AsciiProtocols() {
     second.name = u"ModBus-Ascii协议-定制02";
     second.buildRead = BuildAsciiReadCustom02;
     second.rows = kAsciiRowManner;
+    second.composeBorrowedAddress = ComposeTwoDigitAddress;
     return {plain, first, second};
 }
 

@@ -43,6 +43,7 @@ std::vector<Protocol> NativeProtocols() {
     filled.name = u"TQ仪表协议-定制异或和";
     filled.buildWrite = nullptr;
     filled.composeAddress = nullptr;
+    filled.composeBorrowedAddress = ComposeAsciiAddress;
     filled.showFrameAddress = nullptr;
     return {plain, sum, filled};
 }

@@ -69,7 +69,10 @@ struct Protocol {
 
     DisplayMode displayMode = DisplayMode::Unchanged;
     OperationMenu menu = OperationMenu::None;
-    void (*composeAddress)(Conversation&) = nullptr;                    // AddressText from ConMeterAddr
+    void (*composeAddress)(Conversation&) = nullptr;  // AddressText from ConMeterAddr
+    // Of a protocol without composeAddress: the form of AddressText that it takes over from another one. Only
+    // for a face that knows a single protocol.
+    void (*composeBorrowedAddress)(Conversation&) = nullptr;
     void (*showFrameAddress)(Conversation&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
     void (*appendCheckWord)(HexText&) = nullptr;
     bool checkWordIsThatOfAWrite = false;  // MakeCRCWord builds the write frame of the current row instead

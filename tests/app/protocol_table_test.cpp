@@ -79,6 +79,16 @@ TEST(ProtocolTable, HoldsTheFourteenProtocols) {
     }
 }
 
+TEST(ProtocolTable, ProtocolsThatComposeNoAddressNameTheFormOfTheirFamily) {
+    for (const Protocol& row : Protocols().rows) {
+        const AddressForm borrowed = row.code == 13   ? ComposeAsciiAddress
+                                     : row.code == 23 ? ComposeTwoDigitAddress
+                                                      : nullptr;
+        EXPECT_EQ(row.composeBorrowedAddress, borrowed) << row.code;
+    }
+    EXPECT_EQ(Protocols().defaultRow.composeBorrowedAddress, nullptr);
+}
+
 // The catalogue's rows are made in this order; a name is looked up as contained in a caption.
 TEST(ProtocolTable, RowsStandInTheOrderOfTheirCodesABaseNameBeforeItsVariants) {
     for (std::size_t i = 0; i < Rows().size(); ++i)
