@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kHousekeepingFrames = 50;
 
-// False if the port cannot be had; the session is then switched off.
+// False if the port cannot be had; button 4 is then pressed.
 bool OpenPortIfClosed(MainForm& form) {
     if (form.MSComm1.PortOpen()) return true;
     form.MSComm1.SetPortOpen(true);
@@ -66,6 +66,11 @@ void BeginLogLine(MainForm& form, const Text& shownFrame) {
 
 void BeginExchange(MainForm& form) { form.UnderWay = {.number = form.SendCount, .request = form.SendText}; }
 
+void NoteArrival(MainForm& form) {
+    form.UnderWay.lastByteTime = form.outside.clock.Microseconds();
+    if (!form.UnderWay.firstByteTime) form.UnderWay.firstByteTime = form.UnderWay.lastByteTime;
+}
+
 // Q65: every fiftieth frame the record begins anew, saved or not.
 void KeepRecordShort(MainForm& form) {
     if (form.SendCount % kHousekeepingFrames != 0) return;
@@ -112,15 +117,6 @@ bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
     }
     return true;
 }
-
-namespace {
-
-void NoteArrival(MainForm& form) {
-    form.UnderWay.lastByteTime = form.outside.clock.Microseconds();
-    if (!form.UnderWay.firstByteTime) form.UnderWay.firstByteTime = form.UnderWay.lastByteTime;
-}
-
-}  // namespace
 
 void MSComm1_OnComm(MainForm& form) {
     form.PollTimer().SetEnabled(false);
