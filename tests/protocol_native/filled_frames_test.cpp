@@ -17,7 +17,6 @@ using testing::ErrorOf;
 using testing::Happen;
 using ::testing::HasSubstr;
 using testing::InstrumentBench;
-using ::testing::IsEmpty;
 using testing::NativeBench;
 
 const Text kFilledProtocol = u"TQ仪表协议-定制异或和";
