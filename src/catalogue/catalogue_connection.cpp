@@ -15,7 +15,7 @@ namespace {
 constexpr int kServerMode = 0;
 constexpr int kLocalMode = 1;
 
-// What Setup.ini says, line by line.
+// What Setup.ini says in its first four lines, in their order.
 struct ServerFile {
     Text server;
     Text user;
@@ -23,22 +23,17 @@ struct ServerFile {
     Text database;
 };
 
-// The value of the first line, behind its first blank. The line is taken off.
-Text TakeValue(TextView& file) {
-    if (file.empty()) throw RuntimeError(RuntimeError::kPastEndOfFile);
-    const auto lineEnd = file.find(u'\n');
-    Text line(file.substr(0, lineEnd));
-    if (line.ends_with(u'\r')) line.pop_back();
-    file = lineEnd == TextView::npos ? TextView() : file.substr(lineEnd + 1);
-    return Trim(Behind(line, u' '));
+// The value of the next line, behind its first blank.
+Text NextValue(LineReader& lines) {
+    const auto line = lines.Next();
+    if (!line) throw RuntimeError(RuntimeError::kPastEndOfFile);
+    return Trim(Behind(*line, u' '));
 }
 
 ServerFile ReadServerFile(const ProgramFiles& files) {
-    const Text text = files.ReadText(Text(kServerFileName)).text;
-    TextView rest = text;
+    const auto lines = files.ReadLines(Text(kServerFileName));
     ServerFile file;
-    for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = TakeValue(rest);
-    TakeValue(rest);  // Q165: the fifth line has to be there
+    for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = NextValue(*lines);
     return file;
 }
 

@@ -47,10 +47,11 @@ Text Stored(MainForm& form, const Setting& setting) {
     return Text(setting.byDefault);
 }
 
-// What stands before the first blank; it is taken off `rest`.
+// What stands before the first blank; both are taken off `rest`. Two blanks in a row have an empty field
+// between.
 Text TakeField(Text& rest) {
-    const Text field = Trim(Before(rest, u' '));
-    rest = Trim(Behind(rest, u' '));
+    const Text field = Before(rest, u' ');
+    rest = Behind(rest, u' ');
     return field;
 }
 
@@ -130,7 +131,7 @@ void Form_Activate(MainForm& form) {
                    [&] { ConMeterName_Click(form); },         //
                    [&] { LoadGridLayout(form); },             //
                    [&] { form.Caption.Set(TitleOf(form)); },  //
-                   [&] { form.RichTextBox1.Replace(form.outside.files.ReadText(Text(kHelpFileName)).text); },
+                   [&] { form.RichTextBox1.Replace(form.outside.files.ReadWhole(Text(kHelpFileName))); },
                    [&] { form.ConSettingComm.Set(form.PortName().Value()); },
                    [&] { form.StatusBar1[2].Set(form.texts.clockPanel(form.outside.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //

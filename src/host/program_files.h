@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "runtime/text.h"
@@ -11,8 +13,27 @@ struct FileText {
     bool isEndOnly = false;
 };
 
+// The lines of a text file, of which no more than one is held at a time.
+class LineReader {
+  public:
+    virtual ~LineReader() = default;
+
+    // The next line without its line end (CR LF or LF); nothing behind the last one.
+    virtual std::optional<Text> Next() = 0;
+};
+
+// A file that grows at its end; closed when this goes.
+class GrowingFile {
+  public:
+    virtual ~GrowingFile() = default;
+
+    // Bytes of code page 936, which are on the disk at once; error 52 if they cannot be written.
+    virtual void Write(const std::string& bytes) = 0;
+};
+
 // The files beside the program: all of them stand in the one program folder. Names are relative to it, with
-// "/" between folders.
+// "/" between folders. What is read as text is code page 936 or UTF-8, the whole file in one of them; error
+// 53 if there is no such file.
 class ProgramFiles {
   public:
     virtual ~ProgramFiles() = default;
@@ -22,23 +43,32 @@ class ProgramFiles {
     // Full path of a file, whether it exists or not.
     virtual Text PathOf(const Text& name) const = 0;
 
-    // A text file, code page 936 or UTF-8, line ends as they stand; of one longer than a megabyte only the
-    // end, so much of it. A rich-text file is read whole and as its plain text. Error 53 if there is none.
-    virtual FileText ReadText(const Text& name) const = 0;
+    // Line ends as they stand; a rich-text file as its plain text.
+    virtual Text ReadWhole(const Text& name) const = 0;
+
+    // The same; of a plain text longer than a megabyte so much of its end, from the beginning of a line on.
+    virtual FileText ReadEnd(const Text& name) const = 0;
+
+    virtual std::unique_ptr<LineReader> ReadLines(const Text& name) const = 0;
+
+    // A missing file is made. Error 76 if its folder is missing.
+    virtual std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) = 0;
 
     // Writes `text` as a rich-text file. Error 76 if its folder is missing.
     virtual void SaveRichText(const Text& name, const Text& text) = 0;
 
-    // The error file, one handle, opened for append. Opening it while it is open does nothing; a missing file
-    // is made. Error 76 if its folder is missing.
-    virtual void OpenErrorFile() = 0;
-    virtual void CloseErrorFile() = 0;  // closed already: nothing
-    virtual bool ErrorFileIsOpen() const = 0;
+    // The error file, one handle, opened for append. Opening it while it is open does nothing.
+    void OpenErrorFile();
+    void CloseErrorFile() { errorFile_.reset(); }  // closed already: nothing
+    bool ErrorFileIsOpen() const { return errorFile_ != nullptr; }
 
-    // Appends bytes of code page 936; error 52 if the file is not open.
-    virtual void WriteToErrorFile(const std::string& bytes) = 0;
+    // As GrowingFile::Write; error 52 also if the file is not open.
+    void WriteToErrorFile(const std::string& bytes);
 
     virtual void EmptyErrorFile() = 0;
+
+  private:
+    std::unique_ptr<GrowingFile> errorFile_;
 };
 
 }  // namespace commtest

@@ -19,6 +19,10 @@ std::string_view View(const QByteArray& bytes) {
     return {bytes.data(), static_cast<std::size_t>(bytes.size())};
 }
 
+void OpenForReading(QFile& file) {
+    if (!file.open(QIODevice::ReadOnly)) throw RuntimeError(RuntimeError::kFileNotFound);
+}
+
 void OpenForWriting(QFile& file, QIODevice::OpenMode mode) {
     if (file.open(QIODevice::WriteOnly | mode)) return;
     const bool hasFolder = QFileInfo(file).dir().exists();
@@ -37,10 +41,51 @@ QByteArray EndOf(QFile& file) {
     return bytes.mid(bytes.indexOf('\n') + 1);
 }
 
+class FolderFileLines : public LineReader {
+  public:
+    explicit FolderFileLines(const QString& path) : file_(path) {
+        OpenForReading(file_);
+        const bool hasMark = View(file_.peek(kLongestMark)).starts_with(kUtf8Mark);
+        isUtf8_ = hasMark || AllLinesAreUtf8();
+        file_.seek(hasMark ? static_cast<qint64>(kUtf8Mark.size()) : 0);
+    }
+
+    std::optional<Text> Next() override {
+        if (file_.atEnd()) return std::nullopt;
+        const QByteArray bytes = file_.readLine();
+        std::string_view line = View(bytes);
+        if (line.ends_with('\n')) line.remove_suffix(1);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        return isUtf8_ ? FromUtf8(line) : FromCodePage(line);
+    }
+
+  private:
+    bool AllLinesAreUtf8() {
+        while (!file_.atEnd()) {
+            if (!IsUtf8(View(file_.readLine()))) return false;
+        }
+        return true;
+    }
+
+    QFile file_;
+    bool isUtf8_ = false;
+};
+
+class GrowingFolderFile : public GrowingFile {
+  public:
+    explicit GrowingFolderFile(const QString& path) : file_(path) {
+        OpenForWriting(file_, QIODevice::Append);
+    }
+
+    void Write(const std::string& bytes) override { commtest::Write(file_, bytes); }
+
+  private:
+    QFile file_;
+};
+
 }  // namespace
 
-FolderFiles::FolderFiles(const QString& folder)
-    : folder_(QDir(folder).absolutePath()), errorFile_(FullPath(Text(kErrorFileName))) {}
+FolderFiles::FolderFiles(const QString& folder) : folder_(QDir(folder).absolutePath()) {}
 
 QString FolderFiles::FullPath(const Text& name) const {
     return QDir(folder_).filePath(QString::fromStdU16String(name));
@@ -50,12 +95,28 @@ bool FolderFiles::Exists(const Text& name) const { return QFile::exists(FullPath
 
 Text FolderFiles::PathOf(const Text& name) const { return FullPath(name).toStdU16String(); }
 
-FileText FolderFiles::ReadText(const Text& name) const {
+Text FolderFiles::ReadWhole(const Text& name) const {
     QFile file(FullPath(name));
-    if (!file.open(QIODevice::ReadOnly)) throw RuntimeError(RuntimeError::kFileNotFound);
-    if (IsRichText(View(file.peek(kLongestMark)))) return {PlainTextOf(View(file.readAll())), false};
-    const bool isLong = file.size() > kLongestText;
-    return {FromFileBytes(View(isLong ? EndOf(file) : file.readAll())), isLong};
+    OpenForReading(file);
+    const QByteArray bytes = file.readAll();
+    return IsRichText(View(bytes)) ? PlainTextOf(View(bytes)) : FromFileBytes(View(bytes));
+}
+
+FileText FolderFiles::ReadEnd(const Text& name) const {
+    QFile file(FullPath(name));
+    OpenForReading(file);
+    if (file.size() <= kLongestText || IsRichText(View(file.peek(kLongestMark)))) {
+        return {ReadWhole(name), false};
+    }
+    return {FromFileBytes(View(EndOf(file))), true};
+}
+
+std::unique_ptr<LineReader> FolderFiles::ReadLines(const Text& name) const {
+    return std::make_unique<FolderFileLines>(FullPath(name));
+}
+
+std::unique_ptr<GrowingFile> FolderFiles::OpenForAppend(const Text& name) {
+    return std::make_unique<GrowingFolderFile>(FullPath(name));
 }
 
 void FolderFiles::SaveRichText(const Text& name, const Text& text) {
@@ -64,19 +125,8 @@ void FolderFiles::SaveRichText(const Text& name, const Text& text) {
     Write(file, RichTextOf(text));
 }
 
-void FolderFiles::OpenErrorFile() {
-    if (!errorFile_.isOpen()) OpenForWriting(errorFile_, QIODevice::Append);
-}
-
-void FolderFiles::CloseErrorFile() { errorFile_.close(); }
-
-void FolderFiles::WriteToErrorFile(const std::string& bytes) {
-    if (!errorFile_.isOpen()) throw RuntimeError(RuntimeError::kBadFile);
-    Write(errorFile_, bytes);
-}
-
 void FolderFiles::EmptyErrorFile() {
-    QFile file(errorFile_.fileName());
+    QFile file(FullPath(Text(kErrorFileName)));
     OpenForWriting(file, QIODevice::Truncate);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <QString>
 
 #include "host/program_files.h"
@@ -15,20 +14,17 @@ class FolderFiles : public ProgramFiles {
 
     bool Exists(const Text& name) const override;
     Text PathOf(const Text& name) const override;
-    FileText ReadText(const Text& name) const override;
+    Text ReadWhole(const Text& name) const override;
+    FileText ReadEnd(const Text& name) const override;
+    std::unique_ptr<LineReader> ReadLines(const Text& name) const override;
+    std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
-
-    void OpenErrorFile() override;
-    void CloseErrorFile() override;
-    bool ErrorFileIsOpen() const override { return errorFile_.isOpen(); }
-    void WriteToErrorFile(const std::string& bytes) override;
     void EmptyErrorFile() override;
 
   private:
     QString FullPath(const Text& name) const;
 
     QString folder_;
-    QFile errorFile_;
 };
 
 }  // namespace commtest

@@ -81,8 +81,6 @@ bool IsPair(TextView text) {
     return text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
 }
 
-bool IsUtf8(std::string_view bytes) { return !Contains(FromUtf8(bytes), u"\uFFFD"); }
-
 }  // namespace
 
 int CharacterCode(char16_t character) {
@@ -117,9 +115,10 @@ Text FromCodePage(std::string_view bytes) {
     return text;
 }
 
+bool IsUtf8(std::string_view bytes) { return !Contains(FromUtf8(bytes), u"\uFFFD"); }
+
 Text FromFileBytes(std::string_view bytes) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(kMark)) return FromUtf8(bytes.substr(kMark.size()));
+    if (bytes.starts_with(kUtf8Mark)) return FromUtf8(bytes.substr(kUtf8Mark.size()));
     return IsUtf8(bytes) ? FromUtf8(bytes) : FromCodePage(bytes);
 }
 

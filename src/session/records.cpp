@@ -14,8 +14,6 @@ namespace commtest {
 
 namespace {
 
-constexpr TextView kEndOnlyNote = u"(文件较长,只显示最后 1 MB)\r\n";
-
 // Two records of one second: the later one gets "-2" behind its digits.
 Text FreeRecordName(const MainForm& form) {
     const Text stem = Text(kRecordFolderName) + u"/记录" + RecordDigits(form.outside.clock.Now());
@@ -26,8 +24,9 @@ Text FreeRecordName(const MainForm& form) {
 }
 
 void ShowErrorFile(MainForm& form) {
-    const FileText file = form.outside.files.ReadText(Text(kErrorFileName));
-    form.RichTextBox2.Replace(Text(file.isEndOnly ? kEndOnlyNote : TextView()) + file.text);
+    const FileText file = form.outside.files.ReadEnd(Text(kErrorFileName));
+    form.RichTextBox2.Replace(file.text);
+    if (file.isEndOnly) form.StatusNote.Set({Notice::Kind::EndOfFile, Text(kErrorFileName)});
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ class DataTools {
     std::array<TextControl, 4> OutString;  // 0 input, 1 result, 2 explanation, 3 normalised input
     OptionGroup OutMode;                   // which conversion, by the index of kToolModes
     OptionGroup DataCrcMode;               // which protocol; 15 buttons
-    ListControl ConMeterList;              // no routine fills or reads it (Q198)
+    ListControl ConMeterList;              // no routine fills or reads it (Q165)
     OptionGroup ConShowType{0};            // OutString[3] as 0 hexadecimal bytes, 1 characters
     std::array<TextControl, 2> Command1;   // captions: 0 what the chosen mode does, 1 leave
     TextControl StatusBar1;                // date and time

@@ -30,6 +30,7 @@ QString WordsOn(const Notice& notice) {
         case Notice::Kind::NotThereYet: return NameOf(notice.feature) + u": 此功能尚未提供"_s;
         case Notice::Kind::NoCatalogue: return u"目录 %1 不能打开，请恢复该文件后重新启动"_s.arg(detail);
         case Notice::Kind::PortCaveat: return detail;
+        case Notice::Kind::EndOfFile: return u"%1 较长，只显示最后 1 MB"_s.arg(detail);
         case Notice::Kind::PortLost: return u"串口已断开,通讯停止！"_s;
         case Notice::Kind::NoUpdater: return u"更新程序不能启动！"_s;
         case Notice::Kind::None: break;

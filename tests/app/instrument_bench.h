@@ -62,7 +62,7 @@ class InstrumentBench : public BenchSession {
         files.OpenErrorFile();
     }
     // What has been logged as an error, and its first line behind the time stamp.
-    std::string ErrorRecords() const { return ToUtf8(files.ReadText(u"ErrorComm.ini").text); }
+    std::string ErrorRecords() const { return ToUtf8(files.ReadWhole(u"ErrorComm.ini")); }
     std::string ErrorLine() const { return ErrorRecords().empty() ? "" : ErrorRecords().substr(19); }
 };
 

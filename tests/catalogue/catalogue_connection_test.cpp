@@ -52,10 +52,10 @@ TEST_F(CatalogueConnectionTest, LineOfTheServerFileWithoutABlankHasNoValue) {
               "driver={SQL Server};Server=host;uid=;pwd=secret;database=");
 }
 
-TEST_F(CatalogueConnectionTest, ServerFileOfFewerThanFiveLinesIsUnreadable) {
+TEST_F(CatalogueConnectionTest, ServerFileOfFewerThanFourLinesIsUnreadable) {
     store.Offer(u"driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d", CreateCatalogueTables);
     for (const Text& file : {Text(u""), Text(u"server host\nuser sa\npassword secret"),
-                             Text(u"server host\r\nuser sa\r\npassword secret\r\ndatabase d\r\n")}) {
+                             Text(u"server host\r\nuser sa\r\npassword secret\r\n")}) {
         SCOPED_TRACE(ToUtf8(file));
         files.TextFiles[u"Setup.ini"] = file;
         try {
@@ -69,10 +69,14 @@ TEST_F(CatalogueConnectionTest, ServerFileOfFewerThanFiveLinesIsUnreadable) {
     }
 }
 
-TEST_F(CatalogueConnectionTest, FifthLineOfTheServerFileMayBeEmpty) {
-    files.TextFiles[u"Setup.ini"] = u"server host\nuser sa\npassword secret\ndatabase d\n\n";
-    EXPECT_EQ(ToUtf8(ServerCatalogue(files).location),
-              "driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d");
+TEST_F(CatalogueConnectionTest, FourLinesOfTheServerFileAreEnough) {
+    for (const Text& file : {Text(u"server host\nuser sa\npassword secret\ndatabase d"),
+                             Text(u"server host\r\nuser sa\r\npassword secret\r\ndatabase d\r\n"),
+                             Text(u"server host\nuser sa\npassword secret\ndatabase d\n\n")}) {
+        files.TextFiles[u"Setup.ini"] = file;
+        EXPECT_EQ(ToUtf8(ServerCatalogue(files).location),
+                  "driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d");
+    }
 }
 
 TEST_F(CatalogueConnectionTest, MissingLocalFileLeavesTheStoreClosedAndIsPassedOver) {

@@ -75,6 +75,8 @@ TEST_F(StartUp, FirstRunShowsTheDefaults) {
     EXPECT_EQ(Panel(1), "衡岫仪器公司    本地数据库");
     EXPECT_EQ(Panel(2), "串口设置:  COM1  9600,N,8,1   状态:  关闭");
     EXPECT_EQ(form.ShowTypeStep, 1);
+    EXPECT_TRUE(form.ConCommString[0].Visible());
+    EXPECT_TRUE(form.ConCommString[1].Visible());
 }
 
 // --- The steps ---
@@ -150,9 +152,9 @@ TEST_F(StartUp, LayoutIsPressedAsOftenAsTheSettingSays) {
         bool record;
     };
     for (const Case& layout :
-         {Case{u"0", 0, true, true}, Case{u"1", 1, true, true}, Case{u"2", 2, true, false},
+         {Case{u"0", 0, false, true}, Case{u"1", 1, true, true}, Case{u"2", 2, true, false},
           Case{u"3", 0, false, true}, Case{u"4", 1, true, true}, Case{u"2.9", 2, true, false},
-          Case{u"-1", 0, true, true}, Case{u"x", 0, true, true}, Case{u"1E9", 1, true, true}}) {
+          Case{u"-1", 0, false, true}, Case{u"x", 0, false, true}, Case{u"1E9", 1, true, true}}) {
         SCOPED_TRACE(ToUtf8(layout.stored));
         Session other({line, dialogs, line, files, store, settings, program});
         settings.Values[u"ShowType"] = layout.stored;
@@ -214,6 +216,44 @@ TEST_F(StartUp, LastSessionIsRestored) {
     EXPECT_TRUE(form.ShowMode.IsChosen(1));
     EXPECT_EQ(Instrument(), ToUtf8(form.ConMeterName[0].At(2)));
     EXPECT_EQ(ToUtf8(form.MeterCodeText).substr(0, 2), "31");
+}
+
+TEST_F(StartUp, EmptyFieldStaysEmptyAndShiftsNoOther) {
+    struct Case {
+        Text stored;
+        std::string delay;
+        std::string address;
+        std::string count;
+        std::string protocol;
+    };
+    for (const Case& one : {Case{u"1000  16 6 2 1", "1000", "", "16", "ModBus-RTU协议"},
+                            Case{u" 7 16 6 2 1", "", "7", "16", "ModBus-RTU协议"},
+                            Case{u"1000 7  6 2 1", "1000", "7", "", "ModBus-RTU协议"},
+                            Case{u"1000 7 16  2 1", "1000", "7", "16", "TQ仪表协议"},
+                            Case{u"   6 2 1", "", "", "", "ModBus-RTU协议"}}) {
+        SCOPED_TRACE(ToUtf8(one.stored));
+        Session other({line, dialogs, line, files, store, settings, program});
+        settings.Values[u"SoftSeting"] = one.stored;
+        Form_Activate(other.Form());
+        EXPECT_EQ(ToUtf8(other.Form().ConDelayTime.Value()), one.delay);
+        EXPECT_EQ(ToUtf8(other.Form().ConMeterAddr.Value()), one.address);
+        EXPECT_EQ(ToUtf8(other.Form().ConDataNub.Value()), one.count);
+        EXPECT_EQ(ToUtf8(other.Form().ConCommTypeList.Value()), one.protocol);
+        EXPECT_EQ(other.Form().ConMeterName[0].Value(), other.Form().ConMeterName[0].At(2));
+    }
+    EXPECT_THAT(dialogs.Shown, IsEmpty());
+}
+
+TEST_F(StartUp, SettingsThatWereSavedWithAnEmptyFieldAreRestored) {
+    Start();
+    form.ConMeterAddr.Set(u"");
+    form.ConDataNub.Set(u"8");
+    SaveSettings(form);
+    EXPECT_EQ(Setting(u"SoftSeting"), "1000  8 0 0 1");
+    Session other({line, dialogs, line, files, store, settings, program});
+    Form_Activate(other.Form());
+    EXPECT_EQ(ToUtf8(other.Form().ConMeterAddr.Value()), "");
+    EXPECT_EQ(ToUtf8(other.Form().ConDataNub.Value()), "8");
 }
 
 TEST_F(StartUp, InstrumentThatIsGoneLeavesTheFirst) {

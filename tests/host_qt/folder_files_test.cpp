@@ -66,44 +66,130 @@ TEST_F(FolderFilesTest, FileExistsOnceItIsThere) {
 TEST_F(FolderFilesTest, TextMayBeInEitherEncodingAndKeepsItsLineEnds) {
     Put(QStringLiteral("utf8"), "仪表\r\n2\n");
     Put(QStringLiteral("cp936"), "\xD2\xC7\xB1\xED\r\n2\n");
-    EXPECT_EQ(ToUtf8(files.ReadText(u"utf8").text), "仪表\r\n2\n");
-    EXPECT_EQ(ToUtf8(files.ReadText(u"cp936").text), "仪表\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadWhole(u"utf8")), "仪表\r\n2\n");
+    EXPECT_EQ(ToUtf8(files.ReadWhole(u"cp936")), "仪表\r\n2\n");
 }
 
 TEST_F(FolderFilesTest, MissingTextIsError53) {
-    EXPECT_EQ(ErrorOf([this] { files.ReadText(u"none"); }), 53);
+    EXPECT_EQ(ErrorOf([this] { files.ReadWhole(u"none"); }), 53);
+    EXPECT_EQ(ErrorOf([this] { files.ReadEnd(u"none"); }), 53);
+    EXPECT_EQ(ErrorOf([this] { files.ReadLines(u"none"); }), 53);
 }
 
-TEST_F(FolderFilesTest, TextOfAMegabyteIsReadWhole) {
+TEST_F(FolderFilesTest, EndOfATextOfAMegabyteIsAllOfIt) {
     Put(QStringLiteral("long"), QByteArray(1024 * 1024, 'a'));
-    const FileText file = files.ReadText(u"long");
+    const FileText file = files.ReadEnd(u"long");
     EXPECT_EQ(file.text, Text(1024 * 1024, u'a'));
     EXPECT_FALSE(file.isEndOnly);
 }
 
-TEST_F(FolderFilesTest, OfALongerTextTheLastMegabyteIsReadFromALineOn) {
+TEST_F(FolderFilesTest, EndOfALongerTextIsItsLastMegabyteFromALineOn) {
     // The cut falls into the second character of the first line.
     QByteArray bytes = "仪表\n";
     bytes += QByteArray(1024 * 1024 - 3, 'a');
     Put(QStringLiteral("long"), bytes);
-    const FileText file = files.ReadText(u"long");
+    const FileText file = files.ReadEnd(u"long");
     EXPECT_EQ(file.text, Text(1024 * 1024 - 3, u'a'));
     EXPECT_TRUE(file.isEndOnly);
+    EXPECT_EQ(files.ReadWhole(u"long"), u"仪表\n" + Text(1024 * 1024 - 3, u'a'));
 }
 
 TEST_F(FolderFilesTest, RichTextIsReadAsItsPlainText) {
     Put(QStringLiteral("rich"), "{\\rtf1\\ansi{\\fonttbl{\\f0 x;}}\\'d2\\'c7\\u34920?\\par\r\nb}");
-    EXPECT_EQ(ToUtf8(files.ReadText(u"rich").text), "仪表\r\nb");
+    EXPECT_EQ(ToUtf8(files.ReadWhole(u"rich")), "仪表\r\nb");
 }
 
-TEST_F(FolderFilesTest, RichTextIsReadWholeAlsoBeyondAMegabyte) {
+TEST_F(FolderFilesTest, EndOfARichTextIsAllOfItAlsoBeyondAMegabyte) {
     QByteArray bytes = "{\\rtf1 a{\\pict ";
     bytes += QByteArray(1024 * 1024, '0');
     bytes += "}b}";
     Put(QStringLiteral("rich"), bytes);
-    const FileText file = files.ReadText(u"rich");
+    const FileText file = files.ReadEnd(u"rich");
     EXPECT_EQ(ToUtf8(file.text), "ab");
     EXPECT_FALSE(file.isEndOnly);
+}
+
+TEST_F(FolderFilesTest, LinesComeOneByOneWithoutTheirEnds) {
+    Put(QStringLiteral("lines"), "a \r\n\nb\r\n");
+    const auto lines = files.ReadLines(u"lines");
+    EXPECT_EQ(lines->Next(), u"a ");
+    EXPECT_EQ(lines->Next(), u"");
+    EXPECT_EQ(lines->Next(), u"b");
+    EXPECT_EQ(lines->Next(), std::nullopt);
+    EXPECT_EQ(lines->Next(), std::nullopt);
+}
+
+TEST_F(FolderFilesTest, LastLineNeedsNoEnd) {
+    Put(QStringLiteral("lines"), "a\nb");
+    const auto lines = files.ReadLines(u"lines");
+    EXPECT_EQ(lines->Next(), u"a");
+    EXPECT_EQ(lines->Next(), u"b");
+    EXPECT_EQ(lines->Next(), std::nullopt);
+}
+
+TEST_F(FolderFilesTest, EmptyFileHasNoLine) {
+    Put(QStringLiteral("lines"), "");
+    EXPECT_EQ(files.ReadLines(u"lines")->Next(), std::nullopt);
+    Put(QStringLiteral("mark"), "\xEF\xBB\xBF");
+    EXPECT_EQ(files.ReadLines(u"mark")->Next(), std::nullopt);
+}
+
+TEST_F(FolderFilesTest, LinesAreOfTheEncodingOfTheWholeFile) {
+    // The bytes of the first line would be UTF-8, too.
+    Put(QStringLiteral("cp936"), "\xC4\xA3\n\xD2\xC7\xB1\xED\n");
+    const auto codePage = files.ReadLines(u"cp936");
+    EXPECT_EQ(codePage->Next(), u"模");
+    EXPECT_EQ(codePage->Next(), u"仪表");
+
+    Put(QStringLiteral("utf8"), "仪表\n温度\n");
+    const auto utf8 = files.ReadLines(u"utf8");
+    EXPECT_EQ(utf8->Next(), u"仪表");
+    EXPECT_EQ(utf8->Next(), u"温度");
+
+    Put(QStringLiteral("mark"), "\xEF\xBB\xBF仪表\n\xD2\n");
+    const auto marked = files.ReadLines(u"mark");
+    EXPECT_EQ(marked->Next(), u"仪表");
+    EXPECT_EQ(marked->Next(), u"\uFFFD");
+}
+
+TEST_F(FolderFilesTest, LinesOfAFileOfManyMegabytesAreReadFromTheFirstOn) {
+    constexpr int kLines = 100'000;
+    Put(QStringLiteral("long"), QByteArray("000  仪表  2010 1 RW\n").repeated(kLines));
+    const auto lines = files.ReadLines(u"long");
+    int count = 0;
+    while (const auto line = lines->Next()) {
+        if (*line == u"000  仪表  2010 1 RW") ++count;
+    }
+    EXPECT_EQ(count, kLines);
+}
+
+TEST_F(FolderFilesTest, AppendedFileIsMadeAndGrowsAtItsEnd) {
+    {
+        const auto file = files.OpenForAppend(u"OutTQ.ini");
+        EXPECT_EQ(Content(QStringLiteral("OutTQ.ini")), "");
+        file->Write(ToCodePage(u"仪"));
+        EXPECT_EQ(Content(QStringLiteral("OutTQ.ini")), "\xD2\xC7");
+    }
+    files.OpenForAppend(u"OutTQ.ini")->Write("!\r\n");
+    EXPECT_EQ(Content(QStringLiteral("OutTQ.ini")), "\xD2\xC7!\r\n");
+}
+
+TEST_F(FolderFilesTest, AppendedFilesAreApartFromTheErrorFile) {
+    files.OpenErrorFile();
+    const auto file = files.OpenForAppend(u"OutTQ.ini");
+    files.WriteToErrorFile("error");
+    file->Write("list");
+    EXPECT_EQ(ErrorFile(), "error");
+    EXPECT_EQ(Content(QStringLiteral("OutTQ.ini")), "list");
+}
+
+TEST_F(FolderFilesTest, AppendedFileWithoutItsFolderIsError76) {
+    EXPECT_EQ(ErrorOf([this] { files.OpenForAppend(u"none/OutTQ.ini"); }), 76);
+}
+
+TEST_F(FolderFilesTest, AppendedFileThatCannotBeWrittenIsError52) {
+    QDir(path).mkdir(QStringLiteral("OutTQ.ini"));
+    EXPECT_EQ(ErrorOf([this] { files.OpenForAppend(u"OutTQ.ini"); }), 52);
 }
 
 TEST_F(FolderFilesTest, RecordIsSavedAsRichText) {

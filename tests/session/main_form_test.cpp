@@ -44,6 +44,12 @@ TEST_F(NewForm, WritesFourBytesAndStepsTheIntervalByOne) {
     EXPECT_EQ(ToUtf8(form.ConDataNub.Value()), "16");
 }
 
+TEST_F(NewForm, ShowsTheRecordAlone) {
+    EXPECT_EQ(form.ShowTypeStep, 0);
+    EXPECT_FALSE(form.ConCommString[0].Visible());
+    EXPECT_TRUE(form.ConCommString[1].Visible());
+}
+
 TEST_F(NewForm, HasItsStartStillBeforeIt) {
     EXPECT_FALSE(form.Activated);
     EXPECT_EQ(ToUtf8(form.Caption.Value()), "");

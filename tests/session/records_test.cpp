@@ -175,7 +175,8 @@ TEST(ClearFileCommand_Click, SaysWhereOnlyTheEndOfTheErrorFileIsShown) {
     bench.files.ErrorFile = "records";
     bench.files.ErrorFileIsLong = true;
     ClearFileCommand_Click(bench.form, 1);
-    EXPECT_EQ(ToUtf8(bench.form.RichTextBox2.WholeText()), "(文件较长,只显示最后 1 MB)\r\nrecords");
+    EXPECT_EQ(ToUtf8(bench.form.RichTextBox2.WholeText()), "records");
+    EXPECT_EQ(bench.form.StatusNote.Value().kind, Notice::Kind::EndOfFile);
 }
 
 // --- The record ---

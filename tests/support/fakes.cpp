@@ -1,10 +1,50 @@
 #include "support/fakes.h"
 
+#include <utility>
+
 #include "host/file_names.h"
 #include "runtime/code_page.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest::testing {
+
+namespace {
+
+class LinesOfText : public LineReader {
+  public:
+    explicit LinesOfText(Text text) : rest_(std::move(text)) {}
+
+    std::optional<Text> Next() override {
+        if (rest_.empty()) return std::nullopt;
+        Text line = Before(rest_, u'\n');
+        rest_ = Behind(rest_, u'\n');
+        if (line.ends_with(u'\r')) line.pop_back();
+        return line;
+    }
+
+  private:
+    Text rest_;
+};
+
+class GrowingBytes : public GrowingFile {
+  public:
+    explicit GrowingBytes(std::string& file) : file_(file) {}
+    void Write(const std::string& bytes) override { file_ += bytes; }
+
+  private:
+    std::string& file_;
+};
+
+class GrowingText : public GrowingFile {
+  public:
+    explicit GrowingText(Text& file) : file_(file) {}
+    void Write(const std::string& bytes) override { file_ += FromCodePage(bytes); }
+
+  private:
+    Text& file_;
+};
+
+}  // namespace
 
 std::optional<Text> FakeDialogs::NextAnswer() {
     if (nextAnswer_ >= Answers.size()) return std::nullopt;
@@ -48,21 +88,29 @@ bool FakeProgramFiles::Exists(const Text& name) const {
     return TextFiles.contains(name);
 }
 
-FileText FakeProgramFiles::ReadText(const Text& name) const {
-    if (name == kErrorFileName) return {FromFileBytes(ErrorFile), ErrorFileIsLong};
+Text FakeProgramFiles::ReadWhole(const Text& name) const {
+    if (name == kErrorFileName) return FromFileBytes(ErrorFile);
     const auto found = TextFiles.find(name);
     if (found == TextFiles.end()) throw RuntimeError(RuntimeError::kFileNotFound);
-    return {found->second, false};
+    return found->second;
+}
+
+FileText FakeProgramFiles::ReadEnd(const Text& name) const {
+    return {ReadWhole(name), name == kErrorFileName && ErrorFileIsLong};
+}
+
+std::unique_ptr<LineReader> FakeProgramFiles::ReadLines(const Text& name) const {
+    return std::make_unique<LinesOfText>(ReadWhole(name));
+}
+
+std::unique_ptr<GrowingFile> FakeProgramFiles::OpenForAppend(const Text& name) {
+    if (name == kErrorFileName) return std::make_unique<GrowingBytes>(ErrorFile);
+    return std::make_unique<GrowingText>(TextFiles[name]);
 }
 
 void FakeProgramFiles::SaveRichText(const Text& name, const Text& text) {
     if (!HasRecordFolder) throw RuntimeError(RuntimeError::kPathNotFound);
     SavedRecords.emplace_back(name, text);
-}
-
-void FakeProgramFiles::WriteToErrorFile(const std::string& bytes) {
-    if (!errorFileIsOpen_) throw RuntimeError(RuntimeError::kBadFile);
-    ErrorFile += bytes;
 }
 
 DateTime FakeProgram::FileTime(const Text& path) const {

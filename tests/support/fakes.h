@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -60,16 +61,12 @@ class FakeProgramFiles : public ProgramFiles {
 
     bool Exists(const Text& name) const override;
     Text PathOf(const Text& name) const override { return u"folder/" + name; }
-    FileText ReadText(const Text& name) const override;
+    Text ReadWhole(const Text& name) const override;
+    FileText ReadEnd(const Text& name) const override;
+    std::unique_ptr<LineReader> ReadLines(const Text& name) const override;
+    std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
-    void OpenErrorFile() override { errorFileIsOpen_ = true; }
-    void CloseErrorFile() override { errorFileIsOpen_ = false; }
-    bool ErrorFileIsOpen() const override { return errorFileIsOpen_; }
-    void WriteToErrorFile(const std::string& bytes) override;
     void EmptyErrorFile() override { ErrorFile.clear(); }
-
-  private:
-    bool errorFileIsOpen_ = false;
 };
 
 class FakeProgram : public ProgramProcess {
