@@ -10,10 +10,10 @@ target_compile_options(commtest_warnings INTERFACE
 
 # Headers that cost more than the sources that include them. They are read once for all sources of a kind.
 set(headers_of_tests <gmock/gmock.h> <gtest/gtest.h>)
-set(headers_of_toolkit <QtCore> <QtSerialPort> <QtSql>)
-set(headers_of_window ${headers_of_toolkit} <QtWidgets>)
-set(headers_of_toolkit_tests ${headers_of_toolkit} ${headers_of_tests})
-set(headers_of_window_tests ${headers_of_window} <QtTest> ${headers_of_tests})
+set(headers_of_toolkit <QDir> <QString>)
+set(headers_of_toolkit_tests ${headers_of_toolkit} <QTemporaryDir> ${headers_of_tests})
+set(headers_of_window <QApplication> <QComboBox> <QLabel> <QLineEdit> <QMenu> <QPainter> <QSettings> <QWidget>)
+set(headers_of_window_tests ${headers_of_window} <QTemporaryDir> <QTest> ${headers_of_tests})
 
 # commtest_precompile(NAME KIND): the first target of a kind precompiles its headers, the others share them.
 function(commtest_precompile name kind)
