@@ -85,6 +85,13 @@ void ConMeterType_Click(MainForm& form, int index) {
     ConMeterAddr_Change(form);
 }
 
+void ChooseProtocolOfType(MainForm& form, int index) {
+    const auto type = static_cast<std::size_t>(index);
+    if (type >= form.ConMeterType.Captions.size()) throw RuntimeError(RuntimeError::kSubscript);
+    form.ConCommTypeList.Set(form.ConMeterType.Captions[type]);
+    RunIfSet(form.ConCommTypeList.Click);
+}
+
 void LoadInstrumentNames(MainForm& form) {
     ListControl& names = form.InstrumentList();
     names.Clear();

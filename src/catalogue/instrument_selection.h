@@ -11,6 +11,10 @@ void ConCommTypeList_Click(MainForm& form);
 // Option button `index` from 0. Demonstration is offered with the first protocol.
 void ConMeterType_Click(MainForm& form, int index);
 
+// What a click of the user on option button `index` does: the protocol of its caption is chosen as from the
+// list of protocols. Error 9 behind the last option.
+void ChooseProtocolOfType(MainForm& form, int index);
+
 // Fills the list of instruments for the protocol named in ConCommTypeList and chooses the first. The
 // catalogue's own code of the last instrument wins over the code of the option button. Errors of the store
 // pass through.

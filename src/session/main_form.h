@@ -12,6 +12,7 @@
 #include "session/outcome_ring.h"
 #include "session/protocol.h"
 #include "session/record_pane.h"
+#include "session/statistics_number.h"
 #include "session/stop.h"
 #include "session/texts.h"
 
@@ -126,11 +127,12 @@ struct SearchChoice {
 
 // The record, the other texts that come and go, and what keeps them.
 struct RecordTexts {
-    std::array<RecordPane, 2> ConCommString;    // 0 conversion texts, 1 the record
-    RecordPane RichTextBox1;                    // shows the help text
-    RecordPane RichTextBox2;                    // shows the error file
-    std::array<TextControl, 3> ConCommMessage;  // failure line, total line, both
-    std::array<TickControl, 2> ConAutoSave;     // 0 the record, 1 errors
+    std::array<RecordPane, 2> ConCommString;           // 0 conversion texts, 1 the record
+    RecordPane RichTextBox1;                           // shows the help text
+    RecordPane RichTextBox2;                           // shows the error file
+    std::array<TextControl, 3> ConCommMessage;         // failure line, total line, both
+    std::array<StatisticsNumbers, 3> ShownStatistics;  // the numbers in these captions
+    std::array<TickControl, 2> ConAutoSave;            // 0 the record, 1 errors
     std::array<Presence, 2> ClearFileCommand;
     TickControl ConSaveData;
     std::int16_t ShowTypeStep = 0;  // layout step of the two panes, 0..2

@@ -19,10 +19,36 @@ void RecordSearchHit(MainForm& form) {
     form.Record().PutOnTop({std::move(block)});
 }
 
-Text FailureRate(const MainForm& form) {
+struct StatisticsCaption {
+    Text text;
+    StatisticsNumbers numbers;
+};
+
+void Add(StatisticsCaption& caption, TextView number, bool isFailure) {
+    caption.numbers.Add({caption.text.size(), number.size(), isFailure});
+    caption.text += number;
+}
+
+void AddFailures(StatisticsCaption& caption, TextView words, std::int32_t count) {
+    caption.text += words;
+    Add(caption, WholeText(count), count > 0);
+}
+
+void AddRate(StatisticsCaption& caption, const MainForm& form) {
     const std::int32_t failures = Add32(Add32(form.IncompleteCount, form.CheckErrorCount), form.NoReplyCount);
     const double rate = static_cast<double>(Multiply32(failures, 100)) / form.SendCount;
-    return GroupedText(rate, 2) + u" %";
+    Add(caption, GroupedText(rate, 2) + u" %", failures > 0);
+}
+
+void Append(StatisticsCaption& caption, const StatisticsCaption& behind) {
+    for (const StatisticsNumber& number : behind.numbers)
+        caption.numbers.Add({caption.text.size() + number.position, number.length, number.isFailure});
+    caption.text += behind.text;
+}
+
+void Show(MainForm& form, std::size_t index, const StatisticsCaption& caption) {
+    form.ConCommMessage[index].Set(caption.text);
+    form.ShownStatistics[index] = caption.numbers;
 }
 
 }  // namespace
@@ -39,15 +65,21 @@ void RouteReply(MainForm& form) {
 }
 
 void ShowStatistics(MainForm& form) {
-    const Text total =
-        Text(form.texts.beforeTotal) + WholeText(form.SendCount) + Text(form.texts.behindTotal);
-    form.ConCommMessage[1].Set(total);
-    Text failures = u"数据不完整 " + WholeText(form.IncompleteCount) + u" 次;校验出错 " +
-                    WholeText(form.CheckErrorCount) + u" 次;无应答 " + WholeText(form.NoReplyCount) +
-                    u" 次; 错误率 ";
-    if (form.SendCount >= 1) failures += FailureRate(form);
-    form.ConCommMessage[0].Set(failures);
-    form.ConCommMessage[2].Set(total + Text(9, u' ') + failures);
+    StatisticsCaption total;
+    total.text = form.texts.beforeTotal;
+    Add(total, WholeText(form.SendCount), false);
+    total.text += form.texts.behindTotal;
+    Show(form, 1, total);
+    StatisticsCaption failures;
+    AddFailures(failures, u"数据不完整 ", form.IncompleteCount);
+    AddFailures(failures, u" 次;校验出错 ", form.CheckErrorCount);
+    AddFailures(failures, u" 次;无应答 ", form.NoReplyCount);
+    failures.text += u" 次; 错误率 ";
+    if (form.SendCount >= 1) AddRate(failures, form);
+    Show(form, 0, failures);
+    total.text.append(9, u' ');
+    Append(total, failures);
+    Show(form, 2, total);
 }
 
 }  // namespace commtest

@@ -8,7 +8,7 @@ class MainForm;
 // instrument), and refreshes the statistics. One that judges no replies keeps its ReplyText.
 void RouteReply(MainForm& form);
 
-// The captions of ConCommMessage. Error 6 above 21474836 failures.
+// The captions of ConCommMessage and the places of their numbers. Error 6 above 21474836 failures.
 void ShowStatistics(MainForm& form);
 
 }  // namespace commtest

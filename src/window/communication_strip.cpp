@@ -85,9 +85,10 @@ void CommunicationStrip::AddSentFrame(Binder& binder) {
 }
 
 void CommunicationStrip::AddShowModes(Binder& binder) {
-    auto* ascii = new QRadioButton(u" ASCii码方式"_s, this);  // Q186: spelled so
+    const Captions& captions = binder.Form().texts.captions;
+    auto* ascii = new QRadioButton(ToQt(captions.ascii), this);  // Q186: spelled so
     ascii->setToolTip(u"对Modbus等协议可能出现不可见的字符"_s);
-    auto* hexadecimal = new QRadioButton(u" 十六进制方式"_s, this);
+    auto* hexadecimal = new QRadioButton(ToQt(captions.hexadecimal), this);
     for (QRadioButton* mode : {ascii, hexadecimal}) {
         mode->setProperty("tight", true);
         firstLine_->addWidget(mode);
@@ -124,7 +125,7 @@ void CommunicationStrip::FillPace(Binder& binder) {
 }
 
 void CommunicationStrip::AddPaneSwitch(Binder& binder) {
-    auto* paneSwitch = new QPushButton(u"显示切换"_s, this);
+    auto* paneSwitch = new QPushButton(ToQt(binder.Form().texts.captions.displaySwitch), this);
     paneSwitch->setToolTip(u"可显示数据转换过程"_s);
     connect(paneSwitch, &QPushButton::clicked, this,
             [&binder] { binder.Event([&binder] { ConShowCommand_Click(binder.Form()); }); });

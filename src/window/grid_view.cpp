@@ -189,7 +189,11 @@ void GridView::UpdateRow(int row) {
 
 // --- Widths ---
 
-void GridView::SetRowHeight(int pixels) { verticalHeader()->setDefaultSectionSize(pixels); }
+// The style would not have a row lower than a high font likes it.
+void GridView::SetRowHeight(int pixels) {
+    verticalHeader()->setMinimumSectionSize(pixels);
+    verticalHeader()->setDefaultSectionSize(pixels);
+}
 
 void GridView::FitColumns() {
     const QScopedValueRollback fitting(isFitting_, true);

@@ -4,6 +4,13 @@
 
 namespace commtest {
 
+namespace {
+
+constexpr int kTitleHeight = 16;
+constexpr int kCaptionHeight = 15;
+
+}  // namespace
+
 QFrame* MakeHairline(Qt::Orientation orientation, int length) {
     auto* line = new QFrame;
     line->setProperty("hairline", true);
@@ -18,14 +25,28 @@ QFrame* MakeHairline(Qt::Orientation orientation, int length) {
     return line;
 }
 
+QLabel* MakeTitle(const QString& text) {
+    auto* title = new QLabel(text);
+    title->setFixedHeight(kTitleHeight);
+    return title;
+}
+
 QLabel* MakeCaption(const QString& text, QWidget* buddy) {
     auto* label = new QLabel(text);
     label->setProperty("caption", true);
+    label->setFixedHeight(kCaptionHeight);
     if (buddy != nullptr) {
         label->setBuddy(buddy);
         buddy->setAccessibleName(text);
     }
     return label;
+}
+
+QLabel* MakeHint(const QString& text) {
+    auto* hint = new QLabel(text);
+    hint->setProperty("caption", true);
+    hint->setWordWrap(true);
+    return hint;
 }
 
 QWidget* MakeCaptioned(const QString& caption, QWidget* field) {

@@ -4,14 +4,27 @@
 #include <QLabel>
 #include <QWidget>
 
+#include "runtime/text.h"
+
 // Small pieces that the pages are put together of.
 namespace commtest {
+
+// A text of the core as the toolkit takes it.
+inline QString ToQt(TextView text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 // A line of one pixel; `length` 0 takes what there is.
 QFrame* MakeHairline(Qt::Orientation orientation, int length = 0);
 
-// A label in caption type; `buddy` gets its accessible name from it.
+// The head of a group: a line as high as the design has it, whatever the font.
+QLabel* MakeTitle(const QString& text);
+
+// A line of caption type, of a fixed height, too; `buddy` gets its accessible name from it.
 QLabel* MakeCaption(const QString& text, QWidget* buddy = nullptr);
+
+// Caption type of as many lines as it takes.
+QLabel* MakeHint(const QString& text);
 
 // A field under its caption.
 QWidget* MakeCaptioned(const QString& caption, QWidget* field);

@@ -42,9 +42,10 @@ QWidget* PortPage::MakeForm() {
     grid->setContentsMargins(12, 12, 12, 12);
     grid->setSpacing(8);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(new QLabel(u"串口属性"_s, contents), 0, 0, 1, 2);
-    const QStringList captions = {u"串口号："_s, u"波特率："_s, u"数据位："_s, u"校验位："_s, u"停止位："_s};
-    for (int index = 0; index < captions.size(); ++index) AddField(*grid, index, captions[index], contents);
+    grid->addWidget(MakeTitle(u"串口属性"_s), 0, 0, 1, 2);
+    int index = 0;
+    for (const TextView caption : binder_.Form().texts.captions.portFields)
+        AddField(*grid, index++, ToQt(caption), contents);
     const int behind = grid->rowCount();
     grid->addWidget(MakeCaption(u"提示: 串口设置将自动生效"_s), behind, 0, 1, 2);
     grid->setRowStretch(behind + 1, 1);

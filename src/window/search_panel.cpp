@@ -42,7 +42,7 @@ SearchPanel::SearchPanel(Binder& binder, QWidget* parent)
     firstLine_ = AddLine(*lines, kLineHeight);
     secondLine_ = AddLine(*lines, kLineHeight);
     thirdLine_ = AddLine(*lines, 0);
-    hint_->setMinimumHeight(kLineHeight);
+    hint_->setFixedHeight(kLineHeight);
     FillFirstLine();
     FillSecondLine();
     SetNarrow(false);
@@ -59,6 +59,7 @@ void SearchPanel::SetNarrow(bool narrow) {
 
 void SearchPanel::FillFirstLine() {
     MainForm& form = binder_.Form();
+    const Captions& captions = form.texts.captions;
     const auto addField = [this](const QString& caption, QWidget* field, int width) {
         field->setFixedWidth(width);
         field->setAccessibleName(caption);
@@ -72,18 +73,18 @@ void SearchPanel::FillFirstLine() {
         Bind(binder_, control, *address);
         addField(caption, address, kAddressWidth);
     };
-    firstLine_->addWidget(new QLabel(u"仪表搜索设置"_s, this));
+    firstLine_->addWidget(new QLabel(ToQt(captions.search), this));
     firstLine_->addSpacing(8);
-    addField(u"串口编号"_s, new PortBox(binder_, form.ConSettingComm, this), kPortWidth);
-    addAddress(u"开始地址"_s, form.ConSettingDE[0]);
-    addAddress(u"结束地址"_s, form.ConSettingDE[1]);
+    addField(ToQt(captions.searchPort), new PortBox(binder_, form.ConSettingComm, this), kPortWidth);
+    addAddress(ToQt(captions.searchStartAddress), form.ConSettingDE[0]);
+    addAddress(ToQt(captions.searchEndAddress), form.ConSettingDE[1]);
     firstLine_->addStretch();
-    AddButton(u"开始搜索"_s, 1, true);
-    AddButton(u"放弃搜索"_s, 0, false);
+    AddButton(ToQt(captions.searchStart), 1, true);
+    AddButton(ToQt(captions.searchClose), 0, false);
 }
 
 void SearchPanel::FillSecondLine() {
-    secondLine_->addWidget(new QLabel(u"波特率范围"_s, this));
+    secondLine_->addWidget(new QLabel(ToQt(binder_.Form().texts.captions.searchBaudRates), this));
     for (std::size_t index = 0; index < kSearchBaudRates.size(); ++index) {
         auto* box = new QCheckBox(QString::fromStdU16String(Text(kSearchBaudRates[index])), this);
         box->setProperty("tight", true);

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "catalogue/instrument_selection.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
 
@@ -19,6 +20,8 @@ namespace {
 constexpr int kOptionCount = 14;
 constexpr int kFewestOptionsInView = 5;
 constexpr int kLargestAddress = 255;
+constexpr int kTickHeight = 20;
+constexpr int kGapOfTicks = 4;
 
 QComboBox* MakeList(Binder& binder, ListControl& control, const QString& name, const QString& tip) {
     auto* box = new QComboBox;
@@ -62,26 +65,27 @@ Sidebar::Sidebar(Binder& binder, QWidget* parent) : QScrollArea(parent), binder_
 
 QWidget* Sidebar::MakeFields(Binder& binder) {
     MainForm& form = binder.Form();
+    const Captions& captions = form.texts.captions;
     auto* fields = new QWidget;
     auto* layout = new QVBoxLayout(fields);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    layout->addWidget(new QLabel(u"仪表选择"_s));
+    layout->addWidget(MakeTitle(ToQt(captions.instrumentSelection)));
     layout->addWidget(
         MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s));
     layout->addWidget(MakeCaptioned(
-        u"名称"_s,
-        MakeList(binder, form.InstrumentList(), u"名称"_s,
+        ToQt(captions.instrumentName),
+        MakeList(binder, form.InstrumentList(), ToQt(captions.instrumentName),
                  u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s)));
     auto* pair = new QHBoxLayout;
     pair->setSpacing(8);
     TextSpinBox* address = MakeSpinBox(binder, form.ConMeterAddr, {});
     address->setObjectName(u"ConMeterAddr"_s);
     address->SetRange(0, kLargestAddress);
-    pair->addWidget(MakeCaptioned(u"仪表地址"_s, address));
+    pair->addWidget(MakeCaptioned(ToQt(captions.instrumentAddress), address));
     TextSpinBox* count = MakeSpinBox(binder, form.ConDataNub, u"在逐个读取参数时,设置每次读取参数的个数"_s);
     count->SetRange(1, kLargestAddress);
-    pair->addWidget(MakeCaptioned(u"参数个数"_s, count));
+    pair->addWidget(MakeCaptioned(ToQt(captions.parameterCount), count));
     layout->addLayout(pair);
     // Q178: nothing reads it.
     layout->addWidget(
@@ -114,16 +118,11 @@ QWidget* Sidebar::MakeOptions(Binder& binder) {
     return optionList_;
 }
 
-// An option stands for the protocol of its caption: it is chosen as from the list, which chooses the option
-// in turn and fills the list of instruments.
 void Sidebar::BindOptions(Binder& binder) {
     MainForm& form = binder.Form();
-    for (QAbstractButton* option : options_) {
-        connect(option, &QAbstractButton::clicked, this, [&binder, &form, option] {
-            binder.Event([&form, option] {
-                form.ConCommTypeList.Set(option->text().toStdU16String());
-                RunIfSet(form.ConCommTypeList.Click);
-            });
+    for (int index = 0; index < kOptionCount; ++index) {
+        connect(options_[index], &QAbstractButton::clicked, this, [&binder, &form, index] {
+            binder.Event([&form, index] { ChooseProtocolOfType(form, index); });
         });
     }
     binder.Watch(form.ConMeterType, [this, &form] {
@@ -142,33 +141,35 @@ void Sidebar::BindOptions(Binder& binder) {
 
 QWidget* Sidebar::MakeAdvanced(Binder& binder) {
     MainForm& form = binder.Form();
+    const Captions& captions = form.texts.captions;
     auto* advanced = new QWidget;
     auto* layout = new QGridLayout(advanced);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(8);
-    layout->setVerticalSpacing(8);
+    layout->setVerticalSpacing(kGapOfTicks);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
     auto* title = new QHBoxLayout;
+    title->setContentsMargins(0, 0, 0, 8 - kGapOfTicks);
     title->setSpacing(4);
-    title->addWidget(new QLabel(u"高级设置"_s));
+    title->addWidget(MakeTitle(ToQt(captions.advancedSettings)));
     title->addWidget(MakeCaption(u"(通讯时,可不理会这些设置)"_s));
     title->addStretch();
     layout->addLayout(title, 0, 0, 1, 2);
-    const auto add = [&](TickControl& control, const QString& caption, const QString& tip, int row,
-                         int column) {
-        auto* box = new QCheckBox(caption);
+    const auto add = [&](TickControl& control, TextView caption, const QString& tip, int row, int column) {
+        auto* box = new QCheckBox(ToQt(caption));
+        box->setFixedHeight(kTickHeight);
         box->setToolTip(tip);
         Bind(binder, control, *box);
         layout->addWidget(box, row, column);
     };
-    add(form.Check2, u"任意长度"_s, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s, 1, 0);
-    add(form.ConSelChange, u"停止滚屏"_s, {}, 1, 1);
-    add(form.ConAutoSave[0], u"自动保存记录"_s, u"保存所有的通讯过程"_s, 2, 0);
-    add(form.ConAutoSave[1], u"保存错误记录"_s, {}, 2, 1);
-    add(form.ConSaveData, u"数据采集"_s, u"收集并保存通讯数据,供仿真使用"_s, 3, 0);
-    add(form.ConMyCommDriver, u"数据演示"_s, u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s, 3,
-        1);
+    add(form.Check2, captions.anyLength, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s, 1, 0);
+    add(form.ConSelChange, captions.stopScrolling, {}, 1, 1);
+    add(form.ConAutoSave[0], captions.saveRecord, u"保存所有的通讯过程"_s, 2, 0);
+    add(form.ConAutoSave[1], captions.saveErrors, {}, 2, 1);
+    add(form.ConSaveData, captions.capture, u"收集并保存通讯数据,供仿真使用"_s, 3, 0);
+    add(form.ConMyCommDriver, captions.replay, u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s,
+        3, 1);
     return advanced;
 }
 

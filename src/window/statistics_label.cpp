@@ -1,10 +1,10 @@
 #include "window/statistics_label.h"
 
+#include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QRegularExpression>
-#include <algorithm>
+#include <cmath>
 
 #include "session/records.h"
 #include "window/bindings.h"
@@ -19,76 +19,62 @@ namespace {
 constexpr int kLineHeight = 25;
 constexpr int kGapBehindTotal = 24;
 
-bool TellsFailure(QStringView words) {
-    return words.contains(u"校验出错") || words.contains(u"无应答") || words.contains(u"不完整") ||
-           words.contains(u"错误率");
-}
-
-const QRegularExpression kNumber(u"\\d[\\d,.]*(?: %)?"_s);
-const QRegularExpression kDigitAboveZero(u"[1-9]"_s);
-
-const QColor& ColourOf(StatisticsPart::Kind kind, const Tokens& tokens) {
-    switch (kind) {
-        case StatisticsPart::Kind::Words: return tokens.text2;
-        case StatisticsPart::Kind::Number: return tokens.text;
-        case StatisticsPart::Kind::Failure: break;
-    }
-    return tokens.warn;
-}
-
 }  // namespace
-
-std::vector<StatisticsPart> PartsOfStatistics(const QString& text) {
-    using Kind = StatisticsPart::Kind;
-    std::vector<StatisticsPart> parts;
-    qsizetype done = 0;
-    for (const QRegularExpressionMatch& number : kNumber.globalMatch(text)) {
-        const QString words = text.mid(done, number.capturedStart() - done);
-        const bool isFailure = TellsFailure(words) && number.captured().contains(kDigitAboveZero);
-        parts.push_back({words, Kind::Words});
-        parts.push_back({number.captured(), isFailure ? Kind::Failure : Kind::Number});
-        done = number.capturedEnd();
-    }
-    parts.push_back({text.mid(done), Kind::Words});
-    std::erase_if(parts, [](const StatisticsPart& part) { return part.text.isEmpty(); });
-    return parts;
-}
 
 StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, QWidget* parent)
     : QWidget(parent), binder_(binder), theme_(theme) {
     setToolTip(u"双击则重新记数"_s);
     WhenEntered(*this, [this] { ClearCounters(); });
     connect(&theme, &Theme::Changed, this, qOverload<>(&QWidget::update));
-    const TextControl& message = binder.Form().ConCommMessage[static_cast<std::size_t>(index)];
-    binder.Watch(message, [this, &message] { Show(QString::fromStdU16String(message.Value())); });
+    const auto place = static_cast<std::size_t>(index);
+    const MainForm& form = binder.Form();
+    binder.Watch(form.ConCommMessage[place], [this, &form, place] {
+        Show(QString::fromStdU16String(form.ConCommMessage[place].Value()), form.ShownStatistics[place]);
+    });
 }
 
 // The place of a longer text is kept, so that the line is not laid out anew at each exchange.
-void StatisticsLabel::Show(const QString& text) {
-    setAccessibleName(text);
-    parts_ = PartsOfStatistics(text);
-    const int width = fontMetrics().horizontalAdvance(text);
+void StatisticsLabel::Show(const QString& caption, const StatisticsNumbers& numbers) {
+    setAccessibleName(caption);
+    Divide(caption, numbers);
+    const QFontMetricsF metrics(font());
+    double width = 0;
+    for (const Part& part : parts_) width += metrics.horizontalAdvance(part.text);
     if (width > width_) {
-        width_ = width;
+        width_ = static_cast<int>(std::ceil(width));
         updateGeometry();
     }
     update();
+}
+
+void StatisticsLabel::Divide(const QString& caption, const StatisticsNumbers& numbers) {
+    parts_.clear();
+    qsizetype done = 0;
+    for (const StatisticsNumber& number : numbers) {
+        const auto position = static_cast<qsizetype>(number.position);
+        const auto length = static_cast<qsizetype>(number.length);
+        parts_.push_back({caption.mid(done, position - done), &Tokens::text2});
+        parts_.push_back({caption.mid(position, length), number.isFailure ? &Tokens::warn : &Tokens::text});
+        done = position + length;
+    }
+    parts_.push_back({caption.mid(done), &Tokens::text2});
 }
 
 QSize StatisticsLabel::sizeHint() const { return {width_, fontMetrics().height()}; }
 
 void StatisticsLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QFontMetrics metrics = fontMetrics();
-    const int baseline = (height() - metrics.height()) / 2 + metrics.ascent();
-    int x = 0;
-    for (const StatisticsPart& part : parts_) {
+    const QFontMetricsF metrics(font());
+    const double baseline = std::round((height() - metrics.height()) / 2 + metrics.ascent());
+    double x = 0;
+    for (const Part& part : parts_) {
         const QString text = metrics.elidedText(part.text, Qt::ElideRight, width() - x);
-        painter.setPen(ColourOf(part.kind, theme_.Now()));
-        painter.drawText(x, baseline, text);
+        painter.setPen(theme_.Now().*part.ink);
+        painter.drawText(QPointF(x, baseline), text);
         x += metrics.horizontalAdvance(text);
+        if (text != part.text) break;
     }
-    if (hasFocus()) painter.fillRect(0, height() - 1, x, 1, theme_.Now().accent);
+    if (hasFocus()) painter.fillRect(QRectF(0, height() - 1, x, 1), theme_.Now().accent);
 }
 
 void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -8,16 +8,6 @@
 
 namespace commtest {
 
-// A stretch of a statistics text. A failure is a counter or a rate of failures above 0.
-struct StatisticsPart {
-    enum class Kind { Words, Number, Failure };
-    QString text;
-    Kind kind;
-    bool operator==(const StatisticsPart&) const = default;
-};
-
-std::vector<StatisticsPart> PartsOfStatistics(const QString& text);
-
 // ConCommMessage(index): 0 the failures, 1 the total, 2 both. The colours are a rendering; the plain text is
 // its accessible name. A double click starts the counters anew.
 class StatisticsLabel : public QWidget {
@@ -34,13 +24,19 @@ class StatisticsLabel : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
-    void Show(const QString& text);
+    struct Part {
+        QString text;
+        QColor Tokens::*ink;
+    };
+
+    void Show(const QString& caption, const StatisticsNumbers& numbers);
+    void Divide(const QString& caption, const StatisticsNumbers& numbers);
     void ClearCounters();
 
     Binder& binder_;
     const Theme& theme_;
-    std::vector<StatisticsPart> parts_;
-    int width_ = 0;  // of the widest text so far
+    std::vector<Part> parts_;  // of the caption, from the left
+    int width_ = 0;            // of the widest text so far
 };
 
 // The line under the record: the total, then the conclusion.

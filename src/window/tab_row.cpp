@@ -28,7 +28,7 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
 
     sidebarButton_->setProperty("flat", true);
     sidebarButton_->setIconSize({kIconSize, kIconSize});
-    sidebarButton_->setAccessibleName(u"仪表选择"_s);
+    sidebarButton_->setAccessibleName(ToQt(binder.Form().texts.captions.instrumentSelection));
     sidebarButton_->setFocusPolicy(Qt::StrongFocus);
     const auto showIcon = [this, &theme] {
         const Tokens& tokens = theme.Now();

@@ -28,6 +28,7 @@ constexpr QSize kFirst(1000, 620);
 constexpr QSize kFrame(16, 48);  // what a frame may take of a small screen
 constexpr int kChoicesWidth = 440;
 constexpr int kEdge = 16;
+constexpr int kControlHeight = 28;
 constexpr int kOptionHeight = 24;
 constexpr int kModeColumns = 2;
 constexpr int kFirstColumnWidth = 192;
@@ -99,10 +100,10 @@ QWidget* ToolWindow::MakeChoices() {
     auto* choices = new QWidget;
     auto* column = MakeColumn(choices, 8);
     column->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
-    column->addWidget(new QLabel(u"转换方式"_s));
+    column->addWidget(MakeTitle(u"转换方式"_s));
     column->addWidget(MakeModes());
     column->addWidget(MakeHairline(Qt::Horizontal));
-    column->addWidget(new QLabel(u"通讯协议"_s));
+    column->addWidget(MakeTitle(u"通讯协议"_s));
     column->addWidget(MakeProtocols());
     auto* instruments = new QComboBox;
     Bind(binder_, tools_.ConMeterList, *instruments);
@@ -164,11 +165,8 @@ QWidget* ToolWindow::MakeHints() {
         const QString& text :
         {u"1:十六进制数据是以空格或 \\ 符号相隔开,如 40 30 31\\52\\44...,也可与Ascii码混合输入,如 @ 30 31 R 44 31 37\\0D"_s,
          u"2:浮点数 目前仅在TQ智能流量类仪表中出现,用4个字节表示"_s,
-         u"3:浮点数与数值之间相互转换中存在着很小的误差"_s}) {
-        QLabel* hint = MakeCaption(text);
-        hint->setWordWrap(true);
-        column->addWidget(hint);
-    }
+         u"3:浮点数与数值之间相互转换中存在着很小的误差"_s})
+        column->addWidget(MakeHint(text));
     return hints;
 }
 
@@ -276,6 +274,7 @@ QWidget* ToolWindow::MakeCopyButton(const QString& name, const TextControl& sour
     button->setProperty("flat", true);
     button->setText(u"复制"_s);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFixedHeight(kControlHeight);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAccessibleName(name);
     button->setToolTip(name);

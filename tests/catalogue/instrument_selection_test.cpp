@@ -104,6 +104,35 @@ TEST_F(InstrumentSelection, ButtonBehindTheLastProtocolRaisesError9) {
     EXPECT_EQ(ErrorOf([&] { ConMeterType_Click(form, 14); }), 9);
 }
 
+TEST_F(InstrumentSelection, ClickOfTheUserOnAButtonChoosesItsProtocolAsFromTheList) {
+    bench.Add(u"A表", kNative, u"1101", Parameters(1));
+    bench.Add(u"C表", kRtu, u"3101", Parameters(1));
+    ClickProtocol(kNative);
+    ChooseProtocolOfType(form, 6);
+    EXPECT_EQ(ToUtf8(form.ConCommTypeList.Value()), "ModBus-RTU协议");
+    EXPECT_EQ(form.ConMeterType.Chosen(), 6);
+    EXPECT_EQ(form.ProtocolCode, 31);
+    EXPECT_EQ(form.ShowMode.Chosen(), 1);
+    EXPECT_EQ(Instrument(), "C表");
+}
+
+TEST_F(InstrumentSelection, ClickOfTheUserRunsTheClickOfTheListOnce) {
+    int clicks = 0;
+    form.ConCommTypeList.Click = [&] { ++clicks; };
+    ChooseProtocolOfType(form, 6);
+    EXPECT_EQ(clicks, 1);
+    form.ConMeterType.Choose(3);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(ToUtf8(form.ConCommTypeList.Value()), "ModBus-RTU协议");
+}
+
+TEST_F(InstrumentSelection, ClickOfTheUserBehindTheLastProtocolRaisesError9) {
+    ClickProtocol(kNative);
+    EXPECT_EQ(ErrorOf([&] { ChooseProtocolOfType(form, 14); }), 9);
+    EXPECT_EQ(ErrorOf([&] { ChooseProtocolOfType(form, -1); }), 9);
+    EXPECT_EQ(ToUtf8(form.ConCommTypeList.Value()), "TQ仪表协议");
+}
+
 TEST_F(InstrumentSelection, ProtocolComposesTheAddressInItsOwnForm) {
     form.ConMeterAddr.Set(u"10");
     ClickProtocol(kNative);

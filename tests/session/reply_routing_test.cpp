@@ -171,6 +171,45 @@ TEST(ShowStatistics, RateIsTheSumOfTheFailuresWithTwoDecimals) {
     }
 }
 
+// The caption with its numbers in brackets, a failure with "!" before it.
+std::string Marked(const MainForm& form, std::size_t index) {
+    Text caption = form.ConCommMessage[index].Value();
+    const StatisticsNumbers& numbers = form.ShownStatistics[index];
+    for (const auto* number = numbers.end(); number-- != numbers.begin();) {
+        caption.insert(number->position + number->length, u"]");
+        caption.insert(number->position, number->isFailure ? u"[!" : u"[");
+    }
+    return ToUtf8(caption);
+}
+
+TEST(ShowStatistics, TellsNumbersFromWordsAndFailuresFromNumbers) {
+    FormBench bench;
+    bench.form.SendCount = 1286;
+    bench.form.CheckErrorCount = 1;
+    bench.form.NoReplyCount = 30;
+    ShowStatistics(bench.form);
+    const std::string failures = "数据不完整 [0] 次;校验出错 [!1] 次;无应答 [!30] 次; 错误率 [!2.41 %]";
+    EXPECT_EQ(Marked(bench.form, 1), "总计通讯: [1286] 次");
+    EXPECT_EQ(Marked(bench.form, 0), failures);
+    EXPECT_EQ(Marked(bench.form, 2), "总计通讯: [1286] 次         " + failures);
+}
+
+TEST(ShowStatistics, RateIsAFailureWhileACounterIsEvenIfItRoundsToZero) {
+    FormBench bench;
+    bench.form.SendCount = 100000;
+    ShowStatistics(bench.form);
+    EXPECT_EQ(Marked(bench.form, 0), "数据不完整 [0] 次;校验出错 [0] 次;无应答 [0] 次; 错误率 [0.00 %]");
+    bench.form.IncompleteCount = 1;
+    ShowStatistics(bench.form);
+    EXPECT_EQ(Marked(bench.form, 0), "数据不完整 [!1] 次;校验出错 [0] 次;无应答 [0] 次; 错误率 [!0.00 %]");
+}
+
+TEST(ShowStatistics, LineWithoutARateEndsInItsWords) {
+    FormBench bench;
+    ShowStatistics(bench.form);
+    EXPECT_EQ(Marked(bench.form, 0), "数据不完整 [0] 次;校验出错 [0] 次;无应答 [0] 次; 错误率 ");
+}
+
 TEST(ShowStatistics, Above21474836FailuresTheRateOverflows) {
     FormBench bench;
     bench.form.SendCount = 2;
@@ -181,6 +220,20 @@ TEST(ShowStatistics, Above21474836FailuresTheRateOverflows) {
     EXPECT_EQ(ErrorOf([&] { ShowStatistics(bench.form); }), 6);
 }
 
+TEST(ShowStatistics, NumbersStayWithTheCaptionThatAnOverflowKeeps) {
+    FormBench bench;
+    bench.form.SendCount = 2;
+    bench.form.NoReplyCount = 1;
+    ShowStatistics(bench.form);
+    bench.form.SendCount = 3;
+    bench.form.NoReplyCount = 21474837;
+    EXPECT_EQ(ErrorOf([&] { ShowStatistics(bench.form); }), 6);
+    EXPECT_EQ(Caption(bench.form, 1), "总计通讯: 3 次");
+    EXPECT_EQ(Marked(bench.form, 1), "总计通讯: [3] 次");
+    EXPECT_EQ(Caption(bench.form, 0), "数据不完整 0 次;校验出错 0 次;无应答 1 次; 错误率 50.00 %");
+    EXPECT_EQ(Marked(bench.form, 0), "数据不完整 [0] 次;校验出错 [0] 次;无应答 [!1] 次; 错误率 [!50.00 %]");
+}
+
 TEST(ShowStatistics, LabelsFollowClearedCountersAtTheNextRouting) {
     FormBench bench;
     bench.form.SendCount = 12;
@@ -188,8 +241,10 @@ TEST(ShowStatistics, LabelsFollowClearedCountersAtTheNextRouting) {
     ShowStatistics(bench.form);
     ConCommMessage_DblClick(bench.form);
     EXPECT_EQ(Caption(bench.form, 1), "总计通讯: 12 次");
+    EXPECT_EQ(Marked(bench.form, 1), "总计通讯: [12] 次");
     RouteReply(bench.form);
     EXPECT_EQ(Caption(bench.form, 1), "总计通讯: 0 次");
+    EXPECT_EQ(Marked(bench.form, 1), "总计通讯: [0] 次");
     EXPECT_EQ(Caption(bench.form, 0), kFailures);
 }
 

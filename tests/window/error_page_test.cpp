@@ -7,6 +7,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "session/reply_routing.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
 #include "window/view_bench.h"
@@ -31,10 +32,13 @@ class ErrorPageTest : public ::testing::Test {
 };
 
 TEST_F(ErrorPageTest, StripShowsBothStatistics) {
-    Form().ConCommMessage[2].Set(u"总计通讯: 5 次         无应答 1 次");
+    Form().SendCount = 5;
+    Form().NoReplyCount = 1;
+    ShowStatistics(Form());
     bench.binder.Look();
     auto* label = page.findChild<StatisticsLabel*>();
-    EXPECT_EQ(label->accessibleName().toStdString(), "总计通讯: 5 次         无应答 1 次");
+    EXPECT_EQ(label->accessibleName().toStdString(),
+              "总计通讯: 5 次         数据不完整 0 次;校验出错 0 次;无应答 1 次; 错误率 20.00 %");
     EXPECT_EQ(Errors()->y(), 37);
 }
 

@@ -86,6 +86,15 @@ TEST_F(SidebarTest, ChosenOptionChoosesTheProtocol) {
     Options()[6]->click();
     EXPECT_EQ(Form().ConMeterType.Chosen(), 6);
     EXPECT_EQ(Form().ProtocolCode, 31);
+    EXPECT_EQ(ToUtf8(Form().ConCommTypeList.Value()), "ModBus-RTU协议");
+    EXPECT_EQ(Named<QComboBox>("协议类型")->currentText().toStdString(), "ModBus-RTU协议");
+}
+
+TEST_F(SidebarTest, OptionThatARoutineChoosesLeavesTheListOfProtocols) {
+    Form().ConMeterType.Choose(6);
+    bench.binder.Look();
+    EXPECT_TRUE(Options()[6]->isChecked());
+    EXPECT_EQ(ToUtf8(Form().ConCommTypeList.Value()), "TQ仪表协议");
 }
 
 TEST_F(SidebarTest, ChosenProtocolMarksItsOption) {

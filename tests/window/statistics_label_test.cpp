@@ -1,52 +1,33 @@
 #include "window/statistics_label.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QPainter>
 #include <QTest>
 
+#include "session/records.h"
+#include "session/reply_routing.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+struct Counters {
+    std::int32_t sent = 0;
+    std::int32_t incomplete = 0;
+    std::int32_t checkErrors = 0;
+    std::int32_t missing = 0;
+};
 
-std::vector<std::string> Parts(const QString& text) {
-    std::vector<std::string> parts;
-    for (const StatisticsPart& part : PartsOfStatistics(text)) {
-        const char* kind = part.kind == StatisticsPart::Kind::Words    ? "words:"
-                           : part.kind == StatisticsPart::Kind::Number ? "number:"
-                                                                       : "failure:";
-        parts.push_back(kind + part.text.toStdString());
-    }
-    return parts;
-}
-
-TEST(PartsOfStatistics, TotalIsANumberAndNoFailure) {
-    EXPECT_THAT(Parts("总计通讯: 1286 次"), ElementsAre("words:总计通讯: ", "number:1286", "words: 次"));
-}
-
-TEST(PartsOfStatistics, CounterOfFailuresAboveZeroIsAFailure) {
-    EXPECT_THAT(Parts("数据不完整 0 次;校验出错 1 次;无应答 30 次; 错误率 2.41 %"),
-                ElementsAre("words:数据不完整 ", "number:0", "words: 次;校验出错 ", "failure:1",
-                            "words: 次;无应答 ", "failure:30", "words: 次; 错误率 ", "failure:2.41 %"));
-}
-
-TEST(PartsOfStatistics, RateOfZeroIsNone) {
-    EXPECT_THAT(Parts("错误率 0.00 %"), ElementsAre("words:错误率 ", "number:0.00 %"));
-}
-
-TEST(PartsOfStatistics, GroupedRateIsOneNumber) {
-    EXPECT_THAT(Parts("错误率 1,200.00 %"), ElementsAre("words:错误率 ", "failure:1,200.00 %"));
-}
-
-TEST(PartsOfStatistics, LineWithoutARateEndsInItsWords) {
-    EXPECT_THAT(Parts("无应答 0 次; 错误率 "),
-                ElementsAre("words:无应答 ", "number:0", "words: 次; 错误率 "));
-    EXPECT_THAT(Parts(""), IsEmpty());
+void ShowCounters(ViewBench& bench, const Counters& counters) {
+    MainForm& form = bench.Form();
+    form.SendCount = counters.sent;
+    form.IncompleteCount = counters.incomplete;
+    form.CheckErrorCount = counters.checkErrors;
+    form.NoReplyCount = counters.missing;
+    ShowStatistics(form);
+    bench.binder.Look();
 }
 
 class StatisticsLabelTest : public ::testing::Test {
@@ -56,9 +37,13 @@ class StatisticsLabelTest : public ::testing::Test {
 
     StatisticsLabelTest() { label.resize(500, 24); }
 
-    void Show(const Text& text) {
-        bench.Form().ConCommMessage[0].Set(text);
-        bench.binder.Look();
+    void Show(const Counters& counters) { ShowCounters(bench, counters); }
+
+    void PaintStrokesOfSeveralPixels() {
+        QFont font = label.font();
+        font.setPixelSize(40);
+        label.setFont(font);
+        label.resize(2000, 60);
     }
 
     bool Paints(const char* colour) {
@@ -73,35 +58,76 @@ class StatisticsLabelTest : public ::testing::Test {
 };
 
 TEST_F(StatisticsLabelTest, PlainTextIsItsAccessibleName) {
-    Show(u"数据不完整 0 次;校验出错 1 次");
-    EXPECT_EQ(label.accessibleName().toStdString(), "数据不完整 0 次;校验出错 1 次");
+    Show({.sent = 4, .checkErrors = 1});
+    EXPECT_EQ(label.accessibleName().toStdString(),
+              "数据不完整 0 次;校验出错 1 次;无应答 0 次; 错误率 25.00 %");
     EXPECT_EQ(label.toolTip().toStdString(), "双击则重新记数");
 }
 
 TEST_F(StatisticsLabelTest, FailureIsPaintedInTheWarningColour) {
-    QFont strokesOfSeveralPixels = label.font();
-    strokesOfSeveralPixels.setPixelSize(40);
-    label.setFont(strokesOfSeveralPixels);
-    label.resize(500, 60);
-    Show(u"校验出错 0 次");
+    PaintStrokesOfSeveralPixels();
+    Show({.sent = 4});
     EXPECT_TRUE(Paints("#4F5F69"));
     EXPECT_TRUE(Paints("#17232B"));
     EXPECT_FALSE(Paints("#B42318"));
-    Show(u"校验出错 1 次");
+    Show({.sent = 4, .checkErrors = 1});
     EXPECT_TRUE(Paints("#B42318"));
     bench.theme.Use(Theme::Choice::Dark);
     EXPECT_TRUE(Paints("#FF9A92"));
     EXPECT_FALSE(Paints("#B42318"));
 }
 
+TEST_F(StatisticsLabelTest, ColourStaysWithTheTextWhenTheCountersAreCleared) {
+    PaintStrokesOfSeveralPixels();
+    Show({.sent = 4, .checkErrors = 1});
+    ConCommMessage_DblClick(bench.Form());
+    bench.theme.Use(Theme::Choice::Light);
+    bench.binder.Look();
+    EXPECT_TRUE(Paints("#B42318"));
+    Show({});
+    EXPECT_FALSE(Paints("#B42318"));
+}
+
 TEST_F(StatisticsLabelTest, TakesTheWidthOfItsWidestText) {
-    Show(u"无应答 10 次");
+    Show({.sent = 10, .missing = 10});
     const int width = label.sizeHint().width();
-    EXPECT_EQ(width, label.fontMetrics().horizontalAdvance("无应答 10 次"));
-    Show(u"无应答 1 次");
+    Show({.sent = 1});
     EXPECT_EQ(label.sizeHint().width(), width);
-    Show(u"无应答 1000 次");
+    Show({.sent = 1000, .missing = 1000});
     EXPECT_GT(label.sizeHint().width(), width);
+}
+
+TEST_F(StatisticsLabelTest, WordsThatDoNotFitEndTheLine) {
+    PaintStrokesOfSeveralPixels();
+    Show({.sent = 4});
+    ASSERT_TRUE(Paints("#17232B"));  // the first number stands behind 200 pixels of words
+    for (int width = 160; width < 200; width += 4) {
+        label.resize(width, 60);
+        EXPECT_FALSE(Paints("#17232B")) << width;
+    }
+}
+
+// What is painted in the room that a label asks for is what is painted in any room.
+TEST(StatisticsLabels, PaintEachTextWhole) {
+    for (const Counters& counters :
+         {Counters{0, 0, 0, 0}, Counters{9, 0, 0, 0}, Counters{99, 1, 0, 0}, Counters{100, 0, 0, 0},
+          Counters{141, 0, 0, 0}, Counters{141, 10, 7, 44}, Counters{1000, 0, 0, 1111},
+          Counters{99999, 12345, 678, 90}, Counters{2147483647, 7158278, 7158278, 7158278}}) {
+        for (int index = 0; index < 3; ++index) {
+            ViewBench bench;
+            ShowCounters(bench, counters);
+            StatisticsLabel label(bench.binder, bench.theme, index, nullptr);
+            const QSize asked = label.sizeHint();
+            label.resize(asked);
+            const QImage inItsRoom = label.grab().toImage();
+            label.resize(asked.width() + 200, asked.height());
+            const QImage inAnyRoom = label.grab().toImage();
+            QImage widened(inAnyRoom.size(), inAnyRoom.format());
+            widened.fill(inAnyRoom.pixelColor(inAnyRoom.width() - 1, 0));
+            QPainter(&widened).drawImage(0, 0, inItsRoom);
+            EXPECT_EQ(inAnyRoom, widened) << label.accessibleName().toStdString();
+        }
+    }
 }
 
 TEST_F(StatisticsLabelTest, DoubleClickStartsTheCountersAnew) {
@@ -118,8 +144,7 @@ TEST_F(StatisticsLabelTest, DoubleClickStartsTheCountersAnew) {
 
 TEST(StatisticsLine, ShowsTheTotalThenTheConclusion) {
     ViewBench bench;
-    bench.Form().ConCommMessage[0].Set(u"无应答 0 次; 错误率 ");
-    bench.Form().ConCommMessage[1].Set(u"总计通讯: 5 次");
+    ShowCounters(bench, {.sent = 5});
     StatisticsLine line(bench.binder, bench.theme, nullptr);
     line.resize(700, 25);
     line.show();
@@ -127,7 +152,8 @@ TEST(StatisticsLine, ShowsTheTotalThenTheConclusion) {
     const auto labels = line.findChildren<StatisticsLabel*>();
     ASSERT_EQ(labels.size(), 2);
     EXPECT_EQ(labels[0]->accessibleName().toStdString(), "总计通讯: 5 次");
-    EXPECT_EQ(labels[1]->accessibleName().toStdString(), "无应答 0 次; 错误率 ");
+    EXPECT_EQ(labels[1]->accessibleName().toStdString(),
+              "数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %");
     const auto* caption = line.findChild<QLabel*>();
     EXPECT_EQ(caption->text().toStdString(), "通讯结论");
     EXPECT_EQ(caption->x() - labels[0]->geometry().right() - 1, 24);

@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "session/toolbar_commands.h"
+#include "commands/toolbar_commands.h"
 #include "window/view_bench.h"
 #include "window/widget_search.h"
 

@@ -1,11 +1,11 @@
 #include "window/window_program.h"
 #include "catalogue/shipped_catalogue.h"
+#include "commands/toolbar_commands.h"
 #include "host/serial_port.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/pseudo_terminal.h"
 #include "session/events.h"
 #include "session/port_settings.h"
-#include "session/toolbar_commands.h"
 
 #include <gtest/gtest.h>
 
