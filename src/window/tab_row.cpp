@@ -5,6 +5,7 @@
 
 #include "window/bindings.h"
 #include "window/icons.h"
+#include "window/pieces.h"
 
 namespace commtest {
 

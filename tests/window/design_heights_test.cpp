@@ -141,7 +141,7 @@ TEST(DesignHeightsOfTheTool, FieldsStandUnderTheirCaptions) {
     ViewBench bench;
     QTemporaryDir folder;
     QSettings settings(folder.filePath("settings.ini"), QSettings::IniFormat);
-    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    ToolbarMenuCommand(bench.Form(), ToolbarEntry::ToolWindow);
     ToolWindow window(bench.Form(), bench.session.Tools(), bench.theme, settings);
     window.Follow();
     (void)QTest::qWaitForWindowActive(&window);

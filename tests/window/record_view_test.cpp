@@ -51,7 +51,7 @@ class RecordViewTest : public ::testing::Test {
     }
 
     void PutOnTop(int first, int last) {
-        for (int number = first; number <= last; ++number) pane.PutOnTop(NumberedBlock(number));
+        for (int number = first; number <= last; ++number) pane.PutOnTop({NumberedBlock(number)});
     }
 
     void ShowBlocks(int count) {
@@ -81,22 +81,22 @@ class RecordViewTest : public ::testing::Test {
 };
 
 TEST_F(RecordViewTest, BlocksStandNewestFirstWithPlainLineEnds) {
-    pane.PutOnTop(u"甲\r\n乙\r\n\r\n");
-    pane.PutOnTop(u"丙\r\n\r\n");
+    pane.PutOnTop({u"甲\r\n乙\r\n\r\n"});
+    pane.PutOnTop({u"丙\r\n\r\n"});
     bench.binder.Look();
     EXPECT_EQ(ShownText(), "丙\n\n甲\n乙\n\n");
 }
 
 TEST_F(RecordViewTest, RecordThatStandsAtTheStartIsShown) {
-    pane.PutOnTop(u"甲\r\n");
+    pane.PutOnTop({u"甲\r\n"});
     RecordView late(bench.binder, pane, &window);
     EXPECT_EQ(late.toPlainText().toStdString(), "甲\n");
 }
 
 TEST_F(RecordViewTest, BlocksOfALookAreOneInsertionAtTheTop) {
     ShowBlocks(2);
-    pane.PutOnTop(u"甲\r\n");
-    pane.PutOnTop(u"乙\r\n");
+    pane.PutOnTop({u"甲\r\n"});
+    pane.PutOnTop({u"乙\r\n"});
     bench.binder.Look();
     EXPECT_THAT(changes, ElementsAre(Change{0, 0, 4}));
     EXPECT_EQ(ShownText().substr(0, 8), "乙\n甲\n");
@@ -116,7 +116,7 @@ TEST_F(RecordViewTest, BlockOnTopOfFiftyLeavesTheOthersLaidOut) {
     view->grab();
     const int blocks = view->blockCount();
     ASSERT_EQ(blocks, 50 * 4 + 1);
-    pane.PutOnTop(NumberedBlock(51));
+    pane.PutOnTop({NumberedBlock(51)});
     bench.binder.Look();
     int laidOut = 0;
     for (QTextBlock block = view->document()->begin(); block.isValid(); block = block.next())
@@ -130,7 +130,7 @@ TEST_F(RecordViewTest, EmptiedRecordIsShownAnew) {
     pane.Clear();
     bench.binder.Look();
     EXPECT_EQ(ShownText(), "");
-    pane.PutOnTop(u"甲\r\n");
+    pane.PutOnTop({u"甲\r\n"});
     bench.binder.Look();
     EXPECT_EQ(ShownText(), "甲\n");
 }
@@ -138,10 +138,10 @@ TEST_F(RecordViewTest, EmptiedRecordIsShownAnew) {
 TEST_F(RecordViewTest, RecordEmptiedAndFilledBetweenTwoLooksShowsOnlyTheNewBlocks) {
     ShowBlocks(2);
     pane.Clear();
-    for (const TextView block : {u"甲\r\n", u"乙\r\n", u"丙\r\n"}) pane.PutOnTop(Text(block));
+    for (const TextView block : {u"甲\r\n", u"乙\r\n", u"丙\r\n"}) pane.PutOnTop({Text(block)});
     bench.binder.Look();
     EXPECT_EQ(ShownText(), "丙\n乙\n甲\n");
-    pane.PutOnTop(u"丁\r\n");
+    pane.PutOnTop({u"丁\r\n"});
     bench.binder.Look();
     EXPECT_EQ(ShownText(), "丁\n丙\n乙\n甲\n");
 }
@@ -170,13 +170,13 @@ TEST_F(RecordViewTest, ScrolledViewKeepsItsPlaceInTheText) {
 }
 
 TEST_F(RecordViewTest, SelectionStaysOnItsText) {
-    pane.PutOnTop(u"甲乙丙\r\n");
+    pane.PutOnTop({u"甲乙丙\r\n"});
     bench.binder.Look();
     QTextCursor cursor = view->textCursor();
     cursor.setPosition(1);
     cursor.setPosition(3, QTextCursor::KeepAnchor);
     view->setTextCursor(cursor);
-    pane.PutOnTop(u"丁丁丁丁\r\n");
+    pane.PutOnTop({u"丁丁丁丁\r\n"});
     bench.binder.Look();
     EXPECT_EQ(view->textCursor().selectedText().toStdString(), "乙丙");
 }
@@ -192,7 +192,7 @@ TEST_F(RecordViewTest, IsToReadOnlyAndKeepsNoSteps) {
 }
 
 TEST_F(RecordViewTest, LongLineIsWrappedWithinTheView) {
-    pane.PutOnTop(Text(300, u'7'));
+    pane.PutOnTop({Text(300, u'7')});
     bench.binder.Look();
     view->grab();
     EXPECT_GT(view->document()->firstBlock().layout()->lineCount(), 3);
@@ -280,7 +280,7 @@ TEST_F(RecordViewTest, OtherButtonsDoNotEmptyTheRecord) {
 
 TEST_F(RecordViewTest, ClickOnTheConversionTextsDoesNothing) {
     RecordPane& texts = bench.Form().ConCommString[0];
-    texts.PutOnTop(u"甲\r\n");
+    texts.PutOnTop({u"甲\r\n"});
     RecordView* conversion = MakeCommPane(bench.binder, bench.theme, 0, &window);
     conversion->setGeometry(0, 0, 300, 200);
     ShowBlocks(1);
@@ -291,7 +291,7 @@ TEST_F(RecordViewTest, ClickOnTheConversionTextsDoesNothing) {
 }
 
 TEST_F(RecordViewTest, KeysSelectAllAndCopy) {
-    pane.PutOnTop(u"甲\r\n乙");
+    pane.PutOnTop({u"甲\r\n乙"});
     bench.binder.Look();
     QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
@@ -313,7 +313,7 @@ TEST_F(RecordViewTest, MenuCopiesAndSelects) {
     EXPECT_FALSE(menu->actions()[1]->isEnabled());
     menu->close();
 
-    pane.PutOnTop(u"甲乙");
+    pane.PutOnTop({u"甲乙"});
     bench.binder.Look();
     menu = askMenu();
     menu->actions()[1]->trigger();
@@ -328,7 +328,7 @@ TEST_F(RecordViewTest, LayoutOfThePanesHidesAndShowsIt) {
     pane.SetVisible(false);
     bench.binder.Look();
     EXPECT_FALSE(view->isVisible());
-    pane.PutOnTop(u"甲");
+    pane.PutOnTop({u"甲"});
     pane.SetVisible(true);
     bench.binder.Look();
     EXPECT_TRUE(view->isVisible());

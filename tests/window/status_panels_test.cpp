@@ -52,14 +52,14 @@ TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
 }
 
 TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
-    Form().StatusNote.Set(u"系统小工具: 此功能尚未提供");
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Import});
     bench.binder.Look();
-    EXPECT_EQ(panels.currentMessage().toStdString(), "系统小工具: 此功能尚未提供");
+    EXPECT_EQ(panels.currentMessage().toStdString(), "导入地址: 此功能尚未提供");
     panels.clearMessage();
-    EXPECT_EQ(ToUtf8(Form().StatusNote.Value()), "");
-    Form().StatusNote.Set(u"系统小工具: 此功能尚未提供");
+    EXPECT_EQ(Form().StatusNote.Value().kind, Notice::Kind::None);
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Import});
     bench.binder.Look();
-    EXPECT_EQ(panels.currentMessage().toStdString(), "系统小工具: 此功能尚未提供");
+    EXPECT_EQ(panels.currentMessage().toStdString(), "导入地址: 此功能尚未提供");
 }
 
 TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {

@@ -30,7 +30,7 @@ class ToolBarTest : public ::testing::Test {
     }
 
     void Choose(int index, int entry) { toolBar.Button(index).menu()->actions().at(entry)->trigger(); }
-    std::string Note() { return ToUtf8(Form().StatusNote.Value()); }
+    Notice::Kind Note() { return Form().StatusNote.Value().kind; }
 };
 
 TEST_F(ToolBarTest, ButtonsHaveTheirCaptionsAndTips) {
@@ -79,7 +79,7 @@ TEST_F(ToolBarTest, SearchButtonShowsAndHidesThePanel) {
 
 TEST_F(ToolBarTest, ButtonsWithoutAnActionDoNothing) {
     for (const int index : {5, 6, 7}) Press(index);
-    EXPECT_EQ(Note(), "");
+    EXPECT_EQ(Note(), Notice::Kind::None);
     EXPECT_FALSE(Form().IsRunning());
     EXPECT_THAT(bench.session.dialogs.Shown, IsEmpty());
 }
@@ -88,7 +88,7 @@ TEST_F(ToolBarTest, ImportAsksFirst) {
     bench.session.dialogs.Answers = {u"no"};
     Press(2);
     EXPECT_THAT(bench.session.dialogs.Texts(), ElementsAre("确定要重新导入仪表的参数地址表吗？"));
-    EXPECT_EQ(Note(), "");
+    EXPECT_EQ(Note(), Notice::Kind::None);
 }
 
 TEST_F(ToolBarTest, DropDownMenusHaveTheirEntries) {

@@ -30,7 +30,7 @@ class ToolWindowTest : public ::testing::Test {
     std::unique_ptr<ToolWindow> window;
 
     ToolWindowTest() {
-        ToolbarMenuCommand(bench.Form(), u"系统小工具");
+        ToolbarMenuCommand(bench.Form(), ToolbarEntry::ToolWindow);
         window = std::make_unique<ToolWindow>(bench.Form(), Tools(), bench.theme, settings);
         window->Follow();
         (void)QTest::qWaitForWindowActive(window.get());
@@ -295,7 +295,7 @@ TEST_F(ToolWindowTest, OpenedAgainItsInputIsReadyToTypeOver) {
     PressKey(Qt::Key_Return);
     Button("退    出").click();
     window->Follow();
-    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    ToolbarMenuCommand(bench.Form(), ToolbarEntry::ToolWindow);
     window->Follow();
     EXPECT_EQ(Shown("输入数据"), "@01RD");
     EXPECT_EQ(Field("输入数据").selectedText().toStdString(), "@01RD");
@@ -305,7 +305,7 @@ TEST_F(ToolWindowTest, OpenedAgainItsInputIsReadyToTypeOver) {
 TEST_F(ToolWindowTest, CalledWhileItIsOpenItsInputIsReadyToTypeOver) {
     Type("@01RD");
     Button("计算校验码").setFocus();
-    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    ToolbarMenuCommand(bench.Form(), ToolbarEntry::ToolWindow);
     window->Follow();
     EXPECT_EQ(QApplication::focusWidget(), &Field("输入数据"));
     EXPECT_EQ(Field("输入数据").selectedText().toStdString(), "@01RD");
@@ -330,7 +330,7 @@ TEST_F(ToolWindowTest, PlaceIsRememberedWhileItIsClosed) {
     PressKey(Qt::Key_Escape);
     window->move(7, 7);
     window->resize(900, 500);
-    ToolbarMenuCommand(bench.Form(), u"系统小工具");
+    ToolbarMenuCommand(bench.Form(), ToolbarEntry::ToolWindow);
     window->Follow();
     EXPECT_EQ(window->pos(), QPoint(101, 100));
     EXPECT_EQ(window->size(), QSize(930, 555));
