@@ -22,6 +22,8 @@ function(commtest_precompile name kind)
         target_precompile_headers(${name} REUSE_FROM ${owner})
     else()
         target_precompile_headers(${name} PRIVATE ${headers_of_${kind}})
+        # A time in it would keep ccache from knowing it again.
+        target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>)
         set_property(GLOBAL PROPERTY commtest_owner_of_${kind} ${name})
     endif()
 endfunction()
