@@ -14,7 +14,7 @@
 #include "fuzz/require.h"
 #include "session/events.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
+#include "session/start_stop.h"
 #include "support/fakes.h"
 #include "support/sqlite_store.h"
 #include "support/virtual_line.h"
@@ -28,7 +28,7 @@ Text OneOf(FuzzedDataProvider& input, const std::array<TextView, N>& choices) {
 
 // A session that polls over a virtual line. What its far end answers, in which pieces and with which delays,
 // is up to the input. A target sets the session up, makes its replies, and looks behind each event at what
-// its parser promises.
+// the session promises.
 class FuzzedSession {
   public:
     FuzzedSession(const FuzzedSession&) = delete;
@@ -50,9 +50,14 @@ class FuzzedSession {
         line_.Answer = [this](const std::string& frame) { return Answer(frame); };
         line_.Receives = [this] { Receive(); };
         line_.TimerTick = [this](int index) { Tick(index); };
-        form_.ConCommString[1].BlockFinished = [this](const Text& block) {
+        form_.Record().BlockFinished = [this](const RecordBlock& block) {
             ++blocks_;
-            Require(block.ends_with(u"\r\n\r\n"), "a block ends in an empty line");
+            Require(block.text.ends_with(u"\r\n\r\n"), "a block ends in an empty line");
+            Require(block.outcome != nullptr, "a block tells what came of its exchange");
+            const RecordParts& parts = block.parts;
+            Require(parts.frameAt <= parts.frameEnd && parts.frameEnd <= parts.replyAt &&
+                        parts.replyAt <= parts.wordsAt && parts.wordsAt <= block.text.size(),
+                    "the parts of a block follow each other");
         };
     }
 
@@ -82,7 +87,7 @@ class FuzzedSession {
     // One start of the session, until it stops or the input is used up.
     void Poll() {
         constexpr std::int64_t kLongestRun = 400000;  // milliseconds
-        RunEvent(form_, [this] { RunToolbarCommand(form_, toolbar::kStartStop); });
+        RunEvent(form_, [this] { StartOrStop(form_, {StopCause::User}); });
         const auto goesOn = [this] {
             return input_.remaining_bytes() > 0 && line_.FrameCount() < kMostFrames &&
                    form_.Timer1[1].Enabled();
@@ -94,6 +99,7 @@ class FuzzedSession {
         line_.Answer = nullptr;
         line_.RunUntil(line_.Time() + 3000);
         Require(rowsAtStart_ == ListAndEntries(), "a reply touches no column of the parameter list");
+        Require(form_.Outcomes.Total() == static_cast<std::uint64_t>(blocks_), "each block is an outcome");
     }
 
     std::string TakeOffTheLine() {

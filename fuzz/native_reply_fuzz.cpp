@@ -2,7 +2,7 @@
 //
 // The input begins with the set-up of the session and the rows of its grid; the rest is what the far end
 // answers, in pieces and with delays that it chooses itself. Each event is followed by a look at what the
-// parsers promise.
+// session promises.
 
 #include <array>
 #include <cstdint>
