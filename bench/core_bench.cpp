@@ -147,7 +147,7 @@ void BM_BuildWriteFrame(benchmark::State& state) {
     MainForm& form = bench.Form();
     form.ParameterGrid().Select(10, 10);
     form.InputText.Set(u"12.3");
-    for (auto _ : state) BuildTqWriteRequest(form);
+    for (auto _ : state) BuildTqWriteRequest(form, bench.dialogs);
 }
 BENCHMARK(BM_BuildWriteFrame);
 

@@ -10,7 +10,7 @@
 #include <cstdio>
 
 #include "session/events.h"
-#include "session/toolbar_commands.h"
+#include "commands/toolbar_commands.h"
 #include "window/window_program.h"
 
 namespace {

@@ -13,7 +13,7 @@ namespace {
 class PollReportTest : public ::testing::Test {
   protected:
     PollReportTest() {
-        SetUpParameterGrid(form);
+        SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
         form.ParameterGrid().SetCell(1, column::kName, u"测量值");
         form.ParameterGrid().SetCell(1, column::kAddress, u"0010");
         form.ParameterGrid().SetCell(1, column::kScaledValue, u"144.9");

@@ -246,14 +246,13 @@ TEST_F(StartUp, EmptyFieldStaysEmptyAndShiftsNoOther) {
 
 TEST_F(StartUp, SettingsThatWereSavedWithAnEmptyFieldAreRestored) {
     Start();
-    form.ConMeterAddr.Set(u"");
-    form.ConDataNub.Set(u"8");
+    form.ConDataNub.Set(u"");
     SaveSettings(form);
-    EXPECT_EQ(Setting(u"SoftSeting"), "1000  8 0 0 1");
+    EXPECT_EQ(Setting(u"SoftSeting"), "1000 1  0 0 1");
     Session other({line, dialogs, line, files, store, settings, program});
     Form_Activate(other.Form());
-    EXPECT_EQ(ToUtf8(other.Form().ConMeterAddr.Value()), "");
-    EXPECT_EQ(ToUtf8(other.Form().ConDataNub.Value()), "8");
+    EXPECT_EQ(ToUtf8(other.Form().ConMeterAddr.Value()), "1");
+    EXPECT_EQ(ToUtf8(other.Form().ConDataNub.Value()), "");
 }
 
 TEST_F(StartUp, InstrumentThatIsGoneLeavesTheFirst) {

@@ -21,7 +21,7 @@ class ParameterGridLayout : public ::testing::Test {
 };
 
 TEST_F(ParameterGridLayout, HeadingsNameTheColumns) {
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
     const char* headings[] = {"序号",    "参数名称",   "地址",   "长度",         "属性",  "小数点",
                               "RE 读值", "RR/RD 读值", "计算值", "小数点修正值", "修改值"};
     for (int col = 0; col < 11; ++col) EXPECT_EQ(Cell(0, col), headings[col]);
@@ -29,7 +29,7 @@ TEST_F(ParameterGridLayout, HeadingsNameTheColumns) {
 
 TEST_F(ParameterGridLayout, RowsAreNumberedWithThreeDigitsAndABlank) {
     grid.SetRows(1001);
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
     EXPECT_EQ(Cell(1, 0), "001 ");
     EXPECT_EQ(Cell(10, 0), "010 ");
     EXPECT_EQ(Cell(999, 0), "999 ");
@@ -46,7 +46,7 @@ TEST_F(ParameterGridLayout, GridOfFewerThan14RowsGetsThirteenAndAWideNameColumn)
     for (const Size& size : {Size{1, 13, 3450}, Size{12, 13, 3450}, Size{13, 13, 3450}, Size{14, 14, 3200},
                              Size{15, 15, 3200}, Size{200, 200, 3200}}) {
         grid.SetRows(size.before);
-        SetUpParameterGrid(form);
+        SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
         EXPECT_EQ(grid.Rows(), size.rows) << size.before;
         EXPECT_EQ(grid.Column(1).width, size.nameWidth) << size.before;
         EXPECT_EQ(grid.Column(0).width, 530);
@@ -56,7 +56,7 @@ TEST_F(ParameterGridLayout, GridOfFewerThan14RowsGetsThirteenAndAWideNameColumn)
 TEST_F(ParameterGridLayout, CurrentCellIsTheFirstAndRedrawIsOn) {
     grid.Select(3, 4);
     grid.Redraw = false;
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
     EXPECT_EQ(grid.Row, 0);
     EXPECT_EQ(grid.Col, 0);
     EXPECT_TRUE(grid.Redraw);
@@ -65,14 +65,14 @@ TEST_F(ParameterGridLayout, CurrentCellIsTheFirstAndRedrawIsOn) {
 TEST_F(ParameterGridLayout, FirstDataRowIsTheFirstRowThatIsExactlyReadableAndWritable) {
     const TextView attributes[] = {u"R", u"RWS", u" RW", u"rw", u"W", u"RW", u"RW"};
     for (int row = 1; row <= 7; ++row) grid.SetCell(row, 4, Text(attributes[row - 1]));
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
     EXPECT_EQ(form.FirstDataRow, 6);
 }
 
 TEST_F(ParameterGridLayout, WithoutSuchARowFirstDataRowStaysAsItWas) {
     form.FirstDataRow = 9;
     grid.SetCell(1, 4, u"RWD");
-    SetUpParameterGrid(form);
+    SetUpParameterGrid(form, kChineseTexts.parameterHeadings);
     EXPECT_EQ(form.FirstDataRow, 9);
 }
 

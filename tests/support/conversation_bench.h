@@ -10,6 +10,7 @@
 #include "session/conversation.h"
 #include "session/grid_rows.h"
 #include "session/protocol.h"
+#include "session/texts.h"
 #include "support/frame_text.h"
 #include "support/test_parameter.h"
 
@@ -107,7 +108,7 @@ class ConversationBench {
             SetCell(row, column::kAttribute, parameter.attribute);
             SetCell(row, column::kDecimals, parameter.decimals);
         }
-        SetUpParameterGrid(talk_);
+        SetUpParameterGrid(talk_, kChineseTexts.parameterHeadings);
     }
 
     Protocol protocol_;

@@ -21,7 +21,7 @@ using ::testing::ElementsAre;
 class PortPageTest : public ::testing::Test {
   protected:
     ViewBench bench;
-    PortPage page{bench.binder, nullptr};
+    PortPage page{bench.binder, bench.theme, nullptr};
 
     PortPageTest() {
         page.resize(1000, 500);

@@ -89,7 +89,7 @@ TEST_F(RecordViewTest, BlocksStandNewestFirstWithPlainLineEnds) {
 
 TEST_F(RecordViewTest, RecordThatStandsAtTheStartIsShown) {
     pane.PutOnTop({u"甲\r\n"});
-    RecordView late(bench.binder, pane, &window);
+    RecordView late(bench.binder, bench.theme, pane, &window);
     EXPECT_EQ(late.toPlainText().toStdString(), "甲\n");
 }
 

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
+#include "app/instrument_bench.h"
+#include "commands/toolbar_commands.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 
 namespace commtest {
 namespace {

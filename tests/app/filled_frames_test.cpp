@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "protocol_native/instrument_bench.h"
+#include "app/instrument_bench.h"
+#include "commands/toolbar_commands.h"
 #include "protocol_native/read_requests.h"
 #include "session/grid_rows.h"
-#include "session/toolbar_commands.h"
 #include "support/error_of.h"
 #include "support/native_instrument.h"
 
