@@ -9,8 +9,8 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "session/events.h"
 #include "commands/toolbar_commands.h"
+#include "session/events.h"
 #include "window/window_program.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include "window/record_view.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QScrollBar>
@@ -69,6 +70,8 @@ void RecordView::PutOnTop(std::size_t count) {
     cursor.endEditBlock();
     if (isAtTop) return;
     const QTextBlock moved = document()->findBlockByNumber(number + blockCount() - blocksBefore);
+    // The insertion may have taken its lines away until it is laid out anew.
+    document()->documentLayout()->blockBoundingRect(moved);
     bar.setValue(moved.firstLineNumber() + linesIntoFirst);
 }
 

@@ -34,7 +34,9 @@ TEST(CommandLine, HelpNamesEachVerbAndEachExitStatus) {
 
 TEST(CommandLine, HelpNamesRefusedLinesAndInputThatCannotBeRead) {
     const std::string help = RunCommand({"--help"}).results;
-    EXPECT_THAT(help, HasSubstr("\n  2  用法不对，目录中没有这个名称，或有不能换算的输入或不能校验的帧\n"));
+    EXPECT_THAT(
+        help,
+        HasSubstr("\n  2  用法不对，目录中没有这个名称，数值没有写入，或有不能换算的输入或不能校验的帧\n"));
     EXPECT_THAT(help, HasSubstr("或标准输入读不出来\n"));
 }
 

@@ -34,31 +34,35 @@ TEST(WriteVerb, WriteTypeIsOneOfThree) {
 }
 
 TEST(WriteVerb, RowWithoutWIsRefused) {
-    EXPECT_TRUE(IsProblem(Write({"--row", "4", "--value", "1"}), 2,
-                          "注意:参数没有W属性,数据无法修改！ 属性请看 commtest-cli list parameters"));
+    EXPECT_TRUE(IsProblem(
+        Write({"--row", "4", "--value", "1"}), 2,
+        "第 4 行 仪表型号: 注意:参数没有W属性,数据无法修改！ 属性请看 commtest-cli list parameters"));
 }
 
 TEST(WriteVerb, RowBehindTheParametersIsRefused) {
     EXPECT_TRUE(IsProblem(Write({"--row", "999", "--value", "1"}), 2,
-                          "没有第 999 行。行号请看 commtest-cli list parameters"));
+                          "第 999 行: 没有第 999 行。行号请看 commtest-cli list parameters"));
 }
 
 TEST(WriteVerb, ProtocolWithoutAWriteIsRefused) {
     const Outcome outcome =
         RunInFolder({"write", "--protocol", QString::fromUtf8("TQ仪表协议-定制异或和"), "--instrument",
                      QString::fromUtf8("HX-D13智能双回路显示仪"), "--row", "1", "--value", "1"});
-    EXPECT_TRUE(IsProblem(outcome, 2, "协议 \"TQ仪表协议-定制异或和\" 不能写参数。请换用能写的协议和仪表"));
+    EXPECT_TRUE(
+        IsProblem(outcome, 2,
+                  "第 1 行 恢复出厂设置: 协议 \"TQ仪表协议-定制异或和\" 不能写参数。请换用能写的协议和仪表"));
 }
 
 TEST(WriteVerb, ValueThatIsNoNumberIsRefusedBeforeThePortIsTouched) {
     EXPECT_TRUE(IsProblem(Write({"--row", "13", "--value", "12,3x"}), 2,
-                          "实时错误 '13': 类型不匹配 --value \"12,3x\" 不是数字，没有写入"));
+                          "第 13 行 量程下限: \"12,3x\" 不是数字，没有写入"));
 }
 
 TEST(WriteVerb, ValueBeyondTheRowIsRefusedBeforeThePortIsTouched) {
     // A row with decimals of its own: nothing has to be read first.
-    EXPECT_TRUE(IsProblem(Write({"--row", "16", "--value", "9999999999"}), 2,
-                          "实时错误 '6': 溢出 --value \"9999999999\" 超出此行的范围，没有写入"));
+    EXPECT_TRUE(
+        IsProblem(Write({"--row", "16", "--value", "9999999999"}), 2,
+                  "第 16 行 满度修正系数: \"9999999999\" 超出此行的范围，没有写入 (实时错误 '6': 溢出)"));
 }
 
 TEST(WriteVerb, PortThatCannotBeOpenedIsToldWithTheReason) {

@@ -92,7 +92,7 @@ TEST_F(CatalogueListTest, ClickOnTheParametersAwaitsNoSecondOne) {
     EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::ParameterGrid);
 }
 
-TEST(RecordingList, ClickAndDoubleClickLoadTheRecordingOfTheRow) {
+TEST(RecordingList, ClickAndDoubleClickAskForTheRecordingOfTheRow) {
     FormBench bench;
     Binder binder(bench.form);
     Theme theme(Theme::Choice::Light);
@@ -102,11 +102,13 @@ TEST(RecordingList, ClickAndDoubleClickLoadTheRecordingOfTheRow) {
     view.show();
     const QPoint place = view.visualRect(view.model()->index(2, 1)).center();
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 3"));
+    EXPECT_EQ(bench.form.MSHFlexGrid1[2].Row, 3);
+    EXPECT_EQ(bench.form.StatusNote.Value().feature, Feature::Recordings);
+    bench.form.StatusNote.Set({});
     EXPECT_EQ(bench.form.SSTab2.Chosen(), 0);
     bench.form.SSTab2.Choose(3);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-    EXPECT_THAT(bench.companions.Calls, ElementsAre("LoadRecording 3", "LoadRecording 3"));
+    EXPECT_EQ(bench.form.StatusNote.Value().kind, Notice::Kind::NotThereYet);
     EXPECT_EQ(bench.form.SSTab2.Chosen(), 3);
 }
 
