@@ -1,0 +1,54 @@
+#include "window/notice_words.h"
+
+#include <gtest/gtest.h>
+
+namespace commtest {
+namespace {
+
+struct Row {
+    Notice notice;
+    const char* words;
+    const char* remedy;
+};
+
+TEST(NoticeWords, SayWhatHappenedAndBehindItWhyAndWhatToDo) {
+    const Row rows[] = {
+        {{Notice::Kind::None}, "", ""},
+        {{Notice::Kind::NoCatalogue, u"folder/通讯数据.mdb"},
+         "目录 folder/通讯数据.mdb 不能打开，请恢复该文件后重新启动",
+         ""},
+        {{Notice::Kind::PortCaveat, u"停止位 1.5 不支持"}, "停止位 1.5 不支持", ""},
+        {{Notice::Kind::PortLost, u"设备已拔出"}, "串口已断开,通讯停止！", "设备已拔出"},
+        {{Notice::Kind::EndOfFile, u"ErrorComm.ini"}, "ErrorComm.ini 较长，只显示最后 1 MB", ""},
+        {{Notice::Kind::NoUpdater, u"通讯更新.exe"},
+         "更新程序不能启动！",
+         "通讯更新.exe 不存在或不能运行。现在继续使用本版本，请联系管理员更新"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(WordsOn(row.notice).toStdString(), row.words);
+        EXPECT_EQ(RemedyOf(row.notice).toStdString(), row.remedy);
+    }
+}
+
+TEST(NoticeWords, NameTheFeatureThatIsNotThereYet) {
+    const struct {
+        Feature feature;
+        const char* words;
+    } rows[] = {{Feature::Capture, "数据采集: 此功能尚未提供"},
+                {Feature::Replay, "数据演示: 此功能尚未提供"},
+                {Feature::Search, "仪表搜索: 此功能尚未提供"},
+                {Feature::Import, "导入地址: 此功能尚未提供"},
+                {Feature::Export, "特殊地址: 此功能尚未提供"},
+                {Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
+                {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"},
+                {Feature::ReloadParameters, "参数地址确认: 此功能尚未提供"},
+                {Feature::Recordings, "演示数据: 此功能尚未提供"},
+                {Feature::ChipRecords, "芯片资料: 此功能尚未提供"}};
+    for (const auto& row : rows) {
+        const Notice notice = {.kind = Notice::Kind::NotThereYet, .feature = row.feature};
+        EXPECT_EQ(WordsOn(notice).toStdString(), row.words);
+    }
+}
+
+}  // namespace
+}  // namespace commtest
