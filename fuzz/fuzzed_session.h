@@ -78,7 +78,7 @@ class FuzzedSession {
 
     // Ends the set-up of the grid: the columns of the parameter list are not to change any more.
     void BeginWithTheseRows(int furthestRow) {
-        SetUpParameterGrid(form_);
+        SetUpParameterGrid(form_, kChineseTexts.parameterHeadings);
         form_.CurrentRow =
             input_.ConsumeIntegralInRange<std::int16_t>(0, static_cast<std::int16_t>(furthestRow));
         rowsAtStart_ = ListAndEntries();
