@@ -88,8 +88,8 @@ BENCHMARK(BM_FindSentFrame)->Arg(50)->Arg(5000)->Arg(500000);
 void BM_PutBlockOnTop(benchmark::State& state) {
     RecordPane pane;
     const Text block(200, u'字');
-    for (std::int64_t i = 0; i < state.range(0); ++i) pane.PutOnTop(block);
-    for (auto _ : state) pane.PutOnTop(block);
+    for (std::int64_t i = 0; i < state.range(0); ++i) pane.PutOnTop({block});
+    for (auto _ : state) pane.PutOnTop({block});
 }
 BENCHMARK(BM_PutBlockOnTop)->Arg(50)->Arg(5000)->Arg(500000)->Iterations(20000);
 
