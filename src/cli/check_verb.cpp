@@ -20,7 +20,7 @@ int ProtocolOf(const Arguments& arguments) {
 }
 
 // An empty frame has no check word, as in the window of the tool.
-Answer CheckWordOf(const Text& frame, int protocolCode) {
+LineAnswer CheckWordOf(const Text& frame, int protocolCode) {
     if (frame.empty()) return {};
     const ToolAnswer answer = kToolModes[kCheckWordMode].answer(frame, protocolCode);
     return {answer.result.value_or(Text()), Text(answer.message), {}, {}};

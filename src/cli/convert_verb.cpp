@@ -101,8 +101,8 @@ void Explain(const Conversion& conversion, const Text& input, const Text& result
     }
 }
 
-Answer Converted(const Conversion& conversion, bool isExplained, const Text& input) {
-    Answer answer;
+LineAnswer Converted(const Conversion& conversion, bool isExplained, const Text& input) {
+    LineAnswer answer;
     answer.result = input;
     try {
         Convert(conversion, answer.result);

@@ -20,7 +20,7 @@ Text Joined(const std::vector<Text>& notes) {
     return joined;
 }
 
-std::string PlainLines(const Answer& answer, bool isExplained) {
+std::string PlainLines(const LineAnswer& answer, bool isExplained) {
     std::string lines = PrintableText(answer.result) + "\n";
     if (!isExplained) return lines;
     if (!answer.explanation.empty()) {
@@ -32,12 +32,12 @@ std::string PlainLines(const Answer& answer, bool isExplained) {
     return lines;
 }
 
-std::string CsvLineOf(const Text& input, const Answer& answer, bool isExplained) {
+std::string CsvLineOf(const Text& input, const LineAnswer& answer, bool isExplained) {
     if (!isExplained) return CsvLine({input, answer.result});
     return CsvLine({input, answer.result, answer.explanation, Joined(answer.notes)});
 }
 
-void PutExplanation(const Answer& answer, JsonWriter& json) {
+void PutExplanation(const LineAnswer& answer, JsonWriter& json) {
     json.PutText(u"explanation", answer.explanation);
     json.PutKey(u"notes");
     json.BeginArray();
@@ -45,7 +45,7 @@ void PutExplanation(const Answer& answer, JsonWriter& json) {
     json.EndArray();
 }
 
-void PutAnswer(const Text& input, const Answer& answer, bool isExplained, JsonWriter& json) {
+void PutAnswer(const Text& input, const LineAnswer& answer, bool isExplained, JsonWriter& json) {
     json.BeginObject();
     json.PutText(u"input", input);
     if (!answer.problem.empty()) {
@@ -90,7 +90,7 @@ ExitStatus AnswerLines(const AnswerForm& form, Console& console, const AnswerOf&
     Text line;
     for (std::int64_t number = 1; console.TakesResults() && TakeLine(console, line); ++number) {
         if (number == 1) DropByteOrderMark(line);
-        const Answer answer = answerOf(line);
+        const LineAnswer answer = answerOf(line);
         printer.Add(line, answer);
         if (answer.problem.empty()) continue;
         console.Tell(u"第 " + WholeText(number) + u" 行: " + answer.problem);
@@ -115,7 +115,7 @@ AnswerPrinter::AnswerPrinter(Console& console, const AnswerForm& form) : console
     }
 }
 
-void AnswerPrinter::Add(const Text& input, const Answer& answer) {
+void AnswerPrinter::Add(const Text& input, const LineAnswer& answer) {
     const bool isFirst = !std::exchange(hasAnswers_, true);
     switch (form_.format) {
         case Format::Json:
@@ -142,7 +142,7 @@ ExitStatus AnswerTexts(const std::optional<QString>& text, const QString& expect
         return AnswerLines(form, console, answerOf);
     }
     const Text input = text->toStdU16String();
-    const Answer answer = answerOf(input);
+    const LineAnswer answer = answerOf(input);
     if (!answer.problem.empty())
         throw Problem(ExitStatus::BadUsage, QString::fromStdU16String(answer.problem));
     AnswerPrinter printer(console, form);

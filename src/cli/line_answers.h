@@ -14,7 +14,7 @@
 namespace commtest {
 
 // What a verb makes of one text.
-struct Answer {
+struct LineAnswer {
     Text result;
     Text problem;  // why there is no result; empty if there is one
     Text explanation;
@@ -33,7 +33,7 @@ class AnswerPrinter {
   public:
     AnswerPrinter(Console& console, const AnswerForm& form);
 
-    void Add(const Text& input, const Answer& answer);
+    void Add(const Text& input, const LineAnswer& answer);
     void Finish();
 
   private:
@@ -43,7 +43,7 @@ class AnswerPrinter {
     bool hasAnswers_ = false;
 };
 
-using AnswerOf = std::function<Answer(const Text& input)>;
+using AnswerOf = std::function<LineAnswer(const Text& input)>;
 
 // Answers the one text, whose problem is one of bad usage, or without it each line of the console's input as
 // it comes: a problem is told with the number of its line, the other lines are answered, and the status is
