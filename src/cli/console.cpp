@@ -37,7 +37,7 @@ void Console::ShowLive(TextView line) {
 
 void Console::HideLive() {
     if (shownWidth_ == 0) return;
-    problems_ << "\r" + std::string(static_cast<std::size_t>(shownWidth_), ' ') + "\r" << std::flush;
+    problems_ << '\r' << std::string(static_cast<std::size_t>(shownWidth_), ' ') << '\r' << std::flush;
     shownWidth_ = 0;
 }
 

@@ -24,8 +24,9 @@ std::string PlainLines(const LineAnswer& answer, bool isExplained) {
     std::string lines = PrintableText(answer.result) + "\n";
     if (!isExplained) return lines;
     if (!answer.explanation.empty()) {
-        const std::string explanation = PrintableText(answer.explanation);
-        lines += "\n" + explanation.substr(0, explanation.find_last_not_of('\n') + 1) + "\n";
+        std::string explanation = PrintableText(answer.explanation);
+        explanation.resize(explanation.find_last_not_of('\n') + 1);
+        lines.append("\n").append(explanation).append("\n");
     }
     if (!answer.notes.empty()) lines += "\n";
     for (const Text& note : answer.notes) lines += PrintableText(u"注意: " + note) + "\n";

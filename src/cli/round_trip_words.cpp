@@ -8,7 +8,7 @@ namespace commtest {
 namespace {
 
 Text Because(const std::optional<LossReason>& reason) {
-    return reason ? u"：" + Text(WordsOf(*reason)) : Text();
+    return reason ? Text(u"：").append(WordsOf(*reason)) : Text();
 }
 
 Text WordsOfLostValue(const Loss& loss) {
