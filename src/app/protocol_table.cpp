@@ -5,36 +5,11 @@
 #include "protocol_modbus/modbus_protocols.h"
 #include "protocol_native/native_protocols.h"
 #include "protocol_special/hct615d_request.h"
-#include "session/address.h"
-#include "session/frame_end.h"
+#include "protocol_special/special_protocols.h"
 
 namespace commtest {
 
 namespace {
-
-// A protocol whose family is not built yet: it has its code, end rule, menu, address form and display mode,
-// but builds nothing and has no parser. The command line says so where one is asked for.
-Protocol NotBuiltYet(int code, TextView name, bool (*replyIsComplete)(const HexText&, const HexText&),
-                     DisplayMode displayMode, OperationMenu menu) {
-    Protocol protocol;
-    protocol.code = code;
-    protocol.name = name;
-    protocol.replyIsComplete = replyIsComplete;
-    protocol.displayMode = displayMode;
-    protocol.menu = menu;
-    protocol.composeAddress = ComposeTwoDigitAddress;
-    return protocol;
-}
-
-std::vector<Protocol> SpecialProtocols() {
-    using enum DisplayMode;
-    Protocol novax =
-        NotBuiltYet(41, u"TQ特殊仪表协议-NOVAX", HasTenBytes, Hexadecimal, OperationMenu::Modbus);
-    novax.composeAddress = ComposeDoubledAddress;
-    const Protocol hct =
-        NotBuiltYet(42, u"TQ特殊仪表协议-HCT615D", HasSixtyFourBytes, Hexadecimal, OperationMenu::None);
-    return {novax, hct};
-}
 
 ProtocolTable MakeTable() {
     ProtocolTable table;

@@ -21,10 +21,10 @@ void ComposeBorrowedAddress(MainForm& form) {
     if (protocol.composeBorrowedAddress != nullptr) protocol.composeBorrowedAddress(form);
 }
 
-void RequireBuilt(const MainForm& form) {
-    if (form.ProtocolInUse().IsBuilt()) return;
+void RequireKnownProtocol(const MainForm& form) {
+    if (form.ProtocolInUse().IsKnown()) return;
     throw Problem(ExitStatus::BadUsage,
-                  u"协议 \"%1\" 的通讯尚未提供。可用协议请看 commtest-cli list protocols"_s.arg(
+                  u"本程序没有协议 \"%1\" 的通讯。可用协议请看 commtest-cli list protocols"_s.arg(
                       QString::fromStdU16String(form.ConCommTypeList.Value())));
 }
 
@@ -36,7 +36,7 @@ void ChooseInstrument(MainForm& form, const LineOptions& options) {
     form.ConMeterAddr.Set(options.address);
     form.ConDelayTime.Set(options.interval);
     ChooseProtocol(form, options.protocol);
-    RequireBuilt(form);
+    RequireKnownProtocol(form);
     ComposeBorrowedAddress(form);
     RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
     form.InstrumentList().Set(options.instrument);

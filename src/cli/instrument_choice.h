@@ -7,7 +7,7 @@ namespace commtest {
 class MainForm;
 
 // Chooses protocol, instrument, address, interval and display mode, as a user does. A Problem if the
-// catalogue does not know the names, or if the protocol is not built yet.
+// catalogue does not know the names, or if the program does not know the protocol.
 void ChooseInstrument(MainForm& form, const LineOptions& options);
 
 }  // namespace commtest

@@ -18,8 +18,8 @@ Table ProtocolTableOf(Store& store) {
     table.columns = {
         {u"code", u"编号", CellKind::Number}, {u"name", u"协议"}, {u"supported", u"可用", CellKind::YesNo}};
     for (const ProtocolRecord& protocol : InstrumentCatalogue(store).ProtocolList()) {
-        const bool isBuilt = Protocols().Of(LeadingWholeNumber(protocol.codeText)).IsBuilt();
-        table.rows.push_back({protocol.codeText, protocol.name, isBuilt ? u"是" : u"否"});
+        const bool isKnown = Protocols().Of(LeadingWholeNumber(protocol.codeText)).IsKnown();
+        table.rows.push_back({protocol.codeText, protocol.name, isKnown ? u"是" : u"否"});
     }
     return table;
 }

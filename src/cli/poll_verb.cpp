@@ -79,11 +79,15 @@ PollOptions PollOptionsOf(const Arguments& arguments) {
     return options;
 }
 
-// What --strict does not let pass.
-bool HasFailures(LineSession& line, int refusals) {
+// What --strict does not let pass. A wrong check word is one by its verdict: not every protocol counts it.
+bool HasFailed(const Outcome& outcome) {
+    return outcome.verdict.answer == Answer::Refused || outcome.verdict.check == CheckWord::Wrong;
+}
+
+bool HasFailures(LineSession& line, int failedReplies) {
     const MainForm& form = line.Form();
-    const auto counted = form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount;
-    return counted > 0 || refusals > 0 || line.UnseenReplies() > 0;
+    const auto counted = form.IncompleteCount + form.NoReplyCount;
+    return counted > 0 || failedReplies > 0 || line.UnseenReplies() > 0;
 }
 
 void TellStop(const MainForm& form, Console& console) {
@@ -137,10 +141,10 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     LineSession line(lineOptions, console);
     RecordStream record(console, options.format == Format::Plain, options.recordFile);
     MainForm& form = line.Form();
-    int refusals = 0;
+    int failedReplies = 0;
     form.Record().BlockFinished = [&](const RecordBlock& block) {
         record.Add(block.text);
-        if (block.outcome != nullptr && block.outcome->verdict.answer == Answer::Refused) ++refusals;
+        if (block.outcome != nullptr && HasFailed(*block.outcome)) ++failedReplies;
     };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
     form.CommandCode = options.command;
@@ -153,7 +157,7 @@ ExitStatus Poll(const Arguments& arguments, Console& console) {
     console.Print(PollReport(form, lineOptions, line.Exchanges(), options.format));
     record.Finish();
     if (end == LineSession::End::Refused) TellStop(form, console);
-    return StatusOf(end, options.isStrict && HasFailures(line, refusals));
+    return StatusOf(end, options.isStrict && HasFailures(line, failedReplies));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "runtime/number.h"
 #include "session/conversation.h"
 #include "session/decimal_point.h"
+#include "session/instrument_codec.h"
 
 namespace commtest {
 

@@ -1,14 +1,10 @@
 #include "protocol_modbus/rtu_value.h"
 
 #include "numbers/register_codecs.h"
-#include "runtime/number.h"
 #include "session/conversation.h"
+#include "session/instrument_codec.h"
 
 namespace commtest {
-
-int FormatOfInstrument(const InstrumentInUse& instrument) {
-    return ToWhole16(Mid(instrument.MeterCodeText, 3, 2));
-}
 
 void EncodeRtuValue(const InstrumentInUse& instrument, Text& value) {
     ValueToCommCode(value, FormatOfInstrument(instrument));

@@ -6,11 +6,8 @@ namespace commtest {
 
 struct InstrumentInUse;
 
-// An RTU instrument has one number format (numbers/register_codecs.h) for all its values: characters 3 and 4
-// of MeterCodeText. Errors of the codecs, and 13 if these characters are no number.
-
-// That format.
-int FormatOfInstrument(const InstrumentInUse& instrument);
+// An RTU instrument has one number format (session/instrument_codec.h) for all its values. Errors of the
+// codecs, and of the format.
 
 // Number text to code text.
 void EncodeRtuValue(const InstrumentInUse& instrument, Text& value);

@@ -23,21 +23,10 @@ Unreadable WhyUnreadable(const Conversation& talk, int row) {
     return isRead ? Unreadable::No : Unreadable::NoReadAttribute;
 }
 
-bool AnyRow(const Grid&, int) { return true; }
-
-int DecimalsRow(const Conversation& talk, int row) {
-    const Grid& grid = talk.ParameterGrid();
-    const int found = RowAtDecimalsAddress(grid, row, AnyRow);
-    return found > 0 && NamesDecimals(grid.Cell(found, column::kName)) ? found : 0;
-}
-
-Text Scaled(const Conversation& talk, int row, const Text& value, bool divide) {
-    const Grid& grid = talk.ParameterGrid();
-    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalPoint(grid, row, value, divide);
-}
+int DecimalsRow(const Conversation& talk, int row) { return NamedDecimalsRow(talk.ParameterGrid(), row); }
 
 Text WithDecimals(const Conversation& talk, int row, const Text& digits) {
-    return Scaled(talk, row, digits, true);
+    return InShownDecimals(talk.ParameterGrid(), row, digits, true);
 }
 
 int FormatOf(const Conversation& talk, int row) {
@@ -45,7 +34,7 @@ int FormatOf(const Conversation& talk, int row) {
 }
 
 Text DigitsOf(const Conversation& talk, int row, const Text& entry) {
-    return Scaled(talk, row, entry, false);
+    return InShownDecimals(talk.ParameterGrid(), row, entry, false);
 }
 
 Text CodeOf(const Conversation& talk, int row, const Text& entry) {
@@ -57,7 +46,7 @@ Text CodeOf(const Conversation& talk, int row, const Text& entry) {
 Text ValueOf(const Conversation& talk, int row, const Text& code) {
     Text value = code;
     CommCodeToValue(value, ReadFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength)));
-    return Scaled(talk, row, value, true);
+    return InShownDecimals(talk.ParameterGrid(), row, value, true);
 }
 
 }  // namespace

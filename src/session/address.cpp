@@ -51,4 +51,6 @@ void ShowByteFrameAddress(Conversation& talk, const HexText& frame) {
     talk.ConMeterAddr.Set(WholeText(HexParse(Mid(AsHexText(frame), 2, 2))));
 }
 
+void ShowZeroAddress(Conversation& talk, const HexText&) { talk.ConMeterAddr.Set(u"0"); }
+
 }  // namespace commtest

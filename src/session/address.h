@@ -20,5 +20,6 @@ void ComposeDoubledAddress(Conversation& talk);   // " 81 81": address plus 128,
 // The way back, for replay: the address of a recorded frame goes into ConMeterAddr.
 void ShowAsciiFrameAddress(Conversation& talk, const HexText& frame);  // bytes 2 and 3 are its two digits
 void ShowByteFrameAddress(Conversation& talk, const HexText& frame);   // byte 1
+void ShowZeroAddress(Conversation& talk, const HexText&);  // no way back from the doubled address: 0 (Q203)
 
 }  // namespace commtest

@@ -50,7 +50,7 @@ struct ParameterRows {
     std::int16_t FirstDataRow = 0;
     TickControl ConSelChange;             // 停止滚屏
     std::vector<ParameterLimits> Limits;  // by row, from 0; none of row 0
-    RowSpan FilledRows;                   // that the reply in hand has filled so far
+    RowSet FilledRows;                    // that the reply in hand has filled so far
 
     Grid& ParameterGrid() { return MSHFlexGrid1[0]; }
     const Grid& ParameterGrid() const { return MSHFlexGrid1[0]; }

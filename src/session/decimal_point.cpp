@@ -14,6 +14,11 @@ namespace {
 
 constexpr int kFormats = 5;  // 0 to 4 decimals
 
+// Whether a name says that its row holds decimals.
+bool NamesDecimals(const Text& name) { return Contains(name, u"小数点") || Contains(name, u"虚拟"); }
+
+bool AnyRow(const Grid&, int) { return true; }
+
 // The first row at the address in column 5 of `row` that has a value, 0 if there is none.
 int ReferenceRow(const Grid& grid, int row) {
     const auto address = HexParse(grid.Cell(row, column::kDecimals));
@@ -56,8 +61,6 @@ void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
 
 }  // namespace
 
-bool NamesDecimals(const Text& name) { return Contains(name, u"小数点") || Contains(name, u"虚拟"); }
-
 int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&, int row)) {
     const Text& decimals = grid.Cell(row, column::kDecimals);
     if (decimals == u"0") return 0;
@@ -66,6 +69,15 @@ int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&,
         if (isThere && mayHold(grid, r)) return r;
     }
     return 0;
+}
+
+int NamedDecimalsRow(const Grid& grid, int row) {
+    const int found = RowAtDecimalsAddress(grid, row, AnyRow);
+    return found > 0 && NamesDecimals(grid.Cell(found, column::kName)) ? found : 0;
+}
+
+Text InShownDecimals(const Grid& grid, int row, const Text& value, bool divide) {
+    return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalPoint(grid, row, value, divide);
 }
 
 Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide) {

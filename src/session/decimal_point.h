@@ -16,11 +16,14 @@ void ApplyDecimalPoint(Grid& grid, int row, Text& value, bool divide);
 // The same without a touch of the grid.
 Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide);
 
-// Whether a name says that its row holds decimals.
-bool NamesDecimals(const Text& name);
+// The same, but with "0" in column 5 of the row the value stays as it is.
+Text InShownDecimals(const Grid& grid, int row, const Text& value, bool divide);
 
 // The first row at the address that column 5 of `row` names, among those that `mayHold` allows; 0 if there is
 // none, or if column 5 is "0".
 int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&, int row));
+
+// The first row at that address, if its name says that it holds decimals; else 0.
+int NamedDecimalsRow(const Grid& grid, int row);
 
 }  // namespace commtest

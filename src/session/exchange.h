@@ -70,7 +70,7 @@ Verdict VerdictOnNoReply();
 struct Outcome {
     Exchange exchange;
     Verdict verdict;
-    RowSpan rows;
+    RowSet rows;
 };
 
 using OutcomePointer = std::shared_ptr<const Outcome>;

@@ -1,5 +1,6 @@
 #include "session/grid_rows.h"
 
+#include <algorithm>
 #include <array>
 
 #include "runtime/hex_text.h"
@@ -31,6 +32,16 @@ void NumberRows(ParameterRows& rows) {
 }
 
 }  // namespace
+
+bool RowSet::Holds(int row) const {
+    return std::any_of(runs_.begin(), runs_.end(),
+                       [&](const RowSpan& run) { return row >= run.first && row <= run.last; });
+}
+
+void RowSet::Add(int row) {
+    if (runs_.empty() || runs_.back().last + 1 != row) runs_.push_back({row, row});
+    runs_.back().last = row;
+}
 
 int LastRow(const Grid& grid) { return grid.Rows() - 1; }
 

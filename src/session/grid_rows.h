@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "runtime/text.h"
 
@@ -27,16 +28,23 @@ inline constexpr int kCount = 11;
 
 inline constexpr TextView kCommandAddress = u"0000";  // rows with it are commands, not parameters
 
-// Rows that follow each other; none while `first` is 0.
+// Rows that follow each other.
 struct RowSpan {
-    int first = 0;
-    int last = 0;
+    int first;
+    int last;
 
-    bool Holds(int row) const { return first != 0 && row >= first && row <= last; }
-    void Add(int row) {
-        if (first == 0) first = row;
-        last = row;
-    }
+    friend bool operator==(const RowSpan&, const RowSpan&) = default;
+};
+
+// Rows of the grid, in the order in which they were added, as runs.
+class RowSet {
+  public:
+    bool Holds(int row) const;
+    void Add(int row);
+    const std::vector<RowSpan>& Runs() const { return runs_; }
+
+  private:
+    std::vector<RowSpan> runs_;
 };
 
 // Index of the grid's last row.

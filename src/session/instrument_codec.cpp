@@ -1,6 +1,8 @@
 #include "session/instrument_codec.h"
 
 #include "numbers/register_codecs.h"
+#include "runtime/number.h"
+#include "session/conversation.h"
 
 namespace commtest {
 
@@ -15,6 +17,10 @@ int WriteFormatOfLength(TextView length) {
     if (length == u"2") return register_format::kSignMagnitudeSwapped;
     if (length == u"4") return register_format::kCustomFloat;
     return kUnchanged;
+}
+
+int FormatOfInstrument(const InstrumentInUse& instrument) {
+    return ToWhole16(Mid(instrument.MeterCodeText, 3, 2));
 }
 
 int ReadFormatOfLength(TextView length) {

@@ -28,7 +28,8 @@ enum class Unreadable {
     Fixed,  // one of the rows 1 to 5
 };
 
-// How single rows are read and written back: what there is to know beyond the frames.
+// How single rows are read and written back: what there is to know beyond the frames. A protocol without
+// writes needs no more than its first row.
 struct RowManner {
     std::int16_t (*firstRow)(const Conversation&) = nullptr;  // where reading row by row begins
     Unreadable (*whyUnreadable)(const Conversation&, int row) = nullptr;
@@ -78,8 +79,7 @@ struct Protocol {
     bool checkWordIsThatOfAWrite = false;  // MakeCRCWord builds the write frame of the current row instead
     RowManner rows;
 
-    // Whether instruments of this protocol can be polled: it is known, and its family is built.
-    bool IsBuilt() const { return code != 0 && buildRead != nullptr; }
+    bool IsKnown() const { return code != 0; }  // it has a row
 };
 
 // The rows stand in app/protocol_table.cpp.

@@ -75,7 +75,7 @@ void Decode(MainForm& form, Outcome& outcome, const Protocol& protocol) {
     const HexText nothing;
     PassOverError(
         [&] { protocol.decode(form, outcome.verdict.dropsReply ? nothing : outcome.exchange.reply); });
-    outcome.rows = form.FilledRows;
+    outcome.rows = std::exchange(form.FilledRows, {});
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ using testing::BytesOfHex;
 using testing::NativeBench;
 using testing::RtuBench;
 namespace frames = testing::frames;
+using Runs = std::vector<RowSpan>;
 
 class Outcomes : public ::testing::Test {
   protected:
@@ -114,10 +115,8 @@ TEST_F(Outcomes, RowsAreThoseThatTheReplyHasFilled) {
     bench.WillAnswer({frames::kDynamicReply, frames::kStaticReply});
     PollUntil(402);
     ASSERT_EQ(form.Outcomes.Total(), 2U);
-    EXPECT_EQ(Last(1).rows.first, 6);
-    EXPECT_EQ(Last(1).rows.last, 7);
-    EXPECT_EQ(Last().rows.first, 1);
-    EXPECT_EQ(Last().rows.last, 2);
+    EXPECT_EQ(Last(1).rows.Runs(), Runs({{6, 7}}));
+    EXPECT_EQ(Last().rows.Runs(), Runs({{1, 2}}));
 }
 
 TEST_F(Outcomes, ReplyThatIsNotDecodedFillsNoRow) {
@@ -125,26 +124,21 @@ TEST_F(Outcomes, ReplyThatIsNotDecodedFillsNoRow) {
     PollUntil(402);
     ASSERT_EQ(form.Outcomes.Total(), 2U);
     EXPECT_EQ(Last().verdict.check, CheckWord::Wrong);
-    EXPECT_EQ(Last().rows.first, 0);
-    EXPECT_FALSE(Last().rows.Holds(6));
+    EXPECT_EQ(Last().rows.Runs(), Runs());
 }
 
 TEST_F(Outcomes, WalkThatEndsInAnErrorHasFilledTheRowsBeforeIt) {
     form.ParameterGrid().SetCell(7, 3, u"no number");
     bench.WillAnswer({frames::kDynamicReply});
     PollUntil(301);
-    EXPECT_EQ(Last().rows.first, 6);
-    EXPECT_EQ(Last().rows.last, 6);
+    EXPECT_EQ(Last().rows.Runs(), Runs({{6, 6}}));
 }
 
 TEST(OutcomesOfRtu, RowsOfAReadOfSeveralRegisters) {
     RtuBench bench(31);
     bench.Form().CommandCode = 60;
     bench.ReceiveHex(1, u" 01 03 08 00 64 00 C8 01 2C 01 90 90 08");
-    EXPECT_EQ(bench.Form().Outcomes.Last()->rows.first, 6);
-    EXPECT_EQ(bench.Form().Outcomes.Last()->rows.last, 8);
-    EXPECT_TRUE(bench.Form().Outcomes.Last()->rows.Holds(7));
-    EXPECT_FALSE(bench.Form().Outcomes.Last()->rows.Holds(9));
+    EXPECT_EQ(bench.Form().Outcomes.Last()->rows.Runs(), Runs({{6, 8}}));
 }
 
 // --- The record's block ---
@@ -173,15 +167,15 @@ TEST_F(Outcomes, BlockOfASilentInstrumentHasAnEmptyReply) {
 }
 
 TEST_F(Outcomes, BlockOfTheRecordCarriesItsOutcomeWhoseRowsFollowBehindIt) {
-    std::vector<int> firstRows;
+    std::vector<Runs> rows;
     form.Record().BlockFinished = [&](const RecordBlock& block) {
-        firstRows.push_back(block.outcome->rows.first);
+        rows.push_back(block.outcome->rows.Runs());
     };
     bench.WillAnswer({frames::kDynamicReply});
     PollUntil(301);
-    EXPECT_EQ(firstRows, std::vector<int>{0});
+    EXPECT_EQ(rows, std::vector<Runs>{{}});
     EXPECT_EQ(form.Record().Blocks().front().outcome, form.Outcomes.Last());
-    EXPECT_EQ(form.Record().Blocks().front().outcome->rows.first, 6);
+    EXPECT_EQ(form.Record().Blocks().front().outcome->rows.Runs(), Runs({{6, 7}}));
 }
 
 TEST_F(Outcomes, BlockOfASearchHitBelongsToNoExchange) {

@@ -56,7 +56,7 @@ const std::vector<Row>& Rows() {
         {35, "ModBus-RTU协议-标准流量表", EndsByRtuRule, Hexadecimal, OperationMenu::Modbus,
          ComposeTwoDigitAddress, nullptr},
         {41, "TQ特殊仪表协议-NOVAX", HasTenBytes, Hexadecimal, OperationMenu::Modbus, ComposeDoubledAddress,
-         nullptr},
+         ShowZeroAddress},
         {42, "TQ特殊仪表协议-HCT615D", HasSixtyFourBytes, Hexadecimal, OperationMenu::None,
          ComposeTwoDigitAddress, nullptr},
         {51, "ModBus-RTU协议-M46T", EndsByRtuRule, Hexadecimal, OperationMenu::FlowMeter,
@@ -122,20 +122,24 @@ TEST(ProtocolTable, OnlyNativeProtocolsContinueOnALineFeed) {
     }
 }
 
-TEST(ProtocolTable, FamiliesNotBuiltYetBuildAndJudgeNothing) {
-    for (const int code : {41, 42}) {
-        const Protocol& row = Protocols().Of(code);
-        EXPECT_EQ(row.buildRead, nullptr) << code;
-        EXPECT_EQ(row.buildWrite, nullptr) << code;
-        EXPECT_EQ(row.judge, nullptr) << code;
-        EXPECT_FALSE(row.IsBuilt()) << code;
+TEST(ProtocolTable, EveryRowBuildsItsReads) {
+    for (const Protocol& row : Protocols().rows) {
+        EXPECT_NE(row.buildRead, nullptr) << row.code;
+        EXPECT_NE(row.rows.firstRow, nullptr) << row.code;
+        EXPECT_TRUE(row.IsKnown()) << row.code;
     }
+    for (const int code : {0, 14, 99}) EXPECT_FALSE(Protocols().Of(code).IsKnown()) << code;
 }
 
-TEST(ProtocolTable, NativeAndModbusCodesAreBuiltAndUnknownOnesAreNot) {
-    for (const int code : {11, 12, 13, 21, 22, 23, 31, 32, 33, 34, 35, 51})
-        EXPECT_TRUE(Protocols().Of(code).IsBuilt()) << code;
-    for (const int code : {0, 14, 99}) EXPECT_FALSE(Protocols().Of(code).IsBuilt()) << code;
+TEST(ProtocolTable, ProtocolThatWritesTellsHowItsRowsAreReadBack) {
+    for (const Protocol& row : Protocols().rows) {
+        if (row.buildWrite == nullptr) continue;
+        EXPECT_NE(row.rows.whyUnreadable, nullptr) << row.code;
+        EXPECT_NE(row.rows.decimalsRow, nullptr) << row.code;
+        EXPECT_NE(row.rows.codeOf, nullptr) << row.code;
+        EXPECT_NE(row.rows.valueOf, nullptr) << row.code;
+        EXPECT_NE(row.rows.withDecimals, nullptr) << row.code;
+    }
 }
 
 TEST(ProtocolTable, EveryOtherCodeReadsAsCode42AndHasNoEndRuleNoJudgeNoMenuAndNoAddress) {

@@ -21,7 +21,7 @@ TEST(AsciiProtocols, EachHasItsCodeAndItsNameOfTheCatalogue) {
     for (const int code : {21, 22, 23}) {
         EXPECT_EQ(Row(code).code, code);
         EXPECT_EQ(ToUtf8(Row(code).name), names[code - 21]);
-        EXPECT_TRUE(Row(code).IsBuilt());
+        EXPECT_TRUE(Row(code).IsKnown());
     }
 }
 

@@ -58,7 +58,7 @@ TEST(RtuProtocols, AllEndByOneRuleAndShowHexadecimal) {
         EXPECT_EQ(row.rows.firstRow, kRtuRowManner.firstRow) << row.code;
         EXPECT_FALSE(row.continuesOnLineFeed) << row.code;
         EXPECT_EQ(row.appendCheckWord, nullptr) << row.code;
-        EXPECT_TRUE(row.IsBuilt()) << row.code;
+        EXPECT_TRUE(row.IsKnown()) << row.code;
     }
 }
 

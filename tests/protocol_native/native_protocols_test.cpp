@@ -53,7 +53,7 @@ TEST(NativeProtocols, AllSpeakInCharactersAndContinueOnALineFeed) {
         EXPECT_EQ(row.displayMode, DisplayMode::Ascii) << row.code;
         EXPECT_EQ(row.menu, OperationMenu::Native) << row.code;
         EXPECT_EQ(row.rows.firstRow, kNativeRowManner.firstRow) << row.code;
-        EXPECT_TRUE(row.IsBuilt()) << row.code;
+        EXPECT_TRUE(row.IsKnown()) << row.code;
     }
 }
 

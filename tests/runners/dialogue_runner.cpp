@@ -97,15 +97,8 @@ void AddCatalogue(BenchSession& bench, const Json& catalogue) {
     }
 }
 
-void RequireBuilt(const MainForm& form) {
-    if (form.ProtocolInUse().buildRead == nullptr) {
-        throw NotBuiltYet{"protocol code " + std::to_string(form.ProtocolCode)};
-    }
-}
-
 void Select(BenchSession& bench, const Json& choice) {
     bench.Choose(TextOf(choice["protocol"]), FromUtf8(choice.value("instrument", "")));
-    RequireBuilt(bench.Form());
 }
 
 using Action = std::function<void(BenchSession&, const Json&)>;
