@@ -28,6 +28,14 @@ void RequireKnownProtocol(const MainForm& form) {
                       QString::fromStdU16String(form.ConCommTypeList.Value())));
 }
 
+// The field falls back where a protocol has no such address.
+void RequireAddress(const MainForm& form, const Text& address) {
+    if (form.ConMeterAddr.Value() == address) return;
+    throw Problem(ExitStatus::BadUsage, u"地址 %1 超出协议 \"%2\" 的范围。请用 --address 另给地址"_s.arg(
+                                            QString::fromStdU16String(address),
+                                            QString::fromStdU16String(form.ConCommTypeList.Value())));
+}
+
 }  // namespace
 
 void ChooseInstrument(MainForm& form, const LineOptions& options) {
@@ -37,6 +45,7 @@ void ChooseInstrument(MainForm& form, const LineOptions& options) {
     form.ConDelayTime.Set(options.interval);
     ChooseProtocol(form, options.protocol);
     RequireKnownProtocol(form);
+    RequireAddress(form, options.address);
     ComposeBorrowedAddress(form);
     RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
     form.InstrumentList().Set(options.instrument);

@@ -20,8 +20,8 @@ namespace commtest {
 // inside Run only.
 class LineSession {
   public:
-    // A Problem if the catalogue cannot be opened or does not know the names, or if the protocol is not built
-    // yet.
+    // A Problem if the catalogue cannot be opened or does not know the names, or if the program does not know
+    // the protocol or its address.
     LineSession(const LineOptions& options, Console& console);
 
     enum class End {

@@ -30,7 +30,7 @@ void BuildParameterRead(Conversation& talk) {
 void BuildByCommandCode(Conversation& talk) {
     std::int32_t& code = talk.CommandCode;
     if (code > command::kWriteOffset && code <= command::kSearchOffset) {
-        code %= command::kWriteOffset;  // SendText holds the frame of a write, which goes out in place of a read
+        code %= command::kWriteOffset;  // SendText holds the frame of a write, which goes out now
     } else if (code >= 1) {
         BuildParameterRead(talk);
     }

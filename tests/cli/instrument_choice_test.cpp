@@ -9,6 +9,7 @@ namespace commtest {
 
 namespace {
 
+using testing::IsProblem;
 using testing::Outcome;
 using testing::PseudoTerminal;
 using testing::RunInFolder;
@@ -39,6 +40,13 @@ TEST(ChooseInstrument, ProtocolThatComposesNoAddressHasTheOneOfItsFamily) {
           Poll{"ModBus-Ascii协议-定制02", "HX-M23大屏显示仪", "40", ":0A030110E2\r\n"},
           Poll{"ModBus-Ascii协议-定制02", "HX-M23大屏显示仪", "60", ":0A0300100005DE\r\n"}})
         EXPECT_EQ(FirstFrameOf(poll), poll.frame);
+}
+
+TEST(ChooseInstrument, AddressThatTheProtocolDoesNotHaveIsRefused) {
+    EXPECT_TRUE(
+        IsProblem(RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ特殊仪表协议-NOVAX"),
+                               "--instrument", QString::fromUtf8("HX-N41电炉控制仪"), "--address", "128"}),
+                  2, "地址 128 超出协议 \"TQ特殊仪表协议-NOVAX\" 的范围。请用 --address 另给地址"));
 }
 
 }  // namespace

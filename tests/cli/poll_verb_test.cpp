@@ -1,7 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
+#include "catalogue/catalogue_connection.h"
 #include "cli/command_line_runner.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/qt_store.h"
 
 namespace commtest {
 
@@ -9,6 +14,7 @@ namespace {
 
 using testing::IsProblem;
 using testing::Outcome;
+using testing::RunCommand;
 using testing::RunInFolder;
 
 const QStringList kInstrument = {"--protocol", QString::fromUtf8("TQ仪表协议"), "--instrument",
@@ -76,11 +82,16 @@ TEST(PollVerb, InstrumentOfAnotherProtocolIsUnknown) {
         2, "目录中没有仪表 \"HX-D10智能数字显示控制仪\"。可用名称请看 commtest-cli list instruments"));
 }
 
-TEST(PollVerb, ProtocolThatIsNotBuiltYetIsRefused) {
-    EXPECT_TRUE(IsProblem(
-        RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ特殊仪表协议-HCT615D"), "--instrument",
-                     QString::fromUtf8("HX-H42超声波流量表")}),
-        2, "协议 \"TQ特殊仪表协议-HCT615D\" 的通讯尚未提供。可用协议请看 commtest-cli list protocols"));
+TEST(PollVerb, ProtocolThatTheProgramDoesNotKnowIsRefused) {
+    QTemporaryDir folder;
+    RunCommand({"catalogue", "create", folder.path()});
+    QtStore store;
+    store.Open(LocalCatalogue(FolderFiles(folder.path())));
+    store.AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度"}, {u"协议规定", u"99", u"协议甲", u"61"});
+    store.Close();
+    EXPECT_TRUE(IsProblem(RunCommand({"poll", "--protocol", QString::fromUtf8("协议甲"), "--instrument", "x",
+                                      "--folder", folder.path()}),
+                          2, "本程序没有协议 \"协议甲\" 的通讯。可用协议请看 commtest-cli list protocols"));
 }
 
 TEST(PollVerb, PortThatCannotBeOpenedIsToldWithTheReason) {

@@ -44,13 +44,18 @@ TEST(WriteVerb, RowBehindTheParametersIsRefused) {
                           "第 999 行: 没有第 999 行。行号请看 commtest-cli list parameters"));
 }
 
+Outcome WriteFirstRowOf(const char* protocol, const char* instrument) {
+    return RunInFolder({"write", "--protocol", QString::fromUtf8(protocol), "--instrument",
+                        QString::fromUtf8(instrument), "--row", "1", "--value", "1"});
+}
+
 TEST(WriteVerb, ProtocolWithoutAWriteIsRefused) {
-    const Outcome outcome =
-        RunInFolder({"write", "--protocol", QString::fromUtf8("TQ仪表协议-定制异或和"), "--instrument",
-                     QString::fromUtf8("HX-D13智能双回路显示仪"), "--row", "1", "--value", "1"});
     EXPECT_TRUE(
-        IsProblem(outcome, 2,
+        IsProblem(WriteFirstRowOf("TQ仪表协议-定制异或和", "HX-D13智能双回路显示仪"), 2,
                   "第 1 行 恢复出厂设置: 协议 \"TQ仪表协议-定制异或和\" 不能写参数。请换用能写的协议和仪表"));
+    EXPECT_TRUE(
+        IsProblem(WriteFirstRowOf("TQ特殊仪表协议-HCT615D", "HX-H42超声波流量表"), 2,
+                  "第 1 行 仪表型号: 协议 \"TQ特殊仪表协议-HCT615D\" 不能写参数。请换用能写的协议和仪表"));
 }
 
 TEST(WriteVerb, ValueThatIsNoNumberIsRefusedBeforeThePortIsTouched) {

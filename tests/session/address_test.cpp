@@ -128,6 +128,12 @@ TEST(ShowAsciiFrameAddress, BytesTwoAndThreeAreTwoHexadecimalDigits) {
     }
 }
 
+TEST(ShowZeroAddress, IsZeroWhateverTheFrame) {
+    FormBench bench;
+    ShowZeroAddress(bench.form, u" 85 85 52 12 00 00 57 12");
+    EXPECT_EQ(ToUtf8(bench.form.ConMeterAddr.Value()), "0");
+}
+
 TEST(ShowByteFrameAddress, ByteOneIsTheAddress) {
     FormBench bench;
     for (const FrameAddress& row : {FrameAddress{u" 01 03 00 00", "1"}, FrameAddress{u" 0B 03 00 00", "11"},

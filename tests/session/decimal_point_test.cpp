@@ -205,6 +205,29 @@ TEST_F(DecimalPoint, FailureLeavesTheRedrawOff) {
     EXPECT_FALSE(grid.Redraw);
 }
 
+TEST_F(DecimalPoint, NamedRowOfDecimalsIsTheFirstAtTheAddress) {
+    SetDecimals(u"0020");
+    EXPECT_EQ(NamedDecimalsRow(grid, 2), 0);
+    SetReference(5, u"小数点位置", u"0020", u"");
+    EXPECT_EQ(NamedDecimalsRow(grid, 2), 5);
+    SetReference(4, u"报警值", u"20", u"1");
+    EXPECT_EQ(NamedDecimalsRow(grid, 2), 0);
+    SetReference(4, u"虚拟位", u"20", u"1");
+    EXPECT_EQ(NamedDecimalsRow(grid, 2), 4);
+    SetDecimals(u"0");
+    EXPECT_EQ(NamedDecimalsRow(grid, 2), 0);
+}
+
+TEST_F(DecimalPoint, WithZeroInColumnFiveAValueStaysAsItIs) {
+    SetDecimals(u"0");
+    EXPECT_EQ(ToUtf8(InShownDecimals(grid, 2, u"1234.0", kReading)), "1234.0");
+    SetDecimals(u"2");
+    grid.Redraw = false;
+    EXPECT_EQ(ToUtf8(InShownDecimals(grid, 2, u"1234", kReading)), "12.34");
+    EXPECT_EQ(ToUtf8(InShownDecimals(grid, 2, u"12.34", kWriting)), "1234.00");
+    EXPECT_FALSE(grid.Redraw);
+}
+
 TEST_F(DecimalPoint, NoCellIsWritten) {
     SetDecimals(u"2");
     const auto generation = grid.Generation();

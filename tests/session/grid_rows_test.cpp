@@ -118,6 +118,26 @@ TEST_F(ParameterGridLayout, WindowRestsWhileTheUserStopsTheScrolling) {
     EXPECT_FALSE(grid.Redraw);
 }
 
+using Runs = std::vector<RowSpan>;
+
+TEST(RowSet, RowsThatFollowEachOtherAreOneRun) {
+    RowSet rows;
+    EXPECT_EQ(rows.Runs(), Runs());
+    for (const int row : {6, 7, 8, 12}) rows.Add(row);
+    EXPECT_EQ(rows.Runs(), Runs({{6, 8}, {12, 12}}));
+    rows.Add(13);
+    rows.Add(9);
+    EXPECT_EQ(rows.Runs(), Runs({{6, 8}, {12, 13}, {9, 9}}));
+}
+
+TEST(RowSet, HoldsItsRowsAndNoneBetweenThem) {
+    RowSet rows;
+    EXPECT_FALSE(rows.Holds(0));
+    for (const int row : {6, 7, 12}) rows.Add(row);
+    for (const int row : {6, 7, 12}) EXPECT_TRUE(rows.Holds(row)) << row;
+    for (const int row : {0, 5, 8, 11, 13}) EXPECT_FALSE(rows.Holds(row)) << row;
+}
+
 TEST(ParameterGridOfASession, WindowFollowsTheReadsRowByRow) {
     testing::BenchSession bench;
     std::vector<testing::TestParameter> parameters;

@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "numbers/register_codecs.h"
+#include "session/conversation.h"
+#include "support/error_of.h"
 
 namespace commtest {
 namespace {
+
+using testing::ErrorOf;
 
 TEST(InstrumentCodec, LengthChoosesTheFormatOfAReading) {
     EXPECT_EQ(ReadFormatOfLength(u"1"), 7);
@@ -35,6 +39,14 @@ TEST(InstrumentCodec, AccumulatedValueIsReadOnly) {
     Text written = u"1100.5";
     ValueToCommCode(written, WriteFormatOfLength(u"8"));
     EXPECT_EQ(ToUtf8(written), "1100.5");
+}
+
+TEST(InstrumentCodec, FormatOfAnInstrumentIsInItsCode) {
+    InstrumentInUse instrument;
+    instrument.MeterCodeText = u"31110107";
+    EXPECT_EQ(FormatOfInstrument(instrument), 11);
+    instrument.MeterCodeText = u"41x10107";
+    EXPECT_EQ(ErrorOf([&] { FormatOfInstrument(instrument); }), 13);
 }
 
 }  // namespace
