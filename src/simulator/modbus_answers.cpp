@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "simulator/bytes.h"
 #include "simulator/framing.h"
 #include "simulator/register_codes.h"
 
@@ -26,13 +27,6 @@ constexpr std::string_view kBoard = {"\x01\x00\x00\x12", 4};
 
 enum class Trouble { Function, Address, Count, Value };
 
-std::string Bytes(std::initializer_list<int> values) {
-    std::string bytes;
-    for (const int value : values) bytes += static_cast<char>(value);
-    return bytes;
-}
-
-int ByteAt(std::string_view bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
 int WordAt(std::string_view bytes, std::size_t index) {
     return 256 * ByteAt(bytes, index) + ByteAt(bytes, index + 1);
 }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "simulator/bytes.h"
+
 namespace simulator {
 
 namespace {
@@ -10,8 +12,6 @@ constexpr std::size_t kCheckSize = 2;
 constexpr std::size_t kUsualSize = 8;
 constexpr int kWriteOne = 0x06;
 constexpr int kWriteSeveral = 0x10;
-
-int ByteAt(std::string_view bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
 
 bool IsLengthOfRequest(std::string_view bytes) {
     constexpr std::size_t kHeadOfOne = 4;      // address, function, register
@@ -38,7 +38,7 @@ std::string RtuCheck(std::string_view covered) {
         value ^= static_cast<unsigned char>(c);
         for (int bit = 0; bit < 8; ++bit) value = (value & 1) != 0 ? (value >> 1) ^ 0xA001 : value >> 1;
     }
-    return {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
+    return LowByteFirst(value);
 }
 
 bool IsWholeRtuRequest(std::string_view bytes) {

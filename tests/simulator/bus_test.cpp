@@ -2,21 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "simulator/sample_instruments.h"
+#include "simulator/sample_lines.h"
 
 namespace simulator {
 namespace {
-
-// A line without faults.
-class QuietLine {
-  public:
-    explicit QuietLine(std::vector<Instrument> instruments, int turnaroundMs = 0)
-        : bus(std::move(instruments), FaultRates{}, 1, turnaroundMs) {}
-
-    std::string Ask(const std::string& bytes) { return BytesOf(bus.Receive(bytes, 0)); }
-
-    Bus bus;
-};
 
 Instrument Sample(int code, int address, int partLength = 0) {
     return {code, address, "sample", code == 12 ? SampleParametersOfCode12() : SampleParameters(),

@@ -2,9 +2,7 @@
 
 #include <set>
 
-#include "simulator/bus.h"
-#include "simulator/modbus_bytes.h"
-#include "simulator/sample_instruments.h"
+#include "simulator/sample_lines.h"
 
 namespace simulator {
 namespace {
@@ -12,20 +10,6 @@ namespace {
 Instrument Holding(int code, int address, double value) {
     return {Model{code, 1}, address, "holding", {Fixed("0010", "2", "RW", value, 0, 1000)}};
 }
-
-class QuietLine {
-  public:
-    explicit QuietLine(std::vector<Instrument> instruments) : bus(std::move(instruments), FaultRates{}, 1) {}
-
-    std::string Ask(const std::string& bytes, double timeMs = 0) {
-        return BytesOf(bus.Receive(bytes, timeMs));
-    }
-    std::string AskPairs(const std::string& pairs, double timeMs = 0) {
-        return Pairs(Ask(FromPairs(pairs), timeMs));
-    }
-
-    Bus bus;
-};
 
 TEST(ModbusBus, RtuInstrumentsAnswerAtTheirAddresses) {
     QuietLine line({Holding(31, 1, 100), Holding(32, 2, 7)});
@@ -72,42 +56,20 @@ TEST(ModbusBus, RubbishOnAnRtuLineIsOneIgnoredFrame) {
 // --- Faults ---
 
 constexpr int kReplies = 3000;
-const std::string kDigits = "0123456789ABCDEF";
-
-// The places at which a corruption of these replies was seen; each hit one byte.
-std::set<std::size_t> CorruptPlaces(const Instrument& instrument, const std::string& request,
-                                    const std::string& reply, bool keepsDigits) {
-    Bus bus({instrument}, {.corrupt = 0.5}, 7);
-    std::set<std::size_t> places;
-    long corrupt = 0;
-    for (int i = 0; i < kReplies; ++i) {
-        const std::string bytes = BytesOf(bus.Receive(request, 0));
-        if (bytes == reply) continue;
-        ++corrupt;
-        EXPECT_EQ(bytes.size(), reply.size());
-        int differences = 0;
-        for (std::size_t at = 0; at < bytes.size(); ++at) {
-            if (bytes[at] == reply[at]) continue;
-            ++differences;
-            places.insert(at);
-            EXPECT_TRUE(!keepsDigits || kDigits.find(bytes[at]) != std::string::npos);
-        }
-        EXPECT_EQ(differences, 1);
-    }
-    EXPECT_EQ(bus.Total().faults.corruptions, corrupt);
-    EXPECT_GT(corrupt, kReplies / 3);
-    return places;
-}
 
 TEST(ModbusFaults, CorruptRtuReplyKeepsAddressFunctionAndByteCount) {
-    EXPECT_EQ(CorruptPlaces(Holding(31, 1, 100), FromPairs("01 03 00 10 00 01 85 CF"),
-                            FromPairs("01 03 02 00 64 B9 AF"), false),
-              (std::set<std::size_t>{3, 4, 5, 6}));
+    const std::string reply = FromPairs("01 03 02 00 64 B9 AF");
+    const auto corrupt = CorruptReplies(Holding(31, 1, 100), FromPairs("01 03 00 10 00 01 85 CF"), reply);
+    EXPECT_EQ(CorruptPlaces(corrupt, reply), (std::set<std::size_t>{3, 4, 5, 6}));
 }
 
 TEST(ModbusFaults, CorruptAsciiReplyKeepsColonAndLineEndAndItsDigitsAreDigits) {
-    EXPECT_EQ(CorruptPlaces(Holding(21, 1, 100), ":010300100001EB\r\n", ":010302006496\r\n", true),
-              (std::set<std::size_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+    const std::string reply = ":010302006496\r\n";
+    const auto corrupt = CorruptReplies(Holding(21, 1, 100), ":010300100001EB\r\n", reply);
+    EXPECT_EQ(CorruptPlaces(corrupt, reply), (std::set<std::size_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+    for (const std::string& bytes : corrupt) {
+        EXPECT_EQ(bytes.find_first_not_of("0123456789ABCDEF", 1), 13U) << bytes;  // the line end
+    }
 }
 
 TEST(ModbusFaults, TruncatedReplyLosesAtLeastItsLastByte) {

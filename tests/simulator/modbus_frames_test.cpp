@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "simulator/framing.h"
+#include "simulator/byte_pairs.h"
 #include "simulator/modbus_ascii_frames.h"
-#include "simulator/modbus_bytes.h"
 #include "simulator/modbus_rtu_frames.h"
 
 namespace simulator {
@@ -86,53 +85,6 @@ TEST(MakeAsciiReply, PutsColonCheckWordAndLineEndAroundTheContent) {
     EXPECT_EQ(MakeAsciiReply(21, 1, FromPairs("03 02 00 64")), ":010302006496\r\n");
     EXPECT_EQ(MakeAsciiReply(22, 1, FromPairs("03 05 02 00 07 59 73")), ":0103050200075973D6\r\n");
     EXPECT_EQ(MakeAsciiReply(21, 10, FromPairs("82 02")), ":0A820272\r\n");
-}
-
-// --- Cutting the line into requests ---
-
-std::vector<std::string> Requests(Framing framing, const std::vector<std::string>& pieces, double apart = 0) {
-    RequestReader reader(framing);
-    std::vector<std::string> frames;
-    double time = 0;
-    for (const std::string& piece : pieces) {
-        for (std::string& frame : reader.Take(piece, time)) frames.push_back(std::move(frame));
-        time += apart;
-    }
-    return frames;
-}
-
-using Frames = std::vector<std::string>;
-
-TEST(RequestReader, AsciiRequestEndsAtItsCarriageReturn) {
-    EXPECT_EQ(Requests(Framing::ModbusAscii, {":010300100001EB\r\n:0106001003E8FE\r"}),
-              (Frames{":010300100001EB\r", ":0106001003E8FE\r"}));
-    EXPECT_EQ(Requests(Framing::ModbusAscii, {":0103", "00100001EB", "\r", "\n"}, 1000),
-              Frames{":010300100001EB\r"});
-}
-
-TEST(RequestReader, AsciiRequestIsFoundBehindNoise) {
-    EXPECT_EQ(Requests(Framing::ModbusAscii, {"@x\n:01:010300100001EB\r"}), Frames{":010300100001EB\r"});
-}
-
-TEST(RequestReader, RtuRequestEndsWithItsCheckBytes) {
-    const std::string read = FromPairs("01 03 00 10 00 01 85 CF");
-    const std::string write = FromPairs("01 10 00 10 00 02 04 42 C8 00 00 67 25");
-    EXPECT_EQ(Requests(Framing::ModbusRtu, {read + write}), (Frames{read, write}));
-    EXPECT_EQ(Requests(Framing::ModbusRtu, {read.substr(0, 3), read.substr(3, 4), read.substr(7)}, 20),
-              Frames{read});
-}
-
-TEST(RequestReader, RtuBytesThatAreNoRequestAreOneFrameAfterASilence) {
-    const std::string read = FromPairs("01 03 00 10 00 01 85 CF");
-    EXPECT_EQ(Requests(Framing::ModbusRtu, {"abc", "d", read}, 20), Frames{});
-    EXPECT_EQ(Requests(Framing::ModbusRtu, {"abcd", read}, 21), (Frames{"abcd", read}));
-}
-
-TEST(FramingOf, EachCodeHasOne) {
-    for (const int code : {11, 12, 13}) EXPECT_EQ(FramingOf(code), Framing::Native);
-    for (const int code : {21, 22}) EXPECT_EQ(FramingOf(code), Framing::ModbusAscii);
-    for (const int code : {31, 32, 33, 34, 35, 51}) EXPECT_EQ(FramingOf(code), Framing::ModbusRtu);
-    for (const int code : {0, 10, 14, 23, 36, 41, 42, 99}) EXPECT_EQ(FramingOf(code), std::nullopt);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "simulator/modbus_bytes.h"
+#include "simulator/byte_pairs.h"
 
 namespace simulator {
 namespace {
