@@ -98,7 +98,7 @@ Head HeadOf(const Line& line, int nextAddress, int partLength) {
     const std::string code = line.At(0);
     const Model model{std::stoi(code.substr(0, 2)), std::stoi(code.substr(2, 2))};
     if (!FramingOf(model.code))
-        line.Refuse("a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51", 0);
+        line.Refuse("a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35, 41, 42 or 51", 0);
     if (!IsKnownFormat(model))
         line.Refuse("a code with the number format 00, 01, 02, 03, 06, 07 or 11 behind its protocol", 0);
     return {model, line.At(1), line.Whole(2, nextAddress, "an address"),

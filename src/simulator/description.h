@@ -31,7 +31,7 @@ struct DescriptionDefaults {
 std::vector<Instrument> ReadDescription(std::string_view text, const std::string& source,
                                         const DescriptionDefaults& defaults = {});
 
-// Native, Modbus ASCII and Modbus RTU instruments do not understand each other's bytes.
+// Instruments of different framings do not understand each other's bytes.
 void RefuseMixedFramings(const std::vector<Instrument>& instruments);
 
 // Two instruments at one address would never both be heard.

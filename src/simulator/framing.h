@@ -9,7 +9,7 @@
 // How requests and replies stand on the line, by the protocol code of an instrument.
 namespace simulator {
 
-enum class Framing { Native, ModbusAscii, ModbusRtu };
+enum class Framing { Native, ModbusAscii, ModbusRtu, Novax, Hct615d };
 
 // Nothing for a code that no simulated instrument speaks.
 std::optional<Framing> FramingOf(int code);
@@ -34,9 +34,10 @@ class RequestReader {
   public:
     explicit RequestReader(Framing framing) : framing_(framing) {}
 
-    // The frames that these bytes bring to their end. A native continue byte is a frame of its own. A request
-    // of Modbus RTU has no end character: it is complete when its check bytes are right, and what is no
-    // request by the time of a silence is one frame of rubbish.
+    // The frames that these bytes bring to their end. A native continue byte is a frame of its own. Requests
+    // without an end character are complete when their check bytes are right (Modbus RTU) or at their length,
+    // which all of a framing share (NOVAX, HCT615D); what is not complete by the time of a silence is one
+    // frame of rubbish.
     std::vector<std::string> Take(std::string_view bytes, double timeMs);
 
   private:

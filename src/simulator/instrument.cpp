@@ -4,6 +4,7 @@
 
 #include "simulator/framing.h"
 #include "simulator/modbus_answers.h"
+#include "simulator/special_answers.h"
 #include "simulator/value_codes.h"
 
 namespace simulator {
@@ -29,13 +30,14 @@ bool IsReadable(const Parameter& parameter) {
     return parameter.attribute.find_first_of("RDS") != std::string::npos;
 }
 
-Behaviour SuitableBehaviour(const Parameter& parameter, int position) {
+Behaviour SuitableBehaviour(const Model& model, const Parameter& parameter, std::size_t row) {
+    if (const auto life = LifeInEveryReply(model, row)) return *life;
     const bool isDynamic = Has(parameter.attribute, "D");
     if (Has(parameter.name, "小数点")) return Behaviour::Constant(1);
     if (Has(parameter.name, "累")) return *Behaviour::Read("counter 1000 0.5");
     if (isDynamic && parameter.length == "1") return *Behaviour::Read("ramp 0 9 20");
     if (isDynamic && parameter.length == "4") return *Behaviour::Read("sine 20 180 40");
-    if (isDynamic) return *Behaviour::Read("sine -200 1800 " + std::to_string(20 + position));
+    if (isDynamic) return *Behaviour::Read("sine -200 1800 " + std::to_string(20 + row));
     if (Has(parameter.attribute, "S")) return Behaviour::Constant(0);
     const double low = parameter.lowest.value_or(0);
     const double high = parameter.highest.value_or(low + 10);
@@ -53,18 +55,27 @@ Instrument::Instrument(Model model, int address, std::string name, std::vector<P
     : model_(model), address_(address), name_(std::move(name)), partLength_(partLength) {
     const bool lengthInAddress = model.code == kLengthInAddressCode;
     for (Parameter& parameter : parameters) {
-        const auto position = static_cast<int>(rows_.size());
         const std::string number = lengthInAddress ? parameter.address.substr(1) : parameter.address;
         const bool isCommand = parameter.address == kCommandAddress;
         const int size = Hex(parameter.length).value_or(0);
         const Behaviour behaviour =
-            parameter.behaviour ? *parameter.behaviour : SuitableBehaviour(parameter, position);
+            parameter.behaviour ? *parameter.behaviour : SuitableBehaviour(model, parameter, rows_.size());
         rows_.push_back({std::move(parameter), behaviour, isCommand, Hex(number).value_or(-1), size});
     }
 }
 
 Answer Instrument::AnswerTo(std::string_view content, double seconds) {
-    if (FramingOf(model_.code) != Framing::Native) return AnswerToModbus(model_, rows_, content, seconds);
+    switch (FramingOf(model_.code).value()) {
+        case Framing::Native: return AnswerToNative(content, seconds);
+        case Framing::ModbusAscii:
+        case Framing::ModbusRtu: return AnswerToModbus(model_, rows_, content, seconds);
+        case Framing::Novax: return AnswerToNovax(rows_, content, seconds);
+        case Framing::Hct615d: break;
+    }
+    return AnswerToHct615d(rows_, seconds);
+}
+
+Answer Instrument::AnswerToNative(std::string_view content, double seconds) {
     if (content == "RD") return Told({"RD" + DynamicData(seconds)});
     if (content == "RR") return Told(StaticParts(seconds));
     if (content.starts_with("RE")) return Read(content.substr(2), seconds);

@@ -10,8 +10,9 @@
 namespace simulator {
 
 // An instrument: answers the content of a request with the content of its replies. No clock and no line of
-// its own. Of the native protocol a content is a word and its data, of the Modbus family function and data in
-// bytes (simulator/modbus_answers.h).
+// its own. Of the native protocol a content is a word and its data; of the Modbus family it is function and
+// data (simulator/modbus_answers.h), of the special protocols what simulator/special_answers.h says, both in
+// bytes.
 class Instrument {
   public:
     // Parts of a static reply hold at most `partLength` data bytes, 0 for all in one.
@@ -31,6 +32,7 @@ class Instrument {
     std::optional<double> ValueOf(std::string_view name, double seconds) const;
 
   private:
+    Answer AnswerToNative(std::string_view content, double seconds);
     std::string DataOf(const Row& row, double seconds) const;
     std::size_t EndOfRun(std::size_t first) const;
     std::vector<std::string> StaticParts(double seconds) const;

@@ -42,8 +42,8 @@ bool IsWritable(const Row& row);
 // Whether a row takes a value: it can be written, and the value is inside its limits.
 bool Accepts(const Row& row, std::optional<double> value);
 
-// What a request is answered with: one content (a word and its data, or function and data), or the parts of a
-// static reply.
+// What a request is answered with: one content (a word and its data, function and data, or values), or the
+// parts of a static reply.
 struct Answer {
     std::vector<std::string> parts;
     bool isWrite = false;

@@ -22,8 +22,8 @@ enum class RegisterForm {
     PackedDecimal          // sign (8) and decimals, decimal digits  12.34 02 00 00 12 34
 };
 
-// Whether values of that format can be played: 00, 01, 02, 03, 06, 07 and 11 of RTU, all of ASCII, whose
-// forms do not depend on it.
+// Whether values of that format can be played: 00, 01, 02, 03, 06, 07 and 11 of RTU, all of the other
+// protocols, whose forms do not depend on it.
 bool IsKnownFormat(const Model& model);
 
 // Parameters of code 21 that can be written hold LowBytes, those of code 22 PackedDecimal; under RTU length

@@ -87,11 +87,13 @@ TEST(ReadDescription, TellsFileLineWhatWasExpectedAndWhatStoodThere) {
     const Mistake mistakes[] = {
         {"", "bench.txt: expected an instrument, found none"},
         {"# nothing\n", "bench.txt: expected an instrument, found none"},
-        {"41000101 | other\n",
-         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51, found "
-         "\"41000101\""},
+        {"43000101 | other\n",
+         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35, 41, 42 or "
+         "51, found "
+         "\"43000101\""},
         {"23000101 | requests only\n",
-         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35 or 51, found "
+         "bench.txt:1: expected a code that begins with 11, 12, 13, 21, 22, 31, 32, 33, 34, 35, 41, 42 or "
+         "51, found "
          "\"23000101\""},
         {"31050101 | decimals\n",
          "bench.txt:1: expected a code with the number format 00, 01, 02, 03, 06, 07 or 11 behind its "
@@ -151,6 +153,12 @@ TEST(ReadDescription, CodeOfAModbusInstrumentTellsItsNumberFormat) {
     EXPECT_EQ(HexOfBytes(instruments[1].AnswerTo(request, 0).parts[0]), "030400000064");
 }
 
+TEST(ReadDescription, CodeOfASpecialInstrumentMayHaveAnyDigitsBehindItsProtocol) {
+    for (const char* code : {"41050101", "42050101", "41990000", "4299"}) {
+        EXPECT_EQ(MessageOf(std::string(code) + " | special\n"), "accepted") << code;
+    }
+}
+
 TEST(RefuseMixedFramings, NamesTwoInstrumentsThatDoNotShareALine) {
     const auto instruments =
         ReadDescription("31010101 | first\n35030101 | second\n21010101 | third\n", "bench.txt");
@@ -161,6 +169,15 @@ TEST(RefuseMixedFramings, NamesTwoInstrumentsThatDoNotShareALine) {
         EXPECT_STREQ(error.what(), "expected instruments that share a line, found \"first\" and \"third\"");
     }
     RefuseMixedFramings({instruments[0], instruments[1]});
+}
+
+TEST(RefuseMixedFramings, KeepsTheSpecialProtocolsApartFromAllOthers) {
+    for (const char* other : {"11000101", "21010101", "31010101", "42000101"}) {
+        const auto instruments =
+            ReadDescription(std::string("41010101 | first\n41000102 | second\n") + other + " | third\n", "");
+        EXPECT_THROW(RefuseMixedFramings(instruments), DescriptionError) << other;
+        EXPECT_NO_THROW(RefuseMixedFramings({instruments[0], instruments[1]}));
+    }
 }
 
 std::string TextOf(const std::string& name) {
@@ -188,11 +205,13 @@ std::vector<std::string> RowsOf(const std::string& text, std::size_t fields) {
     return rows;
 }
 
-TEST(ShippedDescriptions, ModbusInstrumentsAreThoseOfTheCatalogue) {
+TEST(ShippedDescriptions, LivingInstrumentsAreThoseOfTheCatalogue) {
     constexpr std::size_t kFieldsOfAList = 7;
     const char* files[][2] = {
         {"/simulator/modbus_rtu.txt", "/catalogue/instruments/31_rtu_indicator.txt"},
-        {"/simulator/modbus_ascii.txt", "/catalogue/instruments/21_ascii_indicator.txt"}};
+        {"/simulator/modbus_ascii.txt", "/catalogue/instruments/21_ascii_indicator.txt"},
+        {"/simulator/furnace_controller.txt", "/catalogue/instruments/41_furnace_controller.txt"},
+        {"/simulator/ultrasonic_meter.txt", "/catalogue/instruments/42_ultrasonic_meter.txt"}};
     for (const auto& [description, list] : files) {
         auto described = RowsOf(TextOf(description), kFieldsOfAList);
         const auto listed = RowsOf(TextOf(list), kFieldsOfAList);
@@ -214,6 +233,37 @@ TEST(ShippedDescriptions, ModbusListsCanBePlayed) {
         for (Instrument& instrument : ReadDescription(TextOf(file), file)) {
             EXPECT_FALSE(instrument.AnswerTo(BytesOfHex(request).value(), 0).isRefused) << name;
         }
+    }
+}
+
+// The fields of a reply that differ between two moments: 1 for one that does.
+std::string Living(Instrument& instrument, const std::string& request,
+                   const std::vector<std::size_t>& sizes) {
+    const std::string first = instrument.AnswerTo(request, 0).parts.at(0);
+    const std::string second = instrument.AnswerTo(request, 5).parts.at(0);
+    std::string living;
+    std::size_t at = 0;
+    for (const std::size_t size : sizes) {
+        living += first.substr(at, size) != second.substr(at, size) ? '1' : '0';
+        at += size;
+    }
+    EXPECT_EQ(first.size(), at);
+    return living;
+}
+
+// Whether the description says how, or leaves it to the simulator.
+TEST(ShippedDescriptions, SpecialInstrumentsLiveInFourRows) {
+    for (const char* file :
+         {"/simulator/furnace_controller.txt", "/catalogue/instruments/41_furnace_controller.txt"}) {
+        std::vector<Instrument> instruments = ReadDescription(TextOf(file), file);
+        ASSERT_EQ(instruments.size(), 1U) << file;
+        EXPECT_EQ(Living(instruments[0], {0x52, 0x10, 0, 0}, {2, 2, 1, 1, 2}), "11110") << file;
+    }
+    for (const char* file :
+         {"/simulator/ultrasonic_meter.txt", "/catalogue/instruments/42_ultrasonic_meter.txt"}) {
+        std::vector<Instrument> instruments = ReadDescription(TextOf(file), file);
+        ASSERT_EQ(instruments.size(), 1U) << file;
+        EXPECT_EQ(Living(instruments[0], "", {2, 2, 3, 4}), "1111") << file;
     }
 }
 

@@ -11,7 +11,9 @@ TEST(FramingOf, EachCodeHasOne) {
     for (const int code : {11, 12, 13}) EXPECT_EQ(FramingOf(code), Framing::Native);
     for (const int code : {21, 22}) EXPECT_EQ(FramingOf(code), Framing::ModbusAscii);
     for (const int code : {31, 32, 33, 34, 35, 51}) EXPECT_EQ(FramingOf(code), Framing::ModbusRtu);
-    for (const int code : {0, 10, 14, 23, 36, 41, 42, 99}) EXPECT_EQ(FramingOf(code), std::nullopt);
+    EXPECT_EQ(FramingOf(41), Framing::Novax);
+    EXPECT_EQ(FramingOf(42), Framing::Hct615d);
+    for (const int code : {0, 10, 14, 23, 36, 40, 43, 99}) EXPECT_EQ(FramingOf(code), std::nullopt);
 }
 
 std::vector<std::string> Requests(Framing framing, const std::vector<std::string>& pieces, double apart = 0) {
@@ -50,6 +52,27 @@ TEST(RequestReader, RtuBytesThatAreNoRequestAreOneFrameAfterASilence) {
     const std::string read = FromPairs("01 03 00 10 00 01 85 CF");
     EXPECT_EQ(Requests(Framing::ModbusRtu, {"abc", "d", read}, 20), Frames{});
     EXPECT_EQ(Requests(Framing::ModbusRtu, {"abcd", read}, 21), (Frames{"abcd", read}));
+}
+
+// Bytes that end a line elsewhere are like any other.
+TEST(RequestReader, RequestOfNovaxEndsAtItsEighthByte) {
+    const std::string write = FromPairs("81 81 43 12 0D 0A 51 1C");
+    EXPECT_EQ(Requests(Framing::Novax, {write + "12345678"}), (Frames{write, "12345678"}));
+    EXPECT_EQ(Requests(Framing::Novax, {write.substr(0, 5), write.substr(5, 2), write.substr(7)}, 20),
+              Frames{write});
+}
+
+TEST(RequestReader, RequestOfHct615dEndsAtItsFourteenthByte) {
+    const std::string other = "1234567890abc\r";
+    EXPECT_EQ(Requests(Framing::Hct615d, {other + other}), (Frames{other, other}));
+    EXPECT_EQ(Requests(Framing::Hct615d, {other.substr(0, 13), other.substr(13)}, 20), Frames{other});
+}
+
+TEST(RequestReader, ShorterBytesOfTheSpecialProtocolsAreOneFrameAfterASilence) {
+    for (const Framing framing : {Framing::Novax, Framing::Hct615d}) {
+        EXPECT_EQ(Requests(framing, {"abc", "d", "e"}, 20), Frames{});
+        EXPECT_EQ(Requests(framing, {"abcd", "ef", ""}, 21), (Frames{"abcd", "ef"}));
+    }
 }
 
 }  // namespace

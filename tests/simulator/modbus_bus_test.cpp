@@ -68,7 +68,7 @@ TEST(ModbusFaults, CorruptAsciiReplyKeepsColonAndLineEndAndItsDigitsAreDigits) {
     const auto corrupt = CorruptReplies(Holding(21, 1, 100), ":010300100001EB\r\n", reply);
     EXPECT_EQ(CorruptPlaces(corrupt, reply), (std::set<std::size_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
     for (const std::string& bytes : corrupt) {
-        EXPECT_EQ(bytes.find_first_not_of("0123456789ABCDEF", 1), 13U) << bytes;  // the line end
+        EXPECT_EQ(bytes.find_first_not_of("0123456789ABCDEF", 1), 13U) << Pairs(bytes);  // the line end
     }
 }
 

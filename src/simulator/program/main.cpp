@@ -1,5 +1,5 @@
-// instrument-simulator: instruments of the native protocol or of the Modbus family on a pseudo-terminal or a
-// device.
+// instrument-simulator: instruments of the native protocol, of the Modbus family or of one of the two special
+// protocols on a pseudo-terminal or a device.
 
 #include <poll.h>
 #include <signal.h>

@@ -9,9 +9,8 @@ namespace simulator {
 
 const char* const kUsage =
     "usage: instrument-simulator --description FILE [--description FILE ...] [option ...]\n"
-    "Plays instruments of the native protocol or of the Modbus family on a pseudo-terminal, whose path is "
-    "the\n"
-    "first line of its output.\n"
+    "Plays instruments of the native protocol, of the Modbus family or of one of the two special protocols\n"
+    "(NOVAX, HCT615D) on a pseudo-terminal, whose path is the first line of its output.\n"
     "  --description FILE  the instruments, see docs/simulator.md\n"
     "  --catalogue-list FILE  the same: a parameter list of the catalogue is a description\n"
     "  --part-length N     data bytes in a part of a static reply, where the description names none (0: "
