@@ -5,7 +5,7 @@ import io
 import re
 import unittest
 
-from programs import FILLED, PLAIN, RTU, SUM, CommandLineTest, Simulator, description
+from programs import FILLED, FLOW_METER, NOVAX, PLAIN, RTU, SUM, CommandLineTest, Simulator, description
 from scripted_instrument import ScriptedInstrument, rtu_frame
 
 UNJUDGED = ("ModBus-Ascii协议-定制02", "HX-M23大屏显示仪", None)
@@ -85,6 +85,40 @@ class PollTest(CommandLineTest):
                 self.assertEqual((run.status, run.problems), (0, ""))
                 self.assertIn("发送: @1ARD", run.output)
             self.assertEqual(simulator.counts["requests"], 4)
+
+    def test_novax_instrument_is_walked_one_row_a_poll(self):
+        values = {"测量值": -25, "控制输出": 1000, "运行状态": 200, "设定温度": 1205, "参数锁": 9}
+        with self.simulate(instrument=NOVAX, values=values, address=127) as simulator:
+            run = self.poll(simulator.device, "--address", 127, "--exchanges", 13, "--format", "json", "--strict",
+                            instrument=NOVAX)
+        self.assertEqual((run.status, run.problems), (0, ""))
+        shown = {row: run.row(row)["scaledValue"] for row in (6, 7, 8, 9, 10, 20, 21, 22)}
+        self.assertEqual(shown, {6: "-2.5", 7: "100.0", 8: "200", 9: "7", 10: "120.5", 20: "9", 21: "", 22: ""})
+        self.assertEqual(run.row(21)["groupRead"], "0007", "a row of attribute S shows its digits")
+        self.assertEqual(simulator.counts["requests"], 13)
+
+    def test_corrupt_replies_of_a_novax_instrument_are_not_told(self):
+        with self.simulate("--corrupt", "1", instrument=NOVAX) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 5, "--format", "json", "--strict", instrument=NOVAX)
+        self.assertEqual((run.status, run.problems), (0, ""))
+        self.assertEqual(simulator.counts["corrupted"], 5)
+
+    def test_flow_meter_shows_its_four_values(self):
+        values = {"瞬时流量": 1234, "流体流速": 5678, "流体温度": 901234, "累积流量": 56789012}
+        with self.simulate(instrument=FLOW_METER, values=values, address=10) as simulator:
+            run = self.poll(simulator.device, "--address", 10, "--exchanges", 2, "--strict", instrument=FLOW_METER)
+        self.assertEqual((run.status, run.problems), (0, ""))
+        self.assertIn("发送:  AA AA AA AA AA AA AA 07 02 0A 01 00 14 0E   收到: ", run.output)
+        for shown in ("1234", "56.78", "9012.34", "56789012"):
+            self.assertRegex(run.output, rf"(?m) {re.escape(shown)} *$")
+
+    def test_strict_poll_fails_with_a_bad_frame_of_the_flow_meter_that_no_counter_shows(self):
+        with self.simulate("--corrupt", "1", instrument=FLOW_METER) as simulator:
+            run = self.poll(simulator.device, "--exchanges", 2, "--format", "json", "--strict", instrument=FLOW_METER)
+            loose = self.poll(simulator.device, "--exchanges", 1, "--format", "json", instrument=FLOW_METER)
+        self.assertEqual((run.status, loose.status), (1, 0))
+        self.assertEqual(run.json["statistics"]["checkErrors"], 0)
+        self.assertEqual([run.row(row)["scaledValue"] for row in (6, 7, 8, 9)], ["", ".", ".", ""])
 
     def test_time_ends_the_poll_with_the_exchange_under_way(self):
         with self.simulate() as simulator:

@@ -18,6 +18,8 @@ FILLED = ("TQ仪表协议-定制异或和", "HX-D13智能双回路显示仪", "1
 
 RTU = ("ModBus-RTU协议", "HX-M31智能数显表", "31_rtu_indicator.txt")
 ASCII = ("ModBus-Ascii协议", "HX-M21智能数显表", "21_ascii_indicator.txt")
+NOVAX = ("TQ特殊仪表协议-NOVAX", "HX-N41电炉控制仪", "41_furnace_controller.txt")
+FLOW_METER = ("TQ特殊仪表协议-HCT615D", "HX-H42超声波流量表", "42_ultrasonic_meter.txt")
 
 PATIENCE = 60  # seconds
 

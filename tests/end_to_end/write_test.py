@@ -3,7 +3,7 @@
 import sqlite3
 import unittest
 
-from programs import ASCII, FILLED, PLAIN, RTU, SUM, CommandLineTest
+from programs import ASCII, FILLED, FLOW_METER, NOVAX, PLAIN, RTU, SUM, CommandLineTest
 from scripted_instrument import ScriptedInstrument, ascii_frame, rtu_frame
 
 COMMAND, MODEL, DECIMALS, LOWER_LIMIT, CORRECTION, DELAY = 1, 4, 11, 13, 16, 22
@@ -92,6 +92,35 @@ class WriteTest(CommandLineTest):
                 run = self.write(simulator.device, FILTERS[instrument], 3, instrument=instrument)
                 self.assertEqual((run.status, run.problems), (0, ""))
                 self.assertTrue(run.output.endswith(" 滤波系数: 已写入 3，读回 3，一致\n"))
+
+    def test_row_of_a_novax_instrument_is_proved_by_reading_it_back(self):
+        with self.simulate(instrument=NOVAX) as simulator:
+            run = self.write(simulator.device, 12, "-15.5", instrument=NOVAX)
+            poll = self.poll(simulator.device, "--exchanges", 3, "--format", "json", instrument=NOVAX)
+        self.assertEqual((run.status, run.problems), (0, ""))
+        # Parameter 12 takes -155, FF65: 1200 + FF65 + 43 + 1 of 16 bits. The answer is that of a read.
+        self.assertIn("发送:  81 81 43 12 65 FF A9 11   收到: \n07 00 07 00 07 07 65 FF ", run.output)
+        self.assertIn("发送:  81 81 52 12 00 00 53 12   收到: \n", run.output)
+        self.assertTrue(run.output.endswith("第 12 行 上限报警值: 已写入 -15.5，读回 -15.5，一致\n"))
+        self.assertEqual(poll.row(12)["scaledValue"], "-15.5")
+        self.assertEqual(simulator.counts["writes_accepted"], 1)
+
+    def test_novax_instrument_that_does_not_take_a_value_is_found_out_by_the_read_back(self):
+        with self.simulate(instrument=NOVAX, values={"设定温度": 250}) as simulator:
+            run = self.write(simulator.device, 10, "300.1", "--force", instrument=NOVAX)
+        self.assertEqual(run.status, 1)
+        # 3001 is 0BB9: the answer holds it, the instrument does not.
+        self.assertIn("收到: \n07 00 07 00 07 07 B9 0B ", run.output)
+        self.assertEqual(run.problem_lines, ["第 10 行 设定温度: 已写入 300.1，读回 25.0，不一致。请检查数值的小数位和上下限"])
+        self.assertEqual(simulator.counts["refusals"], 1)
+
+    def test_flow_meter_is_read_only(self):
+        with self.simulate(instrument=FLOW_METER) as simulator:
+            run = self.write(simulator.device, 6, 1, instrument=FLOW_METER)
+        self.assertEqual(run.status, 2)
+        self.assertEqual(run.problem_lines, [
+            '第 6 行 瞬时流量: 协议 "TQ特殊仪表协议-HCT615D" 不能写参数。请换用能写的协议和仪表'])
+        self.assertEqual(simulator.counts["requests"], 0)
 
     def test_command_row_is_not_read_back(self):
         with self.simulate() as simulator:
