@@ -6,12 +6,13 @@ import subprocess
 import unittest
 
 from desktop import PATIENCE, Desktop, wait_for
-from programs import CLI, PLAIN, Simulator, description
+from programs import CLI, NOVAX, PLAIN, Simulator, description
 from window_case import WindowCase
 
 DELAY = 22  # row of AL1报警延时, one byte
 WRITTEN = "@01W100312A16"  # 42 to this row; 16 is the exclusive or of the characters behind "@"
 TAKEN = "@01##01"
+UPPER_LIMIT = 12  # row of 上限报警值 of the NOVAX instrument
 
 
 class WindowTest(WindowCase):
@@ -35,6 +36,31 @@ class WindowTest(WindowCase):
         self.check_error_file()
         self.check_record()
         self.assertGreaterEqual(simulator.counts["writes_accepted"], 1)
+
+    def test_special_instrument_is_chosen_polled_and_written(self):
+        """NOVAX stands third from the end of the list of protocols."""
+        self.store(SoftSeting="5 1 16 0 0 1", CommPort="9600,N,8,1 COM1")
+        with Desktop() as desktop, Simulator(self.scratch, description(NOVAX[2])) as simulator:
+            program = self.start(desktop, simulator.device)
+            desktop.window(program)
+            desktop.press("shift+F6", "End")
+            for _ in range(2):
+                desktop.press("shift+F6", "Up")
+            self.tick_with_the_keyboard(desktop)
+            desktop.press("F5")
+            wait_for(lambda: len(self.records()) >= 2, "100 exchanges")
+            desktop.press("ctrl+1", "ctrl+Home", *["Down"] * (UPPER_LIMIT - 1), "End", "F2")
+            desktop.type("123.4")
+            desktop.press("Return")
+            known = len(self.records())
+            wait_for(lambda: len(self.records()) > known + 1, "exchanges behind the write")
+            desktop.press("ctrl+q")
+            self.assertEqual(program.wait(PATIENCE), 0)
+        # Parameter 12 takes 04D2; 1200 + 04D2 + 43 + 1.
+        texts = "".join(record.read_text(encoding="ascii") for record in self.records())
+        self.assertIn("81 81 43 12 D2 04 16 17", texts)
+        self.assertIn("07 00 07 00 07 07 D2 04", texts)
+        self.assertEqual((simulator.counts["writes_accepted"], simulator.counts["ignored_frames"]), (1, 0))
 
     def write_until_taken(self, desktop):
         """Edits the cell of the row; the line is faulty, so the one write may be lost. The editor stops the session,
