@@ -154,6 +154,14 @@ TEST(TestCRCWordNOVAX, DecimalsMayStandInAnotherRow) {
     EXPECT_EQ(bench.Reading(10), "04D2|1234|1.234");
 }
 
+TEST(TestCRCWordNOVAX, ZeroInColumnFiveIsNoAddressOfDecimals) {
+    NovaxTalkBench bench;
+    bench.SetCell(1, column::kName, u"小数点");  // at 0000
+    bench.SetCell(1, column::kValue, u"2");
+    TestCRCWordNOVAX(bench.Talk(), kReply);
+    EXPECT_EQ(bench.Reading(10), "6C80|27776|27776");
+}
+
 TEST(TestCRCWordNOVAX, BytesBehindTheEighthAreNotRead) {
     NovaxTalkBench bench;
     TestCRCWordNOVAX(bench.Talk(), u" 1C 2E 2B B8 56 9D 80 6C 00 00 FF FF FF");
