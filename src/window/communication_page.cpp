@@ -48,7 +48,7 @@ QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
     auto* layout = new QVBoxLayout(half);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    strip_ = new CommunicationStrip(binder, half);
+    strip_ = new CommunicationStrip(binder, theme, half);
     layout->addWidget(strip_);
 
     panes_ = new QSplitter(Qt::Horizontal);

@@ -31,12 +31,13 @@ QHBoxLayout* MakeLine() {
 
 }  // namespace
 
-CommunicationStrip::CommunicationStrip(Binder& binder, QWidget* parent)
+CommunicationStrip::CommunicationStrip(Binder& binder, const Theme& theme, QWidget* parent)
     : QWidget(parent),
       firstLine_(MakeLine()),
       secondLine_(MakeLine()),
       pace_(new QWidget(this)),
-      paceBorder_(MakeHairline(Qt::Vertical, kBorderLength)) {
+      paceBorder_(MakeHairline(Qt::Vertical, kBorderLength)),
+      state_(new StateLine(binder, theme, this)) {
     setObjectName(u"strip"_s);
     setAttribute(Qt::WA_StyledBackground);
     auto* lines = new QVBoxLayout;
@@ -48,6 +49,7 @@ CommunicationStrip::CommunicationStrip(Binder& binder, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(lines, 1);
+    layout->addWidget(state_);
     layout->addWidget(MakeHairline(Qt::Horizontal));
     AddSentFrame(binder);
     AddShowModes(binder);
@@ -55,6 +57,7 @@ CommunicationStrip::CommunicationStrip(Binder& binder, QWidget* parent)
     firstLine_->addWidget(pace_);
     AddPaneSwitch(binder);
     SetCompact(false);
+    connect(state_, &StateLine::Changed, this, &CommunicationStrip::FitHeight);
 }
 
 void CommunicationStrip::SetCompact(bool compact) {
@@ -63,8 +66,20 @@ void CommunicationStrip::SetCompact(bool compact) {
     from->removeWidget(pace_);
     if (to->indexOf(pace_) < 0) to->insertWidget(compact ? 0 : to->count() - 1, pace_);
     paceBorder_->setVisible(!compact);
-    const int lines = compact ? 2 : 1;
-    setFixedHeight(lines * (kLineHeight + kMargin) + kMargin + 1);
+    isCompact_ = compact;
+    FitHeight();
+}
+
+void CommunicationStrip::SetLow(bool low) {
+    isLow_ = low;
+    FitHeight();
+}
+
+void CommunicationStrip::FitHeight() {
+    const int lines = isCompact_ ? 2 : 1;
+    const bool showsState = !isLow_ || state_->SaysMoreThanTheOperation();
+    state_->setVisible(showsState);
+    setFixedHeight(lines * (kLineHeight + kMargin) + kMargin + (showsState ? StateLine::kHeight : 0) + 1);
 }
 
 void CommunicationStrip::AddSentFrame(Binder& binder) {

@@ -14,6 +14,7 @@
 #include "window/communication_strip.h"
 #include "window/error_page.h"
 #include "window/grid_view.h"
+#include "window/note_bar.h"
 #include "window/port_page.h"
 #include "window/record_view.h"
 #include "window/search_panel.h"
@@ -39,6 +40,7 @@ constexpr int kWithCaptions = 1180;  // of the toolbar
 constexpr int kWithSidebar = 1100;
 constexpr int kSidebarBeside = 952;  // below, it lies over the main area
 constexpr int kRoomyHeight = 800;
+constexpr int kLowHeight = 560;
 
 constexpr int kAreas = 4;  // sidebar, page, strip, record
 
@@ -51,6 +53,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
       theme_(theme),
       settings_(settings),
       binder_(form),
+      notes_(new NoteBar(theme, this)),
       toolBar_(new ToolBar(binder_, theme, this)),
       sidebar_(new Sidebar(binder_, this)),
       columns_(new QSplitter(Qt::Horizontal, this)) {
@@ -58,7 +61,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
     resize(kFirst);
     setWindowIcon(QIcon(u":/icons/app.svg"_s));
     setCentralWidget(MakeCentre());
-    setStatusBar(new StatusPanels(binder_, this));
+    setStatusBar(new StatusPanels(binder_, *notes_, this));
     binder_.Watch(form_.Caption,
                   [this] { setWindowTitle(QString::fromStdU16String(form_.Caption.Value())); });
     connect(toolBar_, &ToolBar::OperationMenuWanted, this, [this] {
@@ -201,6 +204,7 @@ void MainWindow::AddShortcuts() {
     AddKey(Qt::SHIFT | Qt::Key_F6, [this] { MoveToArea(-1); });
     AddKey(Qt::Key_F8, [this] { binder_.Event([this] { ConShowCommand_Click(form_); }); });
     AddKey(Qt::Key_F9, [this] { ToggleSidebar(); });
+    AddKey(Qt::CTRL | Qt::Key_Z, [this] { notes_->TakeOffer(); });
     AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_L, [this] { SwitchPalette(); });
 }
 
@@ -232,7 +236,10 @@ void MainWindow::MoveToArea(int step) {
 // The first field of an area; of the first page, the grid.
 void MainWindow::FocusInto(QWidget* area) {
     QWidget* wanted = area == communication_ ? &communication_->Parameters() : area;
-    while (wanted->focusPolicy() == Qt::NoFocus) wanted = wanted->nextInFocusChain();
+    const auto takesFocus = [](const QWidget& widget) {
+        return widget.focusPolicy() != Qt::NoFocus && widget.isVisible() && widget.isEnabled();
+    };
+    while (!takesFocus(*wanted)) wanted = wanted->nextInFocusChain();
     wanted->setFocus(Qt::TabFocusReason);
 }
 
@@ -246,7 +253,7 @@ void MainWindow::SwitchPalette() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    Adapt();
+    if (communication_ != nullptr) Adapt();  // a picture may be taken of a page while the others are made
 }
 
 void MainWindow::Adapt() {
@@ -254,6 +261,7 @@ void MainWindow::Adapt() {
     const bool isRoomy = height() >= kRoomyHeight;
     sidebar_->SetOptionHeight(isRoomy ? 24 : 20);
     for (GridView* grid : pages_->findChildren<GridView*>()) grid->SetRowHeight(isRoomy ? 24 : 22);
+    communication_->Strip().SetLow(height() < kLowHeight);
     isNarrow_ = width() < kWithSidebar;
     ShowSidebar(!isNarrow_ && wantsSidebar_);
 }

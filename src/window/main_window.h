@@ -14,6 +14,7 @@ namespace commtest {
 
 class CommunicationPage;
 class GridView;
+class NoteBar;
 class SearchPanel;
 class Sidebar;
 class TabRow;
@@ -29,6 +30,7 @@ class MainWindow : public QMainWindow {
     ~MainWindow() override;
 
     Binder& Views() { return binder_; }
+    NoteBar& Notes() { return *notes_; }
     void SaveState();
 
   protected:
@@ -62,6 +64,7 @@ class MainWindow : public QMainWindow {
     Binder binder_;
     WheelGuard wheelGuard_;
 
+    NoteBar* notes_;
     ToolBar* toolBar_;
     Sidebar* sidebar_;
     QSplitter* columns_;

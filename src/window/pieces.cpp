@@ -49,6 +49,13 @@ QLabel* MakeHint(const QString& text) {
     return hint;
 }
 
+QPushButton* MakeLineAction(const QString& text) {
+    auto* action = new QPushButton(text);
+    action->setProperty("lineAction", true);
+    action->setCursor(Qt::PointingHandCursor);
+    return action;
+}
+
 QWidget* MakeCaptioned(const QString& caption, QWidget* field) {
     auto* piece = new QWidget;
     auto* layout = new QVBoxLayout(piece);

@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QPushButton>
 #include <QWidget>
 
 #include "runtime/text.h"
@@ -25,6 +26,9 @@ QLabel* MakeCaption(const QString& text, QWidget* buddy = nullptr);
 
 // Caption type of as many lines as it takes.
 QLabel* MakeHint(const QString& text);
+
+// What can be done about a line of words, at its end: a button that looks like a word.
+QPushButton* MakeLineAction(const QString& text);
 
 // A field under its caption.
 QWidget* MakeCaptioned(const QString& caption, QWidget* field);

@@ -5,6 +5,7 @@
 
 #include "commands/startup.h"
 #include "window/bindings.h"
+#include "window/note_bar.h"
 #include "window/notice_words.h"
 #include "window/pieces.h"
 
@@ -15,16 +16,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDotSize = 8;
-constexpr int kNoteTime = 6000;  // milliseconds
 
 }  // namespace
 
-StatusPanels::StatusPanels(Binder& binder, QWidget* parent) : QStatusBar(parent), binder_(binder) {
+StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
+    : QStatusBar(parent), binder_(binder), notes_(notes) {
     setSizeGripEnabled(false);
     setContentsMargins(8, 0, 8, 0);
     AddMakerPanel();
     addWidget(MakeHairline(Qt::Vertical, 12));
     AddPortPanel();
+    addWidget(&notes_, 1);
     auto* clock = new QLabel(this);
     Bind(binder, binder.Form().StatusBar1[2], *clock);
     addPermanentWidget(clock);
@@ -60,20 +62,18 @@ void StatusPanels::AddPortPanel() {
     layout->addWidget(dot);
     auto* port = new QLabel(panel);
     Bind(binder_, form.StatusBar1[1], *port);
-    layout->addWidget(port, 1);
-    addWidget(panel, 1);
+    layout->addWidget(port);
+    addWidget(panel);
 }
 
 void StatusPanels::FollowNote() {
     MainForm& form = binder_.Form();
     binder_.Watch(form.StatusNote, [this, &form] {
         const QString note = WordsOn(form.StatusNote.Value());
-        if (!note.isEmpty()) showMessage(note, kNoteTime);
+        if (!note.isEmpty()) notes_.Say(note);
     });
     // The same word can be said again once it has gone.
-    connect(this, &QStatusBar::messageChanged, this, [&form](const QString& shown) {
-        if (shown.isEmpty()) form.StatusNote.Set({});
-    });
+    connect(&notes_, &NoteBar::Ended, this, [&form] { form.StatusNote.Set({}); });
 }
 
 bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {

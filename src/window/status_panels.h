@@ -6,13 +6,15 @@
 
 namespace commtest {
 
+class NoteBar;
+
 // StatusBar1: the maker's line with the catalogue, the state of the port behind the dot that blinks while the
-// session polls, and the clock. A passing word to the user stands over them for some seconds.
+// session polls, the passing word to the user, and the clock.
 class StatusPanels : public QStatusBar {
     Q_OBJECT
 
   public:
-    StatusPanels(Binder& binder, QWidget* parent);
+    StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,6 +26,7 @@ class StatusPanels : public QStatusBar {
     void SwitchCatalogue();
 
     Binder& binder_;
+    NoteBar& notes_;
     QWidget* maker_ = nullptr;
 };
 

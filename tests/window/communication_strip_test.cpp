@@ -22,7 +22,7 @@ namespace {
 class CommunicationStripTest : public ::testing::Test {
   protected:
     ViewBench bench;
-    CommunicationStrip strip{bench.binder, nullptr};
+    CommunicationStrip strip{bench.binder, bench.theme, nullptr};
 
     CommunicationStripTest() {
         strip.resize(1080, strip.height());
@@ -129,7 +129,7 @@ TEST_F(CommunicationStripTest, PaneSwitchTakesTheNextLayout) {
 }
 
 TEST_F(CommunicationStripTest, StandsInOneLine) {
-    EXPECT_EQ(strip.height(), 37);
+    EXPECT_EQ(strip.height(), 61);
     const int top = TopOf(Frame());
     EXPECT_EQ(top, 4);
     for (QWidget* widget : {static_cast<QWidget*>(Interval()), static_cast<QWidget*>(Button("显示切换"))}) {
@@ -143,7 +143,7 @@ TEST_F(CommunicationStripTest, StandsInOneLine) {
 TEST_F(CommunicationStripTest, CompactOneStandsInTwoLines) {
     strip.SetCompact(true);
     strip.resize(715, strip.height());
-    EXPECT_EQ(strip.height(), 69);
+    EXPECT_EQ(strip.height(), 93);
     strip.layout()->activate();
     EXPECT_EQ(TopOf(Frame()), 4);
     EXPECT_EQ(TopOf(Button("显示切换")), 4);

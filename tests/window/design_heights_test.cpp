@@ -77,7 +77,7 @@ TEST_F(DesignHeights, BandsHaveTheirs) {
     EXPECT_EQ(The<TabRow>().height(), 33);
     EXPECT_EQ(The<SearchPanel>().height(), 69);
     EXPECT_EQ(Parameters().horizontalHeader()->height(), 26);
-    EXPECT_EQ(The<CommunicationStrip>().height(), 37);
+    EXPECT_EQ(The<CommunicationStrip>().height(), 61);
     EXPECT_EQ(The<StatisticsLine>().height(), 25);
     EXPECT_EQ(The<QStatusBar>().height(), 24);
 }

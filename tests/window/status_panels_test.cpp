@@ -1,6 +1,4 @@
 #include "window/status_panels.h"
-#include "host/settings_store.h"
-#include "window/view_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -8,13 +6,18 @@
 #include <QLabel>
 #include <QTest>
 
+#include "host/settings_store.h"
+#include "window/note_bar.h"
+#include "window/view_bench.h"
+
 namespace commtest::testing {
 namespace {
 
 class StatusPanelsTest : public ::testing::Test {
   protected:
     ViewBench bench;
-    StatusPanels panels{bench.binder, nullptr};
+    NoteBar& notes = *new NoteBar(bench.theme);  // of the panels
+    StatusPanels panels{bench.binder, notes, nullptr};
 
     StatusPanelsTest() {
         panels.resize(1000, 24);
@@ -54,12 +57,12 @@ TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
 TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
     Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Import});
     bench.binder.Look();
-    EXPECT_EQ(panels.currentMessage().toStdString(), "导入地址: 此功能尚未提供");
-    panels.clearMessage();
+    EXPECT_EQ(notes.Text().toStdString(), "导入地址: 此功能尚未提供");
+    QTest::mousePress(&notes, Qt::LeftButton);
     EXPECT_EQ(Form().StatusNote.Value().kind, Notice::Kind::None);
     Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Import});
     bench.binder.Look();
-    EXPECT_EQ(panels.currentMessage().toStdString(), "导入地址: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "导入地址: 此功能尚未提供");
 }
 
 TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {

@@ -1,0 +1,115 @@
+#include "window/state_line.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <algorithm>
+
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kGlyphSize = 16;
+constexpr int kMargin = 12;
+constexpr int kBarWidth = 3;
+
+QLabel* MakeWords(QWidget* parent) {
+    auto* words = new QLabel(parent);
+    words->setProperty("stateWords", true);
+    words->setTextFormat(Qt::PlainText);
+    return words;
+}
+
+}  // namespace
+
+StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent),
+      theme_(theme),
+      sign_(new QLabel(this)),
+      head_(MakeWords(this)),
+      text_(MakeWords(this)),
+      action_(MakeLineAction({})) {
+    setFixedHeight(kHeight);
+    setAccessibleName(u"通讯状态"_s);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kMargin, 0, kMargin, 0);
+    layout->setSpacing(8);
+    sign_->setFixedSize(kGlyphSize, kGlyphSize);
+    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout->addWidget(sign_);
+    layout->addWidget(head_);
+    layout->addWidget(text_, 1);
+    layout->addWidget(action_);
+    connect(action_, &QPushButton::clicked, this, [this] {
+        if (const auto act = shown_.act) act();
+    });
+    connect(&theme, &Theme::Changed, this, &StateLine::ShowWords);
+    ShowWords();
+    binder.AtEachLook([this] { Listen(); });
+}
+
+void StateLine::AddSource(Rank rank, Source source) {
+    const auto behind =
+        std::upper_bound(sources_.begin(), sources_.end(), rank,
+                         [](Rank one, const RankedSource& other) { return one < other.rank; });
+    sources_.insert(behind, {rank, std::move(source)});
+    Listen();
+}
+
+void StateLine::Listen() {
+    for (const RankedSource& ranked : sources_) {
+        std::optional<StateMessage> message = ranked.source();
+        if (!message) continue;
+        saysMore_ = ranked.rank != Rank::Operation;
+        Show(std::move(*message));
+        return;
+    }
+    saysMore_ = false;
+    Show({});
+}
+
+void StateLine::Show(StateMessage message) {
+    const bool isSame = shown_.SaysTheSameAs(message);
+    shown_ = std::move(message);
+    if (isSame) return;
+    ShowWords();
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+    emit Changed();
+}
+
+void StateLine::ShowWords() {
+    const Tokens& tokens = theme_.Now();
+    const bool isFailure = shown_.look == StateMessage::Look::Failure;
+    const QColor ink = isFailure ? tokens.warn : tokens.accent;
+    sign_->setVisible(shown_.glyph.has_value());
+    if (shown_.glyph) sign_->setPixmap(GlyphPicture(*shown_.glyph, ink, kGlyphSize, devicePixelRatioF()));
+    head_->setVisible(!shown_.head.isEmpty());
+    head_->setText(shown_.head);
+    head_->setProperty("failure", isFailure);
+    head_->style()->polish(head_);
+    text_->setText(text_->fontMetrics().elidedText(shown_.text, Qt::ElideRight, text_->width()));
+    text_->setToolTip(shown_.text);
+    action_->setVisible(!shown_.action.isEmpty());
+    action_->setText(shown_.action);
+    setAccessibleDescription(QString(shown_.head + u' ' + shown_.text).trimmed());
+    update();
+}
+
+void StateLine::paintEvent(QPaintEvent*) {
+    const Tokens& tokens = theme_.Now();
+    QPainter painter(this);
+    painter.fillRect(rect(), shown_.look == StateMessage::Look::Tinted ? tokens.tint : tokens.window);
+    if (shown_.look == StateMessage::Look::Failure) painter.fillRect(0, 0, kBarWidth, height(), tokens.warn);
+}
+
+void StateLine::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ShowWords();
+}
+
+}  // namespace commtest
