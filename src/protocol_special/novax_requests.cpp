@@ -46,16 +46,17 @@ void BuildNovaxReadRequest(Conversation& talk, Clock&) {
 
 void BuildNovaxWriteRequest(Conversation& talk, Dialogs&) {
     Grid& grid = talk.ParameterGrid();
-    grid.SetCell(grid.Row, grid.Col, talk.InputText.Value());
-    const Text code = CodeOfNovaxEntry(talk, grid.Row, talk.InputText.Value());
+    Text value = talk.InputText.Value();
+    grid.SetCell(grid.Row, grid.Col, value);
+    if (grid.Cell(grid.Row, column::kDecimals) != u"0") ApplyDecimalPoint(grid, grid.Row, value, false);
+    const Text code = NovaxCodeOf(talk, value);
     Compose(talk, kWrite, grid.Row, u" " + Mid(code, 3, 2) + u" " + Mid(code, 1, 2));
     talk.InputText.SetVisible(false);
 }
 
-Text CodeOfNovaxEntry(const Conversation& talk, int row, const Text& entry) {
-    Text code = InShownDecimals(talk.ParameterGrid(), row, entry, false);
-    ValueToCommCode(code, FormatOfInstrument(talk));
-    return code;
+Text NovaxCodeOf(const InstrumentInUse& instrument, Text digits) {
+    ValueToCommCode(digits, FormatOfInstrument(instrument));
+    return digits;
 }
 
 }  // namespace commtest

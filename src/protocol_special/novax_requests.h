@@ -9,6 +9,7 @@ namespace commtest {
 class Clock;
 class Dialogs;
 struct Conversation;
+struct InstrumentInUse;
 
 // Rows 6 to 9 of the grid hold the four status values that every reply brings; the parameters begin behind
 // them.
@@ -31,8 +32,8 @@ void BuildNovaxReadRequest(Conversation& talk, Clock&);
 //   address 1, 1 to parameter 0015: " 81 81 43 15 01 00 45 15"
 void BuildNovaxWriteRequest(Conversation& talk, Dialogs&);
 
-// The code of an entry, high byte first, in the number format of the instrument. The frame carries its
-// characters 1 to 4.
-Text CodeOfNovaxEntry(const Conversation& talk, int row, const Text& entry);
+// The code of a number in the number format of the instrument, high byte first. The frame carries its
+// characters 1 to 4. Errors of the codec.
+Text NovaxCodeOf(const InstrumentInUse& instrument, Text digits);
 
 }  // namespace commtest

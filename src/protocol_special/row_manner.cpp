@@ -24,10 +24,6 @@ Unreadable WhyUnreadable(const Conversation& talk, int row) {
 
 int DecimalsRow(const Conversation& talk, int row) { return NamedDecimalsRow(talk.ParameterGrid(), row); }
 
-Text CodeOnTheLine(const Conversation& talk, int row, const Text& entry) {
-    return Left(CodeOfNovaxEntry(talk, row, entry), 4);
-}
-
 Text ValueOfCode(const Conversation& talk, int row, const Text& code) {
     return InShownDecimals(talk.ParameterGrid(), row, WholeText(HexParse(code)), true);
 }
@@ -40,6 +36,10 @@ int FormatOf(const Conversation& talk, int) { return FormatOfInstrument(talk); }
 
 Text DigitsOf(const Conversation& talk, int row, const Text& entry) {
     return InShownDecimals(talk.ParameterGrid(), row, entry, false);
+}
+
+Text CodeOnTheLine(const Conversation& talk, int row, const Text& entry) {
+    return Left(NovaxCodeOf(talk, DigitsOf(talk, row, entry)), 4);
 }
 
 }  // namespace

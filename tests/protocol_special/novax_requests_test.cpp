@@ -190,6 +190,15 @@ TEST(NovaxWriteRequest, EditorIsHiddenAndNothingIsAsked) {
     EXPECT_TRUE(bench.dialogs.HaveShownNothing());
 }
 
+TEST(NovaxWriteRequest, EntryThatIsScaledTurnsTheRedrawOn) {
+    NovaxTalkBench bench;
+    bench.Rows().Redraw = false;
+    bench.BuildWrite(10, u"1");
+    EXPECT_FALSE(bench.Rows().Redraw);
+    bench.BuildWrite(14, u"1");
+    EXPECT_TRUE(bench.Rows().Redraw);
+}
+
 TEST(NovaxWriteRequest, LimitsAndAttributeAreNotLookedAt) {
     NovaxTalkBench bench;
     bench.Talk().Limits.assign(15, {u"0", u"10"});
