@@ -3,6 +3,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <functional>
+#include <string>
+#include <vector>
+
 #include "numbers/register_codecs.h"
 #include "protocol_native/check_words.h"
 #include "protocol_native/read_requests.h"
@@ -38,21 +42,58 @@ std::string Framed(const std::string& frame) {
     return BytesOfHex(ToUtf8(hex)) + '\r';
 }
 
+// An instrument and what it answers to a frame.
+struct PolledInstrument {
+    Text protocol;
+    Text code;
+    std::vector<TestParameter> parameters;
+    std::function<std::string(const std::string& frame)> answer;
+};
+
 // Answers RD with two values and RR with sixty.
-std::vector<Arrival> Answer(const std::string& frame) {
-    static const std::string dynamicReply = Framed("01RDC80007C90000");
-    static const std::string staticReply = [] {
-        std::string data = "01RR";
-        for (int i = 0; i < 60; ++i) data += "D204";
-        return Framed(data);
-    }();
-    return {{1, frame.compare(3, 2, "RD") == 0 ? dynamicReply : staticReply}};
+PolledInstrument Native() {
+    std::string data = "01RR";
+    for (int i = 0; i < 60; ++i) data += "D204";
+    return {
+        u"TQ仪表协议", u"110100", Parameters(),
+        [dynamicReply = Framed("01RDC80007C90000"), staticReply = Framed(data)](const std::string& frame) {
+            return frame.compare(3, 2, "RD") == 0 ? dynamicReply : staticReply;
+        }};
 }
 
-void StartPolling(BenchSession& bench) {
-    bench.Add(u"仪表", u"TQ仪表协议", u"110100", Parameters());
-    bench.Choose(u"TQ仪表协议", u"仪表");
-    bench.line.Answer = Answer;
+// Four status values and sixty parameters, which are walked; a reply brings one of them.
+PolledInstrument Novax() {
+    std::vector<TestParameter> parameters =
+        BehindFiveCommands(std::vector<TestParameter>(4, {u"状态", u"0001", u"2", u"R", u"1"}));
+    for (int i = 0; i < 60; ++i) {
+        const Text address = FittedToWidth(HexOf(0x10 + i), 4);
+        parameters.push_back({u"参数", address, u"2", u"RW", WholeText(i % 4)});
+    }
+    return {u"TQ特殊仪表协议-NOVAX", u"410100", parameters,
+            [reply = BytesOfHex("34 12 D2 84 05 80 D2 04 00 00")](const std::string&) { return reply; }};
+}
+
+// Bytes 59 and 60 of its reply are the sum and the exclusive or of bytes 35 to 58.
+PolledInstrument FlowMeter() {
+    std::string reply = std::string(47, '\x55') + BytesOfHex("12 34 12 34 12 34 56 12 34 56 78");
+    char sum = 0;
+    char exclusiveOr = 0;
+    for (const char byte : reply.substr(34)) {
+        sum = static_cast<char>(sum + byte);
+        exclusiveOr = static_cast<char>(exclusiveOr ^ byte);
+    }
+    reply += {sum, exclusiveOr, '\x0D', '\x0A', '\x0D', '\x0A'};
+    return {u"TQ特殊仪表协议-HCT615D", u"420100",
+            BehindFiveCommands(std::vector<TestParameter>(4, {u"测量值", u"0010", u"2", u"R", u"0"})),
+            [reply](const std::string&) { return reply; }};
+}
+
+void StartPolling(BenchSession& bench, const PolledInstrument& instrument) {
+    bench.Add(u"仪表", instrument.protocol, instrument.code, instrument.parameters);
+    bench.Choose(instrument.protocol, u"仪表");
+    bench.line.Answer = [answer = instrument.answer](const std::string& frame) {
+        return std::vector<Arrival>{{1, answer(frame)}};
+    };
     bench.line.KeepsFrames = false;
     bench.Form().ConDelayTime.Set(u"1");
     bench.Press(4);
@@ -62,17 +103,30 @@ void PollTo(BenchSession& bench, std::size_t frames) {
     bench.line.RunWhile([&] { return bench.line.FrameCount() < frames; }, INT64_MAX - 1);
 }
 
-void BM_Exchange(benchmark::State& state) {
+// Whether those of the last thousand exchanges were good reads.
+bool AreGoodReads(const OutcomeRing& outcomes) {
+    for (std::size_t back = 0; back < outcomes.Size(); ++back) {
+        if (!outcomes.Last(back)->verdict.IsGoodRead()) return false;
+    }
+    return outcomes.Size() > 0;
+}
+
+void BM_Exchange(benchmark::State& state, PolledInstrument (*instrument)()) {
     BenchSession bench;
-    StartPolling(bench);
+    StartPolling(bench, instrument());
     auto frames = static_cast<std::size_t>(state.range(0));
     PollTo(bench, frames);
     for (auto _ : state) PollTo(bench, ++frames);
-    if (bench.Form().CheckErrorCount + bench.Form().NoReplyCount + bench.Form().IncompleteCount != 0) {
+    const MainForm& form = bench.Form();
+    if (form.CheckErrorCount + form.NoReplyCount + form.IncompleteCount != 0) {
         state.SkipWithError("replies were lost");
+    } else if (!AreGoodReads(form.Outcomes)) {
+        state.SkipWithError("replies were judged wrong");
     }
 }
-BENCHMARK(BM_Exchange)->Arg(50)->Arg(5000)->Arg(500000);
+BENCHMARK_CAPTURE(BM_Exchange, native, Native)->Arg(50)->Arg(5000)->Arg(500000);
+BENCHMARK_CAPTURE(BM_Exchange, novax, Novax)->Arg(50)->Arg(5000)->Arg(500000);
+BENCHMARK_CAPTURE(BM_Exchange, flow_meter, FlowMeter)->Arg(50)->Arg(5000)->Arg(500000);
 
 // Distinct frames in the list of sent frames: finding one must not grow with it.
 void BM_FindSentFrame(benchmark::State& state) {
