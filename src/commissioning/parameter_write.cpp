@@ -1,5 +1,6 @@
 #include "commissioning/parameter_write.h"
 
+#include "host/serial_port.h"
 #include "session/grid_editing.h"
 #include "session/main_form.h"
 
@@ -19,7 +20,12 @@ void ParameterWrite::Enter(MainForm& form) {
     Click(form, row_, column::kNewValue);
     form.InputText.Set(value_);
     InputText_KeyDown(form, key::kEnter);
+    NoteEntry(form);
+}
+
+void ParameterWrite::NoteEntry(const MainForm& form) {
     frame_ = form.SendText;
+    addressText_ = form.AddressText;
     answer_ = nullptr;
     state_ = WriteOutcome::UnderWay;
 }
@@ -32,7 +38,8 @@ void ParameterWrite::NoteOutcome(const MainForm& form, const OutcomePointer& out
     if (state_ == WriteOutcome::Held || outcome == nullptr) return;
     if (answer_ == nullptr && outcome->exchange.request == frame_) {
         NoteAnswer(outcome);
-    } else if (outcome->verdict.IsGoodRead() && outcome->rows.Holds(row_)) {
+    } else if (outcome->verdict.IsGoodRead() && outcome->rows.Holds(row_) &&
+               outcome->exchange.addressText == addressText_) {
         NoteRead(form);
     }
 }
@@ -49,7 +56,7 @@ void ParameterWrite::NoteAnswer(const OutcomePointer& outcome) {
 }
 
 void ParameterWrite::NoteRead(const MainForm& form) {
-    if (answer_ == nullptr || state_ == WriteOutcome::Refused || !CanBeReadBack(form)) return;
+    if (state_ == WriteOutcome::UnderWay || state_ == WriteOutcome::Refused || !CanBeReadBack(form)) return;
     const Grid& grid = form.ParameterGrid();
     readBack_ = grid.Cell(row_, column::kScaledValue);
     const bool isSame = ShowSameNumber(value_, readBack_, grid.Cell(row_, column::kLength));
@@ -62,6 +69,15 @@ bool ParameterWrite::IsAnswered() const {
 
 void ParameterWrite::SettleWithoutRead() {
     if (state_ == WriteOutcome::Sent) state_ = WriteOutcome::Unconfirmed;
+}
+
+void ParameterWrite::SettleWithoutAnswer() {
+    if (state_ == WriteOutcome::UnderWay) state_ = WriteOutcome::Unconfirmed;
+}
+
+bool ParameterWrite::CanBeAnswered(const MainForm& form) const {
+    const bool hasLeft = form.UnderWay.request == frame_;
+    return hasLeft ? form.IsRunning() || form.MSComm1.PortOpen() : form.SendText == frame_;
 }
 
 bool ParameterWrite::CanBeReadBack(const MainForm& form) const {

@@ -40,9 +40,12 @@ class ParameterWrite {
     // once for each; another half is then pending behind the answer to the first. Errors of the builder,
     // which leave it held.
     void Enter(MainForm& form);
+    // The same where the user has made the entry himself: its frame is the one to send.
+    void NoteEntry(const MainForm& form);
     bool HasHalfToCome(const MainForm& form) const;
 
-    // An exchange is over: the answer to the frame, or a read of the row, which decides anew each time.
+    // An exchange is over: the answer to the frame, or a read of the row of that instrument, which decides
+    // anew each time.
     void NoteOutcome(const MainForm& form, const OutcomePointer& outcome);
 
     // Whether an answer has come that says the value was taken.
@@ -50,6 +53,10 @@ class ParameterWrite {
 
     // A read that should have decided has not come: the write is not confirmed.
     void SettleWithoutRead();
+
+    // No answer can come any more: the write is not confirmed, unless a read decides.
+    void SettleWithoutAnswer();
+    bool CanBeAnswered(const MainForm& form) const;
 
     // Whether a read of the row can decide.
     bool CanBeReadBack(const MainForm& form) const;
@@ -62,6 +69,7 @@ class ParameterWrite {
     Text value_;
     WriteCheck check_;
     HexText frame_;
+    Text addressText_;  // of the instrument
     OutcomePointer answer_;
     Text readBack_;
     WriteOutcome state_ = WriteOutcome::Held;

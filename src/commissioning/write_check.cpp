@@ -98,11 +98,21 @@ WriteCheck CheckWrite(const MainForm& form, int row, const Text& value) {
     const RowManner& rows = form.ProtocolInUse().rows;
     const bool isShown = rows.showsConstant == nullptr || !rows.showsConstant(form, row);
     if (isShown) check.arrives = ValueOfCode(form, row, check.code);
-    if (LeavesLimits(form, row, value, check) || !isShown) return check;
-    if (!ShowSameNumber(value, check.arrives, CellOf(form, row, column::kLength))) {
-        check.objection = WriteObjection::DoesNotFit;
-        PassOverError([&] { check.reason = ReasonOf(form, row, value); });
-    }
+    check.fits = !isShown || ShowSameNumber(value, check.arrives, CellOf(form, row, column::kLength));
+    if (!check.fits) PassOverError([&] { check.reason = ReasonOf(form, row, value); });
+    if (!LeavesLimits(form, row, value, check) && !check.fits) check.objection = WriteObjection::DoesNotFit;
+    return check;
+}
+
+bool KnowsDecimals(const MainForm& form, int row) {
+    const int holder = DecimalsRowOf(form, row);
+    return holder == 0 || !CellOf(form, holder, column::kValue).empty();
+}
+
+std::optional<WriteCheck> ObjectionToEntry(const MainForm& form, int row, const Text& entry) {
+    WriteCheck check = CheckWrite(form, row, entry);
+    if (!check.objection || *check.objection <= WriteObjection::NoWriteAttribute) return std::nullopt;
+    if (*check.objection != WriteObjection::NoNumber && !KnowsDecimals(form, row)) return std::nullopt;
     return check;
 }
 

@@ -27,9 +27,10 @@ struct WriteCheck {
     std::optional<WriteObjection> objection;
     int error = 0;
     Text limit;
-    Text code;                         // as it stands in the frame; empty where the row has none
+    Text code;         // as it stands in the frame; empty where the row has none
+    Text arrives;      // the value that the row would show for that code; empty where nothing can be said
+    bool fits = true;  // `arrives` is the value, as far as can be said
     std::optional<LossReason> reason;  // why it does not fit, where that is known
-    Text arrives;  // the value that the row would show for that code; empty where nothing can be said
 
     // Whether the objection is one to the row, or to a value that is no number, whatever the decimals are.
     bool ConcernsRow() const { return objection && *objection <= WriteObjection::NoNumber; }
@@ -55,6 +56,13 @@ ShownLimits LimitsOf(const MainForm& form, int row);
 
 // The row that holds a row's decimals, 0 if it has its own.
 int DecimalsRowOf(const MainForm& form, int row);
+
+// Whether a row's decimals are known: those that another row holds have been read.
+bool KnowsDecimals(const MainForm& form, int row);
+
+// What speaks against an entry in the cell editor: none where it is the protocol or the row that is not to be
+// written, which the session itself deals with, or where decimals are not known yet and it is a number.
+std::optional<WriteCheck> ObjectionToEntry(const MainForm& form, int row, const Text& entry);
 
 // Why a row cannot be read alone.
 Unreadable WhyUnreadable(const MainForm& form, int row);

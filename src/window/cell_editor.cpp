@@ -1,29 +1,45 @@
 #include "window/cell_editor.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 
+#include "commissioning/write_watch.h"
 #include "session/grid_editing.h"
 #include "window/bindings.h"
+#include "window/editor_hint.h"
 #include "window/grid_view.h"
 #include "window/theme.h"
+#include "window/write_words.h"
 
 namespace commtest {
 
 using namespace Qt::StringLiterals;
 
-CellEditor::CellEditor(Binder& binder, GridView& grid)
-    : QLineEdit(grid.viewport()), binder_(binder), grid_(grid) {
+CellEditor::CellEditor(Binder& binder, const Theme& theme, GridView& grid, WriteWatch& writes, QWidget* page)
+    : QLineEdit(grid.viewport()),
+      binder_(binder),
+      grid_(grid),
+      writes_(writes),
+      hint_(new EditorHint(theme, page)) {
     setObjectName(u"cellEditor"_s);
     setAccessibleName(u"修改值"_s);
     setFont(Theme::MonoFont());
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Bind(binder, binder.Form().InputText, *this);
     WhenLeft(*this, [this] { Hide(); });
+    connect(this, &QLineEdit::textChanged, this, &CellEditor::Judge);
     binder.AtEachLook([this] { FollowCell(); });
 }
 
 // One pixel higher than the cell, to cover the edge of the row above.
-void CellEditor::Place() { setGeometry(grid_.visualRect(cell_).adjusted(0, -1, 0, 0)); }
+void CellEditor::Place() {
+    setGeometry(grid_.visualRect(cell_).adjusted(0, -1, 0, 0));
+    const QWidget* page = hint_->parentWidget();
+    const auto onPage = [page](const QWidget& widget) {
+        return QRect(widget.mapTo(page, QPoint(0, 0)), widget.size());
+    };
+    hint_->PlaceAt(onPage(*this), onPage(*grid_.viewport()));
+}
 
 void CellEditor::Hide() {
     binder_.Event([this] { InputText_LostFocus(binder_.Form()); });
@@ -42,9 +58,55 @@ void CellEditor::FollowCell() {
 
 void CellEditor::TakeFocus() {
     cell_ = grid_.currentIndex();
+    setAccessibleName(u"修改值 "_s + QModelIndex(cell_).siblingAtColumn(column::kName).data().toString());
+    Judge();
     Place();
     setFocus(Qt::OtherFocusReason);
     selectAll();
+}
+
+void CellEditor::hideEvent(QHideEvent* event) {
+    QLineEdit::hideEvent(event);
+    hint_->hide();
+}
+
+// A sign or a point alone is not finished yet.
+void CellEditor::Judge() {
+    hasWarned_ = false;
+    if (isHidden() || !cell_.isValid()) return;
+    const bool isFinished = std::ranges::any_of(text(), [](QChar c) { return !u"+-. "_s.contains(c); });
+    const Text entry = text().toStdU16String();
+    ShowHint(isFinished ? ObjectionToEntry(binder_.Form(), cell_.row() + 1, entry) : std::nullopt);
+}
+
+void CellEditor::ShowHint(const std::optional<WriteCheck>& objection) {
+    const MainForm& form = binder_.Form();
+    const int row = cell_.row() + 1;
+    const QString keys = hasWarned_ ? u"再按一次回车仍写入，Esc 放弃"_s : QString();
+    hint_->Say(WordsOnLimits(form, row), objection ? WordsOnObjection(form, row, *objection) : QString(),
+               keys);
+    setAccessibleDescription(hint_->Words());
+    Place();
+}
+
+// What is no number, or has no code at all, never leaves.
+bool CellEditor::MayEnter() {
+    const auto objection = ObjectionToEntry(binder_.Form(), cell_.row() + 1, text().toStdU16String());
+    if (!objection || (hasWarned_ && objection->CanLeave())) return true;
+    hasWarned_ = objection->CanLeave();
+    ShowHint(objection);
+    return false;
+}
+
+// A reply may have moved the current cell away from the one that is edited.
+void CellEditor::Enter() {
+    const int row = cell_.row() + 1;
+    binder_.Event([this, row] {
+        MainForm& form = binder_.Form();
+        form.ParameterGrid().Select(row, column::kNewValue);
+        InputText_KeyDown(form, key::kEnter);
+        writes_.Begin(row);
+    });
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {
@@ -53,8 +115,11 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
         QLineEdit::keyPressEvent(event);
         return;
     }
-    const int code = isEnter ? key::kEnter : key::kEscape;
-    binder_.Event([this, code] { InputText_KeyDown(binder_.Form(), code); });
+    if (isEnter) {
+        if (MayEnter()) Enter();
+    } else {
+        binder_.Event([this] { InputText_KeyDown(binder_.Form(), key::kEscape); });
+    }
     if (isHidden()) grid_.setFocus();
 }
 

@@ -7,6 +7,7 @@
 #include "window/grid_view.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
+#include "window/write_notes.h"
 
 namespace commtest {
 
@@ -30,10 +31,11 @@ void DivideAtFirst(QSplitter& splitter) {
 
 }  // namespace
 
-CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, QWidget* parent)
+CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, NoteBar& notes, QWidget* parent)
     : QWidget(parent),
+      writes_(binder.Form()),
       grid_(new GridView(binder, theme, 0, this)),
-      editor_(new CellEditor(binder, *grid_)),
+      editor_(new CellEditor(binder, theme, *grid_, writes_, this)),
       halves_(new QSplitter(Qt::Vertical, this)) {
     halves_->addWidget(grid_);
     halves_->addWidget(MakeLowerHalf(binder, theme));
@@ -41,6 +43,8 @@ CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, QWidget
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(halves_);
+    grid_->ShowWrites(writes_);
+    FollowWrites(binder, writes_, *grid_, notes);
 }
 
 QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {

@@ -4,6 +4,7 @@
 #include <QSplitter>
 #include <QWidget>
 
+#include "commissioning/write_watch.h"
 #include "window/binder.h"
 #include "window/theme.h"
 
@@ -11,6 +12,7 @@ namespace commtest {
 
 class CommunicationStrip;
 class GridView;
+class NoteBar;
 class RecordView;
 
 // Tab 0: the parameter grid over the strip, the two panes and the statistics.
@@ -18,7 +20,7 @@ class CommunicationPage : public QWidget {
     Q_OBJECT
 
   public:
-    CommunicationPage(Binder& binder, const Theme& theme, QWidget* parent);
+    CommunicationPage(Binder& binder, const Theme& theme, NoteBar& notes, QWidget* parent);
 
     GridView& Parameters() { return *grid_; }
     CommunicationStrip& Strip() { return *strip_; }
@@ -31,6 +33,7 @@ class CommunicationPage : public QWidget {
   private:
     QWidget* MakeLowerHalf(Binder& binder, const Theme& theme);
 
+    WriteWatch writes_;
     GridView* grid_;
     class CellEditor* editor_;
     CommunicationStrip* strip_ = nullptr;

@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kPadding = 8;
 constexpr int kBarWidth = 3;
+constexpr int kGlyphSize = 16;
+constexpr int kGlyphGap = 4;
 
 QColor Mixed(const QColor& ground, const QColor& light, double strength) {
     const auto part = [strength](int from, int to) {
@@ -48,10 +50,18 @@ bool GridDelegate::MayBeWritten(Place place) const {
            Contains(grid_.Cell(place.row, column::kAttribute), u"W");
 }
 
+std::optional<WriteLook> GridDelegate::WriteLookOf(Place place) const {
+    if (writes_ == nullptr || place.col != column::kNewValue) return std::nullopt;
+    const ParameterWrite* write = writes_->Of(place.row);
+    if (write == nullptr) return std::nullopt;
+    return LookOf(write->State());
+}
+
 QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
     const Tokens& tokens = theme_.Now();
     const bool isCurrent = place.row == grid_.Row && place.col == grid_.Col;
-    if (IsMismatch(place)) return tokens.warnTint;
+    const auto write = WriteLookOf(place);
+    if (IsMismatch(place) || (write && write->isTinted)) return tokens.warnTint;
     if (isSelected && !isCurrent) return tokens.tint;
     if (place.row == grid_.Row) return tokens.row;
     if (grid_.GivenColour(place.row, place.col)) return tokens.surface;  // the window's background
@@ -69,11 +79,23 @@ QColor GridDelegate::InkOf(Place place) const {
 void GridDelegate::PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const {
     if (text.isEmpty()) return;
     const QFont& font = LookOfColumn(index_, place.col).isCode ? codeFont_ : uiFont_;
-    const QRect room = cell.adjusted(kPadding, 0, -kPadding, 0);
+    const int glyphWidth = WriteLookOf(place) ? kGlyphSize + kGlyphGap : 0;
+    const QRect room = cell.adjusted(kPadding + glyphWidth, 0, -kPadding, 0);
     painter.setFont(font);
     painter.setPen(InkOf(place));
     painter.drawText(room, static_cast<int>(AlignmentOf(grid_.Column(place.col))) | Qt::TextSingleLine,
                      QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width()));
+}
+
+void GridDelegate::PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const {
+    const Tokens& tokens = theme_.Now();
+    const bool isWarning = look.weight == WriteLook::Weight::Warning;
+    const QColor ink = isWarning                                 ? tokens.warn
+                       : look.weight == WriteLook::Weight::Quiet ? tokens.text2
+                                                                 : tokens.accent;
+    if (look.hasBar) PaintBar(painter, cell, tokens.warn);
+    painter.drawPixmap(cell.left() + kPadding, cell.top() + (cell.height() - kGlyphSize) / 2,
+                       GlyphPicture(look.glyph, ink, kGlyphSize, painter.device()->devicePixelRatioF()));
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -87,6 +109,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->fillRect(cell, Mixed(ground, tokens.flash, flash_.StrengthOf({place.row, place.col})));
     if (IsMismatch(place)) PaintBar(*painter, cell, tokens.warn);
     if (IsBeingRead(place)) PaintBar(*painter, cell, tokens.accent);
+    if (const auto write = WriteLookOf(place)) PaintGlyph(*painter, cell, *write);
     PaintText(*painter, cell, place, index.data().toString());
     if (LookOfColumn(index_, place.col).endsGroup) {
         painter->setPen(tokens.line);

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QStyledItemDelegate>
+#include <optional>
 
+#include "commissioning/write_watch.h"
 #include "session/main_form.h"
 #include "window/cell_flash.h"
 #include "window/theme.h"
+#include "window/write_words.h"
 
 namespace commtest {
 
@@ -14,6 +17,9 @@ class GridDelegate : public QStyledItemDelegate {
   public:
     GridDelegate(const MainForm& form, int index, const Theme& theme, const CellFlash& flash,
                  QObject* parent);
+
+    // The grid is that of the parameters: its cells of column 10 show what has become of their values.
+    void ShowWrites(const WriteWatch& writes) { writes_ = &writes; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -27,15 +33,18 @@ class GridDelegate : public QStyledItemDelegate {
     bool IsBeingRead(Place place) const;
     bool IsMismatch(Place place) const;
     bool MayBeWritten(Place place) const;
+    std::optional<WriteLook> WriteLookOf(Place place) const;
     QColor GroundOf(Place place, bool isSelected) const;
     QColor InkOf(Place place) const;
     void PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const;
+    void PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const;
 
     const MainForm& form_;
     const Grid& grid_;
     int index_;
     const Theme& theme_;
     const CellFlash& flash_;
+    const WriteWatch* writes_ = nullptr;
     QFont uiFont_ = Theme::UiFont();
     QFont codeFont_ = Theme::MonoFont();
 };

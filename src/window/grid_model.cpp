@@ -1,6 +1,12 @@
 #include "window/grid_model.h"
 
+#include "commissioning/write_watch.h"
+#include "session/main_form.h"
+#include "window/write_words.h"
+
 namespace commtest {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,13 +35,35 @@ void GridModel::Follow() {
     }
 }
 
+void GridModel::TellWrites(const MainForm& form, const WriteWatch& writes) {
+    form_ = &form;
+    writes_ = &writes;
+}
+
+void GridModel::WriteChanged(int row) {
+    const QModelIndex cell = index(row - 1, column::kNewValue);
+    if (cell.isValid()) emit dataChanged(cell, cell);
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
 
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns_; }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !index.isValid()) return {};
-    return TextAt(index.row() + 1, index.column());
+    if (!index.isValid()) return {};
+    const int row = index.row() + 1;
+    if (role == Qt::DisplayRole) return TextAt(row, index.column());
+    if (writes_ == nullptr || index.column() != column::kNewValue) return {};
+    if (role == Qt::ToolTipRole) return WordsOnWriteOf(row);
+    if (role != Qt::AccessibleTextRole) return {};
+    QStringList parts = {TextAt(row, column::kName), TextAt(row, column::kNewValue), WordsOnWriteOf(row)};
+    parts.removeAll(QString());
+    return parts.join(u'，');
+}
+
+QString GridModel::WordsOnWriteOf(int row) const {
+    const ParameterWrite* write = writes_->Of(row);
+    return write == nullptr ? QString() : WordsOn(*form_, *write);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -6,6 +6,9 @@
 
 namespace commtest {
 
+class MainForm;
+class WriteWatch;
+
 // The cells of a grid as a view's model; it keeps no copy of them. Row 0 of the grid is the header, row r + 1
 // is row r of the model.
 class GridModel : public QAbstractTableModel {
@@ -15,6 +18,11 @@ class GridModel : public QAbstractTableModel {
     // Takes over the size that the grid has now.
     void Follow();
 
+    // The grid is that of the parameters: its cells of column 10 tell what has become of their values, in
+    // their tooltip and to those who hear them.
+    void TellWrites(const MainForm& form, const WriteWatch& writes);
+    void WriteChanged(int row);  // of the grid
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -22,8 +30,11 @@ class GridModel : public QAbstractTableModel {
 
   private:
     QString TextAt(int row, int col) const;  // in the grid
+    QString WordsOnWriteOf(int row) const;   // empty where nothing was written
 
     const Grid& grid_;
+    const MainForm* form_ = nullptr;
+    const WriteWatch* writes_ = nullptr;
     int rows_;
     int columns_;
 };

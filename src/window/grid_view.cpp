@@ -46,7 +46,8 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
       secondClick_(new SecondClick(this)) {
     setHorizontalHeader(new GridHeader(grid_, index, theme, this));
     setModel(model_);
-    setItemDelegate(new GridDelegate(form_, index, theme, *flash_, this));
+    delegate_ = new GridDelegate(form_, index, theme, *flash_, this);
+    setItemDelegate(delegate_);
     setAccessibleName(kNames[index]);
     setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
@@ -186,6 +187,13 @@ void GridView::UpdateCell(int row, int col) { update(model_->index(row - 1, col)
 void GridView::UpdateRow(int row) {
     for (int col = 0; col < model_->columnCount(); ++col) UpdateCell(row, col);
 }
+
+void GridView::ShowWrites(const WriteWatch& writes) {
+    model_->TellWrites(form_, writes);
+    delegate_->ShowWrites(writes);
+}
+
+void GridView::ShowWrite(int row) { model_->WriteChanged(row); }
 
 // --- Widths ---
 

@@ -14,6 +14,7 @@ namespace commtest {
 
 class GridModel;
 class SecondClick;
+class WriteWatch;
 
 // MSHFlexGrid1(index). It shows the cells, the current cell and the first row that the grid has, and stands
 // still while the grid's redraw is off. Parameters whose readings have changed light up for a moment.
@@ -29,6 +30,10 @@ class GridView : public QTableView {
     void PopUpMenu(QPoint globalPosition);
 
     void SetRowHeight(int pixels);
+
+    // The cells of column 10 tell what has become of their values.
+    void ShowWrites(const WriteWatch& writes);
+    void ShowWrite(int row);
 
     // The columns whose width the user has changed.
     QByteArray SaveWidths() const { return widths_.Save(); }
@@ -87,6 +92,7 @@ class GridView : public QTableView {
     const Theme& theme_;
     ColumnWidths widths_;
     GridModel* model_;
+    class GridDelegate* delegate_;
     CellFlash* flash_;
     SecondClick* secondClick_;
 

@@ -114,7 +114,7 @@ QWidget* MainWindow::MakeMainArea() {
 
 QWidget* MainWindow::MakePages() {
     pages_ = new QStackedWidget(mainArea_);
-    communication_ = new CommunicationPage(binder_, theme_, pages_);
+    communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
     for (QWidget* page : std::initializer_list<QWidget*>{
              communication_, new PortPage(binder_, theme_, pages_), catalogue_,

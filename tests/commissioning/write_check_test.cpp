@@ -122,6 +122,41 @@ TEST(WriteCheck, ValueThatNoCodeTakesIsUncodable) {
     EXPECT_FALSE(check.CanLeave());
 }
 
+TEST(WriteCheck, ValueAboveItsLimitMayNotFitEither) {
+    NativeCheckBench bench;
+    bench.SetLimits(7, u"-1999", u"9999");
+    EXPECT_TRUE(bench.Check(7, u"1000").fits);
+    const WriteCheck check = bench.Check(7, u"20000");
+    EXPECT_EQ(check.objection, WriteObjection::AboveLimit);
+    EXPECT_FALSE(check.fits);
+    EXPECT_EQ(ToUtf8(check.arrives), "339.2");
+    EXPECT_EQ(check.reason, LossReason::BeyondSignMagnitude);
+}
+
+TEST(ObjectionToEntry, IsThatToTheValue) {
+    NativeCheckBench bench;
+    EXPECT_FALSE(ObjectionToEntry(bench.Form(), 7, u"12.3"));
+    EXPECT_EQ(ObjectionToEntry(bench.Form(), 7, u"x")->objection, WriteObjection::NoNumber);
+    EXPECT_EQ(ObjectionToEntry(bench.Form(), 7, u"20000")->objection, WriteObjection::DoesNotFit);
+    EXPECT_FALSE(ObjectionToEntry(bench.Form(), 9, u"x")) << "the row takes no writes";
+}
+
+TEST(ObjectionToEntry, WithoutItsDecimalsOnlyANumberIsAskedFor) {
+    NativeCheckBench bench;
+    bench.SetLimits(7, u"-1999", u"9999");
+    EXPECT_TRUE(KnowsDecimals(bench.Form(), 7));
+    bench.SetDecimals(u"");
+    EXPECT_FALSE(KnowsDecimals(bench.Form(), 7));
+    EXPECT_TRUE(KnowsDecimals(bench.Form(), 8));
+    EXPECT_FALSE(ObjectionToEntry(bench.Form(), 7, u"20000"));
+    EXPECT_EQ(ObjectionToEntry(bench.Form(), 7, u"x")->objection, WriteObjection::NoNumber);
+}
+
+TEST(ObjectionToEntry, ProtocolThatWritesNothingDealsWithItItself) {
+    CheckBench bench(33, u"01", {{u"上限", u"0010", u"2", u"RW", u"0"}});
+    EXPECT_FALSE(ObjectionToEntry(bench.Form(), 6, u"x"));
+}
+
 TEST(WriteCheck, LimitsAreTheInstrumentsDigits) {
     NativeCheckBench bench;
     bench.SetLimits(7, u"-1999", u"9999");

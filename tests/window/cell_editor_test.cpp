@@ -12,8 +12,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "window/editor_hint.h"
 #include "window/grid_view.h"
 #include "window/main_window.h"
+#include "window/note_bar.h"
 #include "window/record_view.h"
 #include "window/view_bench.h"
 
@@ -161,16 +163,206 @@ TEST_F(CellEditorTest, EnterTwiceSendsTwoWrites) {
     EXPECT_THAT(session.SentFrames(), Contains(frames::kWriteFirstRow).Times(2));
 }
 
-TEST_F(CellEditorTest, EntryThatIsNoNumberIsToldAndNothingIsSent) {
+// What is said under the editor of 报警值, two bytes with one decimal.
+class EditorHintTest : public CellEditorTest {
+  protected:
+    EditorHint& hint = *static_cast<EditorHint*>(window.findChild<QFrame*>("editorHint"));
+
+    void OpenAlarmValue() {
+        form.Limits[2] = {u"-1999", u"9999"};
+        ClickCell(2, 10);
+        ASSERT_TRUE(editor.isVisible());
+    }
+    void Type(const QString& text) {
+        editor.selectAll();
+        QTest::keyClicks(&editor, text);
+    }
+    std::string Hint() const { return hint.isVisible() ? hint.Words().toStdString() : "hidden"; }
+    QRect PlaceOf(const QWidget& widget) const {
+        return {widget.mapTo(&window, QPoint(0, 0)), widget.size()};
+    }
+};
+
+TEST_F(EditorHintTest, ShowsWhatTheRowAllowsUnderTheEditor) {
+    OpenAlarmValue();
+    EXPECT_EQ(Hint(), "允许 -199.9 … 999.9，小数 1 位");
+    EXPECT_EQ(PlaceOf(hint).top(), PlaceOf(editor).bottom() + 3);
+    EXPECT_EQ(PlaceOf(hint).right(), PlaceOf(editor).right());
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(Hint(), "hidden");
+}
+
+TEST_F(EditorHintTest, SaysNothingOfLimitsWhereTheCatalogueHasNone) {
     Open();
-    QTest::keyClicks(&editor, "abc");
+    EXPECT_EQ(Hint(), "hidden");
+    ClickCell(2, 10);
+    EXPECT_EQ(Hint(), "小数 1 位");
+}
+
+TEST_F(EditorHintTest, NamesTheOneLimitThatThereIs) {
+    form.Limits[1] = {u"", u"60"};
+    Open();
+    EXPECT_EQ(Hint(), "允许 … 60");
+}
+
+TEST_F(EditorHintTest, StandsAboveTheEditorNearTheBottom) {
+    window.resize(1366, 470);
+    QApplication::processEvents();
+    const int row = view.rowAt(view.viewport()->height() - 1);
+    ASSERT_GT(row, 1);
+    grid.SetCell(row, 4, u"RW");
+    grid.SetCell(row, 5, u"1");
+    ClickCell(row, 10);
+    ASSERT_TRUE(editor.isVisible());
+    EXPECT_EQ(PlaceOf(hint).bottom(), PlaceOf(editor).top() - 3);
+    EXPECT_EQ(PlaceOf(hint).right(), PlaceOf(editor).right());
+}
+
+TEST_F(EditorHintTest, BadTextIsObjectedToAtOnce) {
+    OpenAlarmValue();
+    const std::string limits = "允许 -199.9 … 999.9，小数 1 位";
+    const std::vector<std::pair<QString, std::string>> rows = {
+        {"999.9", ""},
+        {"1000", "；超出上限"},
+        {"-200", "；低于下限"},
+        {"-", ""},
+        {"1x", "；不是数值"},
+        {"20000", "；超出上限；两字节放不下，仪表将收到 339.2"},
+        {"12.34", "；小数位放不下，仪表将收到 12.3"},
+        {"", ""}};
+    for (const auto& [text, objection] : rows) {
+        Type(text);
+        if (text.isEmpty()) editor.clear();
+        EXPECT_EQ(Hint(), limits + objection);
+    }
+}
+
+TEST_F(EditorHintTest, OneByteHoldsTwoHundredAndFiftyFive) {
+    ClickCell(4, 10);
+    Type("255");
+    EXPECT_EQ(Hint(), "hidden");
+    Type("300");
+    EXPECT_EQ(Hint(), "一字节放不下，仪表将收到 44");
+}
+
+TEST_F(EditorHintTest, FirstEnterOnABadValueWarnsAndTheSecondWrites) {
+    OpenAlarmValue();
+    Type("1000");
     Press(Qt::Key_Return);
-    ASSERT_EQ(session.dialogs.Shown.size(), 1u);
-    EXPECT_EQ(session.dialogs.Shown[0].number, 13);
+    EXPECT_EQ(Hint(), "允许 -199.9 … 999.9，小数 1 位；超出上限；再按一次回车仍写入，Esc 放弃");
+    EXPECT_TRUE(editor.isVisible());
     EXPECT_FALSE(form.IsRunning());
+    EXPECT_EQ(session.Cell(2, 10), "");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Hint(), "hidden");
+    EXPECT_TRUE(form.IsRunning());
+    EXPECT_EQ(session.Cell(2, 10), "1000");
+    // 10000 is 2710, low byte first.
+    EXPECT_THAT(FramesAt(400), ::testing::ElementsAre("40 30 31 57 32 30 31 32 35 31 30 32 37 36 36 0D"));
+}
+
+TEST_F(EditorHintTest, AnotherTextIsWarnedOfAnew) {
+    OpenAlarmValue();
+    Type("1000");
+    Press(Qt::Key_Return);
+    Type("1001");
+    EXPECT_EQ(Hint(), "允许 -199.9 … 999.9，小数 1 位；超出上限");
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_FALSE(form.IsRunning());
+}
+
+TEST_F(EditorHintTest, WhatIsNoNumberNeverLeaves) {
+    Open();
+    for (const char* text : {"abc", "-", ""}) {
+        Type(text);
+        if (*text == 0) editor.clear();
+        for (int enter = 1; enter <= 2; ++enter) {
+            Press(Qt::Key_Return);
+            EXPECT_EQ(Hint(), "不是数值") << text;
+        }
+    }
+    EXPECT_TRUE(session.dialogs.Shown.empty());
     EXPECT_TRUE(editor.isVisible());
     EXPECT_EQ(QApplication::focusWidget(), &editor);
+    EXPECT_EQ(session.Cell(1, 10), "");
     EXPECT_THAT(FramesAt(5000), IsEmpty());
+}
+
+TEST_F(EditorHintTest, ValueWithoutACodeNeverLeaves) {
+    Open();
+    Type("9999999999");
+    for (int enter = 1; enter <= 2; ++enter) {
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Hint(), "两字节放不下");
+    }
+    EXPECT_TRUE(session.dialogs.Shown.empty());
+    EXPECT_FALSE(form.IsRunning());
+}
+
+TEST_F(EditorHintTest, DecimalsThatWereNotReadAreSaidAndNoValueIsObjectedTo) {
+    session.Add(u"仪表乙", kNativeProtocol, u"1101",
+                {{u"小数点", u"0030", u"1", u"RW", u"0"}, {u"上限", u"0032", u"2", u"RW", u"0030"}});
+    session.Choose(kNativeProtocol, u"仪表乙");
+    window.Views().Look();
+    form.Limits[2] = {u"-1999", u"9999"};
+    ClickCell(2, 10);
+    Type("40000");
+    EXPECT_EQ(Hint(), "小数位尚未读到");
+    Press(Qt::Key_Return);
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_TRUE(form.IsRunning());
+}
+
+TEST_F(EditorHintTest, ProtocolThatWritesNothingIsNotObjectedTo) {
+    const Text protocol(form.protocols.Of(33).name);
+    session.Add(u"仪表丙", protocol, u"330100", {{u"上限", u"0010", u"2", u"RW", u"0"}});
+    session.Choose(protocol, u"仪表丙");
+    window.Views().Look();
+    const auto before = form.CommandCode;
+    ClickCell(1, 10);
+    Type("abc");
+    EXPECT_EQ(Hint(), "hidden");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.CommandCode, before + 100);
+    EXPECT_TRUE(session.dialogs.Shown.empty());
+}
+
+TEST_F(EditorHintTest, EditorIsHeardWithItsParameterAndTheHint) {
+    OpenAlarmValue();
+    EXPECT_EQ(editor.accessibleName().toStdString(), "修改值 报警值");
+    Type("1000");
+    EXPECT_EQ(editor.accessibleDescription().toStdString(), "允许 -199.9 … 999.9，小数 1 位；超出上限");
+}
+
+TEST_F(EditorHintTest, MovesWithTheEditor) {
+    OpenAlarmValue();
+    view.horizontalHeader()->resizeSection(1, view.columnWidth(1) - 20);
+    window.Views().Look();
+    EXPECT_EQ(PlaceOf(hint).right(), PlaceOf(editor).right());
+}
+
+TEST_F(CellEditorTest, EntryGoesToItsOwnCellWhereAReplyHasMovedTheCurrentOne) {
+    Open();
+    grid.Select(3, 6);
+    QTest::keyClicks(&editor, "200");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(session.Cell(1, 10), "200");
+    EXPECT_EQ(session.Cell(3, 6), "");
+    EXPECT_THAT(FramesAt(400), ::testing::ElementsAre(frames::kWriteFirstRow));
+}
+
+TEST_F(CellEditorTest, WriteIsFollowedToItsReadBackInTheCellAndTheNote) {
+    form.CommandCode = 40;
+    ClickCell(1, 6);
+    session.WillAnswer({frames::kTaken, frames::kFirstRowReply});
+    Open();
+    QTest::keyClicks(&editor, "200");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(window.Notes().Text().toStdString(), "001 给定值：已发送 200，等待应答");
+    session.line.RunUntil(1000);
+    window.Views().Look();
+    EXPECT_EQ(window.Notes().Text().toStdString(), "001 给定值：已写入 200，读回一致");
 }
 
 TEST_F(CellEditorTest, LossOfTheFocusHidesItAndCommitsNothing) {

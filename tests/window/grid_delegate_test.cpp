@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "support/form_bench.h"
+#include "support/watched_write.h"
 #include "window/grid_model.h"
 
 namespace commtest::testing {
@@ -27,6 +28,7 @@ class GridDelegateTest : public ::testing::TestWithParam<Theme::Choice> {
     Theme theme{GetParam()};
     qint64 now = 0;  // milliseconds, of the flash
     CellFlash flash{[](CellFlash::Cell) {}, nullptr, [this] { return now; }};
+    WatchedWrite write{form};
     int index = 0;
     QStyle::State state = QStyle::State_None;
 
@@ -39,7 +41,8 @@ class GridDelegateTest : public ::testing::TestWithParam<Theme::Choice> {
     QImage Paint(int row, int col) {
         const Grid& painted = form.MSHFlexGrid1[static_cast<std::size_t>(index)];
         GridModel model(painted, nullptr);
-        const GridDelegate delegate(form, index, theme, flash, nullptr);
+        GridDelegate delegate(form, index, theme, flash, nullptr);
+        if (index == 0) delegate.ShowWrites(write.watch);
         QImage image(kCell.size(), QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QStyleOptionViewItem option;
@@ -236,6 +239,75 @@ TEST_P(GridDelegateTest, FadingFlashIsHalfTheGround) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return flash.StrengthOf({1, 8}) < 1; }));
     const bool isLight = GetParam() == Theme::Choice::Light;
     EXPECT_EQ(NameOf(GroundOf(1, 8)), isLight ? "#dcf1f7" : "#173a46");
+}
+
+// The cell of column 10 in row 1, whose value is 6.
+class WrittenCellTest : public GridDelegateTest {
+  protected:
+    static constexpr QRect kSign{8, 3, 16, 16};
+
+    WrittenCellTest() {
+        write.LayOut(12);
+        write.Enter(1, u"6");
+    }
+
+    QImage Cell() { return Paint(1, 10); }
+    static bool HasSign(const QImage& cell, Glyph glyph, const QColor& ink, const QColor& ground) {
+        QImage expected(kSign.size(), QImage::Format_RGB32);
+        expected.fill(ground);
+        QPainter(&expected).drawPixmap(0, 0, GlyphPicture(glyph, ink, 16, 1));
+        return cell.copy(kSign) == expected;
+    }
+    bool HasValue(const QImage& cell) const {
+        return CountOf(cell, Now().text, {60, 0, 52, 22}) > 50 &&
+               CountOf(cell, Now().text, {24, 0, 36, 22}) == 0;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Palettes, WrittenCellTest,
+                         ::testing::Values(Theme::Choice::Light, Theme::Choice::Dark));
+
+TEST_P(WrittenCellTest, ValueThatWasSentHasDotsAtTheLeft) {
+    grid.Column(10).alignment = 7;
+    write.Enter(1, kBlocks);
+    EXPECT_TRUE(HasSign(Cell(), Glyph::Dots, Now().accent, Now().edit));
+    EXPECT_TRUE(HasValue(Cell()));
+    EXPECT_EQ(CountOf(Paint(2, 10), Now().edit), 120 * 22) << "the others have none";
+}
+
+TEST_P(WrittenCellTest, AnsweredValueHasQuietDotsUntilItIsRead) {
+    write.Answers(Answer::Written);
+    EXPECT_TRUE(HasSign(Cell(), Glyph::Dots, Now().text2, Now().edit));
+}
+
+TEST_P(WrittenCellTest, ValueReadBackEqualHasATick) {
+    write.Answers(Answer::Written);
+    write.Reads(1, u"6");
+    EXPECT_TRUE(HasSign(Cell(), Glyph::Tick, Now().accent, Now().edit));
+    EXPECT_FALSE(HasBar(Cell(), Now().warn));
+}
+
+TEST_P(WrittenCellTest, OtherValueReadBackHasAWarningsGroundAndBarAlsoOnTheCurrentRow) {
+    write.Answers(Answer::Written);
+    write.Reads(1, u"7");
+    for (const int row : {2, 1}) {
+        grid.Select(row, 1);
+        EXPECT_TRUE(HasSign(Cell(), Glyph::Differs, Now().warn, Now().warnTint));
+        EXPECT_TRUE(HasBar(Cell(), Now().warn));
+        EXPECT_EQ(GroundOf(1, 10), Now().warnTint);
+    }
+}
+
+TEST_P(WrittenCellTest, RefusalHasItsSignAndABar) {
+    write.Answers(Answer::Refused);
+    EXPECT_TRUE(HasSign(Cell(), Glyph::Refused, Now().warn, Now().edit));
+    EXPECT_TRUE(HasBar(Cell(), Now().warn));
+}
+
+TEST_P(WrittenCellTest, SilenceHasAQuestionMarkAndNoBar) {
+    write.IsSilent();
+    EXPECT_TRUE(HasSign(Cell(), Glyph::Unknown, Now().warn, Now().edit));
+    EXPECT_FALSE(HasBar(Cell(), Now().warn));
 }
 
 TEST_P(GridDelegateTest, CellThatIsGoneSinceTheLastLookIsLeftOut) {

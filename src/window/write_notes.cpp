@@ -1,0 +1,32 @@
+#include "window/write_notes.h"
+
+#include "window/grid_view.h"
+#include "window/note_bar.h"
+#include "window/write_words.h"
+
+namespace commtest {
+
+namespace {
+
+void Tell(const MainForm& form, const ParameterWrite& write, NoteBar& notes) {
+    const QString note = RowName(form, write.Row()) + u'：' + WordsOn(form, write);
+    if (LookOf(write.State()).weight == WriteLook::Weight::Warning) {
+        notes.Warn(note);
+    } else {
+        notes.Say(note);
+    }
+}
+
+}  // namespace
+
+void FollowWrites(Binder& binder, WriteWatch& writes, GridView& grid, NoteBar& notes) {
+    binder.AtEachLook([&form = binder.Form(), &writes, &grid, &notes] {
+        for (const int row : writes.Follow()) {
+            grid.ShowWrite(row);
+            const ParameterWrite* write = writes.Of(row);
+            if (write != nullptr) Tell(form, *write, notes);
+        }
+    });
+}
+
+}  // namespace commtest
