@@ -4,6 +4,7 @@
 
 #include "window/cell_editor.h"
 #include "window/communication_strip.h"
+#include "window/editing_stop.h"
 #include "window/grid_view.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
@@ -44,6 +45,8 @@ CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, NoteBar
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(halves_);
     grid_->ShowWrites(writes_);
+    strip_->State().AddSource(StateLine::Rank::Editing,
+                              [&form = binder.Form()] { return MessageOnEditing(form); });
     FollowWrites(binder, writes_, *grid_, notes);
 }
 

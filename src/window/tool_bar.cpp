@@ -6,6 +6,7 @@
 #include <array>
 
 #include "commands/toolbar_commands.h"
+#include "window/editing_stop.h"
 #include "window/icons.h"
 #include "window/pieces.h"
 
@@ -109,6 +110,7 @@ void ToolBar::ShowStartStop() {
     QToolButton& button = Button(toolbar::kStartStop);
     button.setText(QString::fromStdU16String(Text(binder_.Form().StartStopCaption())));
     button.setProperty("running", binder_.Form().IsRunning());
+    button.setProperty("editing", IsStoppedForEditing(binder_.Form()));
     button.style()->unpolish(&button);
     button.style()->polish(&button);
     ShowIcons();
@@ -119,7 +121,8 @@ void ToolBar::ShowIcons() {
     for (const ButtonRow& row : kButtons) {
         const bool isPrimary = row.index == toolbar::kStartStop;
         const bool isRunning = isPrimary && binder_.Form().IsRunning();
-        const QColor primary = isRunning ? tokens.accent : tokens.onAccent;
+        const bool isTinted = isRunning || IsStoppedForEditing(binder_.Form());
+        const QColor primary = isTinted ? tokens.accent : tokens.onAccent;
         const QString name = isRunning ? u"stop"_s : row.icon.toString();
         Button(row.index).setIcon(TwoToneIcon(name, isPrimary ? primary : tokens.ink,
                                               isPrimary ? primary : tokens.accent, tokens.disabled));

@@ -17,6 +17,7 @@
 #include "window/main_window.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
+#include "window/state_line.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -350,6 +351,22 @@ TEST_F(CellEditorTest, EntryGoesToItsOwnCellWhereAReplyHasMovedTheCurrentOne) {
     EXPECT_EQ(session.Cell(1, 10), "200");
     EXPECT_EQ(session.Cell(3, 6), "");
     EXPECT_THAT(FramesAt(400), ::testing::ElementsAre(frames::kWriteFirstRow));
+}
+
+TEST_F(CellEditorTest, StateLineSaysThatEditingHasStoppedTheSession) {
+    StateLine& state = *window.findChild<StateLine*>();
+    const std::string words = "编辑时通讯已停止，回车写入并继续";
+    Open();
+    EXPECT_NE(state.Shown().text.toStdString(), words) << "it did not run";
+    Press(Qt::Key_Escape);
+    session.Start();
+    Open();
+    EXPECT_EQ(state.Shown().text.toStdString(), words);
+    EXPECT_EQ(state.Shown().look, StateMessage::Look::Tinted);
+    EXPECT_EQ(state.Shown().glyph, Glyph::Pencil);
+    QTest::keyClicks(&editor, "200");
+    Press(Qt::Key_Return);
+    EXPECT_NE(state.Shown().text.toStdString(), words);
 }
 
 TEST_F(CellEditorTest, WriteIsFollowedToItsReadBackInTheCellAndTheNote) {

@@ -61,6 +61,28 @@ TEST_F(ToolBarTest, StartButtonIsTheStateOfTheSession) {
     EXPECT_FALSE(toolBar.Button(4).property("running").toBool());
 }
 
+// Between stopped and running: tinted, with the icon that starts.
+TEST_F(ToolBarTest, StartButtonShowsThatEditingHasStoppedTheSession) {
+    toolBar.resize(1200, 44);
+    toolBar.show();
+    QToolButton& button = toolBar.Button(4);
+    const auto ground = [&button] { return button.grab().toImage().pixelColor(6, 6); };
+    EXPECT_EQ(ground(), bench.theme.Now().accent);
+    const QImage start = button.icon().pixmap(20).toImage();
+    bench.session.Start();
+    bench.session.Click(1, 10);
+    bench.binder.Look();
+    EXPECT_FALSE(Form().IsRunning());
+    EXPECT_EQ(button.text().toStdString(), "开始通讯");
+    EXPECT_EQ(ground(), bench.theme.Now().tint);
+    const QImage waiting = button.icon().pixmap(20).toImage();
+    EXPECT_EQ(waiting.convertToFormat(QImage::Format_Alpha8), start.convertToFormat(QImage::Format_Alpha8));
+    bench.session.Start();
+    bench.session.Stop();
+    bench.binder.Look();
+    EXPECT_EQ(ground(), bench.theme.Now().accent);
+}
+
 TEST_F(ToolBarTest, StopByTheSessionItselfIsShown) {
     Press(4);
     Form().SetRunning(false);

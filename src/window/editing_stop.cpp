@@ -1,0 +1,18 @@
+#include "window/editing_stop.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+bool IsStoppedForEditing(const MainForm& form) {
+    return !form.IsRunning() && form.LastStop().cause == StopCause::Editor;
+}
+
+std::optional<StateMessage> MessageOnEditing(const MainForm& form) {
+    if (!IsStoppedForEditing(form)) return std::nullopt;
+    return StateMessage{.look = StateMessage::Look::Tinted,
+                        .glyph = Glyph::Pencil,
+                        .text = u"编辑时通讯已停止，回车写入并继续"_s};
+}
+
+}  // namespace commtest

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+
+#include "session/main_form.h"
+#include "window/state_line.h"
+
+namespace commtest {
+
+// Whether the polling stands still because a cell is edited, or was: neither running nor stopped for good.
+bool IsStoppedForEditing(const MainForm& form);
+
+// What the state line says of it; nothing where it is not so.
+std::optional<StateMessage> MessageOnEditing(const MainForm& form);
+
+}  // namespace commtest
