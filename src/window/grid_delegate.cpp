@@ -31,14 +31,13 @@ void PaintBar(QPainter& painter, const QRect& cell, const QColor& colour) {
 GridDelegate::GridDelegate(const MainForm& form, int index, const Theme& theme, const CellFlash& flash,
                            QObject* parent)
     : QStyledItemDelegate(parent),
-      form_(form),
       grid_(form.MSHFlexGrid1[static_cast<std::size_t>(index)]),
       index_(index),
       theme_(theme),
       flash_(flash) {}
 
 bool GridDelegate::IsBeingRead(Place place) const {
-    return index_ == 0 && place.col == column::kNumber && place.row == form_.CurrentRow;
+    return index_ == 0 && place.col == column::kNumber && place.row == readRow_;
 }
 
 bool GridDelegate::IsMismatch(Place place) const {
@@ -59,11 +58,11 @@ std::optional<WriteLook> GridDelegate::WriteLookOf(Place place) const {
 
 QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
     const Tokens& tokens = theme_.Now();
-    const bool isCurrent = place.row == grid_.Row && place.col == grid_.Col;
+    const bool isCurrent = place.row == current_.row && place.col == current_.col;
     const auto write = WriteLookOf(place);
     if (IsMismatch(place) || (write && write->isTinted)) return tokens.warnTint;
     if (isSelected && !isCurrent) return tokens.tint;
-    if (place.row == grid_.Row) return tokens.row;
+    if (place.row == current_.row) return tokens.row;
     if (grid_.GivenColour(place.row, place.col)) return tokens.surface;  // the window's background
     if (MayBeWritten(place)) return tokens.edit;
     return place.row % 2 == 0 ? tokens.zebra : tokens.surface;
@@ -115,7 +114,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->setPen(tokens.line);
         painter->drawLine(cell.topRight(), cell.bottomRight());
     }
-    if (place.row == grid_.Row && place.col == grid_.Col) {
+    if (place.row == current_.row && place.col == current_.col) {
         painter->setPen(tokens.accent);
         painter->drawRect(cell.adjusted(0, 0, -1, -1));
     }

@@ -20,6 +20,9 @@ class GridDelegate : public QStyledItemDelegate {
 
     // The grid is that of the parameters: its cells of column 10 show what has become of their values.
     void ShowWrites(const WriteWatch& writes) { writes_ = &writes; }
+    // The marks stay where they were told to be, however far the polling has come since: one of each stands.
+    void ShowReadRow(int row) { readRow_ = row; }
+    void ShowCurrentCell(int row, int col) { current_ = {row, col}; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -39,12 +42,13 @@ class GridDelegate : public QStyledItemDelegate {
     void PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const;
     void PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const;
 
-    const MainForm& form_;
     const Grid& grid_;
     int index_;
     const Theme& theme_;
     const CellFlash& flash_;
     const WriteWatch* writes_ = nullptr;
+    int readRow_ = -1;
+    Place current_{-1, -1};
     QFont uiFont_ = Theme::UiFont();
     QFont codeFont_ = Theme::MonoFont();
 };

@@ -33,7 +33,7 @@ bool IsReading(int col) { return col >= column::kSingleRead && col <= column::kS
 
 }  // namespace
 
-GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* parent)
+GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* parent, ScrollHold::Clock clock)
     : QTableView(parent),
       binder_(binder),
       form_(binder.Form()),
@@ -43,10 +43,11 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
       widths_(grid_, index),
       model_(new GridModel(grid_, this)),
       flash_(new CellFlash([this](CellFlash::Cell cell) { UpdateCell(cell.first, cell.second); }, this)),
+      delegate_(new GridDelegate(form_, index, theme, *flash_, this)),
+      hold_(std::move(clock)),
       secondClick_(new SecondClick(this)) {
     setHorizontalHeader(new GridHeader(grid_, index, theme, this));
     setModel(model_);
-    delegate_ = new GridDelegate(form_, index, theme, *flash_, this);
     setItemDelegate(delegate_);
     setAccessibleName(kNames[index]);
     setFrameShape(QFrame::NoFrame);
@@ -105,6 +106,8 @@ void GridView::BeginAnew() {
     executeDelayedItemsLayout();
     flash_->PutOut();
     shown_.clear();
+    shownTopRow_ = grid_.TopRow;
+    verticalScrollBar()->setValue(shownTopRow_ - 1);
     widths_.BeginAnew();
     FitColumns();
     viewport()->update();
@@ -152,8 +155,16 @@ void GridView::NoteCell(ShownCell& shown, int row, int col, bool isNew) {
     }
 }
 
+HoldReason GridView::Holds() {
+    if (index_ != 0) return HoldReason::None;
+    return hold_.Reason(form_.InputText.Visible(), isVisible() && (underMouse() || !menu_.isNull()));
+}
+
 void GridView::FollowTopRow() {
-    if (shownTopRow_ == grid_.TopRow) return;
+    if (shownTopRow_ != grid_.TopRow && Holds() == HoldReason::None) ShowTopRow();
+}
+
+void GridView::ShowTopRow() {
     shownTopRow_ = grid_.TopRow;
     verticalScrollBar()->setValue(grid_.TopRow - 1);
     CompareCells();
@@ -164,6 +175,7 @@ void GridView::FollowCurrentCell() {
     UpdateRow(shownRow_);
     shownRow_ = grid_.Row;
     shownCol_ = grid_.Col;
+    delegate_->ShowCurrentCell(shownRow_, shownCol_);
     UpdateRow(shownRow_);
     horizontalHeader()->viewport()->update();
     const QModelIndex current = model_->index(grid_.Row - 1, grid_.Col);
@@ -179,6 +191,7 @@ void GridView::FollowReadRow() {
     if (index_ != 0 || shownReadRow_ == form_.CurrentRow) return;
     UpdateCell(shownReadRow_, column::kNumber);
     shownReadRow_ = form_.CurrentRow;
+    delegate_->ShowReadRow(shownReadRow_);
     UpdateCell(shownReadRow_, column::kNumber);
 }
 
@@ -230,7 +243,7 @@ void GridView::paintEvent(QPaintEvent* event) {
 void GridView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitColumns();
-    verticalScrollBar()->setValue(grid_.TopRow - 1);
+    verticalScrollBar()->setValue(shownTopRow_ - 1);
 }
 
 // --- What the user does ---
@@ -314,17 +327,21 @@ void GridView::wheelEvent(QWheelEvent* event) {
             grid_.TopRow = FirstRow();
             Obj_MouseWheel(form_, index_, wheelTravel_);
         });
+        hold_.NoteScroll();
+        if (grid_.Redraw) ShowTopRow();
     }
     event->accept();
 }
 
 void GridView::ScrolledByUser() {
     const int topRow = verticalScrollBar()->sliderPosition() + 1;
-    if (topRow == FirstRow() && topRow == grid_.TopRow) return;
+    if (topRow == FirstRow() && topRow == shownTopRow_) return;
     binder_.Event([this, topRow] {
         grid_.TopRow = topRow;
         MSHFlexGrid1_Scroll(form_, index_);
     });
+    hold_.NoteScroll();
+    if (grid_.Redraw) ShowTopRow();
 }
 
 void GridView::HideEditor() {
@@ -364,6 +381,7 @@ void GridView::PopUpMenu(QPoint globalPosition, int row) {
     const auto entries = EntriesOfGrid(form_, index_);
     if (entries.empty()) return;
     auto* menu = new QMenu(this);
+    menu_ = menu;
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const MenuEntry& entry : entries) {
         if (entry.caption.empty()) {

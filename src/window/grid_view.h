@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPixmap>
+#include <QPointer>
 #include <QTableView>
 #include <optional>
 #include <vector>
@@ -8,23 +9,32 @@
 #include "window/binder.h"
 #include "window/cell_flash.h"
 #include "window/column_widths.h"
+#include "window/scroll_hold.h"
 #include "window/theme.h"
+
+class QMenu;
 
 namespace commtest {
 
+class GridDelegate;
 class GridModel;
 class SecondClick;
 class WriteWatch;
 
 // MSHFlexGrid1(index). It shows the cells, the current cell and the first row that the grid has, and stands
-// still while the grid's redraw is off. Parameters whose readings have changed light up for a moment.
+// still while the grid's redraw is off. The parameters do not scroll on while the user is at them; those
+// whose readings have changed light up for a moment.
 class GridView : public QTableView {
     Q_OBJECT
 
   public:
-    GridView(Binder& binder, const Theme& theme, int index, QWidget* parent);
+    GridView(Binder& binder, const Theme& theme, int index, QWidget* parent,
+             ScrollHold::Clock clock = ScrollHold::RunningClock());
 
     int Index() const { return index_; }
+
+    // Why the first row that the grid has is not brought into view now.
+    HoldReason Holds();
 
     // The right-mouse menu of the current cell.
     void PopUpMenu(QPoint globalPosition);
@@ -66,6 +76,7 @@ class GridView : public QTableView {
     void FollowCurrentCell();
     void FollowReadRow();
     void FollowTopRow();
+    void ShowTopRow();
     void BeginAnew();
     void CompareCells();
     void NoteCell(ShownCell& shown, int row, int col, bool isNew);
@@ -92,8 +103,10 @@ class GridView : public QTableView {
     const Theme& theme_;
     ColumnWidths widths_;
     GridModel* model_;
-    class GridDelegate* delegate_;
     CellFlash* flash_;
+    GridDelegate* delegate_;
+    ScrollHold hold_;
+    QPointer<QMenu> menu_;  // while it is open
     SecondClick* secondClick_;
 
     // What is on the screen.

@@ -13,6 +13,7 @@
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
 #include "window/error_page.h"
+#include "window/follow_tick.h"
 #include "window/grid_view.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
@@ -69,6 +70,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
         communication_->Parameters().PopUpMenu(mapToGlobal(kPlace));
     });
     connect(&tabRow_->SidebarButton(), &QToolButton::clicked, this, &MainWindow::ToggleSidebar);
+    tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
     AddShortcuts();
     RestoreState();
     FollowFocus();

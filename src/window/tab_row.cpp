@@ -4,6 +4,7 @@
 #include <QRadioButton>
 
 #include "window/bindings.h"
+#include "window/follow_tick.h"
 #include "window/icons.h"
 #include "window/pieces.h"
 
@@ -15,11 +16,15 @@ namespace {
 
 constexpr int kHeight = 33;
 constexpr int kIconSize = 20;
+constexpr int kBorderLength = 16;
 
 }  // namespace
 
 TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
-    : QWidget(parent), sidebarButton_(new QToolButton(this)), tabs_(new QTabBar(this)) {
+    : QWidget(parent),
+      sidebarButton_(new QToolButton(this)),
+      tabs_(new QTabBar(this)),
+      follow_(new FollowTick(binder, this)) {
     setObjectName(u"tabRow"_s);
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(kHeight);
@@ -53,6 +58,8 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
             [&binder, &form](int index) { binder.Event([&] { form.SSTab2.Choose(index); }); });
     layout->addWidget(tabs_, 0, Qt::AlignBottom);
     layout->addStretch();
+    layout->addWidget(follow_);
+    layout->addWidget(MakeHairline(Qt::Vertical, kBorderLength));
     AddWriteTypes(binder);
 }
 

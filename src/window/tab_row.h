@@ -9,8 +9,10 @@
 
 namespace commtest {
 
-// The row over the pages: the button of the sidebar, the tabs of SSTab2 and, above the column that it rules,
-// WriteType.
+class FollowTick;
+
+// The row over the pages: the button of the sidebar, the tabs of SSTab2, whether the grid follows and, above
+// the column that it rules, WriteType.
 class TabRow : public QWidget {
     Q_OBJECT
 
@@ -19,12 +21,14 @@ class TabRow : public QWidget {
 
     QToolButton& SidebarButton() { return *sidebarButton_; }
     QTabBar& Tabs() { return *tabs_; }
+    FollowTick& Follow() { return *follow_; }
 
   private:
     void AddWriteTypes(Binder& binder);
 
     QToolButton* sidebarButton_;
     QTabBar* tabs_;
+    FollowTick* follow_;
 };
 
 }  // namespace commtest

@@ -43,6 +43,8 @@ class GridDelegateTest : public ::testing::TestWithParam<Theme::Choice> {
         GridModel model(painted, nullptr);
         GridDelegate delegate(form, index, theme, flash, nullptr);
         if (index == 0) delegate.ShowWrites(write.watch);
+        delegate.ShowReadRow(form.CurrentRow);
+        delegate.ShowCurrentCell(painted.Row, painted.Col);
         QImage image(kCell.size(), QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QStyleOptionViewItem option;

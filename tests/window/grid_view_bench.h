@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCursor>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -44,6 +45,8 @@ class GridViewTest : public ::testing::Test {
         view = Add(0);
         window.show();
         (void)QTest::qWaitForWindowActive(&window);
+        QCursor::setPos(window.mapToGlobal(QPoint(1190, 590)));  // beside the view
+        QApplication::processEvents();
         view->setFocus();
     }
 
