@@ -14,6 +14,8 @@ namespace {
 constexpr int kGlyphSize = 16;
 constexpr int kLineHeight = 20;
 constexpr int kGap = 2;
+constexpr int kMargin = 4;  // above and below the lines
+constexpr int kTallest = 3 * kLineHeight + 2 * kMargin + 2;
 
 QLabel* MakeLine(QWidget* hint) {
     auto* line = new QLabel(hint);
@@ -40,7 +42,7 @@ EditorHint::EditorHint(const Theme& theme, QWidget* parent)
     setAttribute(Qt::WA_TransparentForMouseEvents);
     objection_->setProperty("failure", true);
     auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(8, 4, 8, 4);
+    layout->setContentsMargins(8, kMargin, 8, kMargin);
     layout->setHorizontalSpacing(6);
     layout->setVerticalSpacing(0);
     layout->addWidget(limits_, 0, 1);
@@ -64,7 +66,8 @@ void EditorHint::Say(const QString& limits, const QString& objection, const QStr
 void EditorHint::PlaceAt(const QRect& editor, const QRect& view) {
     const int below = editor.bottom() + 1 + kGap;
     const int above = editor.top() - kGap - height();
-    const bool goesAbove = below + height() > view.bottom() + 1 && above >= view.top();
+    // With room for all its lines, so that it does not change sides while the user types.
+    const bool goesAbove = below + kTallest > view.bottom() + 1 && above >= view.top();
     move(std::max(editor.right() + 1 - width(), 0), goesAbove ? above : below);
     raise();
 }

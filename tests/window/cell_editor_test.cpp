@@ -219,6 +219,24 @@ TEST_F(EditorHintTest, StandsAboveTheEditorNearTheBottom) {
     EXPECT_EQ(PlaceOf(hint).right(), PlaceOf(editor).right());
 }
 
+// One line would have room below, all of them would not.
+TEST_F(EditorHintTest, KeepsItsSideWhileTheUserTypes) {
+    window.resize(1366, 600);
+    QApplication::processEvents();
+    const int row = view.rowAt(view.viewport()->height() - 50) + 1;
+    ASSERT_GT(row, 4);
+    grid.SetCell(row, 1, u"回差");
+    grid.SetCell(row, 4, u"RW");
+    grid.SetCell(row, 5, u"1");
+    ClickCell(row, 10);
+    ASSERT_TRUE(editor.isVisible());
+    EXPECT_EQ(Hint(), "小数 1 位");
+    EXPECT_EQ(PlaceOf(hint).bottom(), PlaceOf(editor).top() - 3);
+    Type("x");
+    EXPECT_EQ(Hint(), "小数 1 位；不是数值");
+    EXPECT_EQ(PlaceOf(hint).bottom(), PlaceOf(editor).top() - 3);
+}
+
 TEST_F(EditorHintTest, BadTextIsObjectedToAtOnce) {
     OpenAlarmValue();
     const std::string limits = "允许 -199.9 … 999.9，小数 1 位";
