@@ -12,6 +12,9 @@ namespace commtest {
 struct PortDevice {
     int number = 1;
     Text device;
+    Text description = {};  // what the machine says of it, "USB Serial"; may be empty
+    bool isThere = true;    // a device that was named for the port need not be
+    bool isInUse = false;   // locked by another program
 };
 
 // The port of the instruments' line. What arrives is announced by the event PortReceives (session/events.h).
@@ -37,6 +40,9 @@ class SerialPort {
 
     // The ports that there are at this moment, by number.
     virtual std::vector<PortDevice> Devices() const = 0;
+
+    // From the next opening on, the port of that number is this device.
+    virtual void NameDevice(int number, Text device) = 0;
 
     virtual void Output(const std::string& bytes) = 0;
 

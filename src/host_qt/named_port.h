@@ -13,4 +13,7 @@ struct NamedPort {
 // The port in a text "COM1" or "COM1=device", of up to four digits. Nothing for any other text.
 std::optional<NamedPort> NamedPortOf(const QString& text);
 
+// Whether a port could be behind that name: the whole path of a device, or of one that is not there yet.
+bool CanBeDevice(const QString& path);
+
 }  // namespace commtest

@@ -23,11 +23,16 @@ QString NameOfProcess(const QString& number) {
 }
 
 // Programs that share serial ports leave their number in a file of this name.
-QString HolderByLockFile(const QString& device) {
+QString ProcessInLockFile(const QString& device) {
     const QString name = QString(device).remove(u"/dev/"_s).replace(u'/', u'_');
     QFile lock(u"/var/lock/LCK..%1"_s.arg(name));
     if (!lock.open(QIODevice::ReadOnly)) return {};
-    return NameOfProcess(QString::fromUtf8(lock.readLine()).trimmed());
+    return QString::fromUtf8(lock.readLine()).trimmed();
+}
+
+QString HolderByLockFile(const QString& device) {
+    const QString number = ProcessInLockFile(device);
+    return number.isEmpty() ? QString() : NameOfProcess(number);
 }
 
 bool HasOpen(const QString& process, const QString& device) {
@@ -68,6 +73,12 @@ QString ReasonOfPermission(const QString& device) {
 }
 
 }  // namespace
+
+bool IsLockedByAnother(const QString& device) {
+    const QString number = ProcessInLockFile(device);
+    return !number.isEmpty() && number.toLongLong() != getpid() &&
+           QFileInfo::exists(u"%1/%2"_s.arg(kProcesses, number));
+}
 
 QString HolderOf(const QString& device) {
     const QString holder = HolderByLockFile(device);

@@ -12,6 +12,9 @@ namespace commtest {
 // know.
 QString ReasonOfFailedOpen(const QString& device, const QSerialPort& port, const Text& settings);
 
+// Whether another living program has locked a device. Reads the lock file alone, so the line is left alone.
+bool IsLockedByAnother(const QString& device);
+
 // The program that has a device open, as "name (process number)"; empty if that cannot be found out.
 QString HolderOf(const QString& device);
 

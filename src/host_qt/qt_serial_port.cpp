@@ -1,8 +1,12 @@
 #include "host_qt/qt_serial_port.h"
 
+#include <unistd.h>
+
+#include <QFile>
 #include <QFileInfo>
 #include <QSerialPortInfo>
 #include <algorithm>
+#include <chrono>
 #include <tuple>
 #include <utility>
 
@@ -13,21 +17,43 @@
 namespace commtest {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto kTimeBetweenLooks = 1s;
+
 // The serial ports of the machine in the order of their numbers.
-QStringList MachinePorts() {
+QList<QSerialPortInfo> MachinePorts() {
     QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
     const auto place = [](const QSerialPortInfo& port) {
         const QString name = port.portName();
         return std::tuple(!port.hasVendorIdentifier(), name.size(), name);
     };
     std::sort(ports.begin(), ports.end(), [&](const auto& a, const auto& b) { return place(a) < place(b); });
-    QStringList devices;
-    for (const QSerialPortInfo& port : ports) devices += port.systemLocation();
-    return devices;
+    return ports;
 }
+
+// Without the links on the way.
+QString RealDevice(const QString& device) {
+    const QString real = QFileInfo(device).canonicalFilePath();
+    return real.isEmpty() ? device : real;
+}
+
+PortDevice DeviceNow(int number, const QString& device, const QList<QSerialPortInfo>& machinePorts) {
+    const QString real = RealDevice(device);
+    const auto known =
+        std::find_if(machinePorts.begin(), machinePorts.end(),
+                     [&real](const QSerialPortInfo& port) { return port.systemLocation() == real; });
+    const QString description = known == machinePorts.end() ? QString() : known->description();
+    return {.number = number,
+            .device = device.toStdU16String(),
+            .description = description.toStdU16String(),
+            .isThere = QFileInfo::exists(device),
+            .isInUse = IsLockedByAnother(real)};
+}
+
+bool CanBeOpened(const QString& device) { return access(QFile::encodeName(device), R_OK | W_OK) == 0; }
 
 bool MeansLoss(QSerialPort::SerialPortError error) {
     // A pseudo-terminal whose far end is gone gives read errors without end, an adapter that was pulled out a
@@ -44,6 +70,12 @@ QtSerialPort::QtSerialPort(DeviceMap devices) : devices_(std::move(devices)) {
     });
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { HandleError(error); });
+    QObject::connect(&lookForLost_, &QTimer::timeout, &port_, [this] { LookForLostDevice(); });
+}
+
+void QtSerialPort::SetCommPort(std::int16_t number) {
+    if (number != number_) AwaitNothing();
+    number_ = number;
 }
 
 void QtSerialPort::SetPortOpen(bool open) {
@@ -57,6 +89,7 @@ void QtSerialPort::SetPortOpen(bool open) {
 }
 
 void QtSerialPort::Open() {
+    AwaitNothing();
     const auto settings = LineSettingsOf(settings_);
     device_ = WantedDevice();
     if (!settings) {
@@ -86,18 +119,25 @@ void QtSerialPort::Open() {
 // Without the links on the way, so that a device is locked under one name.
 QString QtSerialPort::WantedDevice() const {
     const auto named = devices_.find(number_);
-    const QString device = named != devices_.end() ? named->second : MachinePorts().value(number_ - 1);
-    const QString real = QFileInfo(device).canonicalFilePath();
-    return real.isEmpty() ? device : real;
+    if (named != devices_.end()) return RealDevice(named->second);
+    const QList<QSerialPortInfo> ports = MachinePorts();
+    return number_ <= ports.size() ? RealDevice(ports[number_ - 1].systemLocation()) : QString();
 }
 
 std::vector<PortDevice> QtSerialPort::Devices() const {
+    const QList<QSerialPortInfo> machinePorts = MachinePorts();
     std::map<int, QString> all = devices_;
     int number = 0;
-    for (const QString& device : MachinePorts()) all.try_emplace(++number, device);
+    for (const QSerialPortInfo& port : machinePorts) all.try_emplace(++number, port.systemLocation());
     std::vector<PortDevice> ports;
-    for (const auto& [portNumber, device] : all) ports.push_back({portNumber, device.toStdU16String()});
+    for (const auto& [portNumber, device] : all) ports.push_back(DeviceNow(portNumber, device, machinePorts));
     return ports;
+}
+
+void QtSerialPort::NameDevice(int number, Text device) {
+    const QString name = QString::fromStdU16String(device);
+    devices_[number] = name;
+    if (IsNamed) IsNamed(number, name);
 }
 
 void QtSerialPort::Output(const std::string& bytes) {
@@ -110,13 +150,37 @@ std::string QtSerialPort::Input() { return port_.readAll().toStdString(); }
 void QtSerialPort::HandleError(QSerialPort::SerialPortError error) {
     if (!port_.isOpen() || !MeansLoss(error)) return;
     SetPortOpen(false);
-    const Text reason = u"设备 %1 已断开。请检查接线后重新开始"_s.arg(device_).toStdU16String();
+    lookForLost_.start(kTimeBetweenLooks);
+    const Text reason =
+        u"COM%1 (%2) 已断开。请检查接线后重新开始"_s.arg(number_).arg(device_).toStdU16String();
     QMetaObject::invokeMethod(
         &port_,
         [this, reason] {
             if (IsLost) IsLost(reason);
         },
         Qt::QueuedConnection);
+}
+
+// --- A lost device that comes back ---
+
+// The machine's n-th port may be another device by now, one that was named may have a new one behind its
+// name.
+void QtSerialPort::LookForLostDevice() {
+    const QString device = WantedDevice();
+    const bool isTheLostOne = devices_.contains(number_) || device == device_;
+    if (isTheLostOne) device_ = device;
+    SetBack(isTheLostOne && CanBeOpened(device));
+}
+
+void QtSerialPort::SetBack(bool isBack) {
+    if (std::exchange(isBack_, isBack) == isBack) return;
+    if (isBack && IsBack) IsBack(device_.toStdU16String());
+    if (!isBack && IsGoneAgain) IsGoneAgain();
+}
+
+void QtSerialPort::AwaitNothing() {
+    lookForLost_.stop();
+    SetBack(false);
 }
 
 }  // namespace commtest

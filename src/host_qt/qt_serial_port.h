@@ -2,6 +2,7 @@
 
 #include <QSerialPort>
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <map>
 
@@ -21,9 +22,15 @@ class QtSerialPort : public SerialPort {
     std::function<void()> Receives;
     // The device is gone. Told once, from the event loop; the port is closed by then.
     std::function<void(const Text& reason)> IsLost;
+    // The lost device is there again and can be opened, or no more. Looked for about once a second, until the
+    // port is opened or another one is chosen.
+    std::function<void(const Text& device)> IsBack;
+    std::function<void()> IsGoneAgain;
+    // The user has named a device for a port.
+    std::function<void(int number, const QString& device)> IsNamed;
 
     std::int16_t CommPort() const override { return number_; }
-    void SetCommPort(std::int16_t number) override { number_ = number; }
+    void SetCommPort(std::int16_t number) override;
     Text Settings() const override { return settings_; }
     void SetSettings(Text settings) override { settings_ = std::move(settings); }
 
@@ -31,6 +38,7 @@ class QtSerialPort : public SerialPort {
     void SetPortOpen(bool open) override;
     Text LastProblem() const override { return problem_; }
     std::vector<PortDevice> Devices() const override;
+    void NameDevice(int number, Text device) override;
     void Output(const std::string& bytes) override;
     std::string Input() override;
 
@@ -38,6 +46,9 @@ class QtSerialPort : public SerialPort {
     void Open();
     QString WantedDevice() const;
     void HandleError(QSerialPort::SerialPortError error);
+    void LookForLostDevice();
+    void SetBack(bool isBack);
+    void AwaitNothing();
 
     QSerialPort port_;
     DeviceMap devices_;
@@ -45,6 +56,8 @@ class QtSerialPort : public SerialPort {
     std::int16_t number_ = 1;
     Text settings_ = u"9600,N,8,1";
     Text problem_;
+    QTimer lookForLost_;
+    bool isBack_ = false;  // what was lost is there again
 };
 
 }  // namespace commtest

@@ -30,6 +30,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const QString entry = QString::fromStdU16String(list_.Items()[row]);
     if (role == Qt::DisplayRole || role == Qt::EditRole) return entry;
     if (role == Qt::ToolTipRole && TipOf) return TipOf(entry);
+    if (role == Qt::AccessibleTextRole && NameOf) return NameOf(entry);
     return {};
 }
 

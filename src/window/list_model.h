@@ -15,6 +15,9 @@ class ListModel : public QAbstractListModel {
     // Tooltip of an entry, if there is one.
     std::function<QString(const QString& entry)> TipOf;
 
+    // What an entry is called by those who read it aloud, if it is more than its text.
+    std::function<QString(const QString& entry)> NameOf;
+
     // Tells the view what has come or gone since the last time.
     void Follow();
 

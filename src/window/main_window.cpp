@@ -17,6 +17,7 @@
 #include "window/grid_view.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
+#include "window/port_return.h"
 #include "window/record_view.h"
 #include "window/search_panel.h"
 #include "window/sidebar.h"
@@ -71,6 +72,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
     });
     connect(&tabRow_->SidebarButton(), &QToolButton::clicked, this, &MainWindow::ToggleSidebar);
     tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
+    lostPort_ = new PortReturn(binder_, communication_->Strip().State(), *notes_, this);
     AddShortcuts();
     RestoreState();
     FollowFocus();

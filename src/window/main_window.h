@@ -15,6 +15,7 @@ namespace commtest {
 class CommunicationPage;
 class GridView;
 class NoteBar;
+class PortReturn;
 class SearchPanel;
 class Sidebar;
 class TabRow;
@@ -31,6 +32,7 @@ class MainWindow : public QMainWindow {
 
     Binder& Views() { return binder_; }
     NoteBar& Notes() { return *notes_; }
+    PortReturn& LostPort() { return *lostPort_; }
     void SaveState();
 
   protected:
@@ -65,6 +67,7 @@ class MainWindow : public QMainWindow {
     WheelGuard wheelGuard_;
 
     NoteBar* notes_;
+    PortReturn* lostPort_ = nullptr;
     ToolBar* toolBar_;
     Sidebar* sidebar_;
     QSplitter* columns_;

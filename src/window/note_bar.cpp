@@ -5,7 +5,6 @@
 #include <chrono>
 #include <utility>
 
-#include "window/glyphs.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -36,49 +35,60 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
     layout->addWidget(sign_);
     layout->addWidget(words_, 1);
     layout->addWidget(action_);
-    connect(action_, &QPushButton::clicked, this, &NoteBar::TakeOffer);
-    connect(&timer_, &QTimer::timeout, this, [this] { take_ ? CountDown() : End(); });
+    connect(action_, &QPushButton::clicked, this, &NoteBar::Take);
+    connect(&timer_, &QTimer::timeout, this, [this] { HasOffer() ? CountDown() : End(); });
     End();
 }
 
 void NoteBar::Say(const QString& text) {
-    Show(text, false);
+    Show(text);
     timer_.start(kTimeOfAWord);
 }
 
 void NoteBar::Warn(const QString& text) {
-    Show(text, true);
-    timer_.stop();
+    Show(text);
+    ShowSign(Glyph::Warning, theme_.Now().warn);
 }
 
 void NoteBar::Offer(const QString& text, const QString& action, std::function<void()> take) {
-    Show(text, false);
-    take_ = std::move(take);
-    actionName_ = action;
+    Show(text);
+    ShowAction(action, std::move(take));
     secondsLeft_ = kSecondsOfAnOffer + 1;
-    action_->show();
     CountDown();
     timer_.start(1s);
 }
 
+void NoteBar::Ask(const QString& text, Glyph sign, const QString& action, std::function<void()> take) {
+    Show(text);
+    ShowSign(sign, theme_.Now().accent);
+    ShowAction(action, std::move(take));
+}
+
 void NoteBar::TakeOffer() {
-    if (!take_) return;
-    const auto take = std::exchange(take_, nullptr);
-    End();
-    take();
+    if (HasOffer()) Take();
 }
 
 void NoteBar::WithdrawOffer() {
-    if (take_) End();
+    if (HasOffer()) End();
+}
+
+void NoteBar::WithdrawQuestion() {
+    if (Asks()) End();
+}
+
+void NoteBar::Take() {
+    const auto take = std::exchange(take_, nullptr);
+    End();
+    if (take) take();
 }
 
 // A word that is said again only stays longer.
-void NoteBar::Show(const QString& text, bool isFailure) {
+void NoteBar::Show(const QString& text) {
+    timer_.stop();
     take_ = nullptr;
+    secondsLeft_ = 0;
     action_->hide();
-    sign_->setVisible(isFailure);
-    if (isFailure)
-        sign_->setPixmap(GlyphPicture(Glyph::Warning, theme_.Now().warn, kGlyphSize, devicePixelRatioF()));
+    sign_->hide();
     const bool isNew = std::exchange(text_, text) != text;
     words_->setToolTip(text);
     words_->setAccessibleName(text);
@@ -88,18 +98,31 @@ void NoteBar::Show(const QString& text, bool isFailure) {
     QAccessible::updateAccessibility(&event);
 }
 
+void NoteBar::ShowSign(Glyph sign, const QColor& colour) {
+    sign_->setPixmap(GlyphPicture(sign, colour, kGlyphSize, devicePixelRatioF()));
+    sign_->show();
+}
+
+void NoteBar::ShowAction(const QString& action, std::function<void()> take) {
+    take_ = std::move(take);
+    actionName_ = action;
+    action_->setText(action);
+    action_->setAccessibleName(action);
+    action_->show();
+}
+
 void NoteBar::CountDown() {
     if (--secondsLeft_ == 0) {
         End();
         return;
     }
     action_->setText(u"%1 (%2)"_s.arg(actionName_).arg(secondsLeft_));
-    action_->setAccessibleName(actionName_);
 }
 
 void NoteBar::End() {
     timer_.stop();
     take_ = nullptr;
+    secondsLeft_ = 0;
     text_.clear();
     words_->clear();
     words_->setToolTip({});

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <functional>
 
+#include "window/glyphs.h"
 #include "window/theme.h"
 
 namespace commtest {
@@ -22,10 +23,16 @@ class NoteBar : public QWidget {
 
     // For ten seconds, counted down; the action can be taken once.
     void Offer(const QString& text, const QString& action, std::function<void()> take);
-    bool HasOffer() const { return take_ != nullptr; }
+    bool HasOffer() const { return take_ != nullptr && secondsLeft_ > 0; }
     void TakeOffer();
     // Ends an offer that has become void; another word stays.
     void WithdrawOffer();
+
+    // A sign, and what can be done until the question is withdrawn or another word comes. Only its own button
+    // does it.
+    void Ask(const QString& text, Glyph sign, const QString& action, std::function<void()> take);
+    bool Asks() const { return take_ != nullptr && secondsLeft_ == 0; }
+    void WithdrawQuestion();
 
     QString Text() const { return text_; }  // empty while nothing is said
 
@@ -39,7 +46,10 @@ class NoteBar : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void Show(const QString& text, bool isFailure);
+    void Show(const QString& text);
+    void ShowSign(Glyph sign, const QColor& colour);
+    void ShowAction(const QString& action, std::function<void()> take);
+    void Take();
     void CountDown();
     void End();
     void Elide();

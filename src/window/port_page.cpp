@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kFormWidth = 288;
+constexpr int kPortRow = 1;  // what is said of the port below it, then the other fields
 
 }  // namespace
 
@@ -55,24 +56,31 @@ QWidget* PortPage::MakeForm() {
 
 void PortPage::AddField(QGridLayout& grid, int index, const QString& caption, QWidget* parent) {
     ListControl& control = binder_.Form().ConCommSetting[static_cast<std::size_t>(index)];
-    QComboBox* field = nullptr;
-    if (index == 0) {
-        field = new PortBox(binder_, control, parent);
-    } else {
-        field = new QComboBox(parent);
-        field->setEditable(index == 1);
-        Bind(binder_, control, *field);
-    }
+    QComboBox* field = index == 0 ? MakePortField(grid, control, parent) : MakeField(index, control, parent);
     field->setAccessibleName(caption.chopped(1));
+    const int row = index == 0 ? kPortRow : kPortRow + 1 + index;
+    grid.addWidget(new QLabel(caption, parent), row, 0);
+    grid.addWidget(field, row, 1);
+}
+
+QComboBox* PortPage::MakePortField(QGridLayout& grid, ListControl& control, QWidget* parent) {
+    auto* field = new PortBox(binder_, control, parent);
+    connect(field, &PortBox::Taken, this, &PortPage::Apply);
+    grid.addWidget(&field->Refusal(), kPortRow + 1, 1, Qt::AlignLeft);
+    return field;
+}
+
+QComboBox* PortPage::MakeField(int index, ListControl& control, QWidget* parent) {
+    auto* field = new QComboBox(parent);
+    field->setEditable(index == 1);
+    Bind(binder_, control, *field);
     connect(field, &QComboBox::activated, this, &PortPage::Apply);
     if (field->isEditable()) connect(field->lineEdit(), &QLineEdit::returnPressed, this, &PortPage::Apply);
     // The field's own list takes the focus only for a while.
     WhenLeft(*field, [this] {
         if (QApplication::activePopupWidget() == nullptr) Apply();
     });
-    const int row = index + 1;
-    grid.addWidget(new QLabel(caption, parent), row, 0);
-    grid.addWidget(field, row, 1);
+    return field;
 }
 
 void PortPage::Apply() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QWidget>
 
@@ -18,6 +19,8 @@ class PortPage : public QWidget {
   private:
     QWidget* MakeForm();
     void AddField(QGridLayout& grid, int index, const QString& caption, QWidget* parent);
+    QComboBox* MakePortField(QGridLayout& grid, ListControl& control, QWidget* parent);
+    QComboBox* MakeField(int index, ListControl& control, QWidget* parent);
     void Apply();
 
     Binder& binder_;

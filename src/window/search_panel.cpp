@@ -75,7 +75,9 @@ void SearchPanel::FillFirstLine() {
     };
     firstLine_->addWidget(new QLabel(ToQt(captions.search), this));
     firstLine_->addSpacing(8);
-    addField(ToQt(captions.searchPort), new PortBox(binder_, form.ConSettingComm, this), kPortWidth);
+    auto* port = new PortBox(binder_, form.ConSettingComm, this);
+    addField(ToQt(captions.searchPort), port, kPortWidth);
+    firstLine_->addWidget(&port->Refusal());
     addAddress(ToQt(captions.searchStartAddress), form.ConSettingDE[0]);
     addAddress(ToQt(captions.searchEndAddress), form.ConSettingDE[1]);
     firstLine_->addStretch();

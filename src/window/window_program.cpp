@@ -10,6 +10,7 @@
 #include "host_qt/unsaved_settings.h"
 #include "session/events.h"
 #include "session/port_settings.h"
+#include "window/port_return.h"
 
 namespace commtest {
 
@@ -71,12 +72,23 @@ WindowProgram::WindowProgram(const WindowOptions& options)
 void WindowProgram::WireEvents() {
     port_.Receives = [this] { PortReceives(Form()); };
     port_.IsLost = [this](const Text& reason) { PortIsLost(Form(), reason); };
+    port_.IsBack = [this](const Text& device) {
+        if (window_) window_->LostPort().TellBack(QString::fromStdU16String(device));
+    };
+    port_.IsGoneAgain = [this] {
+        if (window_) window_->LostPort().TellGone();
+    };
+    port_.IsNamed = [this](int number, const QString& device) { KeepDevice(number, device); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)],
                       [this, index] { TimerTicks(Form(), index); });
     }
     timers_.Drive(session_.Tools().Timer1,
                   [this] { RunEvent(Form(), [this] { Timer1_Timer(session_.Tools()); }); });
+}
+
+void WindowProgram::KeepDevice(int number, const QString& device) {
+    if (!hasSimulator_) store_->setValue(u"Ports/COM%1"_s.arg(number), device);
 }
 
 bool WindowProgram::Start() {

@@ -42,6 +42,7 @@ class WindowProgram {
 
   private:
     void WireEvents();
+    void KeepDevice(int number, const QString& device);
     void FollowTool();
     void StartSimulator();
     void ChooseSimulated();

@@ -53,7 +53,7 @@ class ProblemTest(CommandLineTest):
             run = self.finish(process)
             self.assertLess(time.monotonic() - pulled, 1)
         self.assertEqual(run.status, 3)
-        self.assertEqual(run.problem_lines, [f"串口已断开,通讯停止！ 设备 {simulator.device} 已断开。请检查接线后重新开始"])
+        self.assertEqual(run.problem_lines, [f"串口已断开,通讯停止！ COM1 ({simulator.device}) 已断开。请检查接线后重新开始"])
         self.assertIn("\n总计通讯: ", run.output)
         self.assertTrue(record.read_text(encoding="utf-8").startswith("第 1 次, 向 HX-D10智能数字显示控制仪 发送: @01RD17"))
 

@@ -29,6 +29,11 @@ TEST(NamedPortOf, AnyOtherTextIsNone) {
     }
 }
 
+TEST(CanBeDevice, WholePathOfADeviceOrOfNothingYet) {
+    for (const char* path : {"/dev/null", "/dev/no-such-device"}) EXPECT_TRUE(CanBeDevice(path)) << path;
+    for (const char* path : {"", "ttyS3", "/etc/passwd", "/tmp"}) EXPECT_FALSE(CanBeDevice(path)) << path;
+}
+
 }  // namespace
 
 }  // namespace commtest

@@ -175,8 +175,8 @@ TEST_F(QtSerialPortTest, LossOfTheDeviceIsToldOnceAndClosesThePort) {
     EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
     EXPECT_FALSE(port.PortOpen());
     RunEventLoopFor(100ms);
-    EXPECT_EQ(losses, std::vector<std::string>{"设备 " + line.Device().toStdString() +
-                                               " 已断开。请检查接线后重新开始"});
+    EXPECT_EQ(losses, std::vector<std::string>{"COM1 (" + line.Device().toStdString() +
+                                               ") 已断开。请检查接线后重新开始"});
 }
 
 TEST_F(QtSerialPortTest, LossThatAWriteMeetsIsToldFromTheEventLoop) {
@@ -206,7 +206,108 @@ TEST_F(QtSerialPortTest, ClosingIsNoLoss) {
     EXPECT_TRUE(losses.empty());
 }
 
+// --- A lost device that comes back ---
+
+class LostPortTest : public ::testing::Test {
+  protected:
+    LostPortTest() {
+        port.IsBack = [this](const Text& device) { told.push_back("back " + ToUtf8(device)); };
+        port.IsGoneAgain = [this] { told.push_back("gone"); };
+        port.IsLost = [this](const Text&) { told.push_back("lost"); };
+    }
+
+    void PlugIn(PseudoTerminal& line) {
+        Unplug();
+        ASSERT_TRUE(QFile::link(line.Device(), adapter));
+    }
+    void Unplug() { QFile::remove(adapter); }
+    // The line goes while the port is open.
+    void Lose() {
+        PlugIn(first);
+        port.SetPortOpen(true);
+        Unplug();
+        first.HangUp();
+        ASSERT_TRUE(Eventually([this] { return told == std::vector<std::string>{"lost"}; }));
+        told.clear();
+    }
+    bool IsTold(const std::vector<std::string>& expected) {
+        return Eventually([&] { return told == expected; });
+    }
+
+    QTemporaryDir folder;
+    QString adapter = folder.filePath("adapter");
+    PseudoTerminal first;
+    PseudoTerminal second;
+    QtSerialPort port{{{1, adapter}}};
+    std::vector<std::string> told;
+};
+
+TEST_F(LostPortTest, DeviceThatIsBackIsToldAndThatItHasGoneAgain) {
+    Lose();
+    PlugIn(second);
+    const std::string back = "back " + second.Device().toStdString();
+    EXPECT_TRUE(IsTold({back}));
+    Unplug();
+    EXPECT_TRUE(IsTold({back, "gone"}));
+}
+
+TEST_F(LostPortTest, OpeningEndsTheWait) {
+    Lose();
+    PlugIn(second);
+    ASSERT_TRUE(IsTold({"back " + second.Device().toStdString()}));
+    told.clear();
+    port.SetPortOpen(true);
+    EXPECT_EQ(told, std::vector<std::string>{"gone"});
+    port.SetPortOpen(false);
+    RunEventLoopFor(1200ms);
+    EXPECT_EQ(told.size(), 1U);
+}
+
+TEST_F(LostPortTest, ChoiceOfAnotherPortEndsTheWait) {
+    Lose();
+    port.SetCommPort(2);
+    PlugIn(second);
+    RunEventLoopFor(1200ms);
+    EXPECT_TRUE(told.empty());
+}
+
 // --- The ports on offer ---
+
+TEST_F(QtSerialPortTest, DeviceThatIsNamedLaterIsOfferedOpenedAndTold) {
+    std::vector<std::string> named;
+    QtSerialPort later;
+    later.IsNamed = [&](int number, const QString& device) {
+        named.push_back(std::to_string(number) + " " + device.toStdString());
+    };
+    later.NameDevice(9, line.Device().toStdU16String());
+    EXPECT_EQ(named, std::vector<std::string>{"9 " + line.Device().toStdString()});
+    EXPECT_EQ(ToUtf8(later.Devices().back().device), line.Device().toStdString());
+    later.SetCommPort(9);
+    later.SetPortOpen(true);
+    EXPECT_TRUE(later.PortOpen()) << ToUtf8(later.LastProblem());
+}
+
+TEST_F(QtSerialPortTest, OfferTellsWhatIsAbsentAndWhatAnotherProgramHolds) {
+    const QtSerialPort offered({{1, line.Device()}, {2, QStringLiteral("/dev/no-such-port")}});
+    const QString lockName = QString(line.Device()).remove("/dev/").replace('/', '_');
+    QFile lock("/var/lock/LCK.." + lockName);
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    const auto writeHolder = [&](pid_t holder) {
+        lock.resize(0);
+        lock.seek(0);
+        lock.write(QByteArray::number(holder).rightJustified(10) + "\n");
+        lock.flush();
+    };
+    writeHolder(getppid());
+    EXPECT_TRUE(offered.Devices()[0].isThere);
+    EXPECT_TRUE(offered.Devices()[0].isInUse);
+    EXPECT_FALSE(offered.Devices()[1].isThere);
+    EXPECT_FALSE(offered.Devices()[1].isInUse);
+    writeHolder(getpid());
+    EXPECT_FALSE(offered.Devices()[0].isInUse);
+    lock.remove();
+    EXPECT_FALSE(offered.Devices()[0].isInUse);
+}
 
 TEST_F(QtSerialPortTest, NamedDevicesAreOfferedUnderTheirNumbersInOrder) {
     const QtSerialPort named({{200, QStringLiteral("/dev/b")}, {1, QStringLiteral("/dev/仪表")}});

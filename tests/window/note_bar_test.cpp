@@ -75,6 +75,31 @@ TEST_F(NoteBarTest, OfferThatIsVoidIsWithdrawn) {
     EXPECT_FALSE(notes.HasOffer());
 }
 
+TEST_F(NoteBarTest, QuestionStaysUntilItsOwnButtonIsPressed) {
+    int taken = 0;
+    notes.Ask("COM1 已恢复", Glyph::Plug, "继续", [&] { ++taken; });
+    EXPECT_TRUE(notes.Asks());
+    EXPECT_FALSE(notes.HasOffer());
+    EXPECT_EQ(Action().text().toStdString(), "继续");
+    notes.TakeOffer();  // the key that undoes
+    notes.WithdrawOffer();
+    QTest::mousePress(&notes, Qt::LeftButton);
+    EXPECT_EQ(taken, 0);
+    EXPECT_EQ(notes.Text().toStdString(), "COM1 已恢复");
+    Action().click();
+    EXPECT_EQ(taken, 1);
+    EXPECT_EQ(notes.Text().toStdString(), "");
+}
+
+TEST_F(NoteBarTest, QuestionThatIsVoidIsWithdrawnAndAnotherWordStays) {
+    notes.Ask("COM1 已恢复", Glyph::Plug, "继续", [] {});
+    notes.WithdrawQuestion();
+    EXPECT_EQ(notes.Text().toStdString(), "");
+    notes.Offer("已清空通讯记录", "撤销", [] {});
+    notes.WithdrawQuestion();
+    EXPECT_EQ(notes.Text().toStdString(), "已清空通讯记录");
+}
+
 TEST_F(NoteBarTest, LongWordIsCutOffAndWholeInItsTip) {
     const QString word(200, u'字');
     notes.Say(word);

@@ -16,6 +16,7 @@
 namespace commtest::testing {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 
 class PortPageTest : public ::testing::Test {
@@ -45,7 +46,9 @@ class PortPageTest : public ::testing::Test {
     }
     std::vector<std::string> Labels() {
         std::vector<std::string> texts;
-        for (const QLabel* label : page.findChildren<QLabel*>()) texts.push_back(label->text().toStdString());
+        for (const QLabel* label : page.findChildren<QLabel*>()) {
+            if (label->isVisible()) texts.push_back(label->text().toStdString());
+        }
         return texts;
     }
 };
@@ -135,11 +138,36 @@ TEST_F(PortPageTest, OpenPortIsOpenedAnew) {
     EXPECT_EQ(Settings(), "19200,N,8,1");
 }
 
-TEST_F(PortPageTest, PortWithoutANumberIsToldOnce) {
-    Enter(Field("串口号"), "COMx");
+TEST_F(PortPageTest, WhatIsNoPortIsSaidBelowTheFieldAndNeitherTakenNorStored) {
+    Enter(Field("串口号"), "ttyX");
     QTest::keyClick(Field("串口号"), Qt::Key_Return);
-    ASSERT_EQ(bench.session.dialogs.Shown.size(), 1u);
-    EXPECT_EQ(bench.session.dialogs.Shown[0].number, 13);
+    EXPECT_THAT(Labels(), Contains("不是串口，未采用"));
+    Field("波特率")->setFocus();
+    EXPECT_EQ(ToUtf8(Form().PortName().Value()), "COM1");
+    EXPECT_EQ(bench.session.line.CommPort(), 1);
+    EXPECT_EQ(Stored(), "");
+    EXPECT_EQ(bench.session.dialogs.Shown.size(), 0u);
+}
+
+TEST_F(PortPageTest, FieldThatIsLeftBehindARefusalAppliesTheFormerPort) {
+    Enter(Field("串口号"), "ttyX");
+    Enter(Field("波特率"), "4800");
+    QTest::keyClick(Field("波特率"), Qt::Key_Return);
+    EXPECT_EQ(Stored(), "4800,N,8,1 COM1");
+    EXPECT_EQ(Field("串口号")->currentText().toStdString(), "ttyX");
+}
+
+TEST_F(PortPageTest, DeviceTypedBehindAPortIsNamedAndTheSessionSeesThePort) {
+    Enter(Field("串口号"), "COM9=/dev/no-such-device");
+    EXPECT_EQ(ToUtf8(Form().PortName().Value()), "COM1");
+    QTest::keyClick(Field("串口号"), Qt::Key_Return);
+    EXPECT_EQ(ToUtf8(Form().PortName().Value()), "COM9");
+    EXPECT_EQ(bench.session.line.CommPort(), 9);
+    EXPECT_EQ(Stored(), "9600,N,8,1 COM9");
+    ASSERT_EQ(bench.session.line.Ports.size(), 1u);
+    EXPECT_EQ(bench.session.line.Ports[0].number, 9);
+    EXPECT_EQ(ToUtf8(bench.session.line.Ports[0].device), "/dev/no-such-device");
+    EXPECT_EQ(Field("串口号")->currentText().toStdString(), "COM9");
 }
 
 TEST_F(PortPageTest, HelpTextStandsBesideTheForm) {

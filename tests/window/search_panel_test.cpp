@@ -86,6 +86,7 @@ TEST_F(SearchPanelTest, PortIsTyped) {
     EXPECT_EQ(port->width(), 84);
     port->lineEdit()->selectAll();
     QTest::keyClicks(port, "COM12");
+    QTest::keyClick(port, Qt::Key_Return);
     EXPECT_EQ(ToUtf8(Form().ConSettingComm.Value()), "COM12");
 }
 

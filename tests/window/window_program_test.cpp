@@ -6,6 +6,7 @@
 #include "host_qt/pseudo_terminal.h"
 #include "session/events.h"
 #include "session/port_settings.h"
+#include "window/note_bar.h"
 
 #include <gtest/gtest.h>
 
@@ -28,6 +29,7 @@ class WindowProgramTest : public ::testing::Test {
     WindowOptions options;
     std::optional<WindowProgram> program;
     QStringList boxes;            // texts of the boxes that came up, each closed at once
+    QStringList details;          // what they say below
     std::function<void()> atBox;  // what is done before one is closed
 
     WindowProgramTest() {
@@ -39,6 +41,7 @@ class WindowProgramTest : public ::testing::Test {
             if (box == nullptr) return;
             if (atBox) atBox();
             boxes += box->text();
+            details += box->informativeText();
             box->accept();
         });
         closer_.start(5);
@@ -53,7 +56,11 @@ class WindowProgramTest : public ::testing::Test {
         RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kLeave); });
         program->Finish();
         program.reset();
-        // As the program's own loop would, one more takes note of the end.
+        TakeNoteOfTheEnd();
+    }
+
+    // As the program's own loop would.
+    static void TakeNoteOfTheEnd() {
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
     }
@@ -121,6 +128,7 @@ TEST_F(WindowProgramTest, SecondInstanceIsRefused) {
     ASSERT_TRUE(Start());
     WindowProgram second(options);
     EXPECT_FALSE(second.Start());
+    TakeNoteOfTheEnd();
     EXPECT_EQ(boxes, QStringList("对不起，本软件已经有一个版本在运行了，请按确定键退出！"));
 }
 
@@ -255,6 +263,7 @@ TEST_F(WindowProgramTest, PulledOutAdapterStopsTheSessionAndPluggedInAgainGoesOn
     first.HangUp();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !boxes.isEmpty(); }));
     EXPECT_EQ(boxes, QStringList("串口已断开,通讯停止！"));
+    EXPECT_EQ(details, QStringList("COM1 (" + first.Device() + ") 已断开。请检查接线后重新开始"));
     EXPECT_FALSE(Form().IsRunning());
     EXPECT_EQ(ToUtf8(Form().ConCommString[1].WholeText()), record);
 
@@ -265,6 +274,38 @@ TEST_F(WindowProgramTest, PulledOutAdapterStopsTheSessionAndPluggedInAgainGoesOn
     ASSERT_TRUE(QTest::qWaitFor([&] { return Form().SendCount > sent; }));
     EXPECT_EQ(second.Read(8), "@01RR01\r");
     EXPECT_EQ(boxes.size(), 1);
+}
+
+TEST_F(WindowProgramTest, PluggedInAgainIsOfferedToGoOn) {
+    const QString adapter = scratch.filePath("adapter");
+    options.devices[1] = adapter;
+    PseudoTerminal first;
+    QFile::link(first.Device(), adapter);
+    ASSERT_TRUE(Start());
+    RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kStartStop); });
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Form().NoReplyCount > 0; }));
+    QFile::remove(adapter);
+    first.HangUp();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !boxes.isEmpty(); }));
+    auto& notes = program->Window().Notes();
+    EXPECT_EQ(notes.Text().toStdString(), "");
+
+    PseudoTerminal second;
+    QFile::link(second.Device(), adapter);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return notes.Asks(); }));
+    EXPECT_EQ(notes.Text().toStdString(), "COM1 已恢复");
+    const int sent = Form().SendCount;
+    notes.findChild<QPushButton*>()->click();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Form().SendCount > sent; }));
+    EXPECT_EQ(notes.Text().toStdString(), "");
+    EXPECT_EQ(second.Read(8), "@01RR01\r");
+}
+
+TEST_F(WindowProgramTest, DeviceThatIsNamedForAPortIsRemembered) {
+    ASSERT_TRUE(Start());
+    Form().MSComm1.NameDevice(9, u"/dev/ttyS3");
+    EXPECT_EQ(QSettings(options.settingsFile, QSettings::IniFormat).value("Ports/COM9").toString(),
+              "/dev/ttyS3");
 }
 
 TEST_F(WindowProgramTest, DevicesOfPortsStandInTheSettings) {
