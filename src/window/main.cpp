@@ -30,8 +30,7 @@ commtest::DeviceMap DevicesOf(const QStringList& ports) {
     return devices;
 }
 
-commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
-    QCommandLineParser parser;
+void AddOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(u"与串口上的工业仪表通讯：轮询、修改参数、记录。"_s);
     parser.addHelpOption();
     parser.addVersionOption();
@@ -39,6 +38,17 @@ commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
                        {u"settings"_s, u"设置文件，默认为用户的设置。"_s, u"文件"_s},
                        {u"port"_s, u"串口的设备，可以多次给出。"_s, u"COM1=设备"_s},
                        {u"simulator"_s, u"在 COM1 上接一台模拟仪表。"_s}});
+}
+
+void NameProgram() {
+    QCoreApplication::setApplicationName(u"commtest"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
+    commtest::LoadToolkitTexts();
+}
+
+commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
+    QCommandLineParser parser;
+    AddOptions(parser);
     parser.process(application);
     commtest::WindowOptions options;
     options.folder = parser.value(u"folder"_s);
@@ -48,13 +58,23 @@ commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
     return options;
 }
 
+// What is asked about the program is answered without a display.
+void AnswerQuestions(int argc, char* argv[]) {
+    QCommandLineParser parser;
+    AddOptions(parser);
+    parser.parse(QStringList(argv, argv + argc));
+    if (!parser.isSet(u"help"_s) && !parser.isSet(u"help-all"_s) && !parser.isSet(u"version"_s)) return;
+    const QCoreApplication application(argc, argv);
+    NameProgram();
+    OptionsOf(application);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    AnswerQuestions(argc, argv);
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(u"commtest"_s);
-    QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
-    commtest::LoadToolkitTexts();
+    NameProgram();
     const commtest::WindowOptions options = OptionsOf(application);
     try {
         commtest::WindowProgram program(options);

@@ -1,10 +1,12 @@
-"""A port of the program with its window that is pulled out and comes back."""
+"""A port of the program with its window that is pulled out and comes back, and what needs no window."""
 
+import os
+import subprocess
 import unittest
 
 from desktop import PATIENCE, Desktop, wait_for
 from programs import PLAIN, Simulator, description
-from window_case import WindowCase
+from window_case import WINDOW, WindowCase
 
 
 class PortTest(WindowCase):
@@ -42,6 +44,14 @@ class PortTest(WindowCase):
         frame sent last, which takes no text."""
         desktop.press("ctrl+1", "F6", "space")
         return len(self.records()) > known + 1
+
+    def test_help_and_version_need_no_display(self):
+        without = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        for option, beginning in (("--help", "用法："), ("--version", "commtest ")):
+            run = subprocess.run([WINDOW, option], env=without | {"QT_QPA_PLATFORM": "xcb"}, capture_output=True,
+                                 encoding="utf-8", check=False)
+            self.assertEqual((run.returncode, run.stderr), (0, ""))
+            self.assertTrue(run.stdout.startswith(beginning), run.stdout)
 
 
 if __name__ == "__main__":
