@@ -16,10 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString LockFileName() {
+QString RunTimeFile(const QString& name) {
     const QString own = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    return (own.isEmpty() ? QDir::tempPath() : own) + u"/CommTest.lock"_s;
+    return (own.isEmpty() ? QDir::tempPath() : own) + u'/' + name;
 }
+
+QString CallFile() { return RunTimeFile(u"CommTest.call"_s); }
 
 }  // namespace
 
@@ -29,12 +31,25 @@ ProgramVersion QtProgram::Version() const {
 }
 
 // A folder that takes no lock file stops nobody from working.
-bool QtProgram::PrevInstance() const {
+bool QtProgram::PrevInstance() const { return !HoldLock() && lock_->error() == QLockFile::LockFailedError; }
+
+bool QtProgram::HoldLock() const {
     if (lock_ == nullptr) {
-        lock_ = std::make_unique<QLockFile>(LockFileName());
+        lock_ = std::make_unique<QLockFile>(RunTimeFile(u"CommTest.lock"_s));
         lock_->setStaleLockTime(0);  // a living instance holds its lock, however old
     }
-    return !lock_->isLocked() && !lock_->tryLock(0) && lock_->error() == QLockFile::LockFailedError;
+    if (lock_->isLocked()) return true;
+    if (!lock_->tryLock(0)) return false;
+    call_ = std::make_unique<CallSocket>(CallFile());
+    call_->IsCalled = [this] {
+        if (IsCalled) IsCalled();
+    };
+    call_->Listen();
+    return true;
+}
+
+void QtProgram::CallFirst() const {
+    if (PrevInstance()) CallSocket(CallFile()).Call();
 }
 
 Text QtProgram::OwnFile() const { return QCoreApplication::applicationFilePath().toStdU16String(); }

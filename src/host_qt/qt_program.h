@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QLockFile>
+#include <functional>
 #include <memory>
 
 #include "host/program_process.h"
+#include "host_qt/call_socket.h"
 
 namespace commtest {
 
@@ -15,6 +17,10 @@ class QtProgram : public ProgramProcess {
     // The first instance holds a lock file in the user's run-time folder; one that a crash has left does not
     // count.
     bool PrevInstance() const override;
+    // An instance that is not the first calls the one that is, which hears it in its event loop.
+    std::function<void()> IsCalled;
+    void CallFirst() const;
+
     Text OwnFile() const override;
     DateTime FileTime(const Text& path) const override;
     void Start(const Text& path) override;
@@ -22,7 +28,10 @@ class QtProgram : public ProgramProcess {
     bool HasEnded() const { return hasEnded_; }
 
   private:
-    mutable std::unique_ptr<QLockFile> lock_;  // from the first question on
+    bool HoldLock() const;
+
+    mutable std::unique_ptr<QLockFile> lock_;   // from the first question on
+    mutable std::unique_ptr<CallSocket> call_;  // of the first instance
     bool hasEnded_ = false;
 };
 

@@ -118,6 +118,7 @@ void CommunicationStrip::FillPace(Binder& binder) {
     auto* label = new QLabel(u"通讯间隔"_s, pace_);
     label->setToolTip(u"通讯间隔时间"_s);
     auto* interval = new TextSpinBox(pace_);
+    interval->setObjectName(u"ConDelayTime"_s);
     interval->setFixedWidth(kIntervalWidth);
     interval->setToolTip(u"通讯间隔时间设置"_s);
     interval->setAccessibleName(label->text());

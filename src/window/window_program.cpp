@@ -11,6 +11,7 @@
 #include "session/events.h"
 #include "session/port_settings.h"
 #include "window/port_return.h"
+#include "window/simulator_settings.h"
 
 namespace commtest {
 
@@ -23,12 +24,12 @@ std::unique_ptr<QSettings> OpenSettings(const QString& file) {
     return std::make_unique<QSettings>(file, QSettings::IniFormat);
 }
 
-// What a session with the simulated instrument chooses goes only to a file that is named for it.
+// What a session with the simulated instrument chooses goes only to a file that is named for it, and its port
+// and instrument nowhere.
 std::unique_ptr<SettingsStore> SettingsIn(QSettings& store, const WindowOptions& options) {
-    if (options.hasSimulator && options.settingsFile.isEmpty()) {
-        return std::make_unique<UnsavedSettings>(store);
-    }
-    return std::make_unique<QtSettings>(store);
+    if (!options.hasSimulator) return std::make_unique<QtSettings>(store);
+    if (options.settingsFile.isEmpty()) return std::make_unique<UnsavedSettings>(store);
+    return std::make_unique<SimulatorSettings>(store);
 }
 
 QString FolderOf(const WindowOptions& options) {
@@ -61,11 +62,13 @@ Theme::Choice PaletteChoice(const QSettings& settings) {
 WindowProgram::WindowProgram(const WindowOptions& options)
     : store_(OpenSettings(options.settingsFile)),
       hasSimulator_(options.hasSimulator),
+      keepsChoices_(!options.hasSimulator || !options.settingsFile.isEmpty()),
       files_(FolderOf(options)),
       port_(DevicesOf(options, simulated_, *store_)),
       settings_(SettingsIn(*store_, options)),
       session_({port_, dialogs_, clock_, files_, catalogue_, *settings_, program_}),
-      theme_(std::make_unique<Theme>(PaletteChoice(*store_))) {
+      theme_(std::make_unique<Theme>(PaletteChoice(*store_))),
+      choices_(Form(), *store_, !options.hasSimulator) {
     WireEvents();
 }
 
@@ -78,6 +81,7 @@ void WindowProgram::WireEvents() {
     port_.IsGoneAgain = [this] {
         if (window_) window_->LostPort().TellGone();
     };
+    program_.IsCalled = [this] { BringForward(); };
     port_.IsNamed = [this](int number, const QString& device) { KeepDevice(number, device); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)],
@@ -87,17 +91,33 @@ void WindowProgram::WireEvents() {
                   [this] { RunEvent(Form(), [this] { Timer1_Timer(session_.Tools()); }); });
 }
 
+// Another start ends with a call to this one.
+void WindowProgram::BringForward() {
+    if (!window_) return;
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}
+
 void WindowProgram::KeepDevice(int number, const QString& device) {
     if (!hasSimulator_) store_->setValue(u"Ports/COM%1"_s.arg(number), device);
 }
 
 bool WindowProgram::Start() {
     RunEvent(Form(), [this] { Form_Activate(Form()); });
-    if (program_.HasEnded()) return false;
+    if (program_.HasEnded()) {
+        program_.CallFirst();
+        return false;
+    }
     if (hasSimulator_) StartSimulator();
+    choices_.PutBack();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     theme_->Dress();
     dialogs_.SetWindow(window_.get());
+    if (keepsChoices_) {
+        choices_.Follow(window_->Views(), *window_->findChild<TextSpinBox*>(u"ConDelayTime"_s));
+    }
     window_->Views().AtEachLook([this] { FollowTool(); });
     window_->show();
     return true;

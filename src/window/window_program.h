@@ -12,6 +12,7 @@
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
 #include "window/main_window.h"
+#include "window/remembered_choices.h"
 #include "window/simulated_instrument.h"
 #include "window/tool_window.h"
 #include "window/window_dialogs.h"
@@ -42,6 +43,7 @@ class WindowProgram {
 
   private:
     void WireEvents();
+    void BringForward();
     void KeepDevice(int number, const QString& device);
     void FollowTool();
     void StartSimulator();
@@ -49,6 +51,7 @@ class WindowProgram {
 
     std::unique_ptr<QSettings> store_;
     bool hasSimulator_;
+    bool keepsChoices_;
     SimulatedInstrument simulated_;
 
     FolderFiles files_;
@@ -61,6 +64,7 @@ class WindowProgram {
     QtTimers timers_;
     Session session_;
     std::unique_ptr<Theme> theme_;
+    RememberedChoices choices_;
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<ToolWindow> toolWindow_;  // made when it is opened for the first time
     std::uint64_t shownTool_ = 0;             // generation of the tool's presence

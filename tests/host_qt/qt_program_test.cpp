@@ -94,6 +94,19 @@ TEST_F(QtProgramTest, InstanceThatCrashedDoesNotCount) {
     EXPECT_FALSE(program.PrevInstance());
 }
 
+TEST_F(QtProgramTest, LaterInstanceCallsTheFirst) {
+    int calls = 0;
+    program.IsCalled = [&calls] { ++calls; };
+    EXPECT_FALSE(program.PrevInstance());
+    const QtProgram later;
+    EXPECT_TRUE(later.PrevInstance());
+    later.CallFirst();
+    EXPECT_TRUE(Eventually([&calls] { return calls == 1; }));
+    program.CallFirst();
+    testing::RunEventLoopFor(50ms);
+    EXPECT_EQ(calls, 1);
+}
+
 // --- Files ---
 
 TEST_F(QtProgramTest, FileTimeIsLocalAndItsPathMayHaveBackslashes) {

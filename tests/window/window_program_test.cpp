@@ -7,6 +7,7 @@
 #include "session/events.h"
 #include "session/port_settings.h"
 #include "window/note_bar.h"
+#include "window/text_spin_box.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +66,28 @@ class WindowProgramTest : public ::testing::Test {
         QCoreApplication::exec();
     }
 
+    // Ends it as a fall of the current would.
+    void Crash() { program.reset(); }
+
     MainForm& Form() { return program->Form(); }
+
+    void ChooseByHand(int protocol, int instrument) {
+        Binder& views = program->Window().Views();
+        views.Event([&] {
+            Form().ConCommTypeList.Set(Form().ConCommTypeList.At(protocol));
+            RunIfSet(Form().ConCommTypeList.Click);
+        });
+        views.Event([&] {
+            Form().InstrumentList().Set(Form().InstrumentList().At(instrument));
+            RunIfSet(Form().InstrumentList().Click);
+        });
+    }
+
+    void TypeInterval(const char* text) {
+        auto* interval = program->Window().findChild<TextSpinBox*>("ConDelayTime");
+        interval->selectAll();
+        QTest::keyClicks(interval, text);
+    }
 
     QString Stored(const QString& key) {
         return QSettings(options.settingsFile, QSettings::IniFormat).value("SystemSetting/" + key).toString();
@@ -122,6 +144,115 @@ TEST_F(WindowProgramTest, SessionWithASimulatedInstrumentKeepsItsChoicesInAFileT
     Form().ConDelayTime.Set(u"250");
     Leave();
     EXPECT_EQ(Stored("SoftSeting"), "250 1 16 0 0 1");
+}
+
+TEST_F(WindowProgramTest, SessionWithASimulatedInstrumentKeepsNeitherItsPortNorItsInstrument) {
+    QSettings file(options.settingsFile, QSettings::IniFormat);
+    file.setValue("SystemSetting/CommPort", "19200,N,8,1 COM3");
+    file.setValue("SystemSetting/SoftSeting", "1000 7 16 1 0 1");
+    file.sync();
+    options.hasSimulator = true;
+    ASSERT_TRUE(Start());
+    program->Window().Views().Event([this] { Form().MSComm1.NameDevice(9, u"/dev/ttyS3"); });
+    ChooseByHand(2, 0);
+    Leave();
+    EXPECT_EQ(Stored("CommPort"), "19200,N,8,1 COM3");
+    EXPECT_EQ(Stored("SoftSeting"), "1000 7 16 1 0 1");
+    file.sync();
+    for (const char* key : {"Window/Protocol", "Window/Instrument", "Ports/COM9"})
+        EXPECT_FALSE(file.contains(key)) << key;
+}
+
+// --- What is remembered when it is chosen ---
+
+TEST_F(WindowProgramTest, ChoicesSurviveAProgramThatDoesNotLeave) {
+    ASSERT_TRUE(Start());
+    ChooseByHand(1, 1);
+    const Text protocol = Form().ConCommTypeList.Value();
+    const Text instrument = Form().InstrumentList().Value();
+    TypeInterval("250");
+    program->Window().Views().Event([this] {
+        Form().WriteType.Choose(2);
+        Form().ConSelChange.Set(true);
+        Form().ConAutoSave[0].Set(true);
+        Form().ConAutoSave[1].Set(true);
+    });
+    Crash();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().ConCommTypeList.Value()), ToUtf8(protocol));
+    EXPECT_EQ(ToUtf8(Form().InstrumentList().Value()), ToUtf8(instrument));
+    EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "250");
+    EXPECT_EQ(Form().WriteType.Chosen(), 2);
+    EXPECT_TRUE(Form().ConSelChange.Value());
+    EXPECT_TRUE(Form().ConAutoSave[0].Value());
+    EXPECT_TRUE(Form().ConAutoSave[1].Value());
+}
+
+TEST_F(WindowProgramTest, IntervalThatTheSessionSetsIsNotRemembered) {
+    ASSERT_TRUE(Start());
+    program->Window().Views().Event([this] { Form().ConDelayTime.Set(u"1"); });
+    Crash();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "1000");
+}
+
+TEST_F(WindowProgramTest, EachProtocolShowsItsFramesAsItWasLastChosen) {
+    ASSERT_TRUE(Start());
+    const int byDefault = Form().ShowMode.Chosen();
+    const int other = 1 - byDefault;
+    program->Window().Views().Event([&] { Form().ShowMode.Choose(other); });
+    ChooseByHand(1, 0);
+    const int ofTheSecond = Form().ShowMode.Chosen();
+    program->Window().Views().Event([&] { Form().ShowMode.Choose(1 - ofTheSecond); });
+    ChooseByHand(0, 0);
+    EXPECT_EQ(Form().ShowMode.Chosen(), other);
+    ChooseByHand(0, 0);
+    EXPECT_EQ(Form().ShowMode.Chosen(), other);
+    ChooseByHand(1, 0);
+    EXPECT_EQ(Form().ShowMode.Chosen(), 1 - ofTheSecond);
+    Crash();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Form().ShowMode.Chosen(), 1 - ofTheSecond);
+}
+
+TEST_F(WindowProgramTest, InstrumentThatIsGoneLeavesTheOneChosen) {
+    QSettings file(options.settingsFile, QSettings::IniFormat);
+    file.setValue("Window/Protocol", "no such protocol");
+    file.setValue("Window/Instrument", "no such instrument");
+    file.sync();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Form().ConCommTypeList.IndexOf(Form().ConCommTypeList.Value()), 0);
+    EXPECT_EQ(Form().InstrumentList().IndexOf(Form().InstrumentList().Value()), 0);
+    EXPECT_EQ(boxes, QStringList());
+}
+
+TEST_F(WindowProgramTest, StartWithoutACatalogueKeepsTheRememberedInstrument) {
+    ASSERT_TRUE(Start());
+    ChooseByHand(1, 1);
+    const Text instrument = Form().InstrumentList().Value();
+    Crash();
+    const QString folder = std::exchange(options.folder, scratch.filePath("empty"));
+    QDir().mkpath(options.folder);
+    ASSERT_TRUE(Start());
+    program->Window().Views().Look();
+    Crash();
+    options.folder = folder;
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().InstrumentList().Value()), ToUtf8(instrument));
+}
+
+// --- A second start ---
+
+TEST_F(WindowProgramTest, SecondStartRaisesTheFirstWindowBehindItsMessage) {
+    ASSERT_TRUE(Start());
+    program->Window().showMinimized();
+    atBox = [this] { EXPECT_TRUE(program->Window().isMinimized()); };
+    WindowProgram second(options);
+    EXPECT_FALSE(second.Start());
+    TakeNoteOfTheEnd();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !program->Window().isMinimized(); }));
+    EXPECT_TRUE(program->Window().isVisible());
 }
 
 TEST_F(WindowProgramTest, SecondInstanceIsRefused) {
