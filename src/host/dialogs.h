@@ -13,6 +13,9 @@ class Dialogs {
     // `detail`, if there is one, says the reason and what to do.
     virtual void ShowMessage(const Text& text, const Text& detail) = 0;
 
+    // What is still to be done for a step that has gone well so far.
+    virtual void ShowAdvice(const Text& text) { ShowMessage(text, {}); }
+
     // A word of the program itself, as the face puts it.
     virtual void ShowNotice(const Notice& notice) = 0;
 

@@ -24,7 +24,7 @@ Text TakeEntry(Conversation& talk) {
 }
 
 Text FirstHalf(Dialogs& dialogs, const Text& address, const Text& digits) {
-    dialogs.ShowMessage(Text(kFirstHalfMessage), {});
+    dialogs.ShowAdvice(Text(kFirstHalfMessage));
     return u"06" + address + u"00" + Mid(digits, 5, 2);  // Q149: the first two bytes do not travel
 }
 

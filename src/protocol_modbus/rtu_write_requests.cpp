@@ -69,9 +69,8 @@ void ComposeNextHalf(Conversation& talk, Dialogs& dialogs, const Text& code) {
     if (talk.SecondHalfPending) {
         Compose(talk, kWriteOne, NextAddress(address), Bytes(code, 3, 2));
     } else {
-        dialogs.ShowMessage(u"由于 " + CellOfRow(talk, column::kName) +
-                                u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！",
-                            Text());
+        dialogs.ShowAdvice(u"由于 " + CellOfRow(talk, column::kName) +
+                           u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！");
         Compose(talk, kWriteOne, address, Bytes(code, 1, 2));
     }
     talk.SecondHalfPending = !talk.SecondHalfPending;

@@ -5,6 +5,7 @@
 #include <QRadioButton>
 
 #include "session/records.h"
+#include "window/asking_tick.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
 #include "window/theme.h"
@@ -127,9 +128,9 @@ void CommunicationStrip::FillPace(Binder& binder) {
     binder.Watch(form.ConDelayTime, [interval, &form] { interval->SetStep(form.DelayStep); });
     auto* multi = new QCheckBox(u"多台通讯"_s, pace_);
     multi->setToolTip(u"支持多台任意有效仪表地址"_s);
-    Bind(binder, form.Check1, *multi);
+    BindAskingTick(binder, form.Check1, *multi);
     auto* pauses = new QCheckBox(u"间歇性通讯"_s, pace_);
-    Bind(binder, form.TimeSetup, *pauses);
+    BindAskingTick(binder, form.TimeSetup, *pauses);
     line->addWidget(paceBorder_);
     line->addWidget(label);
     line->addWidget(interval);

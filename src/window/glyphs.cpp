@@ -20,6 +20,7 @@ QString NameOf(Glyph glyph) {
         case Glyph::Refused: return u"glyph-refused"_s;
         case Glyph::Unknown: return u"glyph-unknown"_s;
         case Glyph::Warning: return u"glyph-warning"_s;
+        case Glyph::Information: return u"glyph-information"_s;
         case Glyph::Pencil: return u"glyph-pencil"_s;
         case Glyph::Lens: return u"glyph-lens"_s;
         case Glyph::Plug: break;

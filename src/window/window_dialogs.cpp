@@ -1,12 +1,18 @@
 #include "window/window_dialogs.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
+#include <utility>
 
+#include "session/main_form.h"
+#include "window/error_words.h"
 #include "window/notice_words.h"
+#include "window/pieces.h"
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -15,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitle = u"CommTest"_s;
+constexpr int kButtonsOfATitle = 120;  // pixels that a desktop takes for them
 
 // The program speaks Chinese, whatever the language of the desktop.
 void NameButtons(QMessageBox& box) {
@@ -28,6 +35,26 @@ void NameButtons(QMessageBox& box) {
     name(QMessageBox::No, u"否(&N)"_s);
 }
 
+int WidthFor(const QWidget& box) {
+    const int title = box.fontMetrics().horizontalAdvance(box.windowTitle()) + kButtonsOfATitle;
+    return std::max(WindowDialogs::kNarrowest, title);
+}
+
+// Boxes size themselves by what is in them.
+void Widen(QMessageBox& box) {
+    auto& layout = static_cast<QGridLayout&>(*box.layout());
+    layout.addItem(new QSpacerItem(WidthFor(box), 0), layout.rowCount(), 0, 1, layout.columnCount());
+}
+
+Glyph SignOf(const Notice& notice) {
+    switch (notice.kind) {
+        case Notice::Kind::NoCatalogue:
+        case Notice::Kind::PortLost:
+        case Notice::Kind::NoUpdater: return Glyph::Warning;
+        default: return Glyph::Information;
+    }
+}
+
 }  // namespace
 
 QWidget* WindowDialogs::Owner() const {
@@ -35,43 +62,65 @@ QWidget* WindowDialogs::Owner() const {
     return active != nullptr ? active : window_;
 }
 
-void WindowDialogs::ShowMessage(const Text& text, const Text& detail) {
-    QMessageBox box(QMessageBox::Information, kTitle, QString::fromStdU16String(text), QMessageBox::Ok,
-                    Owner());
-    box.setInformativeText(QString::fromStdU16String(detail));
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+int WindowDialogs::Run(QMessageBox& box, Glyph sign) const {
+    const Tokens& tokens = theme_ != nullptr ? theme_->Now() : kLightTokens;
+    const QColor ink = sign == Glyph::Warning ? tokens.warn : tokens.accent;
+    box.setIconPixmap(GlyphPicture(sign, ink, kSignSize, box.devicePixelRatioF()));
     NameButtons(box);
-    box.exec();
+    Widen(box);
+    return box.exec();
 }
+
+void WindowDialogs::Tell(Glyph sign, const QString& text, const QString& detail) const {
+    QMessageBox box(QMessageBox::NoIcon, kTitle, text, QMessageBox::Ok, Owner());
+    box.setInformativeText(detail);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    Run(box, sign);
+}
+
+void WindowDialogs::ShowMessage(const Text& text, const Text& detail) {
+    Tell(Glyph::Warning, ToQt(text), ToQt(detail));
+}
+
+void WindowDialogs::ShowAdvice(const Text& text) { Tell(Glyph::Information, ToQt(text), {}); }
 
 void WindowDialogs::ShowNotice(const Notice& notice) {
-    ShowMessage(WordsOn(notice).toStdU16String(), RemedyOf(notice).toStdU16String());
+    Tell(SignOf(notice), WordsOn(notice), RemedyOf(notice));
 }
 
-void WindowDialogs::ShowError(int, const Text& standardMessage) {
-    QMessageBox box(QMessageBox::Warning, kTitle, QString::fromStdU16String(standardMessage), QMessageBox::Ok,
-                    Owner());
-    NameButtons(box);
-    box.exec();
+QString WindowDialogs::ReasonOf(int error) const {
+    if (!lastQuestion_.isEmpty() && lastAnswer_.isEmpty()) return WordsOnCancelled(lastQuestion_);
+    QString fault;
+    if (!lastQuestion_.isEmpty()) fault = FaultyAnswer(error, lastQuestion_, lastAnswer_);
+    if (fault.isEmpty() && form_ != nullptr) fault = FaultyField(error, *form_);
+    const QString remedy = RemedyOfError(error, !fault.isEmpty());
+    return fault.isEmpty() ? remedy : fault + u"。"_s + remedy;
+}
+
+void WindowDialogs::ShowError(int number, const Text& standardMessage) {
+    const QString reason = ReasonOf(number);
+    lastQuestion_.clear();
+    Tell(Glyph::Warning, ToQt(standardMessage), reason);
 }
 
 bool WindowDialogs::AskYesNo(const Text& text) {
-    QMessageBox box(QMessageBox::Question, kTitle, QString::fromStdU16String(text),
-                    QMessageBox::Yes | QMessageBox::No, Owner());
+    QMessageBox box(QMessageBox::NoIcon, kTitle, ToQt(text), QMessageBox::Yes | QMessageBox::No, Owner());
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
-    NameButtons(box);
-    return box.exec() == QMessageBox::Yes;
+    return Run(box, Glyph::Unknown) == QMessageBox::Yes;
 }
 
 Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
     QInputDialog box(Owner());
-    box.setWindowTitle(QString::fromStdU16String(title));
-    box.setLabelText(QString::fromStdU16String(prompt));
-    box.setTextValue(QString::fromStdU16String(proposal));
+    box.setWindowTitle(ToQt(title));
+    box.setLabelText(ToQt(prompt));
+    box.setTextValue(ToQt(proposal));
     box.setOkButtonText(u"确定"_s);
     box.setCancelButtonText(u"取消"_s);
-    return box.exec() == QDialog::Accepted ? box.textValue().toStdU16String() : Text();
+    box.findChild<QLineEdit*>()->setMinimumWidth(WidthFor(box));
+    lastAnswer_ = box.exec() == QDialog::Accepted ? box.textValue() : QString();
+    lastQuestion_ = ToQt(title);
+    return lastAnswer_.toStdU16String();
 }
 
 }  // namespace commtest

@@ -69,6 +69,8 @@ WindowProgram::WindowProgram(const WindowOptions& options)
       session_({port_, dialogs_, clock_, files_, catalogue_, *settings_, program_}),
       theme_(std::make_unique<Theme>(PaletteChoice(*store_))),
       choices_(Form(), *store_, !options.hasSimulator) {
+    dialogs_.SetSession(Form());
+    dialogs_.SetTheme(*theme_);
     WireEvents();
 }
 

@@ -118,6 +118,28 @@ TEST_F(CommunicationStripTest, TicksReachTheSession) {
     EXPECT_TRUE(Form().TimeSetup.Value());
 }
 
+TEST_F(CommunicationStripTest, TickOfACancelledQuestionGoesBack) {
+    bench.session.dialogs.Answers = {u"", u""};
+    Button("多台通讯")->click();
+    EXPECT_FALSE(Form().Check1.Value());
+    EXPECT_FALSE(Button("多台通讯")->isChecked());
+    Button("间歇性通讯")->click();
+    EXPECT_FALSE(Form().TimeSetup.Value());
+    EXPECT_FALSE(Button("间歇性通讯")->isChecked());
+    EXPECT_FALSE(Form().IntervalTimer().Enabled());
+    const auto& boxes = bench.session.dialogs.Shown;
+    ASSERT_EQ(boxes.size(), 4u);
+    EXPECT_EQ(boxes[1].number, 13);
+    EXPECT_EQ(boxes[3].number, 13);
+}
+
+TEST_F(CommunicationStripTest, TickOfAnAnswerThatIsNoNumberGoesBack) {
+    bench.session.dialogs.Answers = {u"2", u"1", u"1a"};
+    Button("多台通讯")->click();
+    EXPECT_FALSE(Form().Check1.Value());
+    EXPECT_FALSE(Button("多台通讯")->isChecked());
+}
+
 TEST_F(CommunicationStripTest, PaneSwitchTakesTheNextLayout) {
     Form().ShowTypeStep = 0;
     Button("显示切换")->click();
