@@ -1,16 +1,14 @@
 #include "cli/answer_words.h"
 
-#include "session/main_form.h"
+#include "session/answer_words.h"
+#include "session/exchange.h"
 
 namespace commtest {
 
 using namespace Qt::StringLiterals;
 
 QString WordsOnAnswer(const MainForm& form, const Outcome& outcome) {
-    Verdict verdict = outcome.verdict;
-    verdict.check = CheckWord::NotJudged;
-    const Text words = form.ProtocolInUse().words(outcome.exchange, verdict, form.texts);
-    return QString::fromStdU16String(words).simplified();
+    return QString::fromStdU16String(AnswerWords(form, outcome));
 }
 
 QString NumbersOfException(const Outcome& outcome) {

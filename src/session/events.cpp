@@ -18,7 +18,8 @@ namespace {
 // says.
 void NoteIfPollingEnded(MainForm& form, const RuntimeError& error) {
     if (!form.IsRunning() || form.PollTimer().Enabled()) return;
-    form.NoteStop({.cause = StopCause::RuntimeError, .error = error.Number()});
+    form.NoteStop(
+        {.cause = StopCause::RuntimeError, .detail = error.StandardMessage(), .error = error.Number()});
 }
 
 }  // namespace

@@ -19,6 +19,12 @@ void RecordPane::Replace(Text text) {
     if (!text.empty()) blocks_.push_front({std::move(text)});
 }
 
+void RecordPane::PutBelow(const std::deque<RecordBlock>& older) {
+    blocks_.insert(blocks_.end(), older.begin(), older.end());
+    ++epoch_;
+    MarkDirty();
+}
+
 Text RecordPane::WholeText() const {
     Text whole;
     for (const RecordBlock& block : blocks_) whole += block.text;

@@ -36,10 +36,11 @@ class RecordPane : public Presence {
     void PutOnTop(RecordBlock block);
     void Clear();
     void Replace(Text text);  // the text becomes the only block
+    void PutBelow(const std::deque<RecordBlock>& older);
 
     // Newest first. A view that has seen `Count()` blocks of this `Epoch()` lacks only the ones in front.
     const std::deque<RecordBlock>& Blocks() const { return blocks_; }
-    std::uint64_t Epoch() const { return epoch_; }  // moves on when blocks are taken away
+    std::uint64_t Epoch() const { return epoch_; }  // moves on when other ones than the foremost change
 
     Text WholeText() const;
 

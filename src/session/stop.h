@@ -18,7 +18,7 @@ enum class StopCause {
     Exception,     // an exception of the instrument, that of `outcome`
     PortRefused,   // the port could not be opened; `detail` says why
     PortLost,      // the port has gone; `detail` says why
-    RuntimeError,  // a run-time error has ended the polling; `error` is its number
+    RuntimeError,  // a run-time error has ended the polling; `error` is its number, `detail` its message
 };
 
 struct Stop {

@@ -10,8 +10,10 @@
 #include "commands/startup.h"
 #include "commands/toolbar_commands.h"
 #include "session/records.h"
+#include "window/cleared_counters.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
+#include "window/emptied_record.h"
 #include "window/error_page.h"
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
@@ -21,7 +23,9 @@
 #include "window/record_view.h"
 #include "window/search_panel.h"
 #include "window/sidebar.h"
+#include "window/statistics_label.h"
 #include "window/status_panels.h"
+#include "window/stop_line.h"
 #include "window/tab_row.h"
 #include "window/tool_bar.h"
 
@@ -119,11 +123,15 @@ QWidget* MainWindow::MakeMainArea() {
 QWidget* MainWindow::MakePages() {
     pages_ = new QStackedWidget(mainArea_);
     communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
+    new StopLine(binder_, communication_->Strip().State(), communication_->Record());
+    new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
     for (QWidget* page : std::initializer_list<QWidget*>{
              communication_, new PortPage(binder_, theme_, pages_), catalogue_,
              new GridView(binder_, theme_, 2, pages_), new ErrorPage(binder_, theme_, pages_)})
         pages_->addWidget(page);
+    auto* clearedCounters = new ClearedCounters(binder_, *notes_, pages_);
+    for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);
     binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
     return pages_;
 }

@@ -3,10 +3,11 @@
 #include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <algorithm>
 
-#include "session/records.h"
 #include "window/bindings.h"
 #include "window/record_stretches.h"
 
@@ -17,7 +18,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMargin = 8;
-constexpr int kClickReach = 4;  // pixels
+constexpr int kClickReach = 4;                         // pixels
+constexpr int kIsOfAStop = QTextFormat::UserProperty;  // of the characters of its block
+
+bool IsOfAStop(const QTextBlock& line) {
+    const QTextBlock::iterator first = line.begin();
+    return !first.atEnd() && first.fragment().charFormat().boolProperty(kIsOfAStop);
+}
+
+int LinesOf(const RecordBlock& block) {
+    return static_cast<int>(std::count(block.text.begin(), block.text.end(), u'\n'));
+}
 
 }  // namespace
 
@@ -77,8 +88,10 @@ void RecordView::PutOnTop(std::size_t count) {
 
 void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block) const {
     const Tokens& tokens = theme_.Now();
+    const bool isOfAStop = block.outcome != nullptr && block.outcome->verdict.stopsSession;
     for (const RecordStretch& stretch : StretchesOf(block)) {
         QTextCharFormat format;
+        if (isOfAStop) format.setProperty(kIsOfAStop, true);
         switch (stretch.kind) {
             case RecordStretch::Kind::Frame: format.setForeground(tokens.text); break;
             case RecordStretch::Kind::Quiet: format.setForeground(tokens.text2); break;
@@ -87,6 +100,36 @@ void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block) const {
         }
         cursor.insertText(
             QString::fromUtf16(stretch.text.data(), static_cast<qsizetype>(stretch.text.size())), format);
+    }
+}
+
+bool RecordView::Holds(const Outcome& outcome) const {
+    return std::any_of(pane_.Blocks().begin(), pane_.Blocks().end(),
+                       [&](const RecordBlock& block) { return block.outcome.get() == &outcome; });
+}
+
+void RecordView::GoTo(const Outcome& outcome) {
+    int line = 0;
+    for (const RecordBlock& block : pane_.Blocks()) {
+        if (block.outcome.get() == &outcome) break;
+        line += LinesOf(block);
+    }
+    const QTextBlock wanted = document()->findBlockByNumber(line);
+    if (!wanted.isValid()) return;
+    setTextCursor(QTextCursor(wanted));
+    document()->documentLayout()->blockBoundingRect(wanted);
+    verticalScrollBar()->setValue(wanted.firstLineNumber());
+    setFocus();
+}
+
+void RecordView::paintEvent(QPaintEvent* event) {
+    QPlainTextEdit::paintEvent(event);
+    QPainter painter(viewport());
+    for (QTextBlock line = firstVisibleBlock(); line.isValid(); line = line.next()) {
+        const QRectF place = blockBoundingGeometry(line).translated(contentOffset());
+        if (place.top() > viewport()->height()) break;
+        if (IsOfAStop(line))
+            painter.fillRect(QRectF(0, place.top(), kBarWidth, place.height()), theme_.Now().warn);
     }
 }
 
@@ -134,10 +177,6 @@ RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget*
     MainForm& form = binder.Form();
     auto* view = new RecordView(binder, theme, form.ConCommString[static_cast<std::size_t>(index)], parent);
     view->setAccessibleName(index == 1 ? u"通讯记录"_s : u"数据转换过程"_s);
-    // Q67: a click empties the record.
-    QObject::connect(view, &RecordView::Clicked, view, [&binder, index] {
-        binder.Event([&binder, index] { ConCommString_Click(binder.Form(), index); });
-    });
     return view;
 }
 

@@ -17,12 +17,20 @@ class RecordView : public QPlainTextEdit {
   public:
     RecordView(Binder& binder, const Theme& theme, const RecordPane& pane, QWidget* parent);
 
+    // Whether the block of that outcome stands here, and moves to it, with the focus. A block whose exchange
+    // has stopped the session has a bar at its left.
+    bool Holds(const Outcome& outcome) const;
+    void GoTo(const Outcome& outcome);
+
+    static constexpr int kBarWidth = 3;
+
   signals:
     // The left button went down and up here, about at one place, and nothing was or is selected; or Delete
     // was pressed.
     void Clicked();
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,7 +51,7 @@ class RecordView : public QPlainTextEdit {
     std::optional<QPoint> press_;
 };
 
-// ConCommString(index): 0 the conversion texts, 1 the record; a click on it empties it.
+// ConCommString(index): 0 the conversion texts, 1 the record.
 RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget* parent);
 
 }  // namespace commtest

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <cmath>
 
-#include "session/records.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
 
@@ -22,9 +21,9 @@ constexpr int kGapBehindTotal = 24;
 }  // namespace
 
 StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, QWidget* parent)
-    : QWidget(parent), binder_(binder), theme_(theme) {
+    : QWidget(parent), theme_(theme) {
     setToolTip(u"双击则重新记数"_s);
-    WhenEntered(*this, [this] { ClearCounters(); });
+    WhenEntered(*this, [this] { emit DoubleClicked(); });
     connect(&theme, &Theme::Changed, this, qOverload<>(&QWidget::update));
     const auto place = static_cast<std::size_t>(index);
     const MainForm& form = binder.Form();
@@ -78,11 +77,7 @@ void StatisticsLabel::paintEvent(QPaintEvent*) {
 }
 
 void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) ClearCounters();
-}
-
-void StatisticsLabel::ClearCounters() {
-    binder_.Event([this] { ConCommMessage_DblClick(binder_.Form()); });
+    if (event->button() == Qt::LeftButton) emit DoubleClicked();
 }
 
 StatisticsLine::StatisticsLine(Binder& binder, const Theme& theme, QWidget* parent) : QWidget(parent) {

@@ -9,7 +9,7 @@
 namespace commtest {
 
 // ConCommMessage(index): 0 the failures, 1 the total, 2 both. The colours are a rendering; the plain text is
-// its accessible name. A double click starts the counters anew.
+// its accessible name.
 class StatisticsLabel : public QWidget {
     Q_OBJECT
 
@@ -18,6 +18,9 @@ class StatisticsLabel : public QWidget {
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+  signals:
+    void DoubleClicked();  // or entered
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -31,9 +34,7 @@ class StatisticsLabel : public QWidget {
 
     void Show(const QString& caption, const StatisticsNumbers& numbers);
     void Divide(const QString& caption, const StatisticsNumbers& numbers);
-    void ClearCounters();
 
-    Binder& binder_;
     const Theme& theme_;
     std::vector<Part> parts_;  // of the caption, from the left
     int width_ = 0;            // of the widest text so far

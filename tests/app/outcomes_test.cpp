@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/rtu_bench.h"
+#include "session/answer_words.h"
 #include "session/reply_routing.h"
 #include "support/native_instrument.h"
 
@@ -218,6 +219,16 @@ TEST(StopByException, KeepsTheOutcomeThatStoppedTheSession) {
     EXPECT_EQ(stop.outcome, bench.Form().Outcomes.Last());
     EXPECT_EQ(stop.outcome->exchange.number, 2);
     EXPECT_EQ(stop.outcome->verdict.exception, (InstrumentException{0x83, 2}));
+}
+
+TEST(AnswerWords, AreOneLineWithoutThoseOnTheCheckWord) {
+    RtuBench bench(31);
+    bench.Form().CommandCode = 50;
+    bench.WillAnswer({"01 83 02 C0 F1"});
+    bench.Press(4);
+    bench.line.RunUntil(400);
+    EXPECT_EQ(ToUtf8(AnswerWords(bench.Form(), *bench.Form().Outcomes.Last())),
+              "注意：读写指令中含有非法参数地址/长度超出范围 指令错误！");
 }
 
 }  // namespace

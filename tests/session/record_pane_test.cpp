@@ -36,6 +36,20 @@ TEST(RecordPane, ClearTakesAllBlocksAndBeginsANewEpoch) {
     EXPECT_NE(pane.Epoch(), epoch);
 }
 
+TEST(RecordPane, OlderBlocksGoBelowUnheardAndBeginANewEpoch) {
+    RecordPane pane;
+    pane.PutOnTop({u"c"});
+    int heard = 0;
+    pane.BlockFinished = [&](const RecordBlock&) { ++heard; };
+    const auto epoch = pane.Epoch();
+    const auto generation = pane.Generation();
+    pane.PutBelow({{u"b"}, {u"a"}});
+    EXPECT_EQ(ToUtf8(pane.WholeText()), "cba");
+    EXPECT_EQ(heard, 0);
+    EXPECT_NE(pane.Epoch(), epoch);
+    EXPECT_NE(pane.Generation(), generation);
+}
+
 TEST(RecordPane, BlockOnTopStaysInTheEpoch) {
     RecordPane pane;
     const auto epoch = pane.Epoch();

@@ -166,7 +166,7 @@ TEST_F(LastStop, IsNotThatOfAPortThatIsLostWhileStopped) {
 }
 
 // The caption stays, but nothing more is sent.
-TEST_F(LastStop, OfARunTimeErrorThatEndsThePollingHasItsNumber) {
+TEST_F(LastStop, OfARunTimeErrorThatEndsThePollingHasItsNumberAndMessage) {
     form.CommandCode = 60;
     form.ConDataNub.Set(u"多");
     bench.Start();
@@ -175,6 +175,7 @@ TEST_F(LastStop, OfARunTimeErrorThatEndsThePollingHasItsNumber) {
     EXPECT_TRUE(form.IsRunning());
     ExpectStop(StopCause::RuntimeError, 0);
     EXPECT_EQ(form.LastStop().error, 13);
+    EXPECT_EQ(ToUtf8(form.LastStop().detail), "实时错误 '13':\r\n\r\n类型不匹配");
 }
 
 TEST_F(LastStop, IsNotThatOfARunTimeErrorBesideThePolling) {

@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTextBlock>
 
+#include "window/emptied_record.h"
+#include "window/note_bar.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -39,8 +41,10 @@ class RecordViewTest : public ::testing::Test {
     QWidget window;
     RecordPane& pane = bench.Form().ConCommString[1];
     RecordView* view = MakeCommPane(bench.binder, bench.theme, 1, &window);
+    NoteBar notes{bench.theme};
 
     RecordViewTest() {
+        new EmptiedRecord(bench.binder, notes, *view);
         view->setGeometry(0, 0, 300, 200);
         window.resize(300, 200);
         window.show();
@@ -322,6 +326,29 @@ TEST_F(RecordViewTest, MenuCopiesAndSelects) {
     menu->actions()[0]->trigger();
     menu->close();
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "甲乙");
+}
+
+TEST_F(RecordViewTest, BlockThatStoppedTheSessionHasABar) {
+    auto stopping = std::make_shared<Outcome>();
+    stopping->verdict.stopsSession = true;
+    pane.PutOnTop({u"甲\r\n甲\r\n", {}, stopping});
+    pane.PutOnTop({u"乙\r\n", {}, std::make_shared<Outcome>()});
+    bench.binder.Look();
+    const auto besideLine = [this](int line) {
+        const QRect place = view->cursorRect(QTextCursor(view->document()->findBlockByNumber(line)));
+        return view->viewport()->grab().toImage().pixelColor(1, place.center().y());
+    };
+    const Tokens& tokens = bench.theme.Now();
+    EXPECT_EQ(besideLine(0), tokens.surface);
+    EXPECT_EQ(besideLine(1), tokens.warn);
+    EXPECT_EQ(besideLine(2), tokens.warn);
+    EXPECT_EQ(besideLine(3), tokens.surface);
+    bench.theme.Use(Theme::Choice::Dark);
+    EXPECT_EQ(besideLine(1), kDarkTokens.warn);
+    pane.PutOnTop({u"丙\r\n"});
+    bench.binder.Look();
+    EXPECT_EQ(besideLine(1), kDarkTokens.surface);
+    EXPECT_EQ(besideLine(2), kDarkTokens.warn);
 }
 
 TEST_F(RecordViewTest, LayoutOfThePanesHidesAndShowsIt) {

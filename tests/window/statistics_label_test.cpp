@@ -130,16 +130,16 @@ TEST(StatisticsLabels, PaintEachTextWhole) {
     }
 }
 
-TEST_F(StatisticsLabelTest, DoubleClickStartsTheCountersAnew) {
-    MainForm& form = bench.Form();
-    form.SendCount = 12;
-    form.IncompleteCount = form.CheckErrorCount = form.NoReplyCount = 1;
+TEST_F(StatisticsLabelTest, DoubleClickOfTheLeftButtonAndEnterAreToldOf) {
+    int clicks = 0;
+    QObject::connect(&label, &StatisticsLabel::DoubleClicked, [&clicks] { ++clicks; });
     QTest::mouseClick(&label, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(form.SendCount, 12);
     QTest::mouseDClick(&label, Qt::RightButton, {}, QPoint(5, 5));
-    EXPECT_EQ(form.SendCount, 12);
+    EXPECT_EQ(clicks, 0);
     QTest::mouseDClick(&label, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(form.SendCount + form.IncompleteCount + form.CheckErrorCount + form.NoReplyCount, 0);
+    EXPECT_EQ(clicks, 1);
+    QTest::keyClick(&label, Qt::Key_Return);
+    EXPECT_EQ(clicks, 2);
 }
 
 TEST(StatisticsLine, ShowsTheTotalThenTheConclusion) {
