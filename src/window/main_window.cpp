@@ -61,7 +61,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
       binder_(form),
       notes_(new NoteBar(theme, this)),
       toolBar_(new ToolBar(binder_, theme, this)),
-      sidebar_(new Sidebar(binder_, this)),
+      sidebar_(new Sidebar(binder_, *notes_, this)),
       columns_(new QSplitter(Qt::Horizontal, this)) {
     setMinimumSize(kSmallest);
     resize(kFirst);

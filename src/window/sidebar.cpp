@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "catalogue/instrument_selection.h"
+#include "window/address_field.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
 
@@ -19,7 +20,7 @@ namespace {
 
 constexpr int kOptionCount = 14;
 constexpr int kFewestOptionsInView = 5;
-constexpr int kLargestAddress = 255;
+constexpr int kLargestCount = 255;
 constexpr int kTickHeight = 20;
 constexpr int kGapOfTicks = 4;
 
@@ -41,7 +42,7 @@ TextSpinBox* MakeSpinBox(Binder& binder, TextControl& control, const QString& ti
 
 }  // namespace
 
-Sidebar::Sidebar(Binder& binder, QWidget* parent) : QScrollArea(parent), binder_(binder) {
+Sidebar::Sidebar(Binder& binder, NoteBar& notes, QWidget* parent) : QScrollArea(parent), binder_(binder) {
     setObjectName(u"sidebar"_s);
     setMinimumWidth(kNarrowest);
     setMaximumWidth(kWidest);
@@ -54,7 +55,7 @@ Sidebar::Sidebar(Binder& binder, QWidget* parent) : QScrollArea(parent), binder_
     auto* layout = new QVBoxLayout(contents);
     layout->setContentsMargins(12, 8, 12, 8);
     layout->setSpacing(8);
-    layout->addWidget(MakeFields(binder));
+    layout->addWidget(MakeFields(binder, notes));
     layout->addWidget(MakeHairline(Qt::Horizontal));
     layout->addWidget(MakeOptions(binder));
     layout->addWidget(MakeHairline(Qt::Horizontal));
@@ -63,7 +64,7 @@ Sidebar::Sidebar(Binder& binder, QWidget* parent) : QScrollArea(parent), binder_
     setWidget(contents);
 }
 
-QWidget* Sidebar::MakeFields(Binder& binder) {
+QWidget* Sidebar::MakeFields(Binder& binder, NoteBar& notes) {
     MainForm& form = binder.Form();
     const Captions& captions = form.texts.captions;
     auto* fields = new QWidget;
@@ -79,12 +80,9 @@ QWidget* Sidebar::MakeFields(Binder& binder) {
                  u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s)));
     auto* pair = new QHBoxLayout;
     pair->setSpacing(8);
-    TextSpinBox* address = MakeSpinBox(binder, form.ConMeterAddr, {});
-    address->setObjectName(u"ConMeterAddr"_s);
-    address->SetRange(0, kLargestAddress);
-    pair->addWidget(MakeCaptioned(ToQt(captions.instrumentAddress), address));
+    pair->addWidget(MakeCaptioned(ToQt(captions.instrumentAddress), MakeAddressField(binder, notes)));
     TextSpinBox* count = MakeSpinBox(binder, form.ConDataNub, u"在逐个读取参数时,设置每次读取参数的个数"_s);
-    count->SetRange(1, kLargestAddress);
+    count->SetRange(1, kLargestCount);
     pair->addWidget(MakeCaptioned(ToQt(captions.parameterCount), count));
     layout->addLayout(pair);
     // Q178: nothing reads it.

@@ -7,13 +7,15 @@
 
 namespace commtest {
 
+class NoteBar;
+
 // The left side: the instrument panel (Frame2) with the protocols as options, and the advanced settings
 // (Frame3). It scrolls as one where the window is too low.
 class Sidebar : public QScrollArea {
     Q_OBJECT
 
   public:
-    Sidebar(Binder& binder, QWidget* parent);
+    Sidebar(Binder& binder, NoteBar& notes, QWidget* parent);
 
     static constexpr int kNarrowest = 232;
     static constexpr int kFirstWidth = 264;
@@ -26,7 +28,7 @@ class Sidebar : public QScrollArea {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    QWidget* MakeFields(Binder& binder);
+    QWidget* MakeFields(Binder& binder, NoteBar& notes);
     QWidget* MakeOptions(Binder& binder);
     void BindOptions(Binder& binder);
     QWidget* MakeAdvanced(Binder& binder);

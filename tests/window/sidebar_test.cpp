@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QTest>
 
+#include "window/note_bar.h"
 #include "window/text_spin_box.h"
 #include "window/view_bench.h"
 
@@ -16,7 +17,8 @@ namespace {
 class SidebarTest : public ::testing::Test {
   protected:
     ViewBench bench;
-    Sidebar sidebar{bench.binder, nullptr};
+    NoteBar notes{bench.theme};
+    Sidebar sidebar{bench.binder, notes, nullptr};
 
     SidebarTest() {
         sidebar.resize(264, 640);
@@ -75,7 +77,7 @@ TEST_F(SidebarTest, OptionWithoutAProtocolIsASpare) {
     Form().ConMeterType.Captions.resize(3);
     Form().ConMeterType.Show(0);
     Binder binder(Form());
-    Sidebar fresh(binder, nullptr);
+    Sidebar fresh(binder, notes, nullptr);
     const auto options = fresh.findChildren<QRadioButton*>();
     EXPECT_TRUE(options[2]->isEnabled());
     EXPECT_FALSE(options[3]->isEnabled());
