@@ -6,6 +6,7 @@
 namespace commtest {
 
 inline constexpr TextView kErrorFileName = u"ErrorComm.ini";
+inline constexpr TextView kKeptErrorFileStem = u"ErrorComm-";  // the moment and ".ini" behind it
 inline constexpr TextView kRecordFolderName = u"自动保存通讯记录";
 inline constexpr TextView kCatalogueFileName = u"通讯数据.mdb";
 inline constexpr TextView kServerFileName = u"Setup.ini";

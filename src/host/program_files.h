@@ -67,6 +67,13 @@ class ProgramFiles {
 
     virtual void EmptyErrorFile() = 0;
 
+    // Copies the error file beside it, named by a moment that sorts as its text does; a name that is taken
+    // gets
+    // "-2" behind it. Of the copies the last three stay. The name of the new one; error 53 if there is no
+    // error file, error 52 if the copy cannot be written.
+    virtual Text KeepErrorFile(const Text& moment) = 0;
+    static constexpr int kKeptErrorFiles = 3;
+
   private:
     std::unique_ptr<GrowingFile> errorFile_;
 };

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "host/file_names.h"
 #include "runtime/code_page.h"
@@ -10,10 +11,13 @@
 
 namespace commtest {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 kLongestText = 1024 * 1024;  // bytes; of a longer file its end is read
-constexpr qint64 kLongestMark = 16;           // bytes; the beginning of a file, which tells its kind
+const QString kKeptEnd = u".ini"_s;
+constexpr qint64 kLongestMark = 16;  // bytes; the beginning of a file, which tells its kind
 
 std::string_view View(const QByteArray& bytes) {
     return {bytes.data(), static_cast<std::size_t>(bytes.size())};
@@ -128,6 +132,31 @@ void FolderFiles::SaveRichText(const Text& name, const Text& text) {
 void FolderFiles::EmptyErrorFile() {
     QFile file(FullPath(Text(kErrorFileName)));
     OpenForWriting(file, QIODevice::Truncate);
+}
+
+QString FolderFiles::FreeKeptName(const Text& moment) const {
+    const QString stem = QString::fromStdU16String(Text(kKeptErrorFileStem) + moment);
+    QString name = stem + kKeptEnd;
+    for (int turn = 2; QDir(folder_).exists(name); ++turn) name = u"%1-%2"_s.arg(stem).arg(turn) + kKeptEnd;
+    return name;
+}
+
+Text FolderFiles::KeepErrorFile(const Text& moment) {
+    const QString errors = FullPath(Text(kErrorFileName));
+    if (!QFile::exists(errors)) throw RuntimeError(RuntimeError::kFileNotFound);
+    const QString name = FreeKeptName(moment);
+    if (!QFile::copy(errors, QDir(folder_).filePath(name))) throw RuntimeError(RuntimeError::kBadFile);
+    DropOldestKept();
+    return name.toStdU16String();
+}
+
+void FolderFiles::DropOldestKept() const {
+    const QString pattern = QString::fromStdU16String(Text(kKeptErrorFileStem)) + u"[0-9]*"_s + kKeptEnd;
+    QFileInfoList kept = QDir(folder_).entryInfoList({pattern}, QDir::Files);
+    std::sort(kept.begin(), kept.end(), [](const QFileInfo& one, const QFileInfo& other) {
+        return one.completeBaseName() < other.completeBaseName();
+    });
+    for (; kept.size() > kKeptErrorFiles; kept.removeFirst()) QFile::remove(kept.first().filePath());
 }
 
 }  // namespace commtest

@@ -20,9 +20,12 @@ class FolderFiles : public ProgramFiles {
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override;
+    Text KeepErrorFile(const Text& moment) override;
 
   private:
     QString FullPath(const Text& name) const;
+    QString FreeKeptName(const Text& moment) const;
+    void DropOldestKept() const;
 
     QString folder_;
 };

@@ -1,9 +1,18 @@
 #include "window/error_page.h"
 
 #include <QPushButton>
+#include <utility>
 
+#include "host/clock.h"
+#include "host/dialogs.h"
+#include "host/file_names.h"
+#include "host/program_files.h"
+#include "runtime/runtime_error.h"
 #include "session/records.h"
+#include "session/wall_clock.h"
 #include "window/bindings.h"
+#include "window/blank_page.h"
+#include "window/note_bar.h"
 #include "window/pieces.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
@@ -15,17 +24,40 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStripHeight = 37;
+constexpr int kEmpty = 0;  // buttons of the error file
+constexpr int kLoad = 1;
 
 }  // namespace
 
-ErrorPage::ErrorPage(Binder& binder, const Theme& theme, QWidget* parent) : QWidget(parent), binder_(binder) {
+ErrorPage::ErrorPage(Binder& binder, const Theme& theme, NoteBar& notes, QWidget* parent)
+    : QWidget(parent),
+      binder_(binder),
+      form_(binder.Form()),
+      notes_(notes),
+      contents_(new QStackedWidget(this)),
+      blank_(new BlankPage(theme, u"comm-events"_s, contents_)) {
+    binder.Watch(form_.RunningState(), [this] {
+        if (std::exchange(wasRunning_, form_.IsRunning()) && !form_.IsRunning()) isOutdated_ = true;
+        LoadIfOutdated();
+    });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(MakeStrip(theme));
-    auto* errors = new RecordView(binder, theme, binder.Form().RichTextBox2, this);
+    contents_->addWidget(blank_);
+    contents_->addWidget(MakeErrors(theme));
+    layout->addWidget(contents_, 1);
+    binder.AtEachLook([this] { Follow(); });
+}
+
+QWidget* ErrorPage::MakeErrors(const Theme& theme) {
+    auto* page = new QWidget(contents_);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* errors = new RecordView(binder_, theme, form_.RichTextBox2, page);
     errors->setAccessibleName(u"错误记录"_s);
-    layout->addWidget(errors, 1);
+    layout->addWidget(errors);
+    return page;
 }
 
 QWidget* ErrorPage::MakeStrip(const Theme& theme) {
@@ -38,8 +70,8 @@ QWidget* ErrorPage::MakeStrip(const Theme& theme) {
     line->setSpacing(8);
     line->addWidget(new StatisticsLabel(binder_, theme, 2, strip));
     line->addStretch();
-    AddButton(*line, 0, u"清除错误记录"_s, u"清除 ErrorComm.ini 文件里的记录"_s);
-    AddButton(*line, 1, u"刷新错误记录"_s, u"重新装入 ErrorComm.ini 文件里的记录"_s);
+    AddButton(*line, kEmpty, u"清除错误记录"_s, u"清除 ErrorComm.ini 文件里的记录"_s);
+    AddButton(*line, kLoad, u"刷新错误记录"_s, u"重新装入 ErrorComm.ini 文件里的记录"_s);
     auto* layout = new QVBoxLayout(strip);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -49,13 +81,78 @@ QWidget* ErrorPage::MakeStrip(const Theme& theme) {
 }
 
 void ErrorPage::AddButton(QHBoxLayout& line, int index, const QString& caption, const QString& tip) {
-    MainForm& form = binder_.Form();
     auto* button = new QPushButton(caption, this);
     button->setToolTip(tip);
-    connect(button, &QPushButton::clicked, this,
-            [this, &form, index] { binder_.Event([&form, index] { ClearFileCommand_Click(form, index); }); });
-    BindPresence(binder_, form.ClearFileCommand[static_cast<std::size_t>(index)], *button);
+    connect(button, &QPushButton::clicked, this, [this, index] {
+        if (index == kEmpty) return EmptyFile();
+        binder_.Event([this, index] { ClearFileCommand_Click(form_, index); });
+    });
+    BindPresence(binder_, form_.ClearFileCommand[static_cast<std::size_t>(index)], *button);
     line.addWidget(button);
+}
+
+// --- What the page shows ---
+
+void ErrorPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    LoadIfOutdated();
+}
+
+// A file may be long: it is loaded for who looks at it.
+void ErrorPage::LoadIfOutdated() {
+    if (isOutdated_ && isVisible()) Load();
+}
+
+void ErrorPage::Load() {
+    isOutdated_ = false;
+    PassOverError([this] { ClearFileCommand_Click(form_, kLoad); });
+}
+
+void ErrorPage::Follow() {
+    const State now = StateNow();
+    if (std::exchange(state_, now) != now) Show(now);
+}
+
+ErrorPage::State ErrorPage::StateNow() const {
+    if (form_.IsRunning()) return State::Running;
+    if (!form_.RichTextBox2.Blocks().empty()) return State::Errors;
+    return form_.ConAutoSave[1].Value() ? State::NoErrors : State::NotLogged;
+}
+
+void ErrorPage::Show(State state) {
+    contents_->setCurrentIndex(state == State::Errors ? 1 : 0);
+    switch (state) {
+        case State::Running: return blank_->Say({u"通讯进行中，停止后可查看"_s, u"停止时自动刷新"_s});
+        case State::NotLogged:
+            return blank_->Say({u"未勾选 保存错误记录"_s, u"勾选后，出错的应答记入 ErrorComm.ini"_s,
+                                u"勾选"_s,
+                                [this] { binder_.Event([this] { form_.ConAutoSave[1].Set(true); }); }});
+        case State::NoErrors: return blank_->Say({u"没有错误记录"_s, u"勾选 保存错误记录 以来没有出错"_s});
+        default: return;
+    }
+}
+
+// --- The file ---
+
+void ErrorPage::EmptyFile() {
+    binder_.Event([this] {
+        Text keptAs;
+        if (!MayEmptyFile(keptAs)) return;
+        ClearFileCommand_Click(form_, kEmpty);
+        Load();
+        if (!keptAs.empty()) notes_.Say(u"ErrorComm.ini 已清空，原文件存为 %1"_s.arg(ToQt(keptAs)));
+    });
+}
+
+// An empty file needs no question.
+bool ErrorPage::MayEmptyFile(Text& keptAs) {
+    const Outside& outside = form_.outside;
+    const Text name(kErrorFileName);
+    if (!IsMet([&] { return !outside.files.ReadEnd(name).text.empty(); })) return true;
+    const bool agreed =
+        outside.dialogs.AskYesNo(u"确定要清空 ErrorComm.ini 吗？原文件会另存在同一文件夹里，保留最近三份。");
+    if (agreed) keptAs = outside.files.KeepErrorFile(RecordDigits(outside.clock.Now()));
+    return agreed;
 }
 
 }  // namespace commtest

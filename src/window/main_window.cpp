@@ -128,7 +128,7 @@ QWidget* MainWindow::MakePages() {
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
     for (QWidget* page : std::initializer_list<QWidget*>{
              communication_, new PortPage(binder_, theme_, pages_), catalogue_,
-             new GridView(binder_, theme_, 2, pages_), new ErrorPage(binder_, theme_, pages_)})
+             new GridView(binder_, theme_, 2, pages_), new ErrorPage(binder_, theme_, *notes_, pages_)})
         pages_->addWidget(page);
     auto* clearedCounters = new ClearedCounters(binder_, *notes_, pages_);
     for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);

@@ -240,6 +240,33 @@ TEST_F(FolderFilesTest, ErrorFileIsEmptied) {
     EXPECT_EQ(ErrorFile(), "");
 }
 
+TEST_F(FolderFilesTest, ErrorFileIsKeptUnderTheMomentAndStays) {
+    Put("ErrorComm.ini", "a");
+    EXPECT_EQ(ToUtf8(files.KeepErrorFile(u"240506120000")), "ErrorComm-240506120000.ini");
+    EXPECT_EQ(Content("ErrorComm-240506120000.ini"), "a");
+    EXPECT_EQ(ErrorFile(), "a");
+}
+
+TEST_F(FolderFilesTest, KeptErrorFilesAreTheLastThree) {
+    Put("ErrorComm-old.ini", "of the user");
+    for (const TextView moment : {u"240506120000", u"240506120001", u"240506120001", u"240506120002"}) {
+        Put("ErrorComm.ini", "a");
+        files.KeepErrorFile(Text(moment));
+    }
+    EXPECT_EQ(QDir(path).entryList({"ErrorComm-*"}),
+              QStringList({"ErrorComm-240506120001-2.ini", "ErrorComm-240506120001.ini",
+                           "ErrorComm-240506120002.ini", "ErrorComm-old.ini"}));
+    Put("ErrorComm.ini", "b");
+    files.KeepErrorFile(u"240507000000");
+    EXPECT_EQ(QDir(path).entryList({"ErrorComm-*"}),
+              QStringList({"ErrorComm-240506120001-2.ini", "ErrorComm-240506120002.ini",
+                           "ErrorComm-240507000000.ini", "ErrorComm-old.ini"}));
+}
+
+TEST_F(FolderFilesTest, ErrorFileThatIsNotThereCannotBeKept) {
+    EXPECT_EQ(ErrorOf([this] { files.KeepErrorFile(u"240506120000"); }), 53);
+}
+
 TEST_F(FolderFilesTest, ErrorFileWithoutItsFolderIsError76) {
     RemoveFolder();
     EXPECT_EQ(ErrorOf([this] { files.OpenErrorFile(); }), 76);

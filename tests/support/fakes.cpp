@@ -113,6 +113,11 @@ void FakeProgramFiles::SaveRichText(const Text& name, const Text& text) {
     SavedRecords.emplace_back(name, text);
 }
 
+Text FakeProgramFiles::KeepErrorFile(const Text& moment) {
+    KeptErrorFiles[moment] = ErrorFile;
+    return Text(kKeptErrorFileStem) + moment + u".ini";
+}
+
 DateTime FakeProgram::FileTime(const Text& path) const {
     const auto found = FileTimes.find(path);
     if (found == FileTimes.end()) throw RuntimeError(RuntimeError::kFileNotFound);

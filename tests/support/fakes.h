@@ -56,6 +56,7 @@ class FakeProgramFiles : public ProgramFiles {
     std::map<Text, Text> TextFiles;
     std::vector<std::pair<Text, Text>> SavedRecords;  // name and text, in order
     std::string ErrorFile;                            // its bytes
+    std::map<Text, std::string> KeptErrorFiles;       // by the moment
     bool ErrorFileIsLong = false;                     // these are its end only
     bool HasRecordFolder = true;
 
@@ -67,6 +68,7 @@ class FakeProgramFiles : public ProgramFiles {
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override { ErrorFile.clear(); }
+    Text KeepErrorFile(const Text& moment) override;
 };
 
 class FakeProgram : public ProgramProcess {

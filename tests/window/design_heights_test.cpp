@@ -33,10 +33,11 @@ using ::testing::ElementsAre;
 
 int TopIn(const QWidget& area, const QWidget& widget) { return widget.mapTo(&area, QPoint(0, 0)).y(); }
 
+// What can be done about a line of words is a part of it.
 template <typename Widget>
 void ExpectVisibleOnesToBe28High(const QWidget& area) {
     for (const Widget* widget : area.findChildren<Widget*>()) {
-        if (widget->isVisible()) {
+        if (widget->isVisible() && !widget->property("lineAction").toBool()) {
             EXPECT_EQ(widget->height(), 28) << widget->accessibleName().toStdString();
         }
     }

@@ -8,6 +8,8 @@
 #include <QTextLayout>
 
 #include "session/reply_routing.h"
+#include "window/blank_page.h"
+#include "window/note_bar.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
 #include "window/view_bench.h"
@@ -19,7 +21,8 @@ namespace {
 class ErrorPageTest : public ::testing::Test {
   protected:
     ViewBench bench;
-    ErrorPage page{bench.binder, bench.theme, nullptr};
+    NoteBar notes{bench.theme};
+    ErrorPage page{bench.binder, bench.theme, notes, nullptr};
 
     ErrorPageTest() {
         page.resize(900, 400);
@@ -29,6 +32,18 @@ class ErrorPageTest : public ::testing::Test {
     MainForm& Form() { return bench.Form(); }
     QAbstractButton* Button(const char* caption) { return FindButton(page, caption); }
     RecordView* Errors() { return page.findChild<RecordView*>(); }
+
+    // What stands in place of the errors; empty while they are shown.
+    std::string Blank() {
+        for (const QLabel* label : page.findChild<BlankPage*>()->findChildren<QLabel*>()) {
+            if (label->isVisible() && !label->text().isEmpty()) return label->text().toStdString();
+        }
+        return "";
+    }
+    std::string ShownErrors() {
+        bench.binder.Look();
+        return Errors()->isVisible() ? Errors()->toPlainText().toStdString() : "";
+    }
 };
 
 TEST_F(ErrorPageTest, StripShowsBothStatistics) {
@@ -39,7 +54,7 @@ TEST_F(ErrorPageTest, StripShowsBothStatistics) {
     auto* label = page.findChild<StatisticsLabel*>();
     EXPECT_EQ(label->accessibleName().toStdString(),
               "总计通讯: 5 次         数据不完整 0 次;校验出错 0 次;无应答 1 次; 错误率 20.00 %");
-    EXPECT_EQ(Errors()->y(), 37);
+    EXPECT_EQ(Errors()->mapTo(&page, QPoint()).y(), 37);
 }
 
 TEST_F(ErrorPageTest, ButtonsHaveTheirTips) {
@@ -55,10 +70,72 @@ TEST_F(ErrorPageTest, FileIsLoadedAgain) {
               "2009-04-12 09:21:44第 1 次, 向 甲 发送: 01   收到:\n\n仪表无应答\n");
 }
 
-TEST_F(ErrorPageTest, FileIsEmptied) {
+TEST_F(ErrorPageTest, FileIsEmptiedAndKeptUnderAnotherName) {
     bench.session.files.ErrorFile = "2009";
+    Button("刷新错误记录")->click();
     Button("清除错误记录")->click();
     EXPECT_EQ(bench.session.files.ErrorFile, "");
+    EXPECT_THAT(bench.session.files.KeptErrorFiles,
+                ::testing::ElementsAre(std::pair(Text(u"240506120000"), std::string("2009"))));
+    EXPECT_EQ(notes.Text().toStdString(), "ErrorComm.ini 已清空，原文件存为 ErrorComm-240506120000.ini");
+    EXPECT_EQ(ShownErrors(), "");
+    ASSERT_EQ(bench.session.dialogs.Shown.size(), 1u);
+    EXPECT_EQ(bench.session.dialogs.Shown[0].kind, ShownBox::Kind::YesNo);
+    EXPECT_EQ(ToUtf8(bench.session.dialogs.Shown[0].text),
+              "确定要清空 ErrorComm.ini 吗？原文件会另存在同一文件夹里，保留最近三份。");
+}
+
+TEST_F(ErrorPageTest, FileStaysWhereTheUserDoesNotAgree) {
+    bench.session.files.ErrorFile = "2009";
+    bench.session.dialogs.Answers = {u"no"};
+    Button("清除错误记录")->click();
+    EXPECT_EQ(bench.session.files.ErrorFile, "2009");
+    EXPECT_TRUE(bench.session.files.KeptErrorFiles.empty());
+    EXPECT_EQ(notes.Text().toStdString(), "");
+}
+
+TEST_F(ErrorPageTest, EmptyFileIsEmptiedWithoutAQuestion) {
+    Button("清除错误记录")->click();
+    EXPECT_TRUE(bench.session.dialogs.Shown.empty());
+    EXPECT_TRUE(bench.session.files.KeptErrorFiles.empty());
+    EXPECT_EQ(notes.Text().toStdString(), "");
+}
+
+TEST_F(ErrorPageTest, SaysThatTheSessionRuns) {
+    Form().RichTextBox2.Replace(u"甲\r\n");
+    EXPECT_EQ(ShownErrors(), "甲\n");
+    bench.session.Start();
+    EXPECT_EQ(ShownErrors(), "");
+    EXPECT_EQ(Blank(), "通讯进行中，停止后可查看");
+}
+
+TEST_F(ErrorPageTest, SaysWhyNothingIsLogged) {
+    EXPECT_EQ(Blank(), "未勾选 保存错误记录");
+    Button("勾选")->click();
+    EXPECT_TRUE(Form().ConAutoSave[1].Value());
+    EXPECT_EQ(Blank(), "没有错误记录");
+    EXPECT_FALSE(Button("勾选") != nullptr && Button("勾选")->isVisible());
+}
+
+TEST_F(ErrorPageTest, FileIsLoadedAgainBehindAStop) {
+    bench.session.Start();
+    EXPECT_EQ(ShownErrors(), "");
+    bench.session.files.ErrorFile = "2009\r\n";
+    bench.session.Stop();
+    EXPECT_EQ(ShownErrors(), "2009\n");
+    EXPECT_EQ(Blank(), "");
+}
+
+TEST_F(ErrorPageTest, FileOfAStopUnseenIsLoadedWhenThePageIsShown) {
+    page.hide();
+    bench.session.Start();
+    bench.binder.Look();
+    bench.session.files.ErrorFile = "2009\r\n";
+    bench.session.Stop();
+    bench.binder.Look();
+    EXPECT_TRUE(Form().RichTextBox2.Blocks().empty());
+    page.show();
+    EXPECT_EQ(ShownErrors(), "2009\n");
 }
 
 TEST_F(ErrorPageTest, ButtonsRestWhileTheSessionHoldsTheFile) {
@@ -74,7 +151,7 @@ TEST_F(ErrorPageTest, ButtonsRestWhileTheSessionHoldsTheFile) {
 
 TEST_F(ErrorPageTest, ClickOnTheRecordsDoesNothing) {
     Form().RichTextBox2.Replace(u"甲\r\n");
-    bench.binder.Look();
+    ASSERT_EQ(ShownErrors(), "甲\n");
     QTest::mouseClick(Errors()->viewport(), Qt::LeftButton, {}, QPoint(30, 15));
     EXPECT_EQ(Form().RichTextBox2.Blocks().size(), 1u);
     EXPECT_EQ(Errors()->toPlainText().toStdString(), "甲\n");
