@@ -1,6 +1,7 @@
 #include "window/window_dialogs.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -117,6 +118,7 @@ Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& p
     box.setTextValue(ToQt(proposal));
     box.setOkButtonText(u"确定"_s);
     box.setCancelButtonText(u"取消"_s);
+    for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons()) button->setIcon({});
     box.findChild<QLineEdit*>()->setMinimumWidth(WidthFor(box));
     lastAnswer_ = box.exec() == QDialog::Accepted ? box.textValue() : QString();
     lastQuestion_ = ToQt(title);

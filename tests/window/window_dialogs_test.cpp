@@ -224,6 +224,7 @@ TEST_F(WindowDialogsTest, EntryStartsWithTheProposal) {
     std::string prompt;
     User<QInputDialog>([&](QInputDialog& box) {
         proposal = box.textValue().toStdString();
+        for (const auto* button : box.findChildren<QPushButton*>()) EXPECT_TRUE(button->icon().isNull());
         title = box.windowTitle().toStdString();
         prompt = box.labelText().toStdString();
         box.setTextValue("12");
