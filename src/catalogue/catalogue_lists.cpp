@@ -65,6 +65,7 @@ void LoadGridLayout(MainForm& form) {
     for (std::size_t row = 0; row < layout.rows.size(); ++row) {
         const int number = ToWhole32(valueOf(row, u"列号"));
         GridColumn& column = grid.Column(number);
+        column.isLaidOut = true;
         column.width = ToWhole32(valueOf(row, u"宽度"));
         column.merge = ToWhole32(valueOf(row, u"合并"));
         column.alignment = ToWhole32(valueOf(row, u"对齐"));

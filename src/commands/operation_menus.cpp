@@ -103,6 +103,14 @@ MenuRows RowsOfMenu(int menu) {
     }
 }
 
+// Whether a write, a search or a replay goes on top of it or not; the turns of the alternating read are one
+// operation.
+bool IsInForce(const MainForm& form, const Row& row) {
+    const std::int32_t plain = form.CommandCode % command::kWriteOffset;
+    const bool alternates = plain == command::kReadAlternating || plain == command::kReadStaticTurn;
+    return row.commandCode != 0 && row.commandCode == (alternates ? command::kReadDynamicTurn : plain);
+}
+
 }  // namespace
 
 int MenuOfProtocol(const MainForm& form) { return static_cast<int>(form.ProtocolInUse().menu); }
@@ -111,9 +119,17 @@ std::vector<MenuEntry> EntriesOfMenu(const MainForm& form, int menu) {
     std::vector<MenuEntry> entries;
     for (const Row& row : RowsOfMenu(menu)) {
         const bool isFixedRead = menu == 2 && row.index == 2;
-        entries.push_back({row.index, row.caption, !(isFixedRead && form.ProtocolCode == 41)});
+        entries.push_back({row.index, row.caption, !(isFixedRead && form.ProtocolCode == 41),
+                           IsInForce(form, row), row.commandCode == command::kReadThisRow});
     }
     return entries;
+}
+
+TextView OperationInForce(const MainForm& form) {
+    for (const Row& row : RowsOfMenu(MenuOfProtocol(form))) {
+        if (IsInForce(form, row)) return row.caption;
+    }
+    return {};
 }
 
 void ChooseMenuEntry(MainForm& form, int menu, int index) {

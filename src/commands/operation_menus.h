@@ -14,6 +14,8 @@ struct MenuEntry {
     int index;
     TextView caption;
     bool enabled;
+    bool isInForce = false;  // the operation that each cycle performs
+    bool takesRow = false;   // it reads one row
 };
 
 // The menu that a right click on the parameter grid brings, 0 for none, else 1 to 4 (指令设定1 to 指令设定4).
@@ -21,6 +23,9 @@ int MenuOfProtocol(const MainForm& form);
 
 // The entries of menu 1 to 4 for the protocol in use.
 std::vector<MenuEntry> EntriesOfMenu(const MainForm& form, int menu);
+
+// The words of the entry that is in force, empty where the menu has none.
+TextView OperationInForce(const MainForm& form);
 
 // A choice of entry `index` of menu 1 to 4.
 void ChooseMenuEntry(MainForm& form, int menu, int index);

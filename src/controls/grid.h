@@ -17,7 +17,8 @@ inline constexpr Colour kWindowBackground = 0x80000005;
 inline constexpr Colour kLightRed = 0xC0C0FF;
 
 struct GridColumn {
-    int width = 0;  // in twentieths of a point
+    bool isLaidOut = false;  // the catalogue has a row for it
+    int width = 0;           // in twentieths of a point
     int merge = 0;
     int alignment = 0;
 };

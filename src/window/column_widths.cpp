@@ -42,6 +42,8 @@ void ColumnWidths::BeginAnew() {
         column.smallest = std::max(look.smallest, index_ == 0 ? 0 : WidthOfTexts(col));
         column.wanted = std::max(column.smallest, WidthOf(grid_.Column(col)));
         column.weight = look.weight;
+        column.isHidden =
+            CanBeHidden(index_, col) && grid_.Column(col).isLaidOut && grid_.Column(col).width == 0;
     }
 }
 
@@ -60,6 +62,24 @@ void ColumnWidths::SetByUser(int col, int width) {
     byUser_[col] = width;
 }
 
+bool ColumnWidths::IsHidden(int col) const {
+    if (col >= std::ssize(columns_)) return false;
+    const bool isChosen = chosen_.size() == std::ssize(columns_) && chosen_[col] != kOfTheCatalogue;
+    return isChosen ? chosen_[col] == kHidden : columns_[static_cast<std::size_t>(col)].isHidden;
+}
+
+void ColumnWidths::Hide(int col, bool hidden) {
+    const auto count = std::ssize(columns_);
+    if (col >= count || !CanBeHidden(index_, col)) return;
+    if (chosen_.size() != count) chosen_ = QList<qint8>(count, kOfTheCatalogue);
+    chosen_[col] = hidden ? kHidden : kShown;
+}
+
+void ColumnWidths::Reset() {
+    byUser_.clear();
+    chosen_.clear();
+}
+
 std::vector<int> ColumnWidths::InRoom(int room) const {
     std::vector<int> widths;
     std::vector<int> wishes;
@@ -67,6 +87,10 @@ std::vector<int> ColumnWidths::InRoom(int room) const {
     const bool isByUser = byUser_.size() == std::ssize(columns_);
     for (qsizetype col = 0; col < std::ssize(columns_); ++col) {
         const Column& column = columns_[static_cast<std::size_t>(col)];
+        if (IsHidden(static_cast<int>(col))) {
+            for (std::vector<int>* list : {&widths, &wishes, &weights}) list->push_back(0);
+            continue;
+        }
         const bool isFree = !isByUser || byUser_[col] == 0;
         widths.push_back(isFree ? column.smallest : byUser_[col]);
         wishes.push_back(isFree ? column.wanted - column.smallest : 0);
@@ -82,14 +106,16 @@ std::vector<int> ColumnWidths::InRoom(int room) const {
 QByteArray ColumnWidths::Save() const {
     QByteArray saved;
     QDataStream stream(&saved, QIODevice::WriteOnly);
-    stream << byUser_;
+    stream << byUser_ << chosen_;
     return saved;
 }
 
 void ColumnWidths::Restore(const QByteArray& saved) {
     QList<qint32> widths;
+    QList<qint8> chosen;
     QDataStream stream(saved);
-    stream >> widths;
+    stream >> widths >> chosen;
+    if (!chosen.isEmpty()) chosen_ = chosen;
     if (widths.isEmpty()) return;
     for (qint32& width : widths) width = std::clamp(width, 0, kWidestByUser);
     byUser_ = widths;

@@ -31,6 +31,10 @@ ColumnLook LookOfColumn(int index, int col) {
     return {.smallest = 48, .weight = 1};
 }
 
+bool CanBeHidden(int index, int col) {
+    return index == 0 && col >= column::kAddress && col <= column::kScaledValue;
+}
+
 Qt::Alignment AlignmentOf(const GridColumn& column) {
     if (column.alignment >= 6 && column.alignment <= 8) return Qt::AlignRight | Qt::AlignVCenter;
     if (column.alignment >= 3 && column.alignment <= 5) return Qt::AlignHCenter | Qt::AlignVCenter;

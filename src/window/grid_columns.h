@@ -18,6 +18,9 @@ struct ColumnLook {
 // The look of column `col`, from 0, of MSHFlexGrid1(index).
 ColumnLook LookOfColumn(int index, int col);
 
+// Number, name and new value always stand; of a list, every column.
+bool CanBeHidden(int index, int col);
+
 // Where the texts of a column stand, in the grid's own numbers: 0 to 2 left, 3 to 5 centred, 6 to 8 right.
 Qt::Alignment AlignmentOf(const GridColumn& column);
 

@@ -1,6 +1,7 @@
 #include "window/grid_delegate.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "session/grid_rows.h"
 #include "window/grid_columns.h"
@@ -75,12 +76,39 @@ QColor GridDelegate::InkOf(Place place) const {
     return LookOfColumn(index_, place.col).isQuiet ? tokens.text2 : tokens.text;
 }
 
+bool GridDelegate::Merges() const {
+    for (int col = 0; col < grid_.Cols(); ++col) {
+        if (grid_.Column(col).merge != 0) return true;
+    }
+    return false;
+}
+
+// The first row in view has its text, whatever stands above.
+bool GridDelegate::RepeatsTheRowAbove(const QRect& cell, Place place) const {
+    if (grid_.Column(place.col).merge == 0 || cell.top() <= 0) return false;
+    int above = place.row - 1;
+    while (above > 0 && filter_ != nullptr && !filter_->Fits(above)) --above;
+    return above > 0 && grid_.Cell(above, place.col) == grid_.Cell(place.row, place.col);
+}
+
+void GridDelegate::PaintHit(QPainter& painter, const QRect& room, Place place, const QString& text) const {
+    const qsizetype at = filter_ != nullptr ? filter_->HitIn(place.col, text) : -1;
+    if (at < 0) return;
+    const QFontMetrics metrics(painter.font());
+    const auto alignment = static_cast<int>(AlignmentOf(grid_.Column(place.col)));
+    const QRect all = metrics.boundingRect(room, alignment | Qt::TextSingleLine, text);
+    const int left = std::max(all.left(), room.left()) + metrics.horizontalAdvance(text.left(at));
+    const int width = metrics.horizontalAdvance(text.mid(at, filter_->Words().size()));
+    painter.fillRect(QRect(left, room.top() + 2, width, room.height() - 4) & room, theme_.Now().tint);
+}
+
 void GridDelegate::PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const {
     if (text.isEmpty()) return;
     const QFont& font = LookOfColumn(index_, place.col).isCode ? codeFont_ : uiFont_;
     const int glyphWidth = WriteLookOf(place) ? kGlyphSize + kGlyphGap : 0;
     const QRect room = cell.adjusted(kPadding + glyphWidth, 0, -kPadding, 0);
     painter.setFont(font);
+    PaintHit(painter, room, place, text);
     painter.setPen(InkOf(place));
     painter.drawText(room, static_cast<int>(AlignmentOf(grid_.Column(place.col))) | Qt::TextSingleLine,
                      QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width()));
@@ -109,7 +137,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (IsMismatch(place)) PaintBar(*painter, cell, tokens.warn);
     if (IsBeingRead(place)) PaintBar(*painter, cell, tokens.accent);
     if (const auto write = WriteLookOf(place)) PaintGlyph(*painter, cell, *write);
-    PaintText(*painter, cell, place, index.data().toString());
+    if (!RepeatsTheRowAbove(cell, place)) PaintText(*painter, cell, place, index.data().toString());
     if (LookOfColumn(index_, place.col).endsGroup) {
         painter->setPen(tokens.line);
         painter->drawLine(cell.topRight(), cell.bottomRight());

@@ -6,6 +6,7 @@
 #include "commissioning/write_watch.h"
 #include "session/main_form.h"
 #include "window/cell_flash.h"
+#include "window/row_filter.h"
 #include "window/theme.h"
 #include "window/write_words.h"
 
@@ -24,6 +25,12 @@ class GridDelegate : public QStyledItemDelegate {
     void ShowReadRow(int row) { readRow_ = row; }
     void ShowCurrentCell(int row, int col) { current_ = {row, col}; }
 
+    // The words that rows are filtered by are marked where they stand.
+    void UseFilter(const RowFilter& filter) { filter_ = &filter; }
+
+    // Whether a column shows equal neighbours once, so that a cell depends on the one above it.
+    bool Merges() const;
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
@@ -39,6 +46,8 @@ class GridDelegate : public QStyledItemDelegate {
     std::optional<WriteLook> WriteLookOf(Place place) const;
     QColor GroundOf(Place place, bool isSelected) const;
     QColor InkOf(Place place) const;
+    bool RepeatsTheRowAbove(const QRect& cell, Place place) const;
+    void PaintHit(QPainter& painter, const QRect& room, Place place, const QString& text) const;
     void PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const;
     void PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const;
 
@@ -47,6 +56,7 @@ class GridDelegate : public QStyledItemDelegate {
     const Theme& theme_;
     const CellFlash& flash_;
     const WriteWatch* writes_ = nullptr;
+    const RowFilter* filter_ = nullptr;
     int readRow_ = -1;
     Place current_{-1, -1};
     QFont uiFont_ = Theme::UiFont();

@@ -1,5 +1,7 @@
 #include "window/grid_header.h"
 
+#include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "window/grid_columns.h"
@@ -15,12 +17,29 @@ constexpr int kNarrowestColumn = 24;
 }  // namespace
 
 GridHeader::GridHeader(const Grid& grid, int index, const Theme& theme, QWidget* parent)
-    : QHeaderView(Qt::Horizontal, parent), grid_(grid), index_(index), theme_(theme) {
+    : QHeaderView(Qt::Horizontal, parent),
+      grid_(grid),
+      index_(index),
+      theme_(theme),
+      frozen_(*this, index == 0) {
     setFixedHeight(kHeight);
     setMinimumSectionSize(kNarrowestColumn);
     setSectionResizeMode(QHeaderView::Interactive);
     setFont(Theme::CaptionFont());
     connect(&theme, &Theme::Changed, viewport(), qOverload<>(&QWidget::update));
+}
+
+QPoint GridHeader::PlaceBelow(int col) const {
+    return viewport()->mapToGlobal(QPoint(frozen_.PlaceOf(col), viewport()->height()));
+}
+
+void GridHeader::paintEvent(QPaintEvent* event) {
+    QHeaderView::paintEvent(event);
+    if (!frozen_.LieOver()) return;
+    QPainter painter(viewport());
+    for (const int col : FrozenColumns::kColumns)
+        paintSection(&painter, {frozen_.PlaceOf(col), 0, sectionSize(col), viewport()->height()}, col);
+    frozen_.PaintEdges(painter, theme_.Now());
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) const {
@@ -37,6 +56,49 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     painter->setPen(isCurrent ? tokens.accent : tokens.text2);
     painter->drawText(room, static_cast<int>(AlignmentOf(grid_.Column(column))) | Qt::TextSingleLine,
                       fontMetrics().elidedText(heading, Qt::ElideRight, room.width()));
+}
+
+// --- The pointer: it acts on the frozen columns where they are seen ---
+
+// The edge over the columns that scroll underneath is the handle of none of them.
+int GridHeader::ShiftOfPointer(int x) const {
+    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this) + 1;
+    const bool isAtEdge = frozen_.LieOver() && x >= frozen_.RightEdge() && x < frozen_.RightEdge() + grip;
+    return frozen_.ShiftAt(x) + (isAtEdge ? grip : 0);
+}
+
+QMouseEvent GridHeader::Shifted(const QMouseEvent& event) const {
+    return {event.type(),           event.position() + QPointF(shift_, 0),
+            event.globalPosition(), event.button(),
+            event.buttons(),        event.modifiers(),
+            event.pointingDevice()};
+}
+
+void GridHeader::mousePressEvent(QMouseEvent* event) {
+    shift_ = ShiftOfPointer(event->position().toPoint().x());
+    QMouseEvent shifted = Shifted(*event);
+    QHeaderView::mousePressEvent(&shifted);
+}
+
+void GridHeader::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton) shift_ = ShiftOfPointer(event->position().toPoint().x());
+    QMouseEvent shifted = Shifted(*event);
+    QHeaderView::mouseMoveEvent(&shifted);
+}
+
+void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
+    QMouseEvent shifted = Shifted(*event);
+    QHeaderView::mouseReleaseEvent(&shifted);
+}
+
+void GridHeader::mouseDoubleClickEvent(QMouseEvent* event) {
+    QMouseEvent shifted = Shifted(*event);
+    QHeaderView::mouseDoubleClickEvent(&shifted);
+}
+
+void GridHeader::contextMenuEvent(QContextMenuEvent* event) {
+    const int x = event->pos().x();
+    emit MenuWanted(logicalIndexAt(x + frozen_.ShiftAt(x)), event->globalPos());
 }
 
 }  // namespace commtest

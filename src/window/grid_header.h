@@ -3,6 +3,7 @@
 #include <QHeaderView>
 
 #include "session/main_form.h"
+#include "window/frozen_columns.h"
 #include "window/theme.h"
 
 namespace commtest {
@@ -14,13 +15,32 @@ class GridHeader : public QHeaderView {
   public:
     GridHeader(const Grid& grid, int index, const Theme& theme, QWidget* parent);
 
+    const FrozenColumns& Frozen() const { return frozen_; }
+
+    // Below the heading of a column, on the screen.
+    QPoint PlaceBelow(int col) const;
+
+  signals:
+    void MenuWanted(int col, QPoint globalPosition);  // -1 beside the columns
+
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    int ShiftOfPointer(int x) const;
+    QMouseEvent Shifted(const QMouseEvent& event) const;
+
     const Grid& grid_;
     int index_;
     const Theme& theme_;
+    FrozenColumns frozen_;
+    int shift_ = 0;  // of the column that the pointer went down on
 };
 
 }  // namespace commtest

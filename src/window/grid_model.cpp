@@ -10,12 +10,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString NumberOf(int row) { return QStringLiteral("%1 ").arg(row, 3, 10, QLatin1Char('0')); }
+
 int RowsBelowHeader(const Grid& grid) { return grid.Rows() > 0 ? grid.Rows() - 1 : 0; }
 
 }  // namespace
 
-GridModel::GridModel(const Grid& grid, QObject* parent)
-    : QAbstractTableModel(parent), grid_(grid), rows_(RowsBelowHeader(grid)), columns_(grid.Cols()) {}
+GridModel::GridModel(const Grid& grid, QObject* parent, bool numbersRows)
+    : QAbstractTableModel(parent),
+      grid_(grid),
+      numbersRows_(numbersRows),
+      rows_(RowsBelowHeader(grid)),
+      columns_(grid.Cols()) {}
 
 void GridModel::Follow() {
     const int rows = RowsBelowHeader(grid_);
@@ -74,7 +80,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 // A handler may have made the grid smaller since the last look.
 QString GridModel::TextAt(int row, int col) const {
     if (row >= grid_.Rows() || col >= grid_.Cols()) return {};
-    return QString::fromStdU16String(grid_.Cell(row, col));
+    const Text& text = grid_.Cell(row, col);
+    const bool lacksItsNumber = numbersRows_ && col == 0 && row > 0 && text.empty();
+    return lacksItsNumber ? NumberOf(row) : QString::fromStdU16String(text);
 }
 
 }  // namespace commtest

@@ -10,10 +10,11 @@ class MainForm;
 class WriteWatch;
 
 // The cells of a grid as a view's model; it keeps no copy of them. Row 0 of the grid is the header, row r + 1
-// is row r of the model.
+// is row r of the model. Of a grid that numbers its rows, a row whose number was emptied shows it all the
+// same.
 class GridModel : public QAbstractTableModel {
   public:
-    GridModel(const Grid& grid, QObject* parent);
+    GridModel(const Grid& grid, QObject* parent, bool numbersRows = false);
 
     // Takes over the size that the grid has now.
     void Follow();
@@ -35,6 +36,7 @@ class GridModel : public QAbstractTableModel {
     const Grid& grid_;
     const MainForm* form_ = nullptr;
     const WriteWatch* writes_ = nullptr;
+    bool numbersRows_;
     int rows_;
     int columns_;
 };

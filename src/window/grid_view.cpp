@@ -14,9 +14,11 @@
 #include "session/cell_explanation.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
+#include "window/column_menu.h"
 #include "window/grid_delegate.h"
 #include "window/grid_header.h"
 #include "window/grid_model.h"
+#include "window/nothing_found.h"
 #include "window/second_click.h"
 
 namespace commtest {
@@ -29,25 +31,31 @@ constexpr int kWheelStep = 120;
 
 const QStringList kNames = {u"参数表"_s, u"仪表清单"_s, u"演示数据"_s, u"芯片清单"_s};
 
+Grid& GridOf(Binder& binder, int index) {
+    return binder.Form().MSHFlexGrid1[static_cast<std::size_t>(index)];
+}
+
 bool IsReading(int col) { return col >= column::kSingleRead && col <= column::kScaledValue; }
 
 }  // namespace
 
 GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* parent, ScrollHold::Clock clock)
-    : QTableView(parent),
+    : FrozenTable(new GridHeader(GridOf(binder, index), index, theme, nullptr), theme, parent),
       binder_(binder),
       form_(binder.Form()),
-      grid_(form_.MSHFlexGrid1[static_cast<std::size_t>(index)]),
+      grid_(GridOf(binder, index)),
       index_(index),
       theme_(theme),
       widths_(grid_, index),
-      model_(new GridModel(grid_, this)),
+      model_(new GridModel(grid_, this, index == 0)),
       flash_(new CellFlash([this](CellFlash::Cell cell) { UpdateCell(cell.first, cell.second); }, this)),
       delegate_(new GridDelegate(form_, index, theme, *flash_, this)),
+      filter_(grid_, index),
+      nothingFound_(new NothingFound(viewport())),
       hold_(std::move(clock)),
       secondClick_(new SecondClick(this)) {
-    setHorizontalHeader(new GridHeader(grid_, index, theme, this));
     setModel(model_);
+    delegate_->UseFilter(filter_);
     setItemDelegate(delegate_);
     setAccessibleName(kNames[index]);
     setFrameShape(QFrame::NoFrame);
@@ -67,6 +75,12 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int col, int, int width) {
         if (!isFitting_) widths_.SetByUser(col, width);
     });
+    // The first of equal neighbours in view has the text.
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, viewport(), [this] {
+        if (delegate_->Merges()) viewport()->update();
+    });
+    connect(&Header(), &GridHeader::MenuWanted, this, &GridView::PopUpColumnMenu);
+    connect(nothingFound_, &NothingFound::ClearWanted, this, [this] { FilterBy({}); });
     connect(&theme, &Theme::Changed, viewport(), qOverload<>(&QWidget::update));
     BeginAnew();
     binder.AtEachLook([this] { Follow(); });
@@ -96,6 +110,7 @@ void GridView::Thaw() {
 void GridView::FollowCells() {
     generation_ = grid_.Generation();
     if (epoch_ != grid_.Epoch()) BeginAnew();
+    if (filter_.IsOn()) FollowFilter();
     CompareCells();
 }
 
@@ -107,14 +122,14 @@ void GridView::BeginAnew() {
     flash_->PutOut();
     shown_.clear();
     shownTopRow_ = grid_.TopRow;
-    verticalScrollBar()->setValue(shownTopRow_ - 1);
+    verticalScrollBar()->setValue(PlaceOfRow(shownTopRow_ - 1));
     widths_.BeginAnew();
     FitColumns();
     viewport()->update();
     horizontalHeader()->viewport()->update();
 }
 
-int GridView::FirstRow() const { return verticalScrollBar()->value() + 1; }
+int GridView::FirstRow() const { return RowOfPlace(verticalScrollBar()->value()) + 1; }
 
 int GridView::LastRowInView() const {
     const int row = rowAt(viewport()->height() - 1);
@@ -153,6 +168,7 @@ void GridView::NoteCell(ShownCell& shown, int row, int col, bool isNew) {
     } else {
         UpdateCell(row, col);
     }
+    if (grid_.Column(col).merge != 0) viewport()->update();
 }
 
 HoldReason GridView::Holds() {
@@ -166,7 +182,7 @@ void GridView::FollowTopRow() {
 
 void GridView::ShowTopRow() {
     shownTopRow_ = grid_.TopRow;
-    verticalScrollBar()->setValue(grid_.TopRow - 1);
+    verticalScrollBar()->setValue(PlaceOfRow(shownTopRow_ - 1));
     CompareCells();
 }
 
@@ -208,7 +224,34 @@ void GridView::ShowWrites(const WriteWatch& writes) {
 
 void GridView::ShowWrite(int row) { model_->WriteChanged(row); }
 
-// --- Widths ---
+void GridView::FilterBy(const QString& words) {
+    filter_.LookFor(words);
+    FollowFilter();
+    verticalScrollBar()->setValue(filter_.IsOn() ? 0 : PlaceOfRow(shownTopRow_ - 1));
+    CompareCells();
+    viewport()->update();
+}
+
+void GridView::StepIntoRows() {
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && !isRowHidden(current.row())) return;
+    const int row = RowOfPlace(0);
+    if (!isRowHidden(row)) setCurrentIndex(model_->index(row, column::kName));
+}
+
+void GridView::FollowFilter() {
+    const int rows = std::min(model_->rowCount(), LastRow(grid_));
+    for (int row = 0; row < rows; ++row) {
+        const bool isHidden = !filter_.Fits(row + 1);
+        if (isHidden != isRowHidden(row)) setRowHidden(row, isHidden);
+    }
+    updateGeometries();
+    nothingFound_->Show(filter_.IsOn() && rows > 0 && verticalHeader()->hiddenSectionCount() == rows, index_,
+                        filter_.Words());
+    emit FilterChanged();
+}
+
+// --- Columns ---
 
 // The style would not have a row lower than a high font likes it.
 void GridView::SetRowHeight(int pixels) {
@@ -219,7 +262,17 @@ void GridView::SetRowHeight(int pixels) {
 void GridView::FitColumns() {
     const QScopedValueRollback fitting(isFitting_, true);
     int col = 0;
-    for (int width : widths_.InRoom(viewport()->width())) horizontalHeader()->resizeSection(col++, width);
+    for (const int width : widths_.InRoom(viewport()->width())) {
+        setColumnHidden(col, widths_.IsHidden(col));
+        if (!widths_.IsHidden(col)) horizontalHeader()->resizeSection(col, width);
+        ++col;
+    }
+}
+
+void GridView::PopUpColumnMenu(int col, QPoint globalPosition) {
+    menu_ = MakeColumnMenu(
+        grid_, index_, col, widths_, [this] { FitColumns(); }, this);
+    menu_->popup(globalPosition);
 }
 
 void GridView::RestoreWidths(const QByteArray& saved) {
@@ -233,7 +286,7 @@ void GridView::paintEvent(QPaintEvent* event) {
         QPainter(viewport()).drawPixmap(0, 0, frozen_);
         return;
     }
-    QTableView::paintEvent(event);
+    FrozenTable::paintEvent(event);
     if (model_->rowCount() > 0) return;
     QPainter painter(viewport());
     painter.setPen(theme_.Now().text2);
@@ -243,13 +296,15 @@ void GridView::paintEvent(QPaintEvent* event) {
 void GridView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitColumns();
-    verticalScrollBar()->setValue(shownTopRow_ - 1);
+    nothingFound_->setGeometry(viewport()->rect());
+    verticalScrollBar()->setValue(PlaceOfRow(shownTopRow_ - 1));
 }
 
 // --- What the user does ---
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    setAttribute(Qt::WA_InputMethodEnabled);  // names are typed to find them
     if (isFollowing_ || !current.isValid()) return;
     if (!pressed_.isValid()) Reveal(current);  // under the pointer it stays where it is
     binder_.Event([&] { grid_.Select(current.row() + 1, current.column()); });
@@ -277,12 +332,19 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
                          pressed == indexAt(event->position().toPoint());
     if (!isClick) return;
     // The polling may have moved the current cell since the press.
-    binder_.Event([&] {
-        grid_.Select(pressed.row() + 1, pressed.column());
-        MSHFlexGrid1_MouseUp(form_, index_);
-    });
+    ExplainCell(pressed);
     Reveal(pressed);
     Click(event->globalPosition().toPoint());
+}
+
+void GridView::ExplainCell(const QModelIndex& cell) {
+    const RecordPane& explanation = form_.Explanation();
+    const std::uint64_t before = explanation.Generation();
+    binder_.Event([&] {
+        grid_.Select(cell.row() + 1, cell.column());
+        MSHFlexGrid1_MouseUp(form_, index_);
+    });
+    if (explanation.Generation() != before) emit Explained(cell.row() + 1);
 }
 
 // Brings the whole of a cell into view.
@@ -306,8 +368,12 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         CopySelection();
     } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         PopUpMenu(PlaceOfCurrentCell());
+    } else if (event->key() == Qt::Key_F10 &&
+               event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        PopUpColumnMenu(grid_.Col, Header().PlaceBelow(grid_.Col));
     } else if (isClick) {
         if (!currentIndex().isValid()) return;
+        ExplainCell(currentIndex());
         Reveal(currentIndex());
         binder_.Event([this] { MSHFlexGrid1_Click(form_, index_); });
     } else {
@@ -321,20 +387,24 @@ void GridView::wheelEvent(QWheelEvent* event) {
         return;
     }
     wheelTravel_ += event->angleDelta().y();
-    for (; std::abs(wheelTravel_) >= kWheelStep;
-         wheelTravel_ -= wheelTravel_ > 0 ? kWheelStep : -kWheelStep) {
-        binder_.Event([this] {
-            grid_.TopRow = FirstRow();
-            Obj_MouseWheel(form_, index_, wheelTravel_);
-        });
-        hold_.NoteScroll();
-        if (grid_.Redraw) ShowTopRow();
-    }
+    for (; std::abs(wheelTravel_) >= kWheelStep; wheelTravel_ -= wheelTravel_ > 0 ? kWheelStep : -kWheelStep)
+        TurnByStep();
     event->accept();
 }
 
+void GridView::TurnByStep() {
+    const int next = verticalScrollBar()->value() + (wheelTravel_ > 0 ? -1 : 1);
+    binder_.Event([this, next] {
+        grid_.TopRow = FirstRow();
+        Obj_MouseWheel(form_, index_, wheelTravel_);
+        if (filter_.IsOn()) grid_.TopRow = RowOfPlace(std::max(next, 0)) + 1;
+    });
+    hold_.NoteScroll();
+    if (grid_.Redraw) ShowTopRow();
+}
+
 void GridView::ScrolledByUser() {
-    const int topRow = verticalScrollBar()->sliderPosition() + 1;
+    const int topRow = RowOfPlace(verticalScrollBar()->sliderPosition()) + 1;
     if (topRow == FirstRow() && topRow == shownTopRow_) return;
     binder_.Event([this, topRow] {
         grid_.TopRow = topRow;
@@ -349,15 +419,28 @@ void GridView::HideEditor() {
         binder_.Event([this] { MSHFlexGrid1_Scroll(form_, index_); });
 }
 
+void GridView::keyboardSearch(const QString& typed) {
+    TypedSearch::Table table{model_->rowCount(),
+                             [this](int row) { return !isRowHidden(row); },
+                             [this](int row, int col) { return model_->index(row, col).data().toString(); },
+                             {std::max(grid_.Col, 0)}};
+    for (int col = 1; col < model_->columnCount(); ++col) table.columns.push_back(col);
+    table.columns.push_back(0);
+    const int row = typed_.Type(typed, currentIndex().row(), table);
+    if (row >= 0) setCurrentIndex(model_->index(row, std::max(grid_.Col, 0)));
+}
+
 void GridView::CopySelection() const {
     const QItemSelection selection = selectionModel()->selection();
     if (selection.isEmpty()) return;
     const QItemSelectionRange& range = selection.first();
     QStringList rows;
     for (int row = range.top(); row <= range.bottom(); ++row) {
+        if (isRowHidden(row)) continue;
         QStringList cells;
-        for (int col = range.left(); col <= range.right(); ++col)
-            cells += model_->index(row, col).data().toString();
+        for (int col = range.left(); col <= range.right(); ++col) {
+            if (!isColumnHidden(col)) cells += model_->index(row, col).data().toString();
+        }
         rows += cells.join(u'\t');
     }
     QApplication::clipboard()->setText(rows.join(u'\n'));
@@ -391,8 +474,13 @@ void GridView::PopUpMenu(QPoint globalPosition, int row) {
         QAction* action =
             menu->addAction(QString::fromUtf16(entry.caption.data(), std::ssize(entry.caption)));
         action->setEnabled(entry.enabled);
-        connect(action, &QAction::triggered, this, [this, index = entry.index, row] {
-            binder_.Event([&] { ChooseGridMenuEntry(form_, index_, index, row); });
+        action->setCheckable(entry.isInForce);
+        action->setChecked(entry.isInForce);
+        connect(action, &QAction::triggered, this, [this, entry, row] {
+            binder_.Event([&] {
+                if (entry.takesRow && row > 0) form_.CurrentRow = static_cast<std::int16_t>(row);
+                ChooseGridMenuEntry(form_, index_, entry.index, row);
+            });
         });
     }
     menu->popup(globalPosition);

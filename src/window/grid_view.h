@@ -2,15 +2,17 @@
 
 #include <QPixmap>
 #include <QPointer>
-#include <QTableView>
 #include <optional>
 #include <vector>
 
 #include "window/binder.h"
 #include "window/cell_flash.h"
 #include "window/column_widths.h"
+#include "window/frozen_table.h"
+#include "window/row_filter.h"
 #include "window/scroll_hold.h"
 #include "window/theme.h"
+#include "window/typed_search.h"
 
 class QMenu;
 
@@ -18,13 +20,14 @@ namespace commtest {
 
 class GridDelegate;
 class GridModel;
+class NothingFound;
 class SecondClick;
 class WriteWatch;
 
 // MSHFlexGrid1(index). It shows the cells, the current cell and the first row that the grid has, and stands
 // still while the grid's redraw is off. The parameters do not scroll on while the user is at them; those
 // whose readings have changed light up for a moment.
-class GridView : public QTableView {
+class GridView : public FrozenTable {
     Q_OBJECT
 
   public:
@@ -45,11 +48,22 @@ class GridView : public QTableView {
     void ShowWrites(const WriteWatch& writes);
     void ShowWrite(int row);
 
-    // The columns whose width the user has changed.
+    // The columns whose width the user has changed or that he has hidden or shown.
     QByteArray SaveWidths() const { return widths_.Save(); }
     void RestoreWidths(const QByteArray& saved);
 
-    void keyboardSearch(const QString&) override {}  // letters move nothing
+    // Shows only the rows that hold the words; all of them where there are none.
+    void FilterBy(const QString& words);
+    const RowFilter& Filter() const { return filter_; }
+
+    // From the filter into its rows: the current cell goes to the first of them unless it is one.
+    void StepIntoRows();
+
+    void keyboardSearch(const QString& typed) override;
+
+  signals:
+    void FilterChanged();     // or what it finds
+    void Explained(int row);  // how the value of that row is reached is told anew
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
@@ -84,11 +98,15 @@ class GridView : public QTableView {
     int LastRowInView() const;
     void UpdateCell(int row, int col);
     void UpdateRow(int row);
+    void FollowFilter();
 
     void FitColumns();
+    void PopUpColumnMenu(int col, QPoint globalPosition);
 
     // --- What the user does ---
+    void ExplainCell(const QModelIndex& cell);
     void Click(QPoint globalPosition);
+    void TurnByStep();
     void Reveal(const QModelIndex& cell);
     void ScrolledByUser();
     void HideEditor();
@@ -105,6 +123,9 @@ class GridView : public QTableView {
     GridModel* model_;
     CellFlash* flash_;
     GridDelegate* delegate_;
+    RowFilter filter_;
+    TypedSearch typed_;
+    NothingFound* nothingFound_;
     ScrollHold hold_;
     QPointer<QMenu> menu_;  // while it is open
     SecondClick* secondClick_;

@@ -15,6 +15,7 @@
 #include "window/communication_strip.h"
 #include "window/emptied_record.h"
 #include "window/error_page.h"
+#include "window/filter_box.h"
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
 #include "window/note_bar.h"
@@ -75,6 +76,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
         communication_->Parameters().PopUpMenu(mapToGlobal(kPlace));
     });
     connect(&tabRow_->SidebarButton(), &QToolButton::clicked, this, &MainWindow::ToggleSidebar);
+    binder_.Watch(form_.SSTab2, [this] { ServeFilter(); });
     tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
     lostPort_ = new PortReturn(binder_, communication_->Strip().State(), *notes_, this);
     AddShortcuts();
@@ -134,6 +136,13 @@ QWidget* MainWindow::MakePages() {
     for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);
     binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
     return pages_;
+}
+
+void MainWindow::ServeFilter() {
+    GridView* grid = nullptr;
+    if (pages_->currentWidget() == communication_) grid = &communication_->Parameters();
+    if (pages_->currentWidget() == catalogue_) grid = catalogue_;
+    tabRow_->Filter().Serve(grid);
 }
 
 // --- What is remembered ---
@@ -197,6 +206,7 @@ void MainWindow::AddShortcuts() {
         press(toolbar::kSearch);
         if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
     });
+    AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] { tabRow_->Filter().TakeFocus(); });
     AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
     AddKeyOfEachWindow(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });
     AddKey(Qt::CTRL | Qt::Key_E, [this] {

@@ -44,6 +44,7 @@ class MainWindow : public QMainWindow {
     QWidget* MakeCentre();
     QWidget* MakeMainArea();
     QWidget* MakePages();
+    void ServeFilter();
     void RestoreState();
     void FollowFocus();
     void AddShortcuts();

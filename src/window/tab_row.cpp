@@ -4,6 +4,7 @@
 #include <QRadioButton>
 
 #include "window/bindings.h"
+#include "window/filter_box.h"
 #include "window/follow_tick.h"
 #include "window/icons.h"
 #include "window/pieces.h"
@@ -24,6 +25,7 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
     : QWidget(parent),
       sidebarButton_(new QToolButton(this)),
       tabs_(new QTabBar(this)),
+      filter_(new FilterBox(theme, this)),
       follow_(new FollowTick(binder, this)) {
     setObjectName(u"tabRow"_s);
     setAttribute(Qt::WA_StyledBackground);
@@ -58,9 +60,23 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
             [&binder, &form](int index) { binder.Event([&] { form.SSTab2.Choose(index); }); });
     layout->addWidget(tabs_, 0, Qt::AlignBottom);
     layout->addStretch();
+    layout->addWidget(filter_);
     layout->addWidget(follow_);
     layout->addWidget(MakeHairline(Qt::Vertical, kBorderLength));
     AddWriteTypes(binder);
+}
+
+// The tabs and what stands beside them go before the whole filter.
+void TabRow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const QMargins margins = layout()->contentsMargins();
+    int needed = margins.left() + margins.right() + FilterBox::kWidth;
+    for (int item = 0; item < layout()->count(); ++item) {
+        const QWidget* piece = layout()->itemAt(item)->widget();
+        if (piece != nullptr && piece != filter_ && !piece->isHidden())
+            needed += piece->sizeHint().width() + layout()->spacing();
+    }
+    filter_->SetFolded(needed > width());
 }
 
 void TabRow::AddWriteTypes(Binder& binder) {

@@ -482,12 +482,22 @@ TEST_F(CellEditorTest, StaysOverItsCellWhereAReplyMovesTheCurrentOne) {
     EXPECT_EQ(editor.geometry(), before);
 }
 
+TEST_F(CellEditorTest, StaysOverItsCellInANarrowWindow) {
+    ClickCell(4, 10);
+    window.resize(880, 700);
+    QApplication::processEvents();
+    window.Views().Look();
+    ASSERT_TRUE(view.Frozen().LieOver());
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_EQ(editor.geometry().right(), view.viewport()->width() - 1);
+    EXPECT_EQ(editor.geometry(), CellAt(4, 10).adjusted(0, -1, 0, 0));
+}
+
 TEST_F(CellEditorTest, HidesWhenItsCellLeavesTheView) {
     ClickCell(4, 10);
     ASSERT_TRUE(editor.isVisible());
     QTest::keyClicks(&editor, "3");
-    window.resize(880, 446);
-    QApplication::processEvents();
+    view.FilterBy("给定");
     window.Views().Look();
     ASSERT_FALSE(view.viewport()->rect().intersects(CellAt(4, 10)));
     EXPECT_FALSE(editor.isVisible());

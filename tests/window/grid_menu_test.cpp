@@ -8,6 +8,7 @@
 
 #include "support/form_bench.h"
 #include "window/grid_view_bench.h"
+#include "window/operation_message.h"
 
 namespace commtest::testing {
 namespace {
@@ -119,6 +120,62 @@ TEST_F(GridMenuTest, EntrySetsTheCommandCode) {
         Choose(AskMenu(), choice.caption);
         EXPECT_EQ(form.CommandCode, choice.commandCode) << choice.caption.toStdString();
     }
+}
+
+TEST_F(GridMenuTest, EntryInForceIsTicked) {
+    const auto ticked = [this] {
+        std::vector<std::string> entries;
+        QMenu* menu = AskMenu();
+        for (const QAction* action : menu->actions()) {
+            if (action->isChecked()) entries.push_back(action->text().toStdString());
+        }
+        menu->close();
+        return entries;
+    };
+    form.ProtocolCode = 11;
+    for (const std::int32_t code : {31, 32, 30, 131, 1031, 10032}) {
+        form.CommandCode = code;
+        EXPECT_THAT(ticked(), ElementsAre("读取动/静态数据(RR/RD)")) << code;
+        EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作 读取动/静态数据(RR/RD)") << code;
+    }
+    form.CommandCode = 140;
+    EXPECT_THAT(ticked(), ElementsAre("读取本行(RE)"));
+    form.ProtocolCode = 31;
+    form.CommandCode = 60;
+    EXPECT_THAT(ticked(), ElementsAre("多个读取数据"));
+    EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作 多个读取数据");
+    form.CommandCode = 33;
+    EXPECT_THAT(ticked(), IsEmpty());
+    EXPECT_FALSE(OperationMessage(form).has_value());
+    form.ProtocolCode = 0;
+    EXPECT_FALSE(OperationMessage(form).has_value());
+}
+
+TEST_F(GridMenuTest, ReadOfOneRowTakesTheRowOnWhichTheMenuWasRaised) {
+    form.ProtocolCode = 11;
+    form.CurrentRow = 2;
+    Choose(AskMenu(7, 1), "读取本行(RE)");
+    EXPECT_EQ(form.CurrentRow, 7);
+    EXPECT_EQ(form.CommandCode, 40);
+    Choose(AskMenu(9, 1), "逐个读取(RE)");
+    EXPECT_EQ(form.CurrentRow, 7);
+    form.ProtocolCode = 31;
+    Choose(AskMenu(4, 1), "固定读取数据");
+    EXPECT_EQ(form.CurrentRow, 4);
+    grid.Select(6, 2);
+    Look();
+    Key(Qt::Key_F10, Qt::ShiftModifier);
+    Choose(qobject_cast<QMenu*>(QApplication::activePopupWidget()), "固定读取数据");
+    EXPECT_EQ(form.CurrentRow, 6);
+}
+
+TEST_F(GridMenuTest, ReadOfOneRowBelowTheLastOneLeavesTheRow) {
+    form.CurrentRow = 2;
+    grid.SetRows(4);
+    Look();
+    Choose(AskMenu(*view, {60, 9 * kRowHeight}), "读取本行(RE)");
+    EXPECT_EQ(form.CurrentRow, 2);
+    EXPECT_EQ(form.CommandCode, 40);
 }
 
 TEST_F(GridMenuTest, ClearingEmptiesTheCurrentColumnFromRowSixOn) {

@@ -234,13 +234,6 @@ TEST_F(GridViewTest, KeyGoesOnFromWhereThePollingHasMovedTheCell) {
     EXPECT_EQ(grid.TopRow, 22);
 }
 
-TEST_F(GridViewTest, LettersMoveNothing) {
-    grid.Select(3, 1);
-    Look();
-    QTest::keyClicks(view, "0xa");
-    EXPECT_EQ(Current(), std::pair(3, 1));
-}
-
 TEST_F(GridViewTest, TabLeavesTheGrid) {
     auto* next = new QWidget(&window);
     next->setFocusPolicy(Qt::TabFocus);

@@ -1,0 +1,39 @@
+#include "window/column_menu.h"
+
+#include "window/grid_columns.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+QMenu* MakeColumnMenu(const Grid& grid, int index, int col, ColumnWidths& widths,
+                      const std::function<void()>& changed, QWidget* parent) {
+    auto* menu = new QMenu(parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto hide = [&widths, changed](int column, bool hidden) {
+        widths.Hide(column, hidden);
+        changed();
+    };
+    if (index == 0) {
+        QAction* hideThis = menu->addAction(u"隐藏此列"_s, parent, [hide, col] { hide(col, true); });
+        hideThis->setEnabled(CanBeHidden(index, col));
+        menu->addSeparator();
+        for (int other = 0; other < grid.Cols(); ++other) {
+            if (!CanBeHidden(index, other)) continue;
+            QAction* tick = menu->addAction(ToQt(grid.Cell(0, other)).trimmed());
+            tick->setCheckable(true);
+            tick->setChecked(!widths.IsHidden(other));
+            QObject::connect(tick, &QAction::triggered, parent,
+                             [hide, other](bool shown) { hide(other, !shown); });
+        }
+        menu->addSeparator();
+    }
+    menu->addAction(u"恢复列宽"_s, parent, [&widths, changed] {
+        widths.Reset();
+        changed();
+    });
+    return menu;
+}
+
+}  // namespace commtest

@@ -1,0 +1,30 @@
+#include "window/nothing_found.h"
+
+#include <QVBoxLayout>
+
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+NothingFound::NothingFound(QWidget* parent) : QWidget(parent), words_(new QLabel(this)) {
+    words_->setTextFormat(Qt::PlainText);
+    words_->setProperty("caption", true);
+    QPushButton* clear = MakeLineAction(u"清除筛选"_s);
+    connect(clear, &QPushButton::clicked, this, &NothingFound::ClearWanted);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(4);
+    layout->addStretch();
+    layout->addWidget(words_, 0, Qt::AlignCenter);
+    layout->addWidget(clear, 0, Qt::AlignCenter);
+    layout->addStretch();
+    hide();
+}
+
+void NothingFound::Show(bool shown, int index, const QString& words) {
+    words_->setText((index == 0 ? u"没有符合“%1”的参数"_s : u"没有符合“%1”的仪表"_s).arg(words));
+    setVisible(shown);
+}
+
+}  // namespace commtest
