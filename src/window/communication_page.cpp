@@ -4,8 +4,10 @@
 
 #include "window/cell_editor.h"
 #include "window/communication_strip.h"
+#include "window/conversion_pane.h"
 #include "window/editing_stop.h"
 #include "window/grid_view.h"
+#include "window/operation_message.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
 #include "window/write_notes.h"
@@ -56,12 +58,15 @@ QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     strip_ = new CommunicationStrip(binder, theme, half);
+    strip_->State().AddSource(StateLine::Rank::Operation,
+                              [&form = binder.Form()] { return OperationMessage(form); });
     layout->addWidget(strip_);
 
     panes_ = new QSplitter(Qt::Horizontal);
     record_ = MakeCommPane(binder, theme, 1, panes_);
     record_->setMinimumWidth(kNarrowestRecord);
-    RecordView* conversion = MakeCommPane(binder, theme, 0, panes_);
+    auto* conversion = new ConversionPane(binder, theme, panes_);
+    connect(grid_, &GridView::Explained, conversion, &ConversionPane::NameRow);
     conversion->setMinimumWidth(kNarrowestConversion);
     panes_->addWidget(record_);
     panes_->addWidget(conversion);

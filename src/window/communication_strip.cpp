@@ -8,6 +8,7 @@
 #include "window/asking_tick.h"
 #include "window/bindings.h"
 #include "window/pieces.h"
+#include "window/sent_frames.h"
 #include "window/theme.h"
 
 namespace commtest {
@@ -84,16 +85,8 @@ void CommunicationStrip::FitHeight() {
 }
 
 void CommunicationStrip::AddSentFrame(Binder& binder) {
-    auto* frame = new QComboBox(this);
-    frame->setEditable(true);
+    auto* frame = new SentFrames(binder, this);
     frame->setMinimumWidth(kFrameWidth);
-    frame->setToolTip(u"显示实时通讯指令内容"_s);
-    QLineEdit& text = *frame->lineEdit();
-    text.setFont(Theme::MonoFont());
-    text.setReadOnly(true);
-    text.setPlaceholderText(u"显示通讯指令"_s);
-    connect(&text, &QLineEdit::textChanged, &text, [&text] { text.home(false); });
-    Bind(binder, binder.Form().SentFrames(), *frame);
     auto* label = new QLabel(u"发送数据"_s, this);
     frame->setAccessibleName(label->text());
     firstLine_->addWidget(label);

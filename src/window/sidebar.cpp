@@ -10,6 +10,7 @@
 #include "catalogue/instrument_selection.h"
 #include "window/address_field.h"
 #include "window/bindings.h"
+#include "window/list_browsing.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -30,6 +31,7 @@ QComboBox* MakeList(Binder& binder, ListControl& control, const QString& name, c
     box->setToolTip(tip);
     box->setMinimumContentsLength(4);
     Bind(binder, control, *box);
+    BrowseBeforeChoosing(*box);
     return box;
 }
 

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "window/bindings.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kLineHeight = 25;
 constexpr int kGapBehindTotal = 24;
+constexpr int kPadding = 6;  // room for the frame of the focus
 
 }  // namespace
 
@@ -59,21 +61,23 @@ void StatisticsLabel::Divide(const QString& caption, const StatisticsNumbers& nu
     parts_.push_back({caption.mid(done), &Tokens::text2});
 }
 
-QSize StatisticsLabel::sizeHint() const { return {width_, fontMetrics().height()}; }
+QSize StatisticsLabel::sizeHint() const { return {width_ + 2 * kPadding, fontMetrics().height()}; }
 
 void StatisticsLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QFontMetricsF metrics(font());
     const double baseline = std::round((height() - metrics.height()) / 2 + metrics.ascent());
-    double x = 0;
+    double x = kPadding;
     for (const Part& part : parts_) {
-        const QString text = metrics.elidedText(part.text, Qt::ElideRight, width() - x);
+        const QString text = metrics.elidedText(part.text, Qt::ElideRight, width() - kPadding - x);
         painter.setPen(theme_.Now().*part.ink);
         painter.drawText(QPointF(x, baseline), text);
         x += metrics.horizontalAdvance(text);
         if (text != part.text) break;
     }
-    if (hasFocus()) painter.fillRect(QRectF(0, height() - 1, x, 1), theme_.Now().accent);
+    if (!hasFocus()) return;
+    painter.setPen(QPen(theme_.Now().accent, 2));
+    painter.drawRoundedRect(QRectF(1, 1, std::min<double>(x + kPadding, width()) - 2, height() - 2), 4, 4);
 }
 
 void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -85,10 +89,10 @@ StatisticsLine::StatisticsLine(Binder& binder, const Theme& theme, QWidget* pare
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(kLineHeight);
     auto* line = new QHBoxLayout;
-    line->setContentsMargins(12, 0, 12, 0);
-    line->setSpacing(8);
+    line->setContentsMargins(12 - kPadding, 0, 12, 0);
+    line->setSpacing(8 - kPadding);
     line->addWidget(new StatisticsLabel(binder, theme, 1, this));
-    line->addSpacing(kGapBehindTotal - line->spacing());
+    line->addSpacing(kGapBehindTotal - kPadding - line->spacing());
     line->addWidget(MakeCaption(u"通讯结论"_s));
     line->addWidget(new StatisticsLabel(binder, theme, 0, this));
     line->addStretch();

@@ -156,8 +156,8 @@ TEST(StatisticsLine, ShowsTheTotalThenTheConclusion) {
               "数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %");
     const auto* caption = line.findChild<QLabel*>();
     EXPECT_EQ(caption->text().toStdString(), "通讯结论");
-    EXPECT_EQ(caption->x() - labels[0]->geometry().right() - 1, 24);
-    EXPECT_EQ(labels[1]->x() - caption->geometry().right() - 1, 8);
+    EXPECT_EQ(caption->x() - labels[0]->geometry().right() - 1, 18);
+    EXPECT_EQ(labels[1]->x() - caption->geometry().right() - 1, 2);
 }
 
 }  // namespace

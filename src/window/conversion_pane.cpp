@@ -1,0 +1,46 @@
+#include "window/conversion_pane.h"
+
+#include <QVBoxLayout>
+
+#include "session/grid_rows.h"
+#include "window/bindings.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTitleHeight = 24;
+
+}  // namespace
+
+ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent), form_(binder.Form()), epoch_(form_.ParameterGrid().Epoch()), title_(new QLabel(this)) {
+    title_->setObjectName(u"conversionTitle"_s);
+    title_->setTextFormat(Qt::PlainText);
+    title_->setFixedHeight(kTitleHeight);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(title_);
+    layout->addWidget(MakeHairline(Qt::Horizontal));
+    layout->addWidget(MakeCommPane(binder, theme, 0, this), 1);
+    BindPresence(binder, form_.Explanation(), *this);
+    binder.AtEachLook([this] { FollowInstrument(); });
+}
+
+void ConversionPane::NameRow(int row) {
+    const Grid& grid = form_.ParameterGrid();
+    title_->setText(ToQt(grid.Cell(row, column::kName)) + u' ' + ToQt(grid.Cell(row, column::kAddress)));
+}
+
+void ConversionPane::FollowInstrument() {
+    if (epoch_ == form_.ParameterGrid().Epoch()) return;
+    epoch_ = form_.ParameterGrid().Epoch();
+    title_->clear();
+    form_.Explanation().Clear();
+}
+
+}  // namespace commtest
