@@ -139,9 +139,10 @@ QWidget* MainWindow::MakePages() {
 }
 
 void MainWindow::ServeFilter() {
+    const QWidget* page = pages_->widget(form_.SSTab2.Chosen());
     GridView* grid = nullptr;
-    if (pages_->currentWidget() == communication_) grid = &communication_->Parameters();
-    if (pages_->currentWidget() == catalogue_) grid = catalogue_;
+    if (page == communication_) grid = &communication_->Parameters();
+    if (page == catalogue_) grid = catalogue_;
     tabRow_->Filter().Serve(grid);
 }
 

@@ -95,6 +95,8 @@ TEST_F(CatalogueLists, GridLayoutSetsWidthMergeAlignmentAndHeadingByColumnNumber
     EXPECT_EQ(grid.Column(10).alignment, 7);
     EXPECT_EQ(ToUtf8(grid.Cell(0, 10)), "修改值");
     EXPECT_EQ(grid.Column(2).width, 0);
+    EXPECT_TRUE(grid.Column(1).isLaidOut);
+    EXPECT_FALSE(grid.Column(2).isLaidOut);
 }
 
 TEST_F(CatalogueLists, GridLayoutOfAColumnThatTheGridLacksRaisesError9) {

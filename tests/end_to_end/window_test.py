@@ -43,9 +43,9 @@ class WindowTest(WindowCase):
         with Desktop() as desktop, Simulator(self.scratch, description(NOVAX[2])) as simulator:
             program = self.start(desktop, simulator.device)
             desktop.window(program)
-            desktop.press("shift+F6", "End")
+            desktop.press("shift+F6", "End", "Return")
             for _ in range(2):
-                desktop.press("shift+F6", "Up")
+                desktop.press("shift+F6", "Up", "Return")
             self.tick_with_the_keyboard(desktop)
             desktop.press("F5")
             wait_for(lambda: len(self.records()) >= 2, "100 exchanges")

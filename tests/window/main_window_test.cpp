@@ -12,6 +12,7 @@
 
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
+#include "window/filter_box.h"
 #include "window/grid_view.h"
 #include "window/record_view.h"
 #include "window/search_panel.h"
@@ -118,6 +119,33 @@ TEST_F(MainWindowTest, SearchKeyShowsThePanelAndEscapeInsideHidesIt) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(The<SearchPanel>().isVisible());
     EXPECT_FALSE(Form().FindFrame.Visible());
+}
+
+TEST_F(MainWindowTest, FilterKeyGoesIntoTheFilterOfThePage) {
+    FilterBox& filter = The<TabRow>().Filter();
+    GridView& grid = The<CommunicationPage>().Parameters();
+    Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &filter.Field());
+    QTest::keyClicks(&filter.Field(), "0200");
+    EXPECT_EQ(grid.Filter().Words().toStdString(), "0200");
+    Press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_FALSE(filter.isVisible());
+    Press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_TRUE(filter.isVisible());
+    EXPECT_EQ(filter.Field().text().toStdString(), "");
+    Press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(filter.Field().text().toStdString(), "0200");
+}
+
+TEST_F(MainWindowTest, FilterIsFoldedInANarrowWindow) {
+    const FilterBox& filter = The<TabRow>().Filter();
+    window->resize(1366, 700);
+    QApplication::processEvents();
+    EXPECT_TRUE(The<TabRow>().Filter().Field().isVisible());
+    window->resize(880, 700);
+    QApplication::processEvents();
+    EXPECT_FALSE(The<TabRow>().Filter().Field().isVisible());
+    EXPECT_EQ(filter.width(), 28);
 }
 
 TEST_F(MainWindowTest, LayoutKeyWalksThroughTheThreeLayouts) {
