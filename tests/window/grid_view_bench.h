@@ -43,9 +43,10 @@ class GridViewTest : public ::testing::Test {
         AddLongInstrument(bench.session);
         bench.session.Choose(kNativeProtocol, kLongInstrument);
         view = Add(0);
+        QCursor::setPos(QPoint(1190, 590));  // beside the view, before it can find the pointer over it
+        window.move(0, 0);
         window.show();
         (void)QTest::qWaitForWindowActive(&window);
-        QCursor::setPos(window.mapToGlobal(QPoint(1190, 590)));  // beside the view
         QApplication::processEvents();
         view->setFocus();
     }
