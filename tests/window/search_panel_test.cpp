@@ -70,6 +70,14 @@ TEST_F(SearchPanelTest, AddressesHaveTheirDefaultsTipsAndBounds) {
     EXPECT_EQ(ToUtf8(Form().ConSettingDE[0].Value()), "1");
 }
 
+TEST_F(SearchPanelTest, AddressesHaveRoomForTheirDigits) {
+    for (const char* name : {"开始地址", "结束地址"}) {
+        const auto& edit = *Address(name)->findChild<QLineEdit*>();
+        constexpr int kMarginsAndCaret = 5;
+        EXPECT_GE(edit.width(), edit.fontMetrics().horizontalAdvance("255") + kMarginsAndCaret) << name;
+    }
+}
+
 TEST_F(SearchPanelTest, EachBaudRateIsATick) {
     const char* captions[] = {" 1200", " 2400", " 4800", " 9600", " 19200", " 28800", " 38400", " 57600"};
     for (std::size_t index = 0; index < 8; ++index) {

@@ -28,6 +28,13 @@ class StatusPanelsTest : public ::testing::Test {
     QLabel* Maker() { return panels.findChild<QLabel*>("makerPanel"); }
     QFrame* Dot() { return panels.findChild<QFrame*>("comShow"); }
 
+    QLabel& Label(const QString& text) {
+        for (QLabel* label : panels.findChildren<QLabel*>()) {
+            if (label->text() == text) return *label;
+        }
+        throw std::runtime_error("no such label");
+    }
+
     bool Shows(const QString& text) {
         for (const QLabel* label : panels.findChildren<QLabel*>()) {
             if (label->text() == text && label->isVisible()) return true;
@@ -42,6 +49,25 @@ TEST_F(StatusPanelsTest, ThreePanelsAreShown) {
     Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
     bench.binder.Look();
     EXPECT_TRUE(Shows("2024年05月06日  12:00:00"));
+}
+
+TEST_F(StatusPanelsTest, LongWordLeavesPortAndClockTheirWidths) {
+    Form().StatusBar1[1].Set(u"串口设置:  COM1  9600,N,8,1   状态:  关闭");
+    Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
+    bench.binder.Look();
+    for (const int width : {1366, 880}) {
+        panels.resize(width, 24);
+        QApplication::processEvents();
+        notes.Say(QString("很长的提示").repeated(60));
+        QApplication::processEvents();
+        for (const char* text : {"串口设置:  COM1  9600,N,8,1   状态:  关闭", "2024年05月06日  12:00:00"}) {
+            const QLabel& label = Label(text);
+            EXPECT_GE(label.width(), label.sizeHint().width()) << text << " at " << width;
+            const QRect place(label.mapTo(&panels, QPoint(0, 0)), label.size());
+            EXPECT_FALSE(place.intersects(notes.geometry())) << text << " at " << width;
+            EXPECT_LE(place.right(), width) << text;
+        }
+    }
 }
 
 TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
