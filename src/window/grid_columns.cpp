@@ -41,6 +41,12 @@ Qt::Alignment AlignmentOf(const GridColumn& column) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+int SideOf(const GridColumn& column) {
+    return static_cast<int>(AlignmentOf(column) & Qt::AlignHorizontal_Mask);
+}
+
+int FirstWidthOfColumn(int index, int col) { return LookOfColumn(index, col).smallest * kUnitsToThePixel; }
+
 int WidthOf(const GridColumn& column) { return column.width / kUnitsToThePixel; }
 
 }  // namespace commtest

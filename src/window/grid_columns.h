@@ -24,6 +24,12 @@ bool CanBeHidden(int index, int col);
 // Where the texts of a column stand, in the grid's own numbers: 0 to 2 left, 3 to 5 centred, 6 to 8 right.
 Qt::Alignment AlignmentOf(const GridColumn& column);
 
+// Its horizontal part alone, for a line that has its height already.
+int SideOf(const GridColumn& column);
+
+// The width of a column to which no catalogue has given one, in the grid's units.
+int FirstWidthOfColumn(int index, int col);
+
 // The width that the catalogue gives to a column, in logical pixels.
 int WidthOf(const GridColumn& column);
 

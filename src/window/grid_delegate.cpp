@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "session/grid_rows.h"
+#include "window/baseline.h"
 #include "window/grid_columns.h"
 
 namespace commtest {
@@ -110,8 +111,9 @@ void GridDelegate::PaintText(QPainter& painter, const QRect& cell, Place place, 
     painter.setFont(font);
     PaintHit(painter, room, place, text);
     painter.setPen(InkOf(place));
-    painter.drawText(room, static_cast<int>(AlignmentOf(grid_.Column(place.col))) | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width()));
+    const QFontMetrics metrics(font);
+    painter.drawText(LineInRow(room, metrics), SideOf(grid_.Column(place.col)) | Qt::TextSingleLine,
+                     metrics.elidedText(text, Qt::ElideRight, room.width()));
 }
 
 void GridDelegate::PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const {

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "window/baseline.h"
 #include "window/grid_columns.h"
 
 namespace commtest {
@@ -54,7 +55,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     const QString heading = model()->headerData(column, Qt::Horizontal).toString();
     painter->setFont(font());
     painter->setPen(isCurrent ? tokens.accent : tokens.text2);
-    painter->drawText(room, static_cast<int>(AlignmentOf(grid_.Column(column))) | Qt::TextSingleLine,
+    painter->drawText(LineInRow(room, fontMetrics()), SideOf(grid_.Column(column)) | Qt::TextSingleLine,
                       fontMetrics().elidedText(heading, Qt::ElideRight, room.width()));
 }
 
