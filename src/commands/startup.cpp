@@ -103,11 +103,15 @@ void ChooseStoredProtocol(MainForm& form, int protocol) {
 // The instrument of the last session; one that is gone leaves the one chosen.
 void ChooseStoredInstrument(MainForm& form, int instrument) {
     ListControl& names = form.InstrumentList();
-    PassOverErrors([&] { names.Set(names.At(instrument)); }, [&] { ConMeterName_Click(form); });
+    PassOverErrors([&] { names.Set(names.At(instrument)); }, [&] { RunIfSet(names.Click); });
 }
 
 Text TitleOf(const MainForm& form) {
     return Text(form.texts.beforeVersion) + VersionText(form.outside.program.Version());
+}
+
+void ShowHelp(MainForm& form) {
+    form.RichTextBox1.Replace(form.outside.files.ReadWhole(Text(kHelpFileName)));
 }
 
 void RefuseSecondInstance(MainForm& form) {
@@ -131,7 +135,7 @@ void Form_Activate(MainForm& form) {
                    [&] { ConMeterName_Click(form); },         //
                    [&] { LoadGridLayout(form); },             //
                    [&] { form.Caption.Set(TitleOf(form)); },  //
-                   [&] { form.RichTextBox1.Replace(form.outside.files.ReadWhole(Text(kHelpFileName))); },
+                   [&] { ShowHelp(form); },                   //
                    [&] { form.ConSettingComm.Set(form.PortName().Value()); },
                    [&] { form.StatusBar1[2].Set(form.texts.clockPanel(form.outside.clock.Now())); },
                    [&] { ConCommSetting_LostFocus(form); },  //
@@ -154,6 +158,16 @@ void LoadSettings(MainForm& form) {
                    [&] { ChooseStoredProtocol(form, soft.protocol); }, [&] { LoadInstrumentNames(form); },  //
                    [&] { ConMeterAddr_Change(form); },                                                      //
                    [&] { ChooseStoredInstrument(form, soft.instrument); }, [&] { ChangeTime_Change(form); });
+}
+
+void OpenCatalogueBehindStart(MainForm& form) {
+    form.outside.store.Open(LocalCatalogue(form.outside.files));
+    const SoftSetting soft = StoredSoftSetting(form);
+    PassOverErrors([&] { LoadProtocolList(form); }, [&] { ChooseStoredProtocol(form, soft.protocol); },
+                   [&] { LoadInstrumentNames(form); }, [&] { ConMeterAddr_Change(form); },
+                   [&] { LoadDataTypes(form); }, [&] { LoadGridLayout(form); }, [&] { ShowHelp(form); },
+                   [&] { ConCommTypeList_Click(form); },
+                   [&] { ChooseStoredInstrument(form, soft.instrument); });
 }
 
 void SaveSettings(MainForm& form) {

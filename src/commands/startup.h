@@ -12,6 +12,11 @@ void Form_Activate(MainForm& form);
 // written with its default. A step that fails is passed over.
 void LoadSettings(MainForm& form);
 
+// Opens the local catalogue behind a start that found none, and does what that start could not do: the lists,
+// the layout of the grid, the stored protocol and instrument, the help text of a folder that was just made.
+// The store's run-time error if it cannot be opened; a later step that fails is passed over.
+void OpenCatalogueBehindStart(MainForm& form);
+
 // Stores interval, address, count, protocol, instrument and catalogue mode.
 void SaveSettings(MainForm& form);
 

@@ -91,6 +91,11 @@ class GrowingFolderFile : public GrowingFile {
 
 FolderFiles::FolderFiles(const QString& folder) : folder_(QDir(folder).absolutePath()) {}
 
+void FolderFiles::MoveTo(const QString& folder) {
+    CloseErrorFile();
+    folder_ = QDir(folder).absolutePath();
+}
+
 QString FolderFiles::FullPath(const Text& name) const {
     return QDir(folder_).filePath(QString::fromStdU16String(name));
 }

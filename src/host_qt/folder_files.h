@@ -12,6 +12,10 @@ class FolderFiles : public ProgramFiles {
   public:
     explicit FolderFiles(const QString& folder);
 
+    // From now on the files are those of another folder.
+    void MoveTo(const QString& folder);
+    const QString& Folder() const { return folder_; }
+
     bool Exists(const Text& name) const override;
     Text PathOf(const Text& name) const override;
     Text ReadWhole(const Text& name) const override;

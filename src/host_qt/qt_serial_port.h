@@ -34,6 +34,9 @@ class QtSerialPort : public SerialPort {
     Text Settings() const override { return settings_; }
     void SetSettings(Text settings) override { settings_ = std::move(settings); }
 
+    // From the next opening on that port is this device.
+    void SetDevice(int number, const QString& device) { devices_.insert_or_assign(number, device); }
+
     bool PortOpen() const override { return port_.isOpen(); }
     void SetPortOpen(bool open) override;
     Text LastProblem() const override { return problem_; }

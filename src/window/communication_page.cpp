@@ -1,11 +1,13 @@
 #include "window/communication_page.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "window/cell_editor.h"
 #include "window/communication_strip.h"
 #include "window/conversion_pane.h"
 #include "window/editing_stop.h"
+#include "window/first_steps.h"
 #include "window/grid_view.h"
 #include "window/operation_message.h"
 #include "window/record_view.h"
@@ -75,6 +77,32 @@ QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
     layout->addWidget(panes_, 1);
     layout->addWidget(new StatisticsLine(binder, theme, half));
     return half;
+}
+
+FirstSteps& CommunicationPage::ShowFirstSteps(Binder& binder, const Theme& theme,
+                                              std::function<bool()> stand) {
+    steps_ = new FirstSteps(binder, theme, panes_->parentWidget());
+    auto* lower = static_cast<QVBoxLayout*>(panes_->parentWidget()->layout());
+    lower->insertWidget(lower->indexOf(panes_), steps_, 1);
+    QWidget* former = strip_->findChildren<QPushButton*>().back();
+    for (QPushButton* button : steps_->findChildren<QPushButton*>()) {
+        setTabOrder(former, button);
+        former = button;
+    }
+    const auto follow = [this, stand = std::move(stand)] {
+        const bool stands = stand();
+        steps_->setVisible(stands);
+        panes_->setVisible(!stands);
+        if (stands) steps_->Follow();
+    };
+    follow();
+    binder.AtEachLook(follow);
+    return *steps_;
+}
+
+QWidget& CommunicationPage::AreaUnderStrip() {
+    if (steps_ != nullptr && !steps_->isHidden()) return *steps_->findChild<QPushButton*>();
+    return *record_;
 }
 
 void CommunicationPage::FocusCellEditor() { editor_->TakeFocus(); }

@@ -3,6 +3,7 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QWidget>
+#include <functional>
 
 #include "commissioning/write_watch.h"
 #include "window/binder.h"
@@ -11,6 +12,7 @@
 namespace commtest {
 
 class CommunicationStrip;
+class FirstSteps;
 class GridView;
 class NoteBar;
 class RecordView;
@@ -25,7 +27,11 @@ class CommunicationPage : public QWidget {
     GridView& Parameters() { return *grid_; }
     CommunicationStrip& Strip() { return *strip_; }
     RecordView& Record() { return *record_; }
+    QWidget& AreaUnderStrip();  // the record, or the first field of what stands in its place
     void FocusCellEditor();
+
+    // The steps to the first exchange stand in place of the record and the conversion while `stand` holds.
+    FirstSteps& ShowFirstSteps(Binder& binder, const Theme& theme, std::function<bool()> stand);
 
     void SaveState(QSettings& settings) const;
     void RestoreState(const QSettings& settings);
@@ -37,6 +43,7 @@ class CommunicationPage : public QWidget {
     GridView* grid_;
     class CellEditor* editor_;
     CommunicationStrip* strip_ = nullptr;
+    FirstSteps* steps_ = nullptr;
     RecordView* record_ = nullptr;
     QSplitter* halves_;
     QSplitter* panes_ = nullptr;

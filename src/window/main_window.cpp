@@ -4,20 +4,27 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <array>
 
 #include "commands/startup.h"
 #include "commands/toolbar_commands.h"
+#include "host/store.h"
 #include "session/records.h"
 #include "window/cleared_counters.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
 #include "window/emptied_record.h"
+#include "window/empty_pages.h"
 #include "window/error_page.h"
 #include "window/filter_box.h"
+#include "window/first_geometry.h"
+#include "window/first_steps.h"
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
+#include "window/help_view.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
 #include "window/port_return.h"
@@ -36,11 +43,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kSmallest(880, 446);
-constexpr QSize kFirst(1366, 700);
+constexpr int kStatusBarHeight = 24;
 constexpr int kHandleWidth = 5;
 constexpr int kNarrowestMainArea = 715;
-const QList<int> kFirstColumns = {Sidebar::kFirstWidth, kFirst.width() - Sidebar::kFirstWidth};
+const QList<int> kFirstColumns = {Sidebar::kFirstWidth, kFirstSize.width() - Sidebar::kFirstWidth};
 
 // Widths of the window below which it gives up something.
 constexpr int kWithCaptions = 1180;  // of the toolbar
@@ -64,8 +70,6 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
       toolBar_(new ToolBar(binder_, theme, this)),
       sidebar_(new Sidebar(binder_, *notes_, this)),
       columns_(new QSplitter(Qt::Horizontal, this)) {
-    setMinimumSize(kSmallest);
-    resize(kFirst);
     setWindowIcon(QIcon(u":/icons/app.svg"_s));
     setCentralWidget(MakeCentre());
     setStatusBar(new StatusPanels(binder_, *notes_, this));
@@ -80,6 +84,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
     tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
     lostPort_ = new PortReturn(binder_, communication_->Strip().State(), *notes_, this);
     AddShortcuts();
+    FitInto(screen()->availableGeometry());
     RestoreState();
     FollowFocus();
     qApp->installEventFilter(this);
@@ -91,6 +96,27 @@ MainWindow::~MainWindow() {
     if (QWidget* focus = focusWidget()) focus->clearFocus();
 }
 
+void MainWindow::ShowFirstSteps(std::function<void()> tryOut) {
+    const QString key = u"Window/HasExchanged"_s;
+    if (settings_.value(key).toBool()) return;
+    FirstSteps& steps =
+        communication_->ShowFirstSteps(binder_, theme_, [this, key, hasExchanged = false]() mutable {
+            if (!hasExchanged && !form_.Record().Blocks().empty()) {
+                hasExchanged = true;
+                settings_.setValue(key, true);
+            }
+            return !hasExchanged && form_.outside.store.IsOpen();
+        });
+    connect(&steps, &FirstSteps::PortPageWanted, this, [this] { BringPage(1); });
+    connect(&steps, &FirstSteps::SearchWanted, this, &MainWindow::BringSearch);
+    connect(&steps, &FirstSteps::StartWanted, this,
+            [this] { binder_.Event([this] { RunToolbarCommand(form_, toolbar::kStartStop); }); });
+    connect(&steps, &FirstSteps::SimulatorWanted, this, std::move(tryOut));
+    if (form_.outside.store.IsOpen()) notes_->Say(u"欢迎使用：按三步开始，F1 看使用说明"_s);
+}
+
+StateLine& MainWindow::State() { return communication_->Strip().State(); }
+
 QWidget* MainWindow::MakeCentre() {
     columns_->setHandleWidth(kHandleWidth);
     columns_->addWidget(sidebar_);
@@ -99,13 +125,25 @@ QWidget* MainWindow::MakeCentre() {
     columns_->setStretchFactor(1, 1);
     columns_->setCollapsible(1, false);
     columns_->setSizes(kFirstColumns);
-    auto* centre = new QWidget(this);
+    auto* centre = new QWidget;
+    centre->setMinimumSize(kSmallestContents - QSize(0, kStatusBarHeight));
     auto* layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(toolBar_);
     layout->addWidget(columns_, 1);
-    return centre;
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(centre);
+    return scroll;
+}
+
+void MainWindow::FitInto(const QRect& free) {
+    const FirstGeometry first = FirstGeometryIn(free);
+    setMinimumSize(first.smallest);
+    setGeometry(first.place);
 }
 
 QWidget* MainWindow::MakeMainArea() {
@@ -128,9 +166,11 @@ QWidget* MainWindow::MakePages() {
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
-    for (QWidget* page : std::initializer_list<QWidget*>{
-             communication_, new PortPage(binder_, theme_, pages_), catalogue_,
-             new GridView(binder_, theme_, 2, pages_), new ErrorPage(binder_, theme_, *notes_, pages_)})
+    auto* recordings = new GridView(binder_, theme_, 2, pages_);
+    AddEmptyStates(binder_, theme_, *catalogue_, *recordings);
+    for (QWidget* page :
+         std::initializer_list<QWidget*>{communication_, new PortPage(binder_, theme_, pages_), catalogue_,
+                                         recordings, new ErrorPage(binder_, theme_, *notes_, pages_)})
         pages_->addWidget(page);
     auto* clearedCounters = new ClearedCounters(binder_, *notes_, pages_);
     for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);
@@ -203,9 +243,10 @@ void MainWindow::AddShortcuts() {
         binder_.Event([this, index] { RunToolbarCommand(form_, index); });
     };
     AddKeyOfEachWindow(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
-    AddKey(Qt::CTRL | Qt::Key_F, [this, press] {
-        press(toolbar::kSearch);
-        if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
+    AddKey(Qt::CTRL | Qt::Key_F, [this] { BringSearch(); });
+    AddKey(Qt::Key_F1, [this] {
+        BringPage(1);
+        pages_->currentWidget()->findChild<HelpView*>()->setFocus();
     });
     AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] { tabRow_->Filter().TakeFocus(); });
     AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
@@ -218,10 +259,8 @@ void MainWindow::AddShortcuts() {
         binder_.Event([this] { ToolbarMenuCommand(form_, ToolbarEntry::ToolWindow); });
     });
     for (int tab = 0; tab < pages_->count(); ++tab) {
-        AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)), [this, tab] {
-            binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });
-            FocusInto(pages_->currentWidget());
-        });
+        AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)),
+               [this, tab] { BringPage(tab); });
     }
     AddKey(Qt::Key_F6, [this] { MoveToArea(1); });
     AddKey(Qt::SHIFT | Qt::Key_F6, [this] { MoveToArea(-1); });
@@ -229,6 +268,17 @@ void MainWindow::AddShortcuts() {
     AddKey(Qt::Key_F9, [this] { ToggleSidebar(); });
     AddKey(Qt::CTRL | Qt::Key_Z, [this] { notes_->TakeOffer(); });
     AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_L, [this] { SwitchPalette(); });
+}
+
+void MainWindow::BringPage(int tab) {
+    binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });
+    FocusInto(pages_->currentWidget());
+}
+
+void MainWindow::BringSearch() {
+    LeaveFields();
+    binder_.Event([this] { RunToolbarCommand(form_, toolbar::kSearch); });
+    if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
 }
 
 // A field of the port page takes effect when it is left; a key that starts the session does not leave it,
@@ -240,7 +290,7 @@ void MainWindow::LeaveFields() {
 
 void MainWindow::MoveToArea(int step) {
     const std::array<QWidget*, kAreas> areas = {sidebar_->widget(), pages_->currentWidget(),
-                                                &communication_->Strip(), &communication_->Record()};
+                                                &communication_->Strip(), &communication_->AreaUnderStrip()};
     const QWidget* focus = QApplication::focusWidget();
     int area = step > 0 ? kAreas - 1 : 0;
     for (int index = 0; index < kAreas; ++index) {
@@ -311,7 +361,7 @@ void MainWindow::ShowSidebar(bool shown) {
 void MainWindow::LaySidebarOver(bool over) {
     if (over) {
         if (!sidebarLiesOver_) besideState_ = columns_->saveState();
-        sidebar_->setParent(centralWidget());
+        sidebar_->setParent(columns_->parentWidget());
         sidebar_->setGeometry(0, columns_->y(), Sidebar::kFirstWidth, columns_->height());
         sidebar_->raise();
     } else if (sidebarLiesOver_) {

@@ -18,6 +18,7 @@ class NoteBar;
 class PortReturn;
 class SearchPanel;
 class Sidebar;
+class StateLine;
 class TabRow;
 class ToolBar;
 
@@ -33,7 +34,16 @@ class MainWindow : public QMainWindow {
     Binder& Views() { return binder_; }
     NoteBar& Notes() { return *notes_; }
     PortReturn& LostPort() { return *lostPort_; }
+    StateLine& State();
+    Sidebar& LeftSide() { return *sidebar_; }
     void SaveState();
+
+    // Until the first exchange of all, if there was none yet; `tryOut` polls the simulated instrument.
+    void ShowFirstSteps(std::function<void()> tryOut);
+
+    // Takes the place of a first start in that free area of a screen. Contents that it is too small for
+    // scroll.
+    void FitInto(const QRect& free);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -50,6 +60,8 @@ class MainWindow : public QMainWindow {
     void AddShortcuts();
     QShortcut* AddKey(const QKeySequence& keys, std::function<void()> action);
     void AddKeyOfEachWindow(const QKeySequence& keys, std::function<void()> action);
+    void BringPage(int tab);
+    void BringSearch();
     void MoveToArea(int step);
     void FocusInto(QWidget* area);
     void SwitchPalette();

@@ -28,7 +28,7 @@ QString WordsOn(const Notice& notice) {
     const QString detail = QString::fromStdU16String(notice.detail);
     switch (notice.kind) {
         case Notice::Kind::NotThereYet: return NameOf(notice.feature) + u": 此功能尚未提供"_s;
-        case Notice::Kind::NoCatalogue: return u"目录 %1 不能打开，请恢复该文件后重新启动"_s.arg(detail);
+        case Notice::Kind::NoCatalogue: return u"没有打开仪表目录：%1"_s.arg(detail);
         case Notice::Kind::PortCaveat: return detail;
         case Notice::Kind::EndOfFile: return u"%1 较长，只显示最后 1 MB"_s.arg(detail);
         case Notice::Kind::PortLost: return u"串口已断开,通讯停止！"_s;

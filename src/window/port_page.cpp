@@ -5,9 +5,10 @@
 
 #include "session/port_settings.h"
 #include "window/bindings.h"
+#include "window/empty_pages.h"
+#include "window/help_view.h"
 #include "window/pieces.h"
 #include "window/port_box.h"
-#include "window/record_view.h"
 
 namespace commtest {
 
@@ -24,14 +25,12 @@ PortPage::PortPage(Binder& binder, const Theme& theme, QWidget* parent) : QWidge
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(MakeForm());
+    layout->addWidget(MakeForm(theme));
     layout->addWidget(MakeHairline(Qt::Vertical));
-    auto* help = new RecordView(binder, theme, binder.Form().RichTextBox1, this);
-    help->setAccessibleName(u"使用说明"_s);
-    layout->addWidget(help, 1);
+    layout->addWidget(new HelpView(binder, theme, binder.Form().RichTextBox1, this), 1);
 }
 
-QWidget* PortPage::MakeForm() {
+QWidget* PortPage::MakeForm(const Theme& theme) {
     auto* scroll = new QScrollArea(this);
     scroll->setFixedWidth(kFormWidth);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -49,7 +48,8 @@ QWidget* PortPage::MakeForm() {
         AddField(*grid, index++, ToQt(caption), contents);
     const int behind = grid->rowCount();
     grid->addWidget(MakeCaption(u"提示: 串口设置将自动生效"_s), behind, 0, 1, 2);
-    grid->setRowStretch(behind + 1, 1);
+    grid->addWidget(MakeNoPortState(binder_, theme, contents), behind + 1, 0, 1, 2);
+    grid->setRowStretch(behind + 2, 1);
     scroll->setWidget(contents);
     return scroll;
 }

@@ -17,7 +17,7 @@ class PortPage : public QWidget {
     PortPage(Binder& binder, const Theme& theme, QWidget* parent);
 
   private:
-    QWidget* MakeForm();
+    QWidget* MakeForm(const Theme& theme);
     void AddField(QGridLayout& grid, int index, const QString& caption, QWidget* parent);
     QComboBox* MakePortField(QGridLayout& grid, ListControl& control, QWidget* parent);
     QComboBox* MakeField(int index, ListControl& control, QWidget* parent);

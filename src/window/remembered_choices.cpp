@@ -80,8 +80,8 @@ void RememberedChoices::Follow(Binder& binder, const TextSpinBox& interval) {
         Remember(binder, tick.control, tick.key, [&control = tick.control] { return control.Value(); });
     // The session sets the interval, too, and the way of showing: what the user chooses comes here alone.
     QObject::connect(&interval, &TextSpinBox::Edited, &binder,
-                     [this](const QString& text) { settings_.setValue(kInterval, text); });
-    form_.ShowMode.Click = [this](int mode) { settings_.setValue(ShowModeKey(form_), mode); };
+                     [this](const QString& text) { Keep(kInterval, text); });
+    form_.ShowMode.Click = [this](int mode) { Keep(ShowModeKey(form_), mode); };
 }
 
 // Both together: an instrument's name counts in its protocol. A catalogue that cannot be read has neither.
@@ -95,16 +95,20 @@ void RememberedChoices::FollowInstrument(Binder& binder) {
         const bool isThere =
             form_.ConCommTypeList.IndexOf(now.first) >= 0 && form_.InstrumentList().IndexOf(now.second) >= 0;
         if (!isThere) return;
-        settings_.setValue(kProtocol, QString::fromStdU16String(now.first));
-        settings_.setValue(kInstrument, QString::fromStdU16String(now.second));
+        Keep(kProtocol, QString::fromStdU16String(now.first));
+        Keep(kInstrument, QString::fromStdU16String(now.second));
     });
+}
+
+void RememberedChoices::Keep(const QString& key, const QVariant& value) {
+    if (!isTrial_) settings_.setValue(key, value);
 }
 
 void RememberedChoices::Remember(Binder& binder, const Control& control, const QString& key,
                                  std::function<QVariant()> value) {
     binder.Watch(control, [this, key, value, last = value()]() mutable {
         const QVariant now = value();
-        if (std::exchange(last, now) != now) settings_.setValue(key, now);
+        if (std::exchange(last, now) != now) Keep(key, now);
     });
 }
 

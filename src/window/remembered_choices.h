@@ -23,16 +23,21 @@ class RememberedChoices {
     // From now on what is chosen is remembered.
     void Follow(Binder& binder, const TextSpinBox& interval);
 
+    // From now on nothing more is.
+    void BeginTrial() { isTrial_ = true; }
+
   private:
     void PutBackInstrument();
     void PutBackShowMode();
     void FollowInstrument(Binder& binder);
+    void Keep(const QString& key, const QVariant& value);
     void Remember(Binder& binder, const Control& control, const QString& key,
                   std::function<QVariant()> value);
 
     MainForm& form_;
     QSettings& settings_;
     bool keepsInstrument_;
+    bool isTrial_ = false;
 };
 
 }  // namespace commtest

@@ -19,8 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kOptionCount = 14;
+constexpr int kFewestOptions = 14;
 constexpr int kFewestOptionsInView = 5;
+constexpr int kMostOptionsInView = 14;
 constexpr int kLargestCount = 255;
 constexpr int kTickHeight = 20;
 constexpr int kGapOfTicks = 4;
@@ -74,12 +75,12 @@ QWidget* Sidebar::MakeFields(Binder& binder, NoteBar& notes) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
     layout->addWidget(MakeTitle(ToQt(captions.instrumentSelection)));
-    layout->addWidget(
-        MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s));
-    layout->addWidget(MakeCaptioned(
-        ToQt(captions.instrumentName),
+    protocols_ = MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s);
+    instruments_ =
         MakeList(binder, form.InstrumentList(), ToQt(captions.instrumentName),
-                 u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s)));
+                 u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s);
+    layout->addWidget(protocols_);
+    layout->addWidget(MakeCaptioned(ToQt(captions.instrumentName), instruments_));
     auto* pair = new QHBoxLayout;
     pair->setSpacing(8);
     pair->addWidget(MakeCaptioned(ToQt(captions.instrumentAddress), MakeAddressField(binder, notes)));
@@ -100,14 +101,6 @@ QWidget* Sidebar::MakeOptions(Binder& binder) {
     auto* layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    for (int index = 0; index < kOptionCount; ++index) {
-        auto* option = new QRadioButton(u"备用"_s);
-        option->setProperty("quiet", true);
-        option->setFixedHeight(optionHeight_);
-        options_ += option;
-        layout->addWidget(option);
-    }
-    BindOptions(binder);
     optionList_ = new QScrollArea;
     optionList_->setObjectName(u"optionList"_s);
     optionList_->setFrameShape(QFrame::NoFrame);
@@ -115,28 +108,35 @@ QWidget* Sidebar::MakeOptions(Binder& binder) {
     optionList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     optionList_->setFocusPolicy(Qt::NoFocus);
     optionList_->setWidget(contents);
+    binder.Watch(binder.Form().ConMeterType, [this] { ShowOptions(); });
     return optionList_;
 }
 
-void Sidebar::BindOptions(Binder& binder) {
-    MainForm& form = binder.Form();
-    for (int index = 0; index < kOptionCount; ++index) {
-        connect(options_[index], &QAbstractButton::clicked, this, [&binder, &form, index] {
-            binder.Event([&form, index] { ChooseProtocolOfType(form, index); });
-        });
-    }
-    binder.Watch(form.ConMeterType, [this, &form] {
-        const auto& captions = form.ConMeterType.Captions;
-        for (int index = 0; index < kOptionCount; ++index) {
-            QAbstractButton& option = *options_[index];
-            const bool isUsed = static_cast<std::size_t>(index) < captions.size();
-            option.setEnabled(isUsed);
-            if (isUsed) option.setText(QString::fromStdU16String(captions[static_cast<std::size_t>(index)]));
-            option.setAutoExclusive(form.ConMeterType.Chosen() >= 0);
-            option.setChecked(form.ConMeterType.IsChosen(index));
-        }
-        ShowChosenOption();
+void Sidebar::AddOption() {
+    auto* option = new QRadioButton(u"备用"_s);
+    option->setProperty("quiet", true);
+    option->setFixedHeight(optionHeight_);
+    connect(option, &QAbstractButton::clicked, this, [this, index = static_cast<int>(options_.size())] {
+        binder_.Event([this, index] { ChooseProtocolOfType(binder_.Form(), index); });
     });
+    options_ += option;
+    optionList_->widget()->layout()->addWidget(option);
+}
+
+// One for each protocol; where there are few, spare ones behind them.
+void Sidebar::ShowOptions() {
+    const OptionGroup& types = binder_.Form().ConMeterType;
+    const auto count = static_cast<int>(types.Captions.size());
+    while (options_.size() < std::max(count, kFewestOptions)) AddOption();
+    for (int index = 0; index < options_.size(); ++index) {
+        QAbstractButton& option = *options_[index];
+        const bool isUsed = index < count;
+        option.setEnabled(isUsed);
+        if (isUsed) option.setText(ToQt(types.Captions[static_cast<std::size_t>(index)]));
+        option.setAutoExclusive(types.Chosen() >= 0);
+        option.setChecked(types.IsChosen(index));
+    }
+    ShowChosenOption();
 }
 
 QWidget* Sidebar::MakeAdvanced(Binder& binder) {
@@ -180,6 +180,12 @@ void Sidebar::SetOptionHeight(int height) {
     FitOptions();
 }
 
+void Sidebar::ShowFormerChoice(const QString& protocol, const QString& instrument) {
+    protocols_->setPlaceholderText(protocol);
+    instruments_->setPlaceholderText(instrument);
+    for (QComboBox* list : {protocols_, instruments_}) list->setEnabled(false);
+}
+
 void Sidebar::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     FitOptions();
@@ -189,7 +195,7 @@ void Sidebar::resizeEvent(QResizeEvent* event) {
 void Sidebar::FitOptions() {
     const int others = widget()->layout()->minimumSize().height() - optionList_->minimumHeight();
     const int rows =
-        std::clamp((viewport()->height() - others) / optionHeight_, kFewestOptionsInView, kOptionCount);
+        std::clamp((viewport()->height() - others) / optionHeight_, kFewestOptionsInView, kMostOptionsInView);
     optionList_->setFixedHeight(rows * optionHeight_);
     ShowChosenOption();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QComboBox>
 #include <QRadioButton>
 #include <QScrollArea>
 
@@ -24,18 +25,24 @@ class Sidebar : public QScrollArea {
     // Rows of the options: 20 pixels high in a low window, else 24.
     void SetOptionHeight(int height);
 
+    // What was chosen the last time, dimmed, until the lists are filled.
+    void ShowFormerChoice(const QString& protocol, const QString& instrument);
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     QWidget* MakeFields(Binder& binder, NoteBar& notes);
     QWidget* MakeOptions(Binder& binder);
-    void BindOptions(Binder& binder);
+    void AddOption();
+    void ShowOptions();
     QWidget* MakeAdvanced(Binder& binder);
     void FitOptions();
     void ShowChosenOption();
 
     Binder& binder_;
+    QComboBox* protocols_ = nullptr;
+    QComboBox* instruments_ = nullptr;
     QScrollArea* optionList_ = nullptr;
     QList<QAbstractButton*> options_;
     int optionHeight_ = 20;

@@ -4,12 +4,14 @@
 
 #include "catalogue/shipped_catalogue.h"
 #include "commands/startup.h"
+#include "commands/toolbar_commands.h"
 #include "host_qt/named_port.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_settings.h"
 #include "host_qt/unsaved_settings.h"
 #include "session/events.h"
 #include "session/port_settings.h"
+#include "window/kept_picture.h"
 #include "window/port_return.h"
 #include "window/simulator_settings.h"
 
@@ -32,8 +34,10 @@ std::unique_ptr<SettingsStore> SettingsIn(QSettings& store, const WindowOptions&
     return std::make_unique<SimulatorSettings>(store);
 }
 
-QString FolderOf(const WindowOptions& options) {
+QString FolderOf(const WindowOptions& options, const QSettings& settings) {
     if (!options.folder.isEmpty()) return options.folder;
+    const QString remembered = MissingCatalogue::RememberedFolder(settings);
+    if (!remembered.isEmpty()) return remembered;
     return FindProgramFolder(FillWithShippedCatalogue).path;
 }
 
@@ -63,15 +67,17 @@ WindowProgram::WindowProgram(const WindowOptions& options)
     : store_(OpenSettings(options.settingsFile)),
       hasSimulator_(options.hasSimulator),
       keepsChoices_(!options.hasSimulator || !options.settingsFile.isEmpty()),
-      files_(FolderOf(options)),
+      files_(FolderOf(options, *store_)),
       port_(DevicesOf(options, simulated_, *store_)),
-      settings_(SettingsIn(*store_, options)),
-      session_({port_, dialogs_, clock_, files_, catalogue_, *settings_, program_}),
+      settings_(SettingsIn(*store_, options), catalogue_),
+      session_({port_, dialogs_, clock_, files_, catalogue_, settings_, program_}),
       theme_(std::make_unique<Theme>(PaletteChoice(*store_))),
       choices_(Form(), *store_, !options.hasSimulator) {
     dialogs_.SetSession(Form());
     dialogs_.SetTheme(*theme_);
     WireEvents();
+    KeepPictureOverFailures(Form());
+    remembersFolder_ = options.folder.isEmpty();
 }
 
 void WindowProgram::WireEvents() {
@@ -112,7 +118,12 @@ bool WindowProgram::Start() {
         program_.CallFirst();
         return false;
     }
-    if (hasSimulator_) StartSimulator();
+    missing_ = std::make_unique<MissingCatalogue>(Form(), files_, *store_);
+    if (remembersFolder_) missing_->RememberFolder();
+    if (hasSimulator_) {
+        missing_->StopRemembering();
+        StartSimulator();
+    }
     choices_.PutBack();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     theme_->Dress();
@@ -121,6 +132,8 @@ bool WindowProgram::Start() {
         choices_.Follow(window_->Views(), *window_->findChild<TextSpinBox*>(u"ConDelayTime"_s));
     }
     window_->Views().AtEachLook([this] { FollowTool(); });
+    missing_->ShowIn(*window_, *theme_);
+    window_->ShowFirstSteps([this] { TryOutSimulator(); });
     window_->show();
     return true;
 }
@@ -136,12 +149,23 @@ void WindowProgram::FollowTool() {
     if (toolWindow_) toolWindow_->Follow();
 }
 
-void WindowProgram::StartSimulator() {
-    if (simulated_.Start()) {
+bool WindowProgram::StartSimulator() {
+    const bool isThere = simulated_.Start();
+    if (isThere) {
         RunEvent(Form(), [this] { ChooseSimulated(); });
     } else {
         dialogs_.ShowMessage(u"模拟仪表不能启动！", simulated_.Problem().toStdU16String());
     }
+    return isThere;
+}
+
+// A trial leaves the user's settings as they were.
+void WindowProgram::TryOutSimulator() {
+    settings_.BeginTrial();
+    choices_.BeginTrial();
+    missing_->StopRemembering();
+    port_.SetDevice(1, simulated_.Device());
+    if (StartSimulator()) window_->Views().Event([this] { RunToolbarCommand(Form(), toolbar::kStartStop); });
 }
 
 void WindowProgram::ChooseSimulated() {

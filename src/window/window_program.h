@@ -11,7 +11,9 @@
 #include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
+#include "window/kept_choice.h"
 #include "window/main_window.h"
+#include "window/missing_catalogue.h"
 #include "window/remembered_choices.h"
 #include "window/simulated_instrument.h"
 #include "window/tool_window.h"
@@ -40,18 +42,21 @@ class WindowProgram {
 
     MainForm& Form() { return session_.Form(); }
     MainWindow& Window() { return *window_; }
+    MissingCatalogue& Missing() { return *missing_; }
 
   private:
     void WireEvents();
     void BringForward();
     void KeepDevice(int number, const QString& device);
     void FollowTool();
-    void StartSimulator();
+    bool StartSimulator();
+    void TryOutSimulator();
     void ChooseSimulated();
 
     std::unique_ptr<QSettings> store_;
     bool hasSimulator_;
     bool keepsChoices_;
+    bool remembersFolder_ = false;  // unless one was named
     SimulatedInstrument simulated_;
 
     FolderFiles files_;
@@ -59,12 +64,13 @@ class WindowProgram {
     QtSerialPort port_;
     WindowDialogs dialogs_;
     SystemClock clock_;
-    std::unique_ptr<SettingsStore> settings_;
+    KeptChoice settings_;
     QtProgram program_;
     QtTimers timers_;
     Session session_;
     std::unique_ptr<Theme> theme_;
     RememberedChoices choices_;
+    std::unique_ptr<MissingCatalogue> missing_;
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<ToolWindow> toolWindow_;  // made when it is opened for the first time
     std::uint64_t shownTool_ = 0;             // generation of the tool's presence

@@ -62,6 +62,20 @@ class WindowTest(WindowCase):
         self.assertIn("07 00 07 00 07 07 D2 04", texts)
         self.assertEqual((simulator.counts["writes_accepted"], simulator.counts["ignored_frames"]), (1, 0))
 
+    def test_first_start_tries_the_simulated_instrument(self):
+        """The steps stand in the place of the record, behind the grid and the strip. The trial is not stored."""
+        self.store(SoftSeting="5 7 16 3 0 1", CommPort="9600,N,8,1 COM1")
+        with Desktop() as desktop:
+            program = self.start(desktop, self.scratch / "no-device")
+            desktop.window(program)
+            self.tick_with_the_keyboard(desktop)
+            desktop.press("ctrl+1", "F6", "F6", "Tab", "Tab", "Tab", "space")
+            wait_for(lambda: len(self.records()) >= 2, "100 exchanges")
+            desktop.press("ctrl+q")
+            self.assertEqual(program.wait(PATIENCE), 0)
+        self.assertIn("@01", self.records()[0].read_text(encoding="ascii"))
+        self.assertEqual(self.stored()["SoftSeting"], "5 7 16 3 0 1")
+
     def write_until_taken(self, desktop):
         """Edits the cell of the row; the line is faulty, so the one write may be lost. The editor stops the session,
         Enter goes on with it."""

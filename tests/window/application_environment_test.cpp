@@ -10,12 +10,13 @@
 
 namespace {
 
-// An application without a screen around all tests of this program, with run-time and settings folders of its
-// own, and with the fonts of a configuration in fonts/: WINDOW_TEST_FONTS, or those of the package.
+// An application on a screen in memory, of 1920x1080, around all tests of this program, with run-time and
+// settings folders of its own, and with the fonts of a configuration in fonts/: WINDOW_TEST_FONTS, or those
+// of the package.
 class ApplicationEnvironment : public ::testing::Environment {
   public:
     void SetUp() override {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" SCREEN);
         for (const char* variable : {"XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             qputenv(variable, folder_.path().toUtf8());
         qputenv("FONTCONFIG_FILE", qEnvironmentVariable("WINDOW_TEST_FONTS", PACKAGED_FONT).toUtf8());

@@ -14,9 +14,7 @@ struct Row {
 TEST(NoticeWords, SayWhatHappenedAndBehindItWhyAndWhatToDo) {
     const Row rows[] = {
         {{Notice::Kind::None}, "", ""},
-        {{Notice::Kind::NoCatalogue, u"folder/通讯数据.mdb"},
-         "目录 folder/通讯数据.mdb 不能打开，请恢复该文件后重新启动",
-         ""},
+        {{Notice::Kind::NoCatalogue, u"folder/通讯数据.mdb"}, "没有打开仪表目录：folder/通讯数据.mdb", ""},
         {{Notice::Kind::PortCaveat, u"停止位 1.5 不支持"}, "停止位 1.5 不支持", ""},
         {{Notice::Kind::PortLost, u"设备已拔出"}, "串口已断开,通讯停止！", "设备已拔出"},
         {{Notice::Kind::EndOfFile, u"ErrorComm.ini"}, "ErrorComm.ini 较长，只显示最后 1 MB", ""},

@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include "window/record_view.h"
+#include "window/help_view.h"
 #include "window/view_bench.h"
 #include "window/widget_search.h"
 
@@ -56,7 +56,7 @@ class PortPageTest : public ::testing::Test {
 TEST_F(PortPageTest, HasItsLabelsAndTheFormItsWidth) {
     EXPECT_THAT(Labels(), ElementsAre("串口属性", "串口号：", "波特率：", "数据位：", "校验位：", "停止位：",
                                       "提示: 串口设置将自动生效"));
-    EXPECT_EQ(page.findChild<RecordView*>()->x(), 288 + 1);
+    EXPECT_EQ(page.findChild<HelpView*>()->x(), 288 + 1);
 }
 
 TEST_F(PortPageTest, FieldsShowTheSettingsAndTheirOffers) {
@@ -87,7 +87,7 @@ TEST_F(PortPageTest, FieldTakesEffectWhenItIsLeft) {
 
 TEST_F(PortPageTest, FieldThatIsLeftUnchangedIsAppliedToo) {
     Field("停止位")->setFocus();
-    page.findChild<RecordView*>()->setFocus();
+    page.findChild<HelpView*>()->setFocus();
     EXPECT_EQ(Stored(), "9600,N,8,1 COM1");
 }
 
@@ -173,7 +173,7 @@ TEST_F(PortPageTest, DeviceTypedBehindAPortIsNamedAndTheSessionSeesThePort) {
 TEST_F(PortPageTest, HelpTextStandsBesideTheForm) {
     Form().RichTextBox1.Replace(u"一、连接\r\n1. 用 RS-485");
     bench.binder.Look();
-    auto* help = page.findChild<RecordView*>();
+    auto* help = page.findChild<HelpView*>();
     EXPECT_EQ(help->toPlainText().toStdString(), "一、连接\n1. 用 RS-485");
     QTest::mouseClick(help->viewport(), Qt::LeftButton, {}, QPoint(30, 15));
     EXPECT_EQ(Form().RichTextBox1.Blocks().size(), 1u);

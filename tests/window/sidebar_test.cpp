@@ -84,6 +84,20 @@ TEST_F(SidebarTest, OptionWithoutAProtocolIsASpare) {
     EXPECT_EQ(options[3]->text().toStdString(), "备用");
 }
 
+TEST_F(SidebarTest, EachProtocolBehindTheFourteenthHasAnOptionToo) {
+    for (const char16_t* name : {u"协议甲", u"协议乙"}) Form().ConMeterType.Captions.push_back(name);
+    Form().ConMeterType.Show(15);
+    bench.binder.Look();
+    ASSERT_EQ(Options().size(), 16);
+    EXPECT_EQ(Options()[15]->text().toStdString(), "协议乙");
+    EXPECT_TRUE(Options()[15]->isEnabled());
+    EXPECT_TRUE(Options()[15]->isChecked());
+    const auto* list = sidebar.findChild<QScrollArea*>("optionList");
+    const QPoint place = Options()[15]->mapTo(list->viewport(), QPoint(0, 0));
+    EXPECT_GE(place.y(), 0);
+    EXPECT_LE(place.y() + 20, list->viewport()->height());
+}
+
 TEST_F(SidebarTest, ChosenOptionChoosesTheProtocol) {
     Options()[6]->click();
     EXPECT_EQ(Form().ConMeterType.Chosen(), 6);

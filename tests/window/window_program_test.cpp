@@ -6,6 +6,7 @@
 #include "host_qt/pseudo_terminal.h"
 #include "session/events.h"
 #include "session/port_settings.h"
+#include "window/catalogue_box.h"
 #include "window/note_bar.h"
 #include "window/text_spin_box.h"
 
@@ -68,6 +69,11 @@ class WindowProgramTest : public ::testing::Test {
 
     // Ends it as a fall of the current would.
     void Crash() { program.reset(); }
+    void DismissCatalogueBox() {
+        QApplication::processEvents();
+        program->Window().findChild<CatalogueBox*>()->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     MainForm& Form() { return program->Form(); }
 
@@ -326,6 +332,7 @@ TEST_F(ToolOfTheProgramTest, ToolOpenedWithoutACatalogueComesBehindTheBoxThatSay
     options.folder = scratch.filePath("empty");
     QDir().mkpath(options.folder);
     ASSERT_TRUE(Start());
+    DismissCatalogueBox();
     atBox = [this] {
         program->Window().Views().Look();
         EXPECT_EQ(FindToolWindow(), nullptr);

@@ -1,0 +1,55 @@
+#include "window/empty_pages.h"
+
+#include "commands/toolbar_commands.h"
+#include "host/serial_port.h"
+#include "host/store.h"
+#include "session/port_settings.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPortTab = 1;
+
+bool IsEmpty(const GridView& list) { return list.model()->rowCount() == 0; }
+
+}  // namespace
+
+void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings) {
+    MainForm& form = binder.Form();
+    auto* noInstruments = new EmptyState(u"special-address"_s, u"目录里没有仪表"_s,
+                                         u"把 TQ.ini 放进程序文件夹后导入"_s, theme, &catalogue);
+    noInstruments->AddAction(u"导入地址"_s, [&binder, &form] {
+        binder.Event([&form] { RunToolbarCommand(form, toolbar::kImport); });
+    });
+    noInstruments->CoverWhile(
+        binder, [&form, &catalogue] { return form.outside.store.IsOpen() && IsEmpty(catalogue); });
+
+    auto* noRecordings =
+        new EmptyState(u"history"_s, u"没有录制的数据"_s, u"勾选 数据采集 并开始通讯，\n每一种应答存一条"_s,
+                       theme, &recordings);
+    noRecordings->AddAction(u"开始采集"_s,
+                            [&binder, &form] { binder.Event([&form] { form.ConSaveData.Set(true); }); });
+    noRecordings->CoverWhile(
+        binder, [&form, &recordings] { return form.outside.store.IsOpen() && IsEmpty(recordings); });
+}
+
+EmptyState* MakeNoPortState(Binder& binder, const Theme& theme, QWidget* parent) {
+    MainForm& form = binder.Form();
+    auto* state = new EmptyState(u"glyph-plug"_s, u"没有找到串口"_s,
+                                 u"插入转换器后再打开列表，\n或写 COM1=/dev/ttyS0 指定设备"_s, theme, parent);
+    const auto lookUp = [state, &form] { state->setVisible(form.MSComm1.Devices().empty()); };
+    state->AddAction(u"重新查找"_s, [&binder, &form, lookUp] {
+        binder.Event([&form] { OfferPorts(form); });
+        lookUp();
+    });
+    state->hide();
+    binder.Watch(form.SSTab2, [&form, lookUp] {
+        if (form.SSTab2.IsChosen(kPortTab)) lookUp();
+    });
+    return state;
+}
+
+}  // namespace commtest

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "window/binder.h"
+#include "window/empty_state.h"
+#include "window/grid_view.h"
+#include "window/theme.h"
+
+namespace commtest {
+
+// The lists of instruments and of recordings of an open catalogue say what to do while they are empty.
+void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings);
+
+// Says that the machine has no port, as long as it has none: looked up when the page is shown, and on demand.
+EmptyState* MakeNoPortState(Binder& binder, const Theme& theme, QWidget* parent);
+
+}  // namespace commtest
