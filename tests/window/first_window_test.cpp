@@ -66,6 +66,7 @@ class FirstWindow : public ::testing::TestWithParam<Screen> {
     GridView& Parameters() { return The<CommunicationPage>().Parameters(); }
     // Of a cell, in logical pixels below its upper edge: how far its letters reach.
     int LowestInk(const QModelIndex& cell) {
+        Parameters().scrollTo(cell);
         const QRect place = Parameters().visualRect(cell).adjusted(4, 1, -4, -1);
         const QImage picture = Parameters().viewport()->grab(place).toImage();
         const QColor ground = picture.pixelColor(0, 0);
