@@ -1,5 +1,6 @@
 #include "window/port_box.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,5 +1,8 @@
 #include "window/port_list_view.h"
 
+#include <QApplication>
+#include <QLabel>
+#include <QPainter>
 #include <algorithm>
 #include <utility>
 

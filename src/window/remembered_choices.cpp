@@ -105,7 +105,7 @@ void RememberedChoices::Keep(const QString& key, const QVariant& value) {
 }
 
 void RememberedChoices::Remember(Binder& binder, const Control& control, const QString& key,
-                                 std::function<QVariant()> value) {
+                                 const std::function<QVariant()>& value) {
     binder.Watch(control, [this, key, value, last = value()]() mutable {
         const QVariant now = value();
         if (std::exchange(last, now) != now) Keep(key, now);

@@ -32,7 +32,7 @@ class RememberedChoices {
     void FollowInstrument(Binder& binder);
     void Keep(const QString& key, const QVariant& value);
     void Remember(Binder& binder, const Control& control, const QString& key,
-                  std::function<QVariant()> value);
+                  const std::function<QVariant()>& value);
 
     MainForm& form_;
     QSettings& settings_;
