@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStyle>
 #include <algorithm>
 
 #include "window/pieces.h"
