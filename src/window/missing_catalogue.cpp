@@ -70,7 +70,6 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
                                            settings_.value(kInstrumentKey).toString());
         QTimer::singleShot(0, this, &MissingCatalogue::Ask);
     }
-    window.Views().Watch(form_.InstrumentList(), [this] { RememberChoice(); });
 }
 
 void MissingCatalogue::CoverList(GridView& list, const Theme& theme) {
@@ -81,12 +80,6 @@ void MissingCatalogue::CoverList(GridView& list, const Theme& theme) {
 }
 
 bool MissingCatalogue::IsOpen() const { return form_.outside.store.IsOpen(); }
-
-void MissingCatalogue::RememberChoice() {
-    if (!IsOpen() || !remembersChoice_) return;
-    settings_.setValue(kProtocolKey, QString::fromStdU16String(form_.ConCommTypeList.Value()));
-    settings_.setValue(kInstrumentKey, QString::fromStdU16String(form_.InstrumentName()));
-}
 
 QString MissingCatalogue::Path() const {
     return QString::fromStdU16String(files_.PathOf(Text(kCatalogueFileName)));

@@ -26,9 +26,6 @@ class MissingCatalogue : public QObject {
     // The folder that was chosen in place of the usual one is used by later starts, too.
     void RememberFolder() { remembersFolder_ = true; }
 
-    // From now on what is chosen belongs to a trial.
-    void StopRemembering() { remembersChoice_ = false; }
-
     // The folder that was remembered, while a catalogue stands in it; else empty.
     static QString RememberedFolder(const QSettings& settings);
 
@@ -40,7 +37,6 @@ class MissingCatalogue : public QObject {
 
   private:
     bool IsOpen() const;
-    void RememberChoice();
     void CoverList(GridView& list, const Theme& theme);
     void Ask();
     void Create();
@@ -54,7 +50,6 @@ class MissingCatalogue : public QObject {
     FolderFiles& files_;
     QSettings& settings_;
     bool remembersFolder_ = false;
-    bool remembersChoice_ = true;
     MainWindow* window_ = nullptr;
     const Theme* theme_ = nullptr;
     QPointer<CatalogueBox> box_;

@@ -89,7 +89,7 @@ void RememberedChoices::FollowInstrument(Binder& binder) {
     const auto chosen = [this] {
         return std::pair(form_.ConCommTypeList.Value(), form_.InstrumentList().Value());
     };
-    binder.AtEachLook([this, chosen, last = chosen()]() mutable {
+    binder.AtEachLook([this, chosen, last = std::pair<Text, Text>()]() mutable {
         const auto now = chosen();
         if (std::exchange(last, now) == now) return;
         const bool isThere =

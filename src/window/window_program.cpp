@@ -120,10 +120,7 @@ bool WindowProgram::Start() {
     }
     missing_ = std::make_unique<MissingCatalogue>(Form(), files_, *store_);
     if (remembersFolder_) missing_->RememberFolder();
-    if (hasSimulator_) {
-        missing_->StopRemembering();
-        StartSimulator();
-    }
+    if (hasSimulator_) StartSimulator();
     choices_.PutBack();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     theme_->Dress();
@@ -163,7 +160,6 @@ bool WindowProgram::StartSimulator() {
 void WindowProgram::TryOutSimulator() {
     settings_.BeginTrial();
     choices_.BeginTrial();
-    missing_->StopRemembering();
     port_.SetDevice(1, simulated_.Device());
     if (StartSimulator()) window_->Views().Event([this] { RunToolbarCommand(Form(), toolbar::kStartStop); });
 }
