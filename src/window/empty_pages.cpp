@@ -19,32 +19,36 @@ bool IsEmpty(const GridView& list) { return list.model()->rowCount() == 0; }
 
 void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings) {
     MainForm& form = binder.Form();
-    auto* noInstruments = new EmptyState(u"special-address"_s, u"目录里没有仪表"_s,
-                                         u"把 TQ.ini 放进程序文件夹后导入"_s, theme, &catalogue);
-    noInstruments->AddAction(u"导入地址"_s, [&binder, &form] {
+    const auto import = [&binder, &form] {
         binder.Event([&form] { RunToolbarCommand(form, toolbar::kImport); });
-    });
+    };
+    auto* noInstruments =
+        new EmptyState(u"special-address"_s,
+                       {u"目录里没有仪表"_s, u"把 TQ.ini 放进程序文件夹后导入"_s, {{u"导入地址"_s, import}}},
+                       theme, &catalogue);
     noInstruments->CoverWhile(
         binder, [&form, &catalogue] { return form.outside.store.IsOpen() && IsEmpty(catalogue); });
 
-    auto* noRecordings =
-        new EmptyState(u"history"_s, u"没有录制的数据"_s, u"勾选 数据采集 并开始通讯，\n每一种应答存一条"_s,
-                       theme, &recordings);
-    noRecordings->AddAction(u"开始采集"_s,
-                            [&binder, &form] { binder.Event([&form] { form.ConSaveData.Set(true); }); });
+    const auto capture = [&binder, &form] { binder.Event([&form] { form.ConSaveData.Set(true); }); };
+    auto* noRecordings = new EmptyState(
+        u"history"_s,
+        {u"没有录制的数据"_s, u"勾选 数据采集 并开始通讯，\n每一种应答存一条"_s, {{u"开始采集"_s, capture}}},
+        theme, &recordings);
     noRecordings->CoverWhile(
         binder, [&form, &recordings] { return form.outside.store.IsOpen() && IsEmpty(recordings); });
 }
 
 EmptyState* MakeNoPortState(Binder& binder, const Theme& theme, QWidget* parent) {
     MainForm& form = binder.Form();
-    auto* state = new EmptyState(u"glyph-plug"_s, u"没有找到串口"_s,
-                                 u"插入转换器后再打开列表，\n或写 COM1=/dev/ttyS0 指定设备"_s, theme, parent);
+    auto* state = new EmptyState(u"glyph-plug"_s, {}, theme, parent);
     const auto lookUp = [state, &form] { state->setVisible(form.MSComm1.Devices().empty()); };
-    state->AddAction(u"重新查找"_s, [&binder, &form, lookUp] {
+    const auto lookAgain = [&binder, &form, lookUp] {
         binder.Event([&form] { OfferPorts(form); });
         lookUp();
-    });
+    };
+    state->Say({u"没有找到串口"_s,
+                u"插入转换器后再打开列表，\n或写 COM1=/dev/ttyS0 指定设备"_s,
+                {{u"重新查找"_s, lookAgain}}});
     state->hide();
     binder.Watch(form.SSTab2, [&form, lookUp] {
         if (form.SSTab2.IsChosen(kPortTab)) lookUp();

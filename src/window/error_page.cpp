@@ -11,7 +11,7 @@
 #include "session/records.h"
 #include "session/wall_clock.h"
 #include "window/bindings.h"
-#include "window/blank_page.h"
+#include "window/empty_state.h"
 #include "window/note_bar.h"
 #include "window/pieces.h"
 #include "window/record_view.h"
@@ -35,7 +35,7 @@ ErrorPage::ErrorPage(Binder& binder, const Theme& theme, NoteBar& notes, QWidget
       form_(binder.Form()),
       notes_(notes),
       contents_(new QStackedWidget(this)),
-      blank_(new BlankPage(theme, u"comm-events"_s, contents_)) {
+      empty_(new EmptyState(u"comm-events"_s, {}, theme, contents_)) {
     binder.Watch(form_.RunningState(), [this] {
         if (std::exchange(wasRunning_, form_.IsRunning()) && !form_.IsRunning()) isOutdated_ = true;
         LoadIfOutdated();
@@ -44,7 +44,7 @@ ErrorPage::ErrorPage(Binder& binder, const Theme& theme, NoteBar& notes, QWidget
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(MakeStrip(theme));
-    contents_->addWidget(blank_);
+    contents_->addWidget(empty_);
     contents_->addWidget(MakeErrors(theme));
     layout->addWidget(contents_, 1);
     binder.AtEachLook([this] { Follow(); });
@@ -122,12 +122,13 @@ ErrorPage::State ErrorPage::StateNow() const {
 void ErrorPage::Show(State state) {
     contents_->setCurrentIndex(state == State::Errors ? 1 : 0);
     switch (state) {
-        case State::Running: return blank_->Say({u"通讯进行中，停止后可查看"_s, u"停止时自动刷新"_s});
+        case State::Running: return empty_->Say({u"通讯进行中，停止后可查看"_s, u"停止时自动刷新"_s});
         case State::NotLogged:
-            return blank_->Say({u"未勾选 保存错误记录"_s, u"勾选后，出错的应答记入 ErrorComm.ini"_s,
-                                u"勾选"_s,
-                                [this] { binder_.Event([this] { form_.ConAutoSave[1].Set(true); }); }});
-        case State::NoErrors: return blank_->Say({u"没有错误记录"_s, u"勾选 保存错误记录 以来没有出错"_s});
+            return empty_->Say(
+                {u"未勾选 保存错误记录"_s,
+                 u"勾选后，出错的应答记入 ErrorComm.ini"_s,
+                 {{u"勾选"_s, [this] { binder_.Event([this] { form_.ConAutoSave[1].Set(true); }); }}}});
+        case State::NoErrors: return empty_->Say({u"没有错误记录"_s, u"勾选 保存错误记录 以来没有出错"_s});
         default: return;
     }
 }

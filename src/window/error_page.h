@@ -8,7 +8,7 @@
 
 namespace commtest {
 
-class BlankPage;
+class EmptyState;
 class NoteBar;
 
 // The page 错误记录: the statistics, and the error file to read, to load again and to empty. It is loaded
@@ -42,7 +42,7 @@ class ErrorPage : public QWidget {
     MainForm& form_;
     NoteBar& notes_;
     QStackedWidget* contents_;
-    BlankPage* blank_;
+    EmptyState* empty_;
     State state_ = State::Unknown;
     bool wasRunning_ = false;
     bool isOutdated_ = false;

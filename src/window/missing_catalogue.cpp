@@ -73,9 +73,9 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
 }
 
 void MissingCatalogue::CoverList(GridView& list, const Theme& theme) {
-    auto* state =
-        new EmptyState(u"special-address"_s, u"没有仪表目录"_s, u"通讯需要先选定一台仪表"_s, theme, &list);
-    state->AddAction(u"打开目录"_s, [this] { Ask(); });
+    auto* state = new EmptyState(
+        u"special-address"_s,
+        {u"没有仪表目录"_s, u"通讯需要先选定一台仪表"_s, {{u"打开目录"_s, [this] { Ask(); }}}}, theme, &list);
     state->CoverWhile(window_->Views(), [this] { return !IsOpen(); });
 }
 

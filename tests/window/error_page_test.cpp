@@ -8,7 +8,7 @@
 #include <QTextLayout>
 
 #include "session/reply_routing.h"
-#include "window/blank_page.h"
+#include "window/empty_state.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
 #include "window/statistics_label.h"
@@ -34,8 +34,8 @@ class ErrorPageTest : public ::testing::Test {
     RecordView* Errors() { return page.findChild<RecordView*>(); }
 
     // What stands in place of the errors; empty while they are shown.
-    std::string Blank() {
-        for (const QLabel* label : page.findChild<BlankPage*>()->findChildren<QLabel*>()) {
+    std::string Empty() {
+        for (const QLabel* label : page.findChild<EmptyState*>()->findChildren<QLabel*>()) {
             if (label->isVisible() && !label->text().isEmpty()) return label->text().toStdString();
         }
         return "";
@@ -106,14 +106,14 @@ TEST_F(ErrorPageTest, SaysThatTheSessionRuns) {
     EXPECT_EQ(ShownErrors(), "甲\n");
     bench.session.Start();
     EXPECT_EQ(ShownErrors(), "");
-    EXPECT_EQ(Blank(), "通讯进行中，停止后可查看");
+    EXPECT_EQ(Empty(), "通讯进行中，停止后可查看");
 }
 
 TEST_F(ErrorPageTest, SaysWhyNothingIsLogged) {
-    EXPECT_EQ(Blank(), "未勾选 保存错误记录");
+    EXPECT_EQ(Empty(), "未勾选 保存错误记录");
     Button("勾选")->click();
     EXPECT_TRUE(Form().ConAutoSave[1].Value());
-    EXPECT_EQ(Blank(), "没有错误记录");
+    EXPECT_EQ(Empty(), "没有错误记录");
     EXPECT_FALSE(Button("勾选") != nullptr && Button("勾选")->isVisible());
 }
 
@@ -123,7 +123,7 @@ TEST_F(ErrorPageTest, FileIsLoadedAgainBehindAStop) {
     bench.session.files.ErrorFile = "2009\r\n";
     bench.session.Stop();
     EXPECT_EQ(ShownErrors(), "2009\n");
-    EXPECT_EQ(Blank(), "");
+    EXPECT_EQ(Empty(), "");
 }
 
 TEST_F(ErrorPageTest, FileOfAStopUnseenIsLoadedWhenThePageIsShown) {
