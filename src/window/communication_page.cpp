@@ -7,6 +7,7 @@
 #include "window/communication_strip.h"
 #include "window/conversion_pane.h"
 #include "window/editing_stop.h"
+#include "window/empty_pages.h"
 #include "window/first_steps.h"
 #include "window/grid_view.h"
 #include "window/operation_message.h"
@@ -67,6 +68,7 @@ QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
     panes_ = new QSplitter(Qt::Horizontal);
     record_ = MakeCommPane(binder, theme, 1, panes_);
     record_->setMinimumWidth(kNarrowestRecord);
+    AddEmptyRecordState(binder, theme, *record_);
     auto* conversion = new ConversionPane(binder, theme, panes_);
     connect(grid_, &GridView::Explained, conversion, &ConversionPane::NameRow);
     conversion->setMinimumWidth(kNarrowestConversion);

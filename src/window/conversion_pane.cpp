@@ -4,6 +4,7 @@
 
 #include "session/grid_rows.h"
 #include "window/bindings.h"
+#include "window/empty_pages.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -17,7 +18,11 @@ constexpr int kTitleHeight = 24;
 }  // namespace
 
 ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* parent)
-    : QWidget(parent), form_(binder.Form()), epoch_(form_.ParameterGrid().Epoch()), title_(new QLabel(this)) {
+    : QWidget(parent),
+      form_(binder.Form()),
+      epoch_(form_.ParameterGrid().Epoch()),
+      title_(new QLabel(this)),
+      edge_(MakeHairline(Qt::Horizontal)) {
     title_->setObjectName(u"conversionTitle"_s);
     title_->setTextFormat(Qt::PlainText);
     title_->setFixedHeight(kTitleHeight);
@@ -25,15 +30,24 @@ ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* pare
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(title_);
-    layout->addWidget(MakeHairline(Qt::Horizontal));
-    layout->addWidget(MakeCommPane(binder, theme, 0, this), 1);
+    layout->addWidget(edge_);
+    RecordView* explanation = MakeCommPane(binder, theme, 0, this);
+    layout->addWidget(explanation, 1);
     BindPresence(binder, form_.Explanation(), *this);
+    AddEmptyExplanationState(binder, theme, *explanation);
+    binder.Watch(form_.Explanation(), [this] { ShowTitle(); });
     binder.AtEachLook([this] { FollowInstrument(); });
 }
 
 void ConversionPane::NameRow(int row) {
     const Grid& grid = form_.ParameterGrid();
     title_->setText(ToQt(grid.Cell(row, column::kName)) + u' ' + ToQt(grid.Cell(row, column::kAddress)));
+}
+
+void ConversionPane::ShowTitle() {
+    const bool hasText = !form_.Explanation().Blocks().empty();
+    title_->setVisible(hasText);
+    edge_->setVisible(hasText);
 }
 
 void ConversionPane::FollowInstrument() {

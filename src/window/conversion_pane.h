@@ -8,8 +8,8 @@
 
 namespace commtest {
 
-// ConCommString(0) under the name and the address of the parameter that it explains. Another instrument
-// empties both.
+// ConCommString(0) under the name and the address of the parameter that it explains, which stand while there
+// is a text. Another instrument empties both.
 class ConversionPane : public QWidget {
     Q_OBJECT
 
@@ -22,11 +22,13 @@ class ConversionPane : public QWidget {
     QString Title() const { return title_->text(); }
 
   private:
+    void ShowTitle();
     void FollowInstrument();
 
     MainForm& form_;
     std::uint64_t epoch_;
     QLabel* title_;
+    QFrame* edge_;  // under the title
 };
 
 }  // namespace commtest

@@ -15,6 +15,13 @@ constexpr int kPortTab = 1;
 
 bool IsEmpty(const GridView& list) { return list.model()->rowCount() == 0; }
 
+void CoverPane(Binder& binder, const Theme& theme, RecordView& pane, const EmptyWords& words,
+               std::function<bool()> isEmpty) {
+    auto* state = new EmptyState({}, words, theme, pane.viewport());
+    state->setAttribute(Qt::WA_TransparentForMouseEvents);
+    state->CoverWhile(binder, std::move(isEmpty));
+}
+
 }  // namespace
 
 void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings) {
@@ -36,6 +43,16 @@ void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, Gri
         theme, &recordings);
     noRecordings->CoverWhile(
         binder, [&form, &recordings] { return form.outside.store.IsOpen() && IsEmpty(recordings); });
+}
+
+void AddEmptyRecordState(Binder& binder, const Theme& theme, RecordView& record) {
+    CoverPane(binder, theme, record, {u"没有通讯记录"_s, u"选定仪表后按 F5 开始通讯，收发的帧显示在这里"_s},
+              [&form = binder.Form()] { return form.Record().Blocks().empty() && !form.IsRunning(); });
+}
+
+void AddEmptyExplanationState(Binder& binder, const Theme& theme, RecordView& explanation) {
+    CoverPane(binder, theme, explanation, {u"没有换算过程"_s, u"单击一个数值，这里说明它怎样得来"_s},
+              [&form = binder.Form()] { return form.Explanation().Blocks().empty(); });
 }
 
 EmptyState* MakeNoPortState(Binder& binder, const Theme& theme, QWidget* parent) {

@@ -6,7 +6,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "host/store.h"
 #include "window/communication_page.h"
+#include "window/empty_state.h"
 #include "window/grid_view.h"
 #include "window/help_view.h"
 #include "window/main_window.h"
@@ -67,6 +69,15 @@ TEST_F(FirstStepsTest, StandInPlaceOfTheRecordUntilTheFirstExchange) {
     Open();
     EXPECT_EQ(Steps(), nullptr);
     EXPECT_TRUE(Record().isVisible());
+}
+
+TEST_F(FirstStepsTest, WinOverTheWordsOfTheEmptyPanes) {
+    const auto* words = FindNamed<EmptyState>(*window, "没有通讯记录");
+    EXPECT_FALSE(words->isVisible());
+    Form().outside.store.Close();  // without a catalogue there is no first step
+    window->Views().Look();
+    EXPECT_FALSE(Steps()->isVisible());
+    EXPECT_TRUE(words->isVisible());
 }
 
 TEST_F(FirstStepsTest, RingTellsWhatIsDone) {
