@@ -84,6 +84,7 @@ void QtSerialPort::SetPortOpen(bool open) {
     if (open) {
         Open();
     } else {
+        isLosing_ = false;
         port_.close();
     }
 }
@@ -147,18 +148,20 @@ void QtSerialPort::Output(const std::string& bytes) {
 
 std::string QtSerialPort::Input() { return port_.readAll().toStdString(); }
 
+// The loss is met in the middle of a handler and told behind it. Until then the port counts as open, so that
+// no timer in between opens it again and speaks of a port that is in use.
 void QtSerialPort::HandleError(QSerialPort::SerialPortError error) {
-    if (!port_.isOpen() || !MeansLoss(error)) return;
+    if (!port_.isOpen() || !MeansLoss(error) || std::exchange(isLosing_, true)) return;
+    QMetaObject::invokeMethod(
+        &port_, [this] { Lose(); }, Qt::QueuedConnection);
+}
+
+void QtSerialPort::Lose() {
+    if (!isLosing_) return;
     SetPortOpen(false);
     lookForLost_.start(kTimeBetweenLooks);
-    const Text reason =
-        u"COM%1 (%2) 已断开。请检查接线后重新开始"_s.arg(number_).arg(device_).toStdU16String();
-    QMetaObject::invokeMethod(
-        &port_,
-        [this, reason] {
-            if (IsLost) IsLost(reason);
-        },
-        Qt::QueuedConnection);
+    if (IsLost)
+        IsLost(u"COM%1 (%2) 已断开。请检查接线后重新开始"_s.arg(number_).arg(device_).toStdU16String());
 }
 
 // --- A lost device that comes back ---

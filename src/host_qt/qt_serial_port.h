@@ -49,6 +49,7 @@ class QtSerialPort : public SerialPort {
     void Open();
     QString WantedDevice() const;
     void HandleError(QSerialPort::SerialPortError error);
+    void Lose();
     void LookForLostDevice();
     void SetBack(bool isBack);
     void AwaitNothing();
@@ -60,7 +61,8 @@ class QtSerialPort : public SerialPort {
     Text settings_ = u"9600,N,8,1";
     Text problem_;
     QTimer lookForLost_;
-    bool isBack_ = false;  // what was lost is there again
+    bool isLosing_ = false;  // the device has gone, which is not told yet
+    bool isBack_ = false;    // what was lost is there again
 };
 
 }  // namespace commtest

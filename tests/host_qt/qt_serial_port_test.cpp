@@ -189,6 +189,29 @@ TEST_F(QtSerialPortTest, LossThatAWriteMeetsIsToldFromTheEventLoop) {
     EXPECT_EQ(losses.size(), 1U);
 }
 
+TEST_F(QtSerialPortTest, UntilTheLossIsToldThePortIsNotOpenedAgain) {
+    port.SetPortOpen(true);
+    line.HangUp();
+    port.Output("@01RD17\r");
+    EXPECT_TRUE(port.PortOpen());
+    port.Output("@01RD17\r");
+    port.SetPortOpen(true);
+    EXPECT_EQ(port.LastProblem(), u"");
+    EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
+    EXPECT_FALSE(port.PortOpen());
+    RunEventLoopFor(50ms);
+    EXPECT_EQ(losses.size(), 1U);
+}
+
+TEST_F(QtSerialPortTest, LossOfAPortThatIsClosedMeanwhileIsNotTold) {
+    port.SetPortOpen(true);
+    line.HangUp();
+    port.Output("@01RD17\r");
+    port.SetPortOpen(false);
+    RunEventLoopFor(50ms);
+    EXPECT_TRUE(losses.empty());
+}
+
 TEST_F(QtSerialPortTest, LostPortLeavesTheProcessorAlone) {
     port.SetPortOpen(true);
     line.HangUp();
