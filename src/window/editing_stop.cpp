@@ -5,7 +5,7 @@ namespace commtest {
 using namespace Qt::StringLiterals;
 
 bool IsStoppedForEditing(const MainForm& form) {
-    return !form.IsRunning() && form.LastStop().cause == StopCause::Editor;
+    return !form.IsRunning() && form.LastStop().cause == StopCause::Editor && form.InputText.Visible();
 }
 
 std::optional<StateMessage> MessageOnEditing(const MainForm& form) {

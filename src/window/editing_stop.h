@@ -7,7 +7,8 @@
 
 namespace commtest {
 
-// Whether the polling stands still because a cell is edited, or was: neither running nor stopped for good.
+// Whether the polling stands still while the cell editor is open that has stopped it: neither running nor
+// stopped for good.
 bool IsStoppedForEditing(const MainForm& form);
 
 // What the state line says of it; nothing where it is not so.

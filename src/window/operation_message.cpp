@@ -1,6 +1,7 @@
 #include "window/operation_message.h"
 
 #include "commands/operation_menus.h"
+#include "session/command_code.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -8,11 +9,11 @@ namespace commtest {
 using namespace Qt::StringLiterals;
 
 std::optional<StateMessage> OperationMessage(const MainForm& form) {
-    const TextView operation = OperationInForce(form);
-    if (operation.empty()) return std::nullopt;
-    StateMessage message;
-    message.text = u"操作 "_s + ToQt(operation);
-    return message;
+    const TextView entry = OperationInForce(form);
+    if (!entry.empty()) return StateMessage{.text = u"操作 "_s + ToQt(entry)};
+    const std::int32_t code = form.CommandCode % command::kWriteOffset;
+    if (form.ProtocolInUse().name.empty() || code == 0) return std::nullopt;
+    return StateMessage{.text = u"操作码 %1"_s.arg(code)};
 }
 
 }  // namespace commtest

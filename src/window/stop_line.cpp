@@ -136,6 +136,9 @@ StateMessage StopLine::OfPort(const QString& text) {
 
 std::optional<StateMessage> StopLine::Quiet() const {
     switch (shown_.cause) {
+        case StopCause::Editor:
+            return StateMessage{.head = u"编辑时停止"_s,
+                                .text = u"第 %1 次之后，按 F5 继续"_s.arg(shown_.exchange)};
         case StopCause::User: return BehindExchange(u"按 停止通讯"_s, shown_);
         case StopCause::Questions: return BehindExchange(u"填写仪表地址"_s, shown_);
         case StopCause::Search: return BehindExchange(u"仪表搜索"_s, shown_);

@@ -11,7 +11,8 @@ namespace commtest {
 class RecordView;
 
 // Says on the state line why the session has stopped, until the next start: a failure with what was wrong and
-// the way to it, another stop quietly. A stop for the cell editor is not its business.
+// the way to it, another stop quietly. While the cell editor is open that has stopped it, another source says
+// so.
 class StopLine : public QObject {
     Q_OBJECT
 

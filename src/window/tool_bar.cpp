@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QStyle>
 #include <array>
+#include <utility>
 
 #include "commands/toolbar_commands.h"
 #include "window/editing_stop.h"
@@ -71,6 +72,10 @@ ToolBar::ToolBar(Binder& binder, const Theme& theme, QWidget* parent)
                  [this, &form] { Button(toolbar::kSearch).setChecked(form.FindFrame.Visible()); });
     Button(toolbar::kStartStop).setProperty("primary", true);
     binder.Watch(form.RunningState(), [this] { ShowStartStop(); });
+    binder.AtEachLook([this, &form, wasForEditing = false]() mutable {
+        const bool isForEditing = IsStoppedForEditing(form);
+        if (std::exchange(wasForEditing, isForEditing) != isForEditing) ShowStartStop();
+    });
     connect(&theme, &Theme::Changed, this, &ToolBar::ShowIcons);
     ShowIcons();
 }

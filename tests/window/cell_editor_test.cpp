@@ -12,12 +12,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "commands/toolbar_commands.h"
 #include "window/editor_hint.h"
 #include "window/grid_view.h"
 #include "window/main_window.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
 #include "window/state_line.h"
+#include "window/tool_bar.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -385,6 +387,25 @@ TEST_F(CellEditorTest, StateLineSaysThatEditingHasStoppedTheSession) {
     QTest::keyClicks(&editor, "200");
     Press(Qt::Key_Return);
     EXPECT_NE(state.Shown().text.toStdString(), words);
+}
+
+TEST_F(CellEditorTest, EditorThatIsLeftAgainLeavesAPlainStopBehind) {
+    StateLine& state = *window.findChild<StateLine*>();
+    const QToolButton& startButton = window.findChild<ToolBar*>()->Button(toolbar::kStartStop);
+    session.Start();
+    Open();
+    EXPECT_TRUE(startButton.property("editing").toBool());
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(state.Shown().head.toStdString(), "编辑时停止");
+    EXPECT_EQ(state.Shown().text.toStdString(), "第 0 次之后，按 F5 继续");
+    EXPECT_EQ(state.Shown().look, StateMessage::Look::Quiet);
+    EXPECT_FALSE(startButton.property("editing").toBool());
+    Open();
+    EXPECT_EQ(state.Shown().text.toStdString(), "编辑时通讯已停止，回车写入并继续");
+    EXPECT_TRUE(startButton.property("editing").toBool());
+    Press(Qt::Key_Escape);
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_TRUE(form.IsRunning());
 }
 
 TEST_F(CellEditorTest, WriteIsFollowedToItsReadBackInTheCellAndTheNote) {

@@ -146,7 +146,14 @@ TEST_F(GridMenuTest, EntryInForceIsTicked) {
     EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作 多个读取数据");
     form.CommandCode = 33;
     EXPECT_THAT(ticked(), IsEmpty());
-    EXPECT_FALSE(OperationMessage(form).has_value());
+}
+
+TEST_F(GridMenuTest, OperationThatNoEntrySetsIsNamedByItsCode) {
+    form.ProtocolCode = 31;
+    for (const std::int32_t code : {31, 131, 1031, 10031}) {
+        form.CommandCode = code;
+        EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作码 31") << code;
+    }
     form.ProtocolCode = 0;
     EXPECT_FALSE(OperationMessage(form).has_value());
 }

@@ -214,10 +214,16 @@ TEST_F(StopLineTest, IntervalTellsTheNextTurn) {
     EXPECT_EQ(Says(), "间歇性通讯，第 0 次之后");
 }
 
-TEST_F(StopLineTest, StopForTheCellEditorIsNotItsBusiness) {
+TEST_F(StopLineTest, StopForTheCellEditorSaysHowToGoOn) {
+    session.AnswersEachFrame(frames::kDynamicReply);
     Start();
+    RunUntil(450);
     StopInShortWay(form, StopCause::Editor);
     bench.binder.Look();
+    EXPECT_EQ(Head(), "编辑时停止");
+    EXPECT_EQ(Says(), "第 2 次之后，按 F5 继续");
+    EXPECT_EQ(line.Shown().look, StateMessage::Look::Quiet);
+    Start();
     EXPECT_EQ(Says(), "");
 }
 
