@@ -18,7 +18,7 @@ constexpr int kMargin = 16;
 constexpr auto kLookAtPlugs = std::chrono::seconds(2);
 constexpr int kRingSize = 20;
 constexpr int kTickSize = 12;
-constexpr int kPaddingOfAction = 8;
+constexpr int kGap = 8;  // as wide as the padding of an action, whose word stands under the text
 
 QLabel* MakeStepText(QWidget* parent) {
     auto* text = MakeHint({});
@@ -64,8 +64,8 @@ FirstStep::FirstStep(int number, const QString& title, const Theme& theme, QWidg
       text_(MakeStepText(this)) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, 12);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(8);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap);
     grid->addWidget(ring_, 0, 0);
     grid->addWidget(MakeTitle(title), 0, 1);
     grid->addWidget(text_, 1, 1);
@@ -79,12 +79,12 @@ void FirstStep::SetAction(const QString& caption, const QString& key, std::funct
     QPushButton* action = MakeLineAction(caption);
     connect(action, &QPushButton::clicked, this, std::move(act));
     auto* line = new QHBoxLayout;
-    line->setContentsMargins(-kPaddingOfAction, 0, 0, 0);
-    line->setSpacing(4);
+    line->setContentsMargins(kRingSize, 0, 0, 0);
+    line->setSpacing(0);
     line->addWidget(action);
     line->addWidget(MakeCaption(key));
     line->addStretch();
-    static_cast<QGridLayout*>(layout())->addLayout(line, 3, 1);
+    static_cast<QGridLayout*>(layout())->addLayout(line, 3, 0, 1, 2);
 }
 
 void FirstStep::SetDone(bool done) {

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QStyle>
 #include <chrono>
 #include <utility>
 
@@ -24,7 +25,8 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
       theme_(theme),
       sign_(new QLabel(this)),
       words_(new QLabel(this)),
-      action_(MakeLineAction({})) {
+      action_(MakeLineAction({})),
+      seconds_(new QLabel(this)) {
     setAccessibleName(u"提示"_s);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -35,6 +37,8 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
     layout->addWidget(sign_);
     layout->addWidget(words_, 1);
     layout->addWidget(action_);
+    layout->addWidget(seconds_);
+    layout->addStretch();
     connect(action_, &QPushButton::clicked, this, &NoteBar::Take);
     connect(&timer_, &QTimer::timeout, this, [this] { HasOffer() ? CountDown() : End(); });
     End();
@@ -48,6 +52,7 @@ void NoteBar::Say(const QString& text) {
 void NoteBar::Warn(const QString& text) {
     Show(text);
     ShowSign(Glyph::Warning, theme_.Now().warn);
+    ShowAsFailure(true);
 }
 
 void NoteBar::Offer(const QString& text, const QString& action, std::function<void()> take) {
@@ -88,11 +93,13 @@ void NoteBar::Show(const QString& text) {
     take_ = nullptr;
     secondsLeft_ = 0;
     action_->hide();
+    seconds_->hide();
     sign_->hide();
+    ShowAsFailure(false);
     const bool isNew = std::exchange(text_, text) != text;
     words_->setToolTip(text);
     words_->setAccessibleName(text);
-    Elide();
+    FitWords();
     if (!isNew) return;
     QAccessibleEvent event(words_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
@@ -101,14 +108,19 @@ void NoteBar::Show(const QString& text) {
 void NoteBar::ShowSign(Glyph sign, const QColor& colour) {
     sign_->setPixmap(GlyphPicture(sign, colour, kGlyphSize, devicePixelRatioF()));
     sign_->show();
+    FitWords();
 }
 
 void NoteBar::ShowAction(const QString& action, std::function<void()> take) {
     take_ = std::move(take);
-    actionName_ = action;
     action_->setText(action);
-    action_->setAccessibleName(action);
     action_->show();
+    FitWords();
+}
+
+void NoteBar::ShowAsFailure(bool isFailure) {
+    words_->setProperty("failure", isFailure);
+    words_->style()->polish(words_);
 }
 
 void NoteBar::CountDown() {
@@ -116,7 +128,8 @@ void NoteBar::CountDown() {
         End();
         return;
     }
-    action_->setText(u"%1 (%2)"_s.arg(actionName_).arg(secondsLeft_));
+    seconds_->setText(u"%1 秒"_s.arg(secondsLeft_));
+    seconds_->show();
 }
 
 void NoteBar::End() {
@@ -128,10 +141,14 @@ void NoteBar::End() {
     words_->setToolTip({});
     sign_->hide();
     action_->hide();
+    seconds_->hide();
     emit Ended();
 }
 
-void NoteBar::Elide() {
+// As wide as they are, or what there is.
+void NoteBar::FitWords() {
+    words_->setMaximumWidth(words_->fontMetrics().horizontalAdvance(text_) + 1);
+    layout()->activate();
     words_->setText(words_->fontMetrics().elidedText(text_, Qt::ElideRight, words_->width()));
 }
 
@@ -141,7 +158,7 @@ void NoteBar::mousePressEvent(QMouseEvent*) {
 
 void NoteBar::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    Elide();
+    FitWords();
 }
 
 }  // namespace commtest

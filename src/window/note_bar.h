@@ -48,19 +48,20 @@ class NoteBar : public QWidget {
   private:
     void Show(const QString& text);
     void ShowSign(Glyph sign, const QColor& colour);
+    void ShowAsFailure(bool isFailure);
     void ShowAction(const QString& action, std::function<void()> take);
     void Take();
     void CountDown();
     void End();
-    void Elide();
+    void FitWords();
 
     const Theme& theme_;
     QLabel* sign_;
     QLabel* words_;
     QPushButton* action_;
-    QTimer timer_;  // of the whole word, or of each second of an offer
+    QLabel* seconds_;  // that an offer still stands
+    QTimer timer_;     // of the whole word, or of each second of an offer
     QString text_;
-    QString actionName_;
     std::function<void()> take_;
     int secondsLeft_ = 0;
 };

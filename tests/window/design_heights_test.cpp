@@ -16,8 +16,10 @@
 #include "window/grid_header.h"
 #include "window/grid_view.h"
 #include "window/main_window.h"
+#include "window/note_bar.h"
 #include "window/search_panel.h"
 #include "window/sidebar.h"
+#include "window/state_line.h"
 #include "window/statistics_label.h"
 #include "window/tab_row.h"
 #include "window/tool_bar.h"
@@ -70,6 +72,23 @@ class DesignHeights : public ::testing::Test {
         QApplication::processEvents();
     }
 };
+
+TEST_F(DesignHeights, LineActionsKeepTheirsWithTheFocus) {
+    window.Notes().Offer("计数已清零", "撤销", [] {});
+    QApplication::processEvents();
+    auto& ofNote = *FindButton(window.Notes(), "撤销");
+    EXPECT_EQ(ofNote.height(), 18);
+    EXPECT_LE(ofNote.geometry().bottom(), window.Notes().rect().bottom());
+    ofNote.setFocus();
+    EXPECT_EQ(ofNote.height(), 18);
+    window.State().AddSource(StateLine::Rank::Failure,
+                             [] { return StateMessage{.text = "甲", .action = "查看记录"}; });
+    QApplication::processEvents();
+    auto& ofLine = *FindButton(window.State(), "查看记录");
+    EXPECT_EQ(ofLine.height(), 24);
+    ofLine.setFocus();
+    EXPECT_EQ(ofLine.height(), 24);
+}
 
 TEST_F(DesignHeights, BandsHaveTheirs) {
     session.Form().FindFrame.SetVisible(true);

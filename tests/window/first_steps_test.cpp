@@ -108,6 +108,15 @@ TEST_F(FirstStepsTest, ActionsDoTheSteps) {
     EXPECT_EQ(trials, 1);
 }
 
+TEST_F(FirstStepsTest, ActionsAreAsHighAsTheDesignHasThemAndStandUnderTheTexts) {
+    constexpr int kPaddingOfAction = 8;
+    for (const FirstStep* step : Steps()->findChildren<FirstStep*>()) {
+        const auto* action = step->findChild<QPushButton*>();
+        EXPECT_EQ(action->height(), 24);
+        EXPECT_EQ(action->x() + kPaddingOfAction, step->findChildren<QLabel*>().at(1)->x());
+    }
+}
+
 TEST_F(FirstStepsTest, AreaKeyAndTabulatorReachThem) {
     window->findChild<CommunicationPage*>()->Parameters().setFocus();
     QTest::keyClick(window.get(), Qt::Key_F6);
