@@ -45,6 +45,7 @@ void ClearedCounters::Clear() {
         if (OfferStands()) Add(taken_);
         taken_ = Counted();
         ConCommMessage_DblClick(binder_.Form());
+        ShowStatistics(binder_.Form());
     });
     notes_.Offer(kCleared, u"撤销"_s, [this] { PutBack(); });
 }

@@ -47,6 +47,13 @@ TEST_F(ClearedCountersTest, StartAnewWithTheOfferOfAWayBack) {
     EXPECT_TRUE(notes.HasOffer());
 }
 
+TEST_F(ClearedCountersTest, AreShownAtOnce) {
+    Count(12, 1, 2, 3);
+    Clear();
+    EXPECT_EQ(label.accessibleName().toStdString(),
+              "总计通讯: 0 次         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 ");
+}
+
 TEST_F(ClearedCountersTest, ComeBackOnTopOfTheNewerOnesAndAreShown) {
     Count(12, 1, 2, 3);
     Clear();
