@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 
 #include "commands/startup.h"
+#include "host/store.h"
 #include "window/bindings.h"
 #include "window/note_bar.h"
 #include "window/notice_words.h"
@@ -16,6 +17,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDotSize = 8;
+
+// The maker, and the catalogue in use. Opened behind a start that had none, its word is there twice.
+QString MakerWords(const MainForm& form) {
+    const QString local = u"    本地数据库"_s;
+    const QString words = ToQt(form.StatusBar1[0].Value());
+    if (!form.outside.store.IsOpen()) return words.section(u"    "_s, 0, 0) + u"    没有目录"_s;
+    return words.endsWith(local + local) ? words.chopped(local.size()) : words;
+}
 
 }  // namespace
 
@@ -37,7 +46,7 @@ void StatusPanels::AddMakerPanel() {
     auto* maker = new QLabel(this);
     maker->setObjectName(u"makerPanel"_s);
     maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
-    Bind(binder_, binder_.Form().StatusBar1[0], *maker);
+    binder_.AtEachLook([maker, &form = binder_.Form()] { maker->setText(MakerWords(form)); });
     maker->installEventFilter(this);
     WhenEntered(*maker, [this] { SwitchCatalogue(); });
     maker_ = maker;

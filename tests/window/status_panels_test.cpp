@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "host/settings_store.h"
+#include "host/store.h"
 #include "window/note_bar.h"
 #include "window/view_bench.h"
 
@@ -49,6 +50,22 @@ TEST_F(StatusPanelsTest, ThreePanelsAreShown) {
     Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
     bench.binder.Look();
     EXPECT_TRUE(Shows("2024年05月06日  12:00:00"));
+}
+
+TEST_F(StatusPanelsTest, CatalogueThatIsNotOpenIsNotNamed) {
+    Form().StatusBar1[0].Set(u"衡岫仪器公司    本地数据库    本地数据库");
+    Form().outside.store.Close();
+    bench.binder.Look();
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司    没有目录");
+}
+
+TEST_F(StatusPanelsTest, CatalogueIsNamedOnce) {
+    Form().StatusBar1[0].Set(u"衡岫仪器公司    本地数据库    本地数据库");
+    bench.binder.Look();
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司    本地数据库");
+    Form().StatusBar1[0].Set(u"衡岫仪器公司    网络数据库    本地数据库");
+    bench.binder.Look();
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司    网络数据库    本地数据库");
 }
 
 TEST_F(StatusPanelsTest, LongWordLeavesPortAndClockTheirWidths) {
