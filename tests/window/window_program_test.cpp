@@ -9,10 +9,13 @@
 #include "window/catalogue_box.h"
 #include "window/note_bar.h"
 #include "window/text_spin_box.h"
+#include "window/widget_search.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTemporaryDir>
@@ -54,6 +57,11 @@ class WindowProgramTest : public ::testing::Test {
         return program->Start();
     }
 
+    QAbstractSpinBox* Field(const char* name) { return FindNamed<QAbstractSpinBox>(program->Window(), name); }
+    void Type(const char* field, const char* text) {
+        Field(field)->selectAll();
+        QTest::keyClicks(Field(field), text);
+    }
     void Leave() {
         RunEvent(Form(), [this] { RunToolbarCommand(Form(), toolbar::kLeave); });
         program->Finish();
@@ -115,18 +123,18 @@ TEST_F(WindowProgramTest, FirstRunWritesTheDefaults) {
 
 TEST_F(WindowProgramTest, ChoicesAreRestored) {
     ASSERT_TRUE(Start());
-    Form().ConMeterAddr.Set(u"7");
-    Form().ConDelayTime.Set(u"250");
-    const Text instrument = Form().ConMeterName[0].At(1);
-    program->Window().Views().Event([&] {
-        Form().ConMeterName[0].Set(instrument);
-        RunIfSet(Form().ConMeterName[0].Click);
-    });
+    auto* names = FindNamed<QComboBox>(program->Window(), "名称");
+    QTest::keyClick(names, Qt::Key_Down);
+    QTest::keyClick(names->view(), Qt::Key_Return);
+    const std::string instrument = names->currentText().toStdString();
+    EXPECT_EQ(instrument, ToUtf8(Form().ConMeterName[0].At(1)));
+    Type("仪表地址", "7");
+    Type("通讯间隔", "250");
     Leave();
     ASSERT_TRUE(Start());
-    EXPECT_EQ(ToUtf8(Form().ConMeterAddr.Value()), "7");
-    EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "250");
-    EXPECT_EQ(ToUtf8(Form().ConMeterName[0].Value()), ToUtf8(instrument));
+    EXPECT_EQ(FindNamed<QComboBox>(program->Window(), "名称")->currentText().toStdString(), instrument);
+    EXPECT_EQ(Field("仪表地址")->text().toStdString(), "7");
+    EXPECT_EQ(Field("通讯间隔")->text().toStdString(), "250");
 }
 
 TEST_F(WindowProgramTest, SessionWithASimulatedInstrumentLeavesTheUsersSettingsAsTheyWere) {
