@@ -25,20 +25,12 @@ Unreadable WhyUnreadable(const Conversation& talk, int row) {
 
 int DecimalsRow(const Conversation& talk, int row) { return NamedDecimalsRow(talk.ParameterGrid(), row); }
 
-Text WithDecimals(const Conversation& talk, int row, const Text& digits) {
-    return InShownDecimals(talk.ParameterGrid(), row, digits, true);
-}
-
 int FormatOf(const Conversation& talk, int row) {
     return WriteFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength));
 }
 
-Text DigitsOf(const Conversation& talk, int row, const Text& entry) {
-    return InShownDecimals(talk.ParameterGrid(), row, entry, false);
-}
-
 Text CodeOf(const Conversation& talk, int row, const Text& entry) {
-    Text code = DigitsOf(talk, row, entry);
+    Text code = EntryInDigits(talk, row, entry);
     ValueToCommCode(code, FormatOf(talk, row));
     return code;
 }
@@ -46,7 +38,7 @@ Text CodeOf(const Conversation& talk, int row, const Text& entry) {
 Text ValueOf(const Conversation& talk, int row, const Text& code) {
     Text value = code;
     CommCodeToValue(value, ReadFormatOfLength(talk.ParameterGrid().Cell(row, column::kLength)));
-    return InShownDecimals(talk.ParameterGrid(), row, value, true);
+    return DigitsInShownDecimals(talk, row, value);
 }
 
 }  // namespace
@@ -56,8 +48,8 @@ const RowManner kNativeRowManner = {.firstRow = FirstRow,
                                     .decimalsRow = DecimalsRow,
                                     .codeOf = CodeOf,
                                     .valueOf = ValueOf,
-                                    .withDecimals = WithDecimals,
+                                    .withDecimals = DigitsInShownDecimals,
                                     .formatOf = FormatOf,
-                                    .digitsOf = DigitsOf};
+                                    .digitsOf = EntryInDigits};
 
 }  // namespace commtest

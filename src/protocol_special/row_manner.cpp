@@ -25,21 +25,13 @@ Unreadable WhyUnreadable(const Conversation& talk, int row) {
 int DecimalsRow(const Conversation& talk, int row) { return NamedDecimalsRow(talk.ParameterGrid(), row); }
 
 Text ValueOfCode(const Conversation& talk, int row, const Text& code) {
-    return InShownDecimals(talk.ParameterGrid(), row, WholeText(HexParse(code)), true);
-}
-
-Text WithDecimals(const Conversation& talk, int row, const Text& digits) {
-    return InShownDecimals(talk.ParameterGrid(), row, digits, true);
+    return DigitsInShownDecimals(talk, row, WholeText(HexParse(code)));
 }
 
 int FormatOf(const Conversation& talk, int) { return FormatOfInstrument(talk); }
 
-Text DigitsOf(const Conversation& talk, int row, const Text& entry) {
-    return InShownDecimals(talk.ParameterGrid(), row, entry, false);
-}
-
 Text CodeOnTheLine(const Conversation& talk, int row, const Text& entry) {
-    return Left(NovaxCodeOf(talk, DigitsOf(talk, row, entry)), 4);
+    return Left(NovaxCodeOf(talk, EntryInDigits(talk, row, entry)), 4);
 }
 
 }  // namespace
@@ -49,9 +41,9 @@ const RowManner kNovaxRowManner = {.firstRow = FirstNovaxRow,
                                    .decimalsRow = DecimalsRow,
                                    .codeOf = CodeOnTheLine,
                                    .valueOf = ValueOfCode,
-                                   .withDecimals = WithDecimals,
+                                   .withDecimals = DigitsInShownDecimals,
                                    .formatOf = FormatOf,
-                                   .digitsOf = DigitsOf};
+                                   .digitsOf = EntryInDigits};
 
 const RowManner kHct615dRowManner = {.firstRow = FirstHct615dRow};
 

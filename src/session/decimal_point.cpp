@@ -6,6 +6,7 @@
 #include "numbers/reading_length.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/conversation.h"
 #include "session/grid_rows.h"
 
 namespace commtest {
@@ -78,6 +79,14 @@ int NamedDecimalsRow(const Grid& grid, int row) {
 
 Text InShownDecimals(const Grid& grid, int row, const Text& value, bool divide) {
     return grid.Cell(row, column::kDecimals) == u"0" ? value : WithDecimalPoint(grid, row, value, divide);
+}
+
+Text DigitsInShownDecimals(const Conversation& talk, int row, const Text& digits) {
+    return InShownDecimals(talk.ParameterGrid(), row, digits, true);
+}
+
+Text EntryInDigits(const Conversation& talk, int row, const Text& entry) {
+    return InShownDecimals(talk.ParameterGrid(), row, entry, false);
 }
 
 Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide) {

@@ -5,6 +5,7 @@
 namespace commtest {
 
 class Grid;
+struct Conversation;
 
 // Scales a value text by the decimals of a grid row and gives it its shown form: divided on reading (1234
 // becomes 12.34), multiplied on writing (12.34 becomes 1234.00). Column 5 of the row is first taken as the
@@ -18,6 +19,11 @@ Text WithDecimalPoint(const Grid& grid, int row, Text value, bool divide);
 
 // The same, but with "0" in column 5 of the row the value stays as it is.
 Text InShownDecimals(const Grid& grid, int row, const Text& value, bool divide);
+
+// InShownDecimals of both ways, as rows of a protocol have it: digits of the instrument in the shown form,
+// and an entry in the digits of the instrument.
+Text DigitsInShownDecimals(const Conversation& talk, int row, const Text& digits);
+Text EntryInDigits(const Conversation& talk, int row, const Text& entry);
 
 // The first row at the address that column 5 of `row` names, among those that `mayHold` allows; 0 if there is
 // none, or if column 5 is "0".

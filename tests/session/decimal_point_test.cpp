@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "session/conversation.h"
 #include "support/error_of.h"
 #include "support/form_bench.h"
 
@@ -226,6 +227,14 @@ TEST_F(DecimalPoint, WithZeroInColumnFiveAValueStaysAsItIs) {
     EXPECT_EQ(ToUtf8(InShownDecimals(grid, 2, u"1234", kReading)), "12.34");
     EXPECT_EQ(ToUtf8(InShownDecimals(grid, 2, u"12.34", kWriting)), "1234.00");
     EXPECT_FALSE(grid.Redraw);
+}
+
+TEST_F(DecimalPoint, RowsOfAProtocolTakeTheirDecimalsFromTheGridOfTheConversation) {
+    Conversation talk;
+    talk.ParameterGrid().SetSize(3, 11);
+    talk.ParameterGrid().SetCell(2, 5, u"2");
+    EXPECT_EQ(ToUtf8(DigitsInShownDecimals(talk, 2, u"1234")), "12.34");
+    EXPECT_EQ(ToUtf8(EntryInDigits(talk, 2, u"12.34")), "1234.00");
 }
 
 TEST_F(DecimalPoint, NoCellIsWritten) {
