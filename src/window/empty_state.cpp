@@ -1,5 +1,6 @@
 #include "window/empty_state.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPushButton>
 
@@ -24,6 +25,7 @@ EmptyState::EmptyState(const QString& icon, const EmptyWords& words, const Theme
       actions_(new QHBoxLayout) {
     setObjectName(QStringLiteral("emptyState"));
     setAttribute(Qt::WA_StyledBackground);
+    setFont(QApplication::font());  // in a pane of frames, too
     text_->setAlignment(Qt::AlignCenter);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);

@@ -17,12 +17,14 @@ namespace {
 
 constexpr auto kTimeOfAWord = 6s;
 constexpr int kGlyphSize = 16;
+constexpr int kEdgeLength = 12;
 
 }  // namespace
 
 NoteBar::NoteBar(const Theme& theme, QWidget* parent)
     : QWidget(parent),
       theme_(theme),
+      edge_(MakeHairline(Qt::Vertical, kEdgeLength)),
       sign_(new QLabel(this)),
       words_(new QLabel(this)),
       action_(MakeLineAction({})),
@@ -34,6 +36,8 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
     sign_->setFixedWidth(kGlyphSize);
     words_->setMinimumWidth(0);
     words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout->addWidget(edge_);
+    layout->addSpacing(4);
     layout->addWidget(sign_);
     layout->addWidget(words_, 1);
     layout->addWidget(action_);
@@ -96,6 +100,7 @@ void NoteBar::Show(const QString& text) {
     seconds_->hide();
     sign_->hide();
     ShowAsFailure(false);
+    edge_->show();
     const bool isNew = std::exchange(text_, text) != text;
     words_->setToolTip(text);
     words_->setAccessibleName(text);
@@ -142,6 +147,7 @@ void NoteBar::End() {
     sign_->hide();
     action_->hide();
     seconds_->hide();
+    edge_->hide();
     emit Ended();
 }
 

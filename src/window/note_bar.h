@@ -56,6 +56,7 @@ class NoteBar : public QWidget {
     void FitWords();
 
     const Theme& theme_;
+    QFrame* edge_;  // in front of a word
     QLabel* sign_;
     QLabel* words_;
     QPushButton* action_;

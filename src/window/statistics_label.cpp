@@ -37,6 +37,7 @@ StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, 
 // The place of a longer text is kept, so that the line is not laid out anew at each exchange.
 void StatisticsLabel::Show(const QString& caption, const StatisticsNumbers& numbers) {
     setAccessibleName(caption);
+    setFocusPolicy(caption.isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     Divide(caption, numbers);
     const QFontMetricsF metrics(font());
     double width = 0;

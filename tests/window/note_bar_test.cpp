@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <algorithm>
 
 #include "window/view_bench.h"
 
@@ -117,6 +118,18 @@ TEST_F(NoteBarTest, ActionStandsBesideTheWordsAndTheSecondsBehindIt) {
     notes.resize(150, 24);
     EXPECT_EQ(Action().x(), Words()->geometry().right() + 1 + 4);
     EXPECT_LE(Label("10 秒")->geometry().right(), 150);
+}
+
+TEST_F(NoteBarTest, LinePartsAWordFromWhatStandsInFront) {
+    const QList<QFrame*> frames = notes.findChildren<QFrame*>();
+    const QFrame* edge = *std::ranges::find_if(
+        frames, [](const QFrame* frame) { return frame->property("hairline").toBool(); });
+    EXPECT_FALSE(edge->isVisible());
+    notes.Say("已存");
+    EXPECT_TRUE(edge->isVisible());
+    EXPECT_LT(edge->x(), Words()->x());
+    QTest::mousePress(&notes, Qt::LeftButton);
+    EXPECT_FALSE(edge->isVisible());
 }
 
 TEST_F(NoteBarTest, OnlyAFailureIsInTheColourOfFailures) {

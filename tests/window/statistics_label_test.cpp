@@ -57,6 +57,12 @@ class StatisticsLabelTest : public ::testing::Test {
     }
 };
 
+TEST_F(StatisticsLabelTest, TabulatorPassesItWhileItSaysNothing) {
+    EXPECT_EQ(label.focusPolicy(), Qt::NoFocus);
+    Show({12, 0, 0, 0});
+    EXPECT_EQ(label.focusPolicy(), Qt::TabFocus);
+}
+
 TEST_F(StatisticsLabelTest, PlainTextIsItsAccessibleName) {
     Show({.sent = 4, .checkErrors = 1});
     EXPECT_EQ(label.accessibleName().toStdString(),
