@@ -1,6 +1,5 @@
 #include "window/empty_state.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QPushButton>
 
@@ -19,13 +18,13 @@ EmptyState::EmptyState(const QString& icon, const EmptyWords& words, const Theme
     : QWidget(parent),
       theme_(theme),
       icon_(icon),
-      sign_(new QLabel(this)),
-      head_(new QLabel(this)),
+      sign_(new QLabel),
+      head_(new QLabel),
       text_(MakeHint({})),
       actions_(new QHBoxLayout) {
     setObjectName(QStringLiteral("emptyState"));
     setAttribute(Qt::WA_StyledBackground);
-    setFont(QApplication::font());  // in a pane of frames, too
+    setFont(Theme::UiFont());  // in a pane of frames, too
     text_->setAlignment(Qt::AlignCenter);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);

@@ -62,6 +62,15 @@ TEST_F(EmptyPagesTest, EmptyRecordingsOfferTheCapture) {
     EXPECT_FALSE(Stands("没有录制的数据"));
 }
 
+TEST_F(EmptyPagesTest, WordsInAPaneOfFramesAreNotInItsType) {
+    RecordView* record = MakeCommPane(bench.binder, bench.theme, 1, &window);
+    AddEmptyRecordState(bench.binder, bench.theme, *record);
+    const QList<QLabel*> words = record->findChildren<QLabel*>();
+    ASSERT_FALSE(words.empty());
+    EXPECT_NE(record->font().family(), window.font().family());
+    for (const QLabel* label : words) EXPECT_EQ(label->font().family(), window.font().family());
+}
+
 TEST_F(EmptyPagesTest, MachineWithoutAPortIsLookedAtWhenThePageIsShownAndOnDemand) {
     bench.session.line.Ports.clear();
     bench.binder.Look();

@@ -52,12 +52,6 @@ TEST_F(EmptyPanesTest, RecordSaysHowToFillItUntilItHasABlock) {
     EXPECT_FALSE(OfRecord().isVisible());
 }
 
-TEST_F(EmptyPanesTest, WordsAreNotInTheTypeOfFrames) {
-    EXPECT_NE(record.font().family(), QApplication::font().family());
-    for (const QLabel* label : OfRecord().findChildren<QLabel*>())
-        EXPECT_EQ(label->font().family(), QApplication::font().family());
-}
-
 TEST_F(EmptyPanesTest, RecordOfARunningSessionWaitsForItsFirstBlockWithoutAWord) {
     session.Start();
     window.Views().Look();
