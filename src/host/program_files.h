@@ -3,7 +3,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "host/byte_reader.h"
 #include "runtime/text.h"
 
 namespace commtest {
@@ -50,6 +52,14 @@ class ProgramFiles {
     virtual FileText ReadEnd(const Text& name) const = 0;
 
     virtual std::unique_ptr<LineReader> ReadLines(const Text& name) const = 0;
+
+    virtual std::unique_ptr<ByteReader> OpenBytes(const Text& name) const = 0;
+
+    // The names of the folder that begin so, in the order of their texts.
+    virtual std::vector<Text> NamesBeginning(const Text& beginning) const = 0;
+
+    // Error 52 if it cannot be removed.
+    virtual void Remove(const Text& name) = 0;
 
     // A missing file is made. Error 76 if its folder is missing.
     virtual std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -11,7 +13,7 @@ enum class StoreEngine { Sqlite, SqlServer, PostgreSql };
 
 // Where a store is: a file of the embedded engine, or the connection string of a server.
 struct StoreAddress {
-    enum class Kind { LocalFile, Server };
+    enum class Kind { LocalFile, NewFile, Server };
     Kind kind = Kind::LocalFile;
     Text location;             // path of the file, or the connection string
     std::vector<Text> tables;  // what a store must hold to be taken; empty takes any
@@ -31,14 +33,27 @@ struct StoreRows {
     Text At(std::size_t row, std::size_t column) const;
 };
 
+// The rows of one query, of which no more than one is held. While it stands, its store runs nothing else.
+class RowCursor {
+  public:
+    virtual ~RowCursor() = default;
+
+    // The next row, the first one at first; false behind the last.
+    virtual bool Next() = 0;
+
+    // A value of the row as text, a null as the empty text.
+    virtual Text At(std::size_t column) const = 0;
+};
+
 // One connection to the catalogue's store. A statement that fails raises the store's run-time error with the
 // engine's text (RuntimeError::OfStore); so does every statement while the store is closed.
 class Store {
   public:
     virtual ~Store() = default;
 
-    // Never makes a file. Counts as open only after one statement has run; a store without the tables of the
-    // address is refused, and its file is not written. A server is given up after 5 seconds.
+    // Makes a file only where a new one is wanted, which must not be there yet. Counts as open only after one
+    // statement has run; a store without the tables of the address is refused, and its file is not written. A
+    // server is given up after 5 seconds.
     virtual void Open(const StoreAddress& address) = 0;
     virtual void Close() = 0;
     virtual bool IsOpen() const = 0;
@@ -46,6 +61,7 @@ class Store {
     virtual StoreEngine Engine() const = 0;
 
     virtual StoreRows Query(const Text& sql) = 0;
+    virtual std::unique_ptr<RowCursor> OpenCursor(const Text& sql) = 0;
     virtual void Execute(const Text& sql) = 0;
 
     // Adds one row; values go in as data, not as part of the statement.
@@ -55,6 +71,9 @@ class Store {
     virtual void BeginTransaction() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
+
+    // A second connection of the same kind, closed.
+    virtual std::unique_ptr<Store> Another() const = 0;
 };
 
 // Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,

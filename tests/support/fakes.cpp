@@ -26,6 +26,23 @@ class LinesOfText : public LineReader {
     Text rest_;
 };
 
+class BytesOfText : public ByteReader {
+  public:
+    explicit BytesOfText(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    std::size_t Read(char* to, std::size_t room) override {
+        const std::size_t count = bytes_.copy(to, room, at_);
+        at_ += count;
+        return count;
+    }
+    void Rewind() override { at_ = 0; }
+    std::uint64_t Size() const override { return bytes_.size(); }
+
+  private:
+    std::string bytes_;
+    std::size_t at_ = 0;
+};
+
 class GrowingBytes : public GrowingFile {
   public:
     explicit GrowingBytes(std::string& file) : file_(file) {}
@@ -101,6 +118,18 @@ FileText FakeProgramFiles::ReadEnd(const Text& name) const {
 
 std::unique_ptr<LineReader> FakeProgramFiles::ReadLines(const Text& name) const {
     return std::make_unique<LinesOfText>(ReadWhole(name));
+}
+
+std::unique_ptr<ByteReader> FakeProgramFiles::OpenBytes(const Text& name) const {
+    return std::make_unique<BytesOfText>(std::string(kUtf8Mark) + ToUtf8(ReadWhole(name)));
+}
+
+std::vector<Text> FakeProgramFiles::NamesBeginning(const Text& beginning) const {
+    std::vector<Text> names;
+    for (const auto& file : TextFiles) {
+        if (file.first.starts_with(beginning)) names.push_back(file.first);
+    }
+    return names;
 }
 
 std::unique_ptr<GrowingFile> FakeProgramFiles::OpenForAppend(const Text& name) {

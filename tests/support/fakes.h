@@ -50,7 +50,7 @@ class FakeDialogs : public Dialogs {
     std::size_t nextAnswer_ = 0;
 };
 
-// The program folder in memory.
+// The program folder in memory. Its texts are UTF-8 with a mark where they are read as bytes.
 class FakeProgramFiles : public ProgramFiles {
   public:
     std::map<Text, Text> TextFiles;
@@ -65,6 +65,9 @@ class FakeProgramFiles : public ProgramFiles {
     Text ReadWhole(const Text& name) const override;
     FileText ReadEnd(const Text& name) const override;
     std::unique_ptr<LineReader> ReadLines(const Text& name) const override;
+    std::unique_ptr<ByteReader> OpenBytes(const Text& name) const override;
+    std::vector<Text> NamesBeginning(const Text& beginning) const override;
+    void Remove(const Text& name) override { TextFiles.erase(name); }
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override { ErrorFile.clear(); }

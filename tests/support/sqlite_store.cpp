@@ -37,6 +37,8 @@ void SqliteStore::Open(const StoreAddress& address) {
             offer->second(*this);
         } else if (address.kind == StoreAddress::Kind::LocalFile) {
             Connect(ToUtf8(address.location));
+        } else if (address.kind == StoreAddress::Kind::NewFile) {
+            Connect(ToUtf8(address.location), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         } else {
             throw RuntimeError::OfStore(u"no server answers");
         }
@@ -47,9 +49,9 @@ void SqliteStore::Open(const StoreAddress& address) {
     }
 }
 
-void SqliteStore::Connect(const std::string& file) {
+void SqliteStore::Connect(const std::string& file, int flags) {
     sqlite3* connection = nullptr;
-    const int result = sqlite3_open_v2(file.c_str(), &connection, SQLITE_OPEN_READWRITE, nullptr);
+    const int result = sqlite3_open_v2(file.c_str(), &connection, flags, nullptr);
     connection_.reset(connection);
     if (result != SQLITE_OK) Raise();
     Execute(u"PRAGMA foreign_keys=ON");
@@ -67,6 +69,22 @@ StoreRows SqliteStore::Query(const Text& sql) {
         result.rows.push_back(std::move(row));
     }
     return result;
+}
+
+std::unique_ptr<RowCursor> SqliteStore::OpenCursor(const Text& sql) {
+    class Cursor : public RowCursor {
+      public:
+        Cursor(SqliteStore& store, Statement statement) : store_(store), statement_(std::move(statement)) {}
+        bool Next() override { return store_.Step(statement_); }
+        Text At(std::size_t column) const override {
+            return ColumnOf(statement_.get(), static_cast<int>(column)).value_or(Text());
+        }
+
+      private:
+        SqliteStore& store_;
+        Statement statement_;
+    };
+    return std::make_unique<Cursor>(*this, Prepare(sql));
 }
 
 void SqliteStore::Execute(const Text& sql) {

@@ -25,6 +25,7 @@ class SqliteStore : public Store {
     StoreEngine Engine() const override { return StoreEngine::Sqlite; }
 
     StoreRows Query(const Text& sql) override;
+    std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
     void Execute(const Text& sql) override;
     void AddRow(const Text& table, const std::vector<Text>& columns,
                 const std::vector<StoreValue>& values) override;
@@ -32,6 +33,8 @@ class SqliteStore : public Store {
     void BeginTransaction() override { Execute(u"BEGIN"); }
     void Commit() override { Execute(u"COMMIT"); }
     void Rollback() override { Execute(u"ROLLBACK"); }
+
+    std::unique_ptr<Store> Another() const override { return std::make_unique<SqliteStore>(); }
 
   private:
     struct CloseConnection {
@@ -42,7 +45,7 @@ class SqliteStore : public Store {
     };
     using Statement = std::unique_ptr<sqlite3_stmt, FinishStatement>;
 
-    void Connect(const std::string& file);
+    void Connect(const std::string& file, int flags = SQLITE_OPEN_READWRITE);
     Statement Prepare(const Text& sql);
     bool Step(const Statement& statement);  // false at the end
     [[noreturn]] void Raise() const;
