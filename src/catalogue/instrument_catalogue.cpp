@@ -118,6 +118,8 @@ void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {
                    parameter.lowerLimit, parameter.upperLimit});
 }
 
-StoreRows InstrumentCatalogue::ExportRows() const { return store_.Query(PageOf(store_).exportRows); }
+std::unique_ptr<RowCursor> InstrumentCatalogue::OpenExportRows() const {
+    return store_.OpenCursor(PageOf(store_).exportRows);
+}
 
 }  // namespace commtest

@@ -102,7 +102,7 @@ class InstrumentCatalogue {
     void AddInstrument(const InstrumentRecord& instrument);
     void AddParameter(const ParameterRecord& parameter);
     // 参数名称, 合成地址, 长度, 小数点, 属性, 下限值, 上限值, 仪表名称, 编号
-    StoreRows ExportRows() const;
+    std::unique_ptr<RowCursor> OpenExportRows() const;
 
   private:
     Store& store_;

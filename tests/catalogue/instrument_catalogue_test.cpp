@@ -30,6 +30,14 @@ std::vector<std::string> Lines(const StoreRows& result) {
     return lines;
 }
 
+constexpr std::size_t kExportColumns = 9;
+
+std::string LineOf(const RowCursor& row, std::size_t columns) {
+    std::string line = ToUtf8(row.At(0));
+    for (std::size_t i = 1; i < columns; ++i) line += " " + ToUtf8(row.At(i));
+    return line;
+}
+
 class InstrumentCatalogueTest : public ::testing::Test {
   protected:
     void AddInstrument(int id, const Text& name, const Text& code, int classId = 1) {
@@ -230,8 +238,12 @@ TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFro
     AddInstrument(2, u"表二", u"12000101", 1);
     AddParameter(1, 1, u"值一", u"0010", u"2");
     AddParameter(2, 2, u"值二", u"0012", u"4");
-    EXPECT_THAT(Lines(catalogue.ExportRows()),
-                ElementsAre("值二 40012 4 0 RW -1 9 表二 12000101", "值一 20010 2 0 RW -1 9 表一 11000201"));
+    const auto rows = catalogue.OpenExportRows();
+    ASSERT_TRUE(rows->Next());
+    EXPECT_EQ(LineOf(*rows, kExportColumns), "值二 40012 4 0 RW -1 9 表二 12000101");
+    ASSERT_TRUE(rows->Next());
+    EXPECT_EQ(LineOf(*rows, kExportColumns), "值一 20010 2 0 RW -1 9 表一 11000201");
+    EXPECT_FALSE(rows->Next());
 }
 
 TEST_F(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmedNames) {

@@ -1,6 +1,7 @@
 // vector_runner < FILE.jsonl: calls the routine of each line and writes the line back with what it gave, see
 // tests/cases/README.md.
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <map>
@@ -8,6 +9,11 @@
 #include <string>
 #include <type_traits>
 
+#include "catalogue/channel_table.h"
+#include "catalogue/instrument_catalogue.h"
+#include "catalogue/parameter_list_export.h"
+#include "catalogue/parameter_list_import.h"
+#include "host/file_names.h"
 #include "numbers/bcd_code_explainer.h"
 #include "numbers/bit_text.h"
 #include "numbers/comm_code_explainer.h"
@@ -33,6 +39,7 @@
 #include "session/decimal_point.h"
 #include "session/grid_rows.h"
 #include "support/bench_session.h"
+#include "support/sqlite_store.h"
 #include "tools/data_tools.h"
 #include "tools/tool_checks.h"
 
@@ -200,6 +207,115 @@ Json CallScale(const Json& in) {
     return ToUtf8(value);
 }
 
+// --- Lists ---
+
+Replacements ReplacementsAt(const Json& in, std::size_t index) {
+    Replacements replacements;
+    for (const Json& pair : in.at(index)) replacements.emplace_back(TextAt(pair, 0), TextAt(pair, 1));
+    return replacements;
+}
+
+Json CallRepairImportLine(const Json& in) {
+    Text line = TextAt(in, 0);
+    RepairImportLine(line, ReplacementsAt(in, 1));
+    return ToUtf8(line);
+}
+
+Json RowsOf(const StoreRows& table, const std::vector<std::string>& numbers) {
+    Json rows = Json::array();
+    for (std::size_t row = 0; row < table.rows.size(); ++row) {
+        Json values = Json::object();
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            const std::string column = ToUtf8(table.columns[i]);
+            const bool isNumber = std::find(numbers.begin(), numbers.end(), column) != numbers.end();
+            const std::string value = ToUtf8(table.At(row, i));
+            values[column] = isNumber ? Json(std::stoi(value)) : Json(value);
+        }
+        rows.push_back(std::move(values));
+    }
+    return rows;
+}
+
+// The characters of the code, which stand where no class has their number, are text; the store has a number.
+Json InstrumentsOf(const InstrumentCatalogue& catalogue) {
+    Json instruments = RowsOf(catalogue.AllInstruments(), {"仪表ID"});
+    for (Json& instrument : instruments) {
+        const Text characters = Mid(FromUtf8(instrument["编号"].get<std::string>()), 5, 2);
+        const auto name = instrument["类别"].get<std::string>();
+        Json& id = instrument["类别ID"];
+        id = name == ToUtf8(characters) ? Json(name) : Json(std::stoi(id.get<std::string>()));
+    }
+    return instruments;
+}
+
+Json CallImportParameterList(const Json& in) {
+    const auto store = testing::MakeEmptyCatalogue();
+    InstrumentCatalogue catalogue(*store);
+    for (const Json& pair : in.at(1)) catalogue.AddClass(TextAt(pair, 0), pair.at(1).get<int>());
+    for (const auto& [wanted, put] : ReplacementsAt(in, 2)) {
+        store->AddRow(u"字符_替换", {u"原字符", u"新字符"}, {wanted, put});
+    }
+    testing::FakeProgramFiles files;
+    files.TextFiles[Text(kListFileName)] = TextAt(in, 0);
+    testing::FakeDialogs dialogs;
+    ImportParameterList(*store, files, dialogs);
+    const std::string message = dialogs.Texts().at(0);
+    const std::string tail = "  参数数据导入出现错误！";
+    const bool bad = message.ends_with(tail);
+    return {{"instruments", InstrumentsOf(catalogue)},
+            {"params", RowsOf(catalogue.AllParameters(), {"仪表ID", "ID"})},
+            {"bad", bad},
+            {"message_tail", bad ? tail : message},
+            {"message", message}};
+}
+
+void AddExportRow(InstrumentCatalogue& catalogue, const Json& row, int instrument, int id) {
+    ParameterRecord parameter;
+    parameter.id = id;
+    parameter.instrumentId = instrument;
+    parameter.name = TextAt(row, 0);
+    parameter.length = Left(TextAt(row, 1), 1);
+    parameter.address = Mid(TextAt(row, 1), 2);
+    parameter.decimalPoint = TextAt(row, 3);
+    parameter.attribute = TextAt(row, 4);
+    parameter.lowerLimit = TextAt(row, 5);
+    parameter.upperLimit = TextAt(row, 6);
+    catalogue.AddParameter(parameter);
+}
+
+// The rows stand in the catalogue so that its query gives them in their order.
+Json CallExportParameterList(const Json& in) {
+    const auto store = testing::MakeEmptyCatalogue();
+    InstrumentCatalogue catalogue(*store);
+    InstrumentRecord instrument;
+    int id = 0;
+    for (const Json& row : in.at(0)) {
+        const Text name = TextAt(row, 7);
+        if (instrument.id == 0 || instrument.name != name || instrument.code != TextAt(row, 8)) {
+            ++instrument.id;
+            instrument.name = name;
+            instrument.code = TextAt(row, 8);
+            instrument.classId = u"1";
+            catalogue.AddInstrument(instrument);
+        }
+        AddExportRow(catalogue, row, instrument.id, ++id);
+    }
+    testing::FakeProgramFiles files;
+    Text& file = files.TextFiles[Text(kListCopyFileName)];
+    file = TextAt(in, 1);
+    ExportParameterList(*store, files);
+    return ToUtf8(file);
+}
+
+Json CallGenerateChannelTable(const Json& in) {
+    testing::FakeProgramFiles files;
+    files.TextFiles[Text(kTemplateFileName)] = TextAt(in, 0);
+    Text& file = files.TextFiles[Text(kChannelTableFileName)];
+    file = TextAt(in, 1);
+    GenerateChannelTable(files);
+    return ToUtf8(file);
+}
+
 const std::map<std::string, Routine>& Routines() {
     static const std::map<std::string, Routine> routines = {
         {"HexParse", CallHexParse},
@@ -234,6 +350,10 @@ const std::map<std::string, Routine>& Routines() {
         {"ApplyDecimalPoint", CallScale<ApplyDecimalPoint>},
         {"ScaleByDecimalRow", CallScale<ScaleByDecimalRow>},
         {"BuildHct615dReadRequest", CallBuildHct615dReadRequest},
+        {"ExportParameterList", CallExportParameterList},
+        {"GenerateChannelTable", CallGenerateChannelTable},
+        {"ImportParameterList", CallImportParameterList},
+        {"RepairImportLine", CallRepairImportLine},
         {"ExplainAccumulatedValue", CallExplain<ExplainAccumulatedValue>},
         {"ExplainBcdCode", CallExplain<ExplainBcdCode>},
         {"ExplainCommCode", CallExplainCommCode},

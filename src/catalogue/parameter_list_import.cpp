@@ -1,0 +1,138 @@
+#include "catalogue/parameter_list_import.h"
+
+#include <utility>
+
+#include "catalogue/parameter_list_export.h"
+#include "host/file_names.h"
+#include "runtime/number.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+namespace {
+
+bool IsSameNumber(const Text& one, const Text& other) {
+    return IsMet([&] { return ToNumber(one) == ToNumber(other); });
+}
+
+}  // namespace
+
+TextView ListProtocolOf(int code) {
+    switch (code) {
+        case 12: return u"TQ仪表协议-定制累加和";
+        case 13: return u"TQ仪表协议-定制异或和";
+        case 21: return u"ModBus-Ascii协议";
+        case 22: return u"ModBus-Ascii协议-定制01";
+        case 23: return u"ModBus-Ascii协议-定制02";
+        case 31: return u"ModBus-RTU协议";
+        case 32: return u"ModBus-RTU协议-定制01";
+        case 33: return u"ModBus-RTU协议-KD700记录仪";
+        case 34: return u"ModBus-RTU协议-TQ记录仪板卡";
+        case 35: return u"ModBus-RTU协议-标准流量表";
+        case 41: return u"TQ特殊仪表协议-NOVAX";
+        case 42: return u"TQ特殊仪表协议-HCT615D";
+        case kModuleCode: return u"ModBus-RTU协议-M46T";
+        default: return u"TQ仪表协议";
+    }
+}
+
+ParameterRecord ParameterOfList(const ListRow& row, int protocolCode) {
+    ParameterRecord parameter;
+    parameter.name = row.name;
+    parameter.length = protocolCode == kModuleCode ? u"2" : Left(row.address, 1);
+    parameter.address = protocolCode == kModuleCode ? row.address : u"0" + Mid(row.address, 2);
+    parameter.decimalPoint = row.decimalPoint;
+    parameter.attribute = row.attribute;
+    parameter.lowerLimit = row.lowerLimit;
+    parameter.upperLimit = row.upperLimit;
+    return parameter;
+}
+
+ClassOfList ClassOfCode(const Text& code, const StoreRows& classes) {
+    const Text wanted = Mid(code, 5, 2);
+    for (std::size_t row = 0; row < classes.rows.size(); ++row) {
+        if (IsSameNumber(classes.At(row, 1), wanted)) return {classes.At(row, 0), classes.At(row, 1), true};
+    }
+    return {wanted, wanted, false};
+}
+
+ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list)
+    : store_(store), catalogue_(store), lines_(std::move(list)) {
+    store_.BeginTransaction();
+    try {
+        catalogue_.ClearCatalogue();
+        classes_ = catalogue_.Classes();
+        walk_ = std::make_unique<ListWalk>(lines_, ReplacementsOf(catalogue_.Replacements()));
+    } catch (...) {
+        PassOverError([&] { store_.Rollback(); });
+        throw;
+    }
+}
+
+ParameterListImport::~ParameterListImport() {
+    if (isOpen_) PassOverError([&] { store_.Rollback(); });
+}
+
+bool ParameterListImport::Step() {
+    switch (walk_->Next()) {
+        case ListWalk::Step::Device: AddDevice(); return true;
+        case ListWalk::Step::Row: AddRow(); return true;
+        case ListWalk::Step::ListEnd: return false;
+        case ListWalk::Step::Passed:
+        case ListWalk::Step::BlockEnd: return true;
+    }
+    return true;
+}
+
+void ParameterListImport::AddDevice() {
+    const ListDevice& device = walk_->Device();
+    const ClassOfList itsClass = ClassOfCode(device.code, classes_);
+    InstrumentRecord instrument;
+    instrument.id = ++instrumentId_;
+    instrument.name = device.name;
+    instrument.code = device.code;
+    instrument.sortKey = Mid(device.code, 1, 2);
+    protocolCode_ = ToWhole16(instrument.sortKey);
+    instrument.protocol = ListProtocolOf(protocolCode_);
+    instrument.className = itsClass.name;
+    instrument.classId = itsClass.id;
+    catalogue_.AddInstrument(instrument);
+}
+
+// Q211: the address is never at fault, since it is found by its digits.
+void ParameterListImport::AddRow() {
+    const ListRow& row = walk_->Row();
+    if (!IsHexadecimal(row.decimalPoint)) badParameters_.push_back(row.name);
+    if (row.name.empty()) return;
+    ParameterRecord parameter = ParameterOfList(row, protocolCode_);
+    parameter.id = ++parameterId_;
+    parameter.instrumentId = instrumentId_;
+    catalogue_.AddParameter(parameter);
+}
+
+void ParameterListImport::Commit() {
+    store_.Commit();
+    isOpen_ = false;
+}
+
+Text ParameterListImport::Message() const {
+    if (badParameters_.empty()) return u"数据库重置完毕！";
+    Text names;
+    for (const Text& name : badParameters_) names += u"、" + name;
+    return Mid(names, 2) + u"  参数数据导入出现错误！";
+}
+
+void ImportParameterList(Store& store, ProgramFiles& files, Dialogs& dialogs) {
+    Text message;
+    {
+        ParameterListImport import(store, files.OpenBytes(Text(kListFileName)));
+        while (import.Step()) {
+        }
+        import.Commit();
+        message = import.Message();
+    }
+    dialogs.ShowMessage(message, {});
+    ExportParameterList(store, files);
+}
+
+}  // namespace commtest
