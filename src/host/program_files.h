@@ -53,9 +53,10 @@ class ProgramFiles {
 
     virtual std::unique_ptr<LineReader> ReadLines(const Text& name) const = 0;
 
+    // Error 52 if it cannot be read.
     virtual std::unique_ptr<ByteReader> OpenBytes(const Text& name) const = 0;
 
-    // The names of the folder that begin so, in the order of their texts.
+    // The names of the files in the program folder itself that begin so, in the order of their texts.
     virtual std::vector<Text> NamesBeginning(const Text& beginning) const = 0;
 
     // Error 52 if it cannot be removed.

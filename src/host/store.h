@@ -41,8 +41,10 @@ class RowCursor {
     // The next row, the first one at first; false behind the last.
     virtual bool Next() = 0;
 
+    virtual StoreValue ValueAt(std::size_t column) const = 0;
+
     // A value of the row as text, a null as the empty text.
-    virtual Text At(std::size_t column) const = 0;
+    Text At(std::size_t column) const { return ValueAt(column).value_or(Text()); }
 };
 
 // One connection to the catalogue's store. A statement that fails raises the store's run-time error with the

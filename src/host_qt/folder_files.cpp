@@ -75,6 +75,27 @@ class FolderFileLines : public LineReader {
     bool isUtf8_ = false;
 };
 
+class FolderFileBytes : public ByteReader {
+  public:
+    explicit FolderFileBytes(const QString& path) : file_(path) {
+        if (file_.open(QIODevice::ReadOnly)) return;
+        throw RuntimeError(file_.exists() ? RuntimeError::kBadFile : RuntimeError::kFileNotFound);
+    }
+
+    std::size_t Read(char* to, std::size_t room) override {
+        const qint64 count = file_.read(to, static_cast<qint64>(room));
+        if (count < 0) throw RuntimeError(RuntimeError::kBadFile);
+        return static_cast<std::size_t>(count);
+    }
+
+    void Rewind() override { file_.seek(0); }
+
+    std::uint64_t Size() const override { return static_cast<std::uint64_t>(file_.size()); }
+
+  private:
+    QFile file_;
+};
+
 class GrowingFolderFile : public GrowingFile {
   public:
     explicit GrowingFolderFile(const QString& path) : file_(path) {
@@ -122,6 +143,24 @@ FileText FolderFiles::ReadEnd(const Text& name) const {
 
 std::unique_ptr<LineReader> FolderFiles::ReadLines(const Text& name) const {
     return std::make_unique<FolderFileLines>(FullPath(name));
+}
+
+std::unique_ptr<ByteReader> FolderFiles::OpenBytes(const Text& name) const {
+    return std::make_unique<FolderFileBytes>(FullPath(name));
+}
+
+std::vector<Text> FolderFiles::NamesBeginning(const Text& beginning) const {
+    std::vector<Text> names;
+    for (const QString& file : QDir(folder_).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted)) {
+        Text name = file.toStdU16String();
+        if (name.starts_with(beginning)) names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void FolderFiles::Remove(const Text& name) {
+    if (!QFile::remove(FullPath(name))) throw RuntimeError(RuntimeError::kBadFile);
 }
 
 std::unique_ptr<GrowingFile> FolderFiles::OpenForAppend(const Text& name) {

@@ -21,6 +21,9 @@ class FolderFiles : public ProgramFiles {
     Text ReadWhole(const Text& name) const override;
     FileText ReadEnd(const Text& name) const override;
     std::unique_ptr<LineReader> ReadLines(const Text& name) const override;
+    std::unique_ptr<ByteReader> OpenBytes(const Text& name) const override;
+    std::vector<Text> NamesBeginning(const Text& beginning) const override;
+    void Remove(const Text& name) override;
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override;

@@ -1,5 +1,6 @@
 #include "host_qt/qt_store.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -48,6 +49,28 @@ QVariant VariantOf(const StoreValue& value) {
     return value ? QVariant(ToQt(*value)) : QVariant(QMetaType::fromType<QString>());
 }
 
+QString UriOf(const QFileInfo& file) {
+    return QString::fromLatin1(QUrl::fromLocalFile(file.absoluteFilePath()).toEncoded());
+}
+
+class QueryCursor : public RowCursor {
+  public:
+    explicit QueryCursor(QSqlQuery query) : query_(std::move(query)) {}
+
+    bool Next() override {
+        if (query_.next()) return true;
+        if (query_.lastError().isValid()) Raise(query_.lastError());
+        return false;
+    }
+
+    StoreValue ValueAt(std::size_t column) const override {
+        return ValueOf(query_.value(static_cast<int>(column)));
+    }
+
+  private:
+    QSqlQuery query_;
+};
+
 }  // namespace
 
 QtStore::QtStore() : connectionName_(QUuid::createUuid().toString(QUuid::Id128)) {}
@@ -56,14 +79,16 @@ QtStore::~QtStore() { Close(); }
 
 void QtStore::Open(const StoreAddress& address) {
     Close();
-    const bool isFile = address.kind == StoreAddress::Kind::LocalFile;
+    const bool isFile = address.kind != StoreAddress::Kind::Server;
     try {
-        if (isFile) {
+        if (address.kind == StoreAddress::Kind::LocalFile) {
             OpenFile(address);
+        } else if (address.kind == StoreAddress::Kind::NewFile) {
+            OpenNewFile(address);
         } else {
             Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
         }
-        RequireTables(*this, address.tables);
+        if (address.kind != StoreAddress::Kind::NewFile) RequireTables(*this, address.tables);
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.
@@ -74,11 +99,31 @@ void QtStore::Open(const StoreAddress& address) {
 void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
     if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
-    const QString uri = QString::fromLatin1(QUrl::fromLocalFile(file.absoluteFilePath()).toEncoded());
+    const QString uri = UriOf(file);
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
     Connect(u"QSQLITE"_s, uri + u"?immutable=1"_s, u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
     RequireTables(*this, address.tables);
     Close();
+    ConnectToFile(uri);
+}
+
+void QtStore::OpenNewFile(const StoreAddress& address) {
+    QFile file(ToQt(address.location));
+    if (!file.open(QIODevice::NewOnly)) {
+        throw RuntimeError::OfStore(file.exists() ? u"文件已存在" : u"不能建立数据库文件");
+    }
+    file.close();
+    try {
+        ConnectToFile(UriOf(QFileInfo(file)));
+        RequireTables(*this, address.tables);
+    } catch (const RuntimeError&) {
+        Close();
+        file.remove();
+        throw;
+    }
+}
+
+void QtStore::ConnectToFile(const QString& uri) {
     Connect(u"QSQLITE"_s, uri + u"?mode=rw"_s,
             u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(kPatienceSeconds * 1000));
     Execute(u"PRAGMA foreign_keys=ON");
@@ -111,6 +156,10 @@ StoreRows QtStore::Query(const Text& sql) {
     }
     if (query.lastError().isValid()) Raise(query.lastError());
     return result;
+}
+
+std::unique_ptr<RowCursor> QtStore::OpenCursor(const Text& sql) {
+    return std::make_unique<QueryCursor>(Run(sql));
 }
 
 void QtStore::Execute(const Text& sql) { Run(sql); }

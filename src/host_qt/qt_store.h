@@ -25,6 +25,7 @@ class QtStore : public Store {
     StoreEngine Engine() const override { return engine_; }
 
     StoreRows Query(const Text& sql) override;
+    std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
     void Execute(const Text& sql) override;
     void AddRow(const Text& table, const std::vector<Text>& columns,
                 const std::vector<StoreValue>& values) override;
@@ -33,8 +34,12 @@ class QtStore : public Store {
     void Commit() override;
     void Rollback() override;
 
+    std::unique_ptr<Store> Another() const override { return std::make_unique<QtStore>(); }
+
   private:
     void OpenFile(const StoreAddress& address);
+    void OpenNewFile(const StoreAddress& address);
+    void ConnectToFile(const QString& uri);
     void Connect(const QString& driver, const QString& database, const QString& options);
     QSqlQuery Run(const Text& sql);
     QSqlDatabase Connection() const;

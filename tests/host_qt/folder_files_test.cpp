@@ -163,6 +163,71 @@ TEST_F(FolderFilesTest, LinesOfAFileOfManyMegabytesAreReadFromTheFirstOn) {
     EXPECT_EQ(count, kLines);
 }
 
+std::string BytesOf(ByteReader& reader, std::size_t room) {
+    std::string bytes(room, '?');
+    bytes.resize(reader.Read(bytes.data(), room));
+    return bytes;
+}
+
+TEST_F(FolderFilesTest, BytesComeAsTheyStandUntilTheEnd) {
+    Put(QStringLiteral("TQ.ini"), QByteArray("\xEF\xBB\xBF\r\n\0x", 7));
+    const auto bytes = files.OpenBytes(u"TQ.ini");
+    EXPECT_EQ(bytes->Size(), 7U);
+    EXPECT_EQ(BytesOf(*bytes, 4), "\xEF\xBB\xBF\r");
+    EXPECT_EQ(BytesOf(*bytes, 4), std::string("\n\0x", 3));
+    EXPECT_EQ(BytesOf(*bytes, 4), "");
+}
+
+TEST_F(FolderFilesTest, BytesAreReadAgainFromTheFirst) {
+    Put(QStringLiteral("TQ.ini"), "abc");
+    const auto bytes = files.OpenBytes(u"TQ.ini");
+    EXPECT_EQ(BytesOf(*bytes, 4), "abc");
+    bytes->Rewind();
+    EXPECT_EQ(BytesOf(*bytes, 2), "ab");
+    bytes->Rewind();
+    EXPECT_EQ(BytesOf(*bytes, 4), "abc");
+}
+
+TEST_F(FolderFilesTest, BytesOfNoFileAreError53) {
+    EXPECT_EQ(ErrorOf([this] { files.OpenBytes(u"none"); }), 53);
+}
+
+TEST_F(FolderFilesTest, BytesThatCannotBeReadAreError52) {
+    QDir(path).mkdir(QStringLiteral("folder"));
+    EXPECT_EQ(ErrorOf([this] { files.OpenBytes(u"folder"); }), 52);
+    // The first page of a process is never readable.
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), path + QStringLiteral("/broken")));
+    const auto bytes = files.OpenBytes(u"broken");
+    EXPECT_EQ(ErrorOf([&] { BytesOf(*bytes, 4); }), 52);
+}
+
+TEST_F(FolderFilesTest, NamesAreThoseOfFilesThatBeginSoInTheirOrder) {
+    for (const char* name : {"列表-2", "列表-10", "列表", "A-2", "列表-1.ini", "xA-1"}) Put(name, "");
+    QDir(path).mkdir(QString::fromUtf8("列表-3"));
+    Put(QString::fromUtf8("列表-3/列表-4"), "");
+    EXPECT_EQ(files.NamesBeginning(u"列表-"), (std::vector<Text>{u"列表-1.ini", u"列表-10", u"列表-2"}));
+    EXPECT_EQ(files.NamesBeginning(u"a"), std::vector<Text>());
+}
+
+TEST_F(FolderFilesTest, AFolderThatIsMissingHasNoNames) {
+    RemoveFolder();
+    EXPECT_EQ(files.NamesBeginning(u""), std::vector<Text>());
+}
+
+TEST_F(FolderFilesTest, RemovedFileIsGone) {
+    Put(QStringLiteral("a"), "x");
+    Put(QStringLiteral("b"), "x");
+    files.Remove(u"a");
+    EXPECT_EQ(QDir(path).entryList(QDir::Files), QStringList("b"));
+}
+
+TEST_F(FolderFilesTest, WhatCannotBeRemovedIsError52) {
+    QDir(path).mkdir(QStringLiteral("folder"));
+    EXPECT_EQ(ErrorOf([this] { files.Remove(u"none"); }), 52);
+    EXPECT_EQ(ErrorOf([this] { files.Remove(u"folder"); }), 52);
+    EXPECT_TRUE(QDir(path).exists("folder"));
+}
+
 TEST_F(FolderFilesTest, AppendedFileIsMadeAndGrowsAtItsEnd) {
     {
         const auto file = files.OpenForAppend(u"OutTQ.ini");

@@ -195,6 +195,92 @@ TEST_F(QtStoreTest, AClosedStoreRunsNothing) {
     }
 }
 
+TEST_F(QtStoreTest, ACursorGivesRowByRow) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.Execute(u"Delete From 字符_替换");
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"温"), std::nullopt});
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"度"), Text()});
+    const auto cursor = store.OpenCursor(u"SELECT 原字符,新字符 From 字符_替换 Order By 原字符 Desc");
+    ASSERT_TRUE(cursor->Next());
+    EXPECT_EQ(cursor->At(0), u"温");
+    EXPECT_EQ(cursor->At(1), u"");
+    EXPECT_EQ(cursor->ValueAt(1), std::nullopt);
+    ASSERT_TRUE(cursor->Next());
+    EXPECT_EQ(cursor->ValueAt(0), u"度");
+    EXPECT_EQ(cursor->ValueAt(1), u"");
+    EXPECT_FALSE(cursor->Next());
+    EXPECT_FALSE(cursor->Next());
+}
+
+TEST_F(QtStoreTest, ACursorWithoutARowHasNone) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    EXPECT_FALSE(store.OpenCursor(u"SELECT * From 仪表_参数 Where 1 = 0")->Next());
+}
+
+TEST_F(QtStoreTest, ACursorRaisesTheErrorOfTheRowWhereItComes) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    EXPECT_THROW(store.OpenCursor(u"SELECT * From 没有的表"), RuntimeError);
+    const auto cursor = store.OpenCursor(
+        u"SELECT abs(a) From (SELECT 1 As a UNION ALL SELECT 2 UNION ALL SELECT -9223372036854775807 - 1)");
+    EXPECT_TRUE(cursor->Next());
+    EXPECT_TRUE(cursor->Next());
+    try {
+        cursor->Next();
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), RuntimeError::kStore);
+        EXPECT_EQ(ToUtf8(error.Message()), "integer overflow");
+    }
+}
+
+TEST_F(QtStoreTest, AnotherStoreIsClosedAndOfItsOwn) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    const auto another = store.Another();
+    EXPECT_FALSE(another->IsOpen());
+    another->Open(AddressOf(kCatalogue));
+    EXPECT_THAT(InstrumentCatalogue(*another).Classes().rows, SizeIs(7));
+    another->Close();
+    EXPECT_TRUE(store.IsOpen());
+}
+
+TEST_F(QtStoreTest, ANewFileIsMadeAndHoldsItsRelation) {
+    const StoreAddress address{StoreAddress::Kind::NewFile, PathOf("新?.mdb").toStdU16String(), {}};
+    store.Open(address);
+    EXPECT_EQ(store.Engine(), StoreEngine::Sqlite);
+    CreateCatalogueTables(store);
+    InstrumentCatalogue catalogue(store);
+    catalogue.AddInstrument({1, u"A", u"", u"", u"", u"", std::nullopt});
+    catalogue.AddParameter({1, 1, u"P", u"", u"", u"", u"", u"", u""});
+    catalogue.ClearCatalogue();
+    EXPECT_THAT(catalogue.AllParameters().rows, IsEmpty());
+    store.Close();
+    EXPECT_EQ(RefusalOf(store, AddressOf("新?.mdb")), "");
+}
+
+TEST_F(QtStoreTest, ANewFileThatIsThereStaysAsItWas) {
+    Write("letter", "Dear reader");
+    const std::string refusal =
+        RefusalOf(store, {StoreAddress::Kind::NewFile, PathOf("letter").toStdU16String(), {}});
+    EXPECT_EQ(refusal, PathOf("letter").toStdString() + "：文件已存在");
+    EXPECT_EQ(Read("letter"), "Dear reader");
+}
+
+TEST_F(QtStoreTest, ANewFileWithoutTheTablesAskedForDoesNotStay) {
+    const StoreAddress address{StoreAddress::Kind::NewFile, PathOf("new").toStdU16String(),
+                               CatalogueTables()};
+    EXPECT_THAT(RefusalOf(store, address), HasSubstr("no such table: 仪表_类别"));
+    EXPECT_THAT(FilesInFolder(), IsEmpty());
+}
+
+TEST_F(QtStoreTest, ANewFileThatCannotBeMadeIsRefused) {
+    EXPECT_THAT(RefusalOf(store, {StoreAddress::Kind::NewFile, PathOf("none/new").toStdU16String(), {}}),
+                HasSubstr("不能建立数据库文件"));
+}
+
 TEST_F(QtStoreTest, AMissingFileIsNotMade) {
     EXPECT_EQ(RefusalOf(store, AddressOf(kCatalogue)),
               PathOf(kCatalogue).toStdString() + "：数据库文件不存在");

@@ -1,5 +1,7 @@
 #include "support/sqlite_store.h"
 
+#include <filesystem>
+
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/shipped_catalogue.h"
 #include "runtime/runtime_error.h"
@@ -38,6 +40,9 @@ void SqliteStore::Open(const StoreAddress& address) {
         } else if (address.kind == StoreAddress::Kind::LocalFile) {
             Connect(ToUtf8(address.location));
         } else if (address.kind == StoreAddress::Kind::NewFile) {
+            if (std::filesystem::exists(ToUtf8(address.location))) {
+                throw RuntimeError::OfStore(u"the file is there");
+            }
             Connect(ToUtf8(address.location), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         } else {
             throw RuntimeError::OfStore(u"no server answers");
@@ -76,8 +81,8 @@ std::unique_ptr<RowCursor> SqliteStore::OpenCursor(const Text& sql) {
       public:
         Cursor(SqliteStore& store, Statement statement) : store_(store), statement_(std::move(statement)) {}
         bool Next() override { return store_.Step(statement_); }
-        Text At(std::size_t column) const override {
-            return ColumnOf(statement_.get(), static_cast<int>(column)).value_or(Text());
+        StoreValue ValueAt(std::size_t column) const override {
+            return ColumnOf(statement_.get(), static_cast<int>(column));
         }
 
       private:
