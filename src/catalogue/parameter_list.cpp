@@ -95,7 +95,10 @@ ListWalk::Step ListWalk::Next() { return isInside_ ? NextInside() : NextOutside(
 
 ListWalk::Step ListWalk::NextOutside() {
     const auto line = lines_.Next();
-    if (!line) return Step::ListEnd;
+    if (!line) {
+        line_.clear();
+        return Step::ListEnd;
+    }
     line_ = Trim(UCase(*line));
     if (!Contains(line_, u"DEVICE")) return Step::Passed;
     // Q208: a device whose name holds END ends the list.

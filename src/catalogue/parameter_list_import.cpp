@@ -1,5 +1,7 @@
 #include "catalogue/parameter_list_import.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "catalogue/parameter_list_export.h"
@@ -11,30 +13,36 @@ namespace commtest {
 
 namespace {
 
+constexpr std::array kListProtocols = {
+    ListProtocol{11, u"TQ仪表协议", AddressUnit::Byte},
+    ListProtocol{12, u"TQ仪表协议-定制累加和", AddressUnit::Byte},
+    ListProtocol{13, u"TQ仪表协议-定制异或和", AddressUnit::Byte},
+    ListProtocol{21, u"ModBus-Ascii协议", AddressUnit::Register},
+    ListProtocol{22, u"ModBus-Ascii协议-定制01", AddressUnit::Parameter},
+    ListProtocol{23, u"ModBus-Ascii协议-定制02", AddressUnit::Register},
+    ListProtocol{31, u"ModBus-RTU协议", AddressUnit::Register},
+    ListProtocol{32, u"ModBus-RTU协议-定制01", AddressUnit::Register},
+    ListProtocol{33, u"ModBus-RTU协议-KD700记录仪", AddressUnit::Register},
+    ListProtocol{34, u"ModBus-RTU协议-TQ记录仪板卡", AddressUnit::Register},
+    ListProtocol{35, u"ModBus-RTU协议-标准流量表", AddressUnit::Register},
+    ListProtocol{41, u"TQ特殊仪表协议-NOVAX", AddressUnit::Parameter},
+    ListProtocol{42, u"TQ特殊仪表协议-HCT615D", AddressUnit::Parameter},
+    ListProtocol{kModuleCode, u"ModBus-RTU协议-M46T", AddressUnit::Register},
+};
+
 bool IsSameNumber(const Text& one, const Text& other) {
     return IsMet([&] { return ToNumber(one) == ToNumber(other); });
 }
 
 }  // namespace
 
-TextView ListProtocolOf(int code) {
-    switch (code) {
-        case 12: return u"TQ仪表协议-定制累加和";
-        case 13: return u"TQ仪表协议-定制异或和";
-        case 21: return u"ModBus-Ascii协议";
-        case 22: return u"ModBus-Ascii协议-定制01";
-        case 23: return u"ModBus-Ascii协议-定制02";
-        case 31: return u"ModBus-RTU协议";
-        case 32: return u"ModBus-RTU协议-定制01";
-        case 33: return u"ModBus-RTU协议-KD700记录仪";
-        case 34: return u"ModBus-RTU协议-TQ记录仪板卡";
-        case 35: return u"ModBus-RTU协议-标准流量表";
-        case 41: return u"TQ特殊仪表协议-NOVAX";
-        case 42: return u"TQ特殊仪表协议-HCT615D";
-        case kModuleCode: return u"ModBus-RTU协议-M46T";
-        default: return u"TQ仪表协议";
-    }
+const ListProtocol& ListProtocolOf(int code) {
+    const auto* const row = std::find_if(kListProtocols.begin(), kListProtocols.end(),
+                                         [&](const ListProtocol& protocol) { return protocol.code == code; });
+    return row == kListProtocols.end() ? kListProtocols.front() : *row;
 }
+
+bool IsListProtocol(int code) { return ListProtocolOf(code).code == code; }
 
 ParameterRecord ParameterOfList(const ListRow& row, int protocolCode) {
     ParameterRecord parameter;
@@ -93,7 +101,7 @@ void ParameterListImport::AddDevice() {
     instrument.code = device.code;
     instrument.sortKey = Mid(device.code, 1, 2);
     protocolCode_ = ToWhole16(instrument.sortKey);
-    instrument.protocol = ListProtocolOf(protocolCode_);
+    instrument.protocol = ListProtocolOf(protocolCode_).name;
     instrument.className = itsClass.name;
     instrument.classId = itsClass.id;
     catalogue_.AddInstrument(instrument);

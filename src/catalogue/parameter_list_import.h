@@ -11,10 +11,19 @@
 
 namespace commtest {
 
-// The name of a protocol as instruments of a list have it, by the first two characters of their code; every
-// code without a name of its own is the native protocol.
-TextView ListProtocolOf(int code);
-inline bool HasListName(int code) { return code == 11 || ListProtocolOf(code) != ListProtocolOf(11); }
+// How the addresses of a protocol count.
+enum class AddressUnit { Byte, Register, Parameter };
+
+// A protocol as instruments of a list have it, by the first two characters of their code.
+struct ListProtocol {
+    int code;
+    TextView name;
+    AddressUnit unit;
+};
+
+// Every code that has no row of its own is the native protocol's.
+const ListProtocol& ListProtocolOf(int code);
+bool IsListProtocol(int code);
 
 // 51: two bytes a parameter, and the length digit is part of the address.
 inline constexpr int kModuleCode = 51;
