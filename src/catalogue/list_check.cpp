@@ -70,6 +70,7 @@ void ListCheck::EndWith(Kind kind, int line, const Text& value) {
 
 bool ListCheck::Step() {
     const ListWalk::Step step = TakeLine();
+    if (endsImport_) return false;
     CheckBytes();
     switch (step) {
         case ListWalk::Step::Device: CheckDevice(); break;

@@ -13,7 +13,7 @@ constexpr std::size_t kBlock = 64 * 1024;  // bytes
 }  // namespace
 
 ListLines::ListLines(std::unique_ptr<ByteReader> file) : file_(std::move(file)) {
-    Fill();
+    FillForTheMark();
     if (!block_.starts_with(kUtf8Mark)) return;
     markSize_ = kUtf8Mark.size();
     isUtf8_ = AllIsUtf8();
@@ -26,8 +26,13 @@ void ListLines::Rewind() {
     taken_ = 0;
     line_ = 0;
     bytesRead_ = 0;
-    Fill();
+    FillForTheMark();
     taken_ = markSize_;
+}
+
+void ListLines::FillForTheMark() {
+    while (block_.size() < kUtf8Mark.size() && Fill()) {
+    }
 }
 
 // Another block behind what is left of the last one; false at the end of the file.

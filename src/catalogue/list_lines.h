@@ -53,7 +53,7 @@ class ListLines {
   private:
     bool TakeLine();
     bool Fill();
-    void SkipMark();
+    void FillForTheMark();
     bool AllIsUtf8();
 
     std::unique_ptr<ByteReader> file_;
