@@ -1,5 +1,7 @@
 #include "commands/toolbar_commands.h"
 
+#include "catalogue/channel_table.h"
+#include "catalogue/parameter_list_import.h"
 #include "commands/not_there_yet.h"
 #include "commands/startup.h"
 #include "host/dialogs.h"
@@ -11,12 +13,12 @@ namespace commtest {
 void RunToolbarCommand(MainForm& form, int index) {
     switch (index) {
         case toolbar::kImport:
-            if (form.outside.dialogs.AskYesNo(u"确定要重新导入仪表的参数地址表吗？"))
-                SayNotThereYet(form, Feature::Import);
+            if (form.outside.dialogs.AskYesNo(Text(kImportQuestion)))
+                ImportParameterList(form.outside.store, form.outside.files, form.outside.dialogs);
             break;
         case toolbar::kSearch: form.FindFrame.SetVisible(!form.FindFrame.Visible()); break;
         case toolbar::kStartStop: StartOrStop(form, {StopCause::User}); break;
-        case toolbar::kExport: SayNotThereYet(form, Feature::Export); break;
+        case toolbar::kChannelTable: GenerateChannelTable(form.outside.files); break;
         case toolbar::kLeave: Form_Unload(form); break;
         default: break;  // Q185
     }

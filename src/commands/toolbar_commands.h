@@ -11,9 +11,11 @@ namespace toolbar {
 inline constexpr int kImport = 2;
 inline constexpr int kSearch = 3;
 inline constexpr int kStartStop = 4;
-inline constexpr int kExport = 9;
+inline constexpr int kChannelTable = 9;
 inline constexpr int kLeave = 11;
 }  // namespace toolbar
+
+inline constexpr TextView kImportQuestion = u"确定要重新导入仪表的参数地址表吗？";
 
 // The action of a toolbar button; buttons without one do nothing.
 void RunToolbarCommand(MainForm& form, int index);

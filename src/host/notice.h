@@ -9,8 +9,6 @@ enum class Feature {
     Capture,
     Replay,
     Search,
-    Import,
-    Export,
     ExportCurrentTable,
     ExportAllTables,
     ReloadParameters,

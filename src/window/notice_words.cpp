@@ -11,8 +11,6 @@ QString NameOf(Feature feature) {
         case Feature::Capture: return u"数据采集"_s;
         case Feature::Replay: return u"数据演示"_s;
         case Feature::Search: return u"仪表搜索"_s;
-        case Feature::Import: return u"导入地址"_s;
-        case Feature::Export: return u"特殊地址"_s;
         case Feature::ExportCurrentTable: return u"导出当前参数地址表"_s;
         case Feature::ExportAllTables: return u"导出全部参数地址表"_s;
         case Feature::ReloadParameters: return u"参数地址确认"_s;

@@ -166,19 +166,6 @@ TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
     }
 }
 
-struct Button {
-    int index;
-    Feature feature;
-};
-
-TEST(FeaturesNotBuiltYet, OfTheToolbarAreNamedInTheStatusNote) {
-    for (const Button& button : {Button{2, Feature::Import}, Button{9, Feature::Export}}) {
-        BenchSession bench;
-        bench.Press(button.index);
-        EXPECT_EQ(MissedFeature(bench.Form()), button.feature);
-    }
-}
-
 TEST(FeaturesNotBuiltYet, SearchIsOverAtItsFirstStep) {
     NativeBench bench;
     bench.Form().CommandCode = 1031;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "catalogue/instrument_catalogue.h"
 #include "session/events.h"
 #include "support/form_bench.h"
 #include "support/missed_feature.h"
@@ -14,6 +15,7 @@ using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::IsEmpty;
 using testing::MissedFeature;
+using ::testing::SizeIs;
 
 class ToolbarCommands : public ::testing::Test {
   protected:
@@ -22,14 +24,17 @@ class ToolbarCommands : public ::testing::Test {
 };
 
 TEST_F(ToolbarCommands, ImportAsksFirst) {
+    bench.files.TextFiles[u"TQ.ini"] = u"DEVICE METER\r\nTYPE 11000101\r\nEND\r\nDEVICE   END\r\n";
+    const InstrumentCatalogue catalogue(*bench.store);
     bench.dialogs.Answers = {u"no", u"yes"};
     RunToolbarCommand(form, 2);
-    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
+    EXPECT_THAT(catalogue.AllInstruments().rows, IsEmpty());
     RunToolbarCommand(form, 2);
-    EXPECT_EQ(MissedFeature(form), Feature::Import);
-    EXPECT_THAT(bench.dialogs.Texts(),
-                ElementsAre("确定要重新导入仪表的参数地址表吗？", "确定要重新导入仪表的参数地址表吗？"));
+    EXPECT_THAT(catalogue.AllInstruments().rows, SizeIs(1));
+    EXPECT_THAT(bench.dialogs.Texts(), ElementsAre("确定要重新导入仪表的参数地址表吗？",
+                                                   "确定要重新导入仪表的参数地址表吗？", "数据库重置完毕！"));
     EXPECT_EQ(bench.dialogs.Shown[0].kind, testing::ShownBox::Kind::YesNo);
+    EXPECT_EQ(ToUtf8(bench.files.TextFiles[u"OutTQ.ini"]), "END\r\nDEVICE   END\r\n");
 }
 
 TEST_F(ToolbarCommands, SearchFlipsItsPanel) {
@@ -40,9 +45,10 @@ TEST_F(ToolbarCommands, SearchFlipsItsPanel) {
     EXPECT_FALSE(form.FindFrame.Visible());
 }
 
-TEST_F(ToolbarCommands, ExportIsMissed) {
+TEST_F(ToolbarCommands, SpecialAddressesMakeTheChannelTable) {
+    bench.files.TextFiles[u"TQP.Dev"] = u"CH% 2100 R\r\nEND\r\n";
     RunToolbarCommand(form, 9);
-    EXPECT_EQ(MissedFeature(form), Feature::Export);
+    EXPECT_TRUE(ToUtf8(bench.files.TextFiles[u"OutTQ.Dev"]).starts_with("CH01 2100 R\r\nCH02 2101 R\r\n"));
 }
 
 TEST_F(ToolbarCommands, LeavingStoresTheSettingsAndEndsTheProgram) {

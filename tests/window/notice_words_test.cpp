@@ -35,8 +35,6 @@ TEST(NoticeWords, NameTheFeatureThatIsNotThereYet) {
     } rows[] = {{Feature::Capture, "数据采集: 此功能尚未提供"},
                 {Feature::Replay, "数据演示: 此功能尚未提供"},
                 {Feature::Search, "仪表搜索: 此功能尚未提供"},
-                {Feature::Import, "导入地址: 此功能尚未提供"},
-                {Feature::Export, "特殊地址: 此功能尚未提供"},
                 {Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
                 {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"},
                 {Feature::ReloadParameters, "参数地址确认: 此功能尚未提供"},
