@@ -133,7 +133,10 @@ void ListCheck::CheckRow() {
     if (!IsHexadecimal(row.decimalPoint)) {
         Tell({.kind = Kind::DecimalPointNoNumber, .name = row.name, .value = row.decimalPoint});
     }
-    if (row.name.empty()) return Tell({.kind = Kind::NameCutToNothing, .value = row.address});
+    if (row.name.empty()) {
+        if (!row.address.empty()) Tell({.kind = Kind::NameCutToNothing, .value = row.address});
+        return;
+    }
     ++parameters_;
     if (line.starts_with(u"DEVICE ")) return Tell({.kind = Kind::HeadInsideBlock, .name = row.name});
     if (line.starts_with(u";") || line.starts_with(u"；")) {

@@ -121,7 +121,7 @@ TEST_F(ChannelTableTest, WithoutTheTemplateThereIsError53) {
 
 TEST_F(ChannelTableTest, LinesOfWhichTheCodePageLacksACharacterAreTold) {
     ListLines lines(
-        std::make_unique<testing::PieceReader>("\xEF\xBB\xBF"
+        std::make_unique<testing::BytesOfText>("\xEF\xBB\xBF"
                                                "A 2100 R\nµ 2100 R\n"));
     const ChannelTable table = ChannelTableOf(lines);
     EXPECT_EQ(table.rows, 2);

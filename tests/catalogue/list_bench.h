@@ -5,32 +5,12 @@
 #include <vector>
 
 #include "catalogue/instrument_catalogue.h"
-#include "catalogue/list_lines.h"
 #include "host/file_names.h"
+#include "support/bytes_of_text.h"
 #include "support/fakes.h"
 #include "support/sqlite_store.h"
 
 namespace commtest::testing {
-
-// A file whose bytes come in pieces of a size.
-class PieceReader : public ByteReader {
-  public:
-    explicit PieceReader(std::string bytes, std::size_t piece = 1 << 20)
-        : bytes_(std::move(bytes)), piece_(piece) {}
-
-    std::size_t Read(char* to, std::size_t room) override {
-        const std::size_t count = bytes_.copy(to, std::min(room, piece_), at_);
-        at_ += count;
-        return count;
-    }
-    void Rewind() override { at_ = 0; }
-    std::uint64_t Size() const override { return bytes_.size(); }
-
-  private:
-    std::string bytes_;
-    std::size_t piece_;
-    std::size_t at_ = 0;
-};
 
 // A catalogue with three classes, and a program folder.
 struct ListBench {

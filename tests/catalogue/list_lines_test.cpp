@@ -9,11 +9,11 @@
 namespace commtest {
 namespace {
 
+using testing::BytesOfText;
 using ::testing::ElementsAre;
-using testing::PieceReader;
 
 ListLines LinesOf(const std::string& bytes, std::size_t piece = 1 << 20) {
-    return ListLines(std::make_unique<PieceReader>(bytes, piece));
+    return ListLines(std::make_unique<BytesOfText>(bytes, piece));
 }
 
 std::vector<std::string> AllOf(ListLines lines) {

@@ -10,11 +10,11 @@
 namespace commtest {
 namespace {
 
+using testing::BytesOfText;
 using ::testing::ElementsAre;
 using testing::ErrorOf;
 using ::testing::IsEmpty;
 using testing::ListBench;
-using testing::PieceReader;
 using ::testing::SizeIs;
 
 const Text kGood = u"数据库重置完毕！";
@@ -295,7 +295,7 @@ TEST_F(ParameterListImportTest, LineThatCannotBeReadChangesNothing) {
 
 TEST_F(ParameterListImportTest, TellsHowFarItIs) {
     const std::string list = "DEVICE A\r\nTYPE 11000101\r\n1 PV 1010 R\r\nEND\r\n";
-    ParameterListImport import(*store, std::make_unique<PieceReader>(list));
+    ParameterListImport import(*store, std::make_unique<BytesOfText>(list));
     EXPECT_TRUE(import.Step());
     EXPECT_EQ(import.Line(), 2);
     EXPECT_EQ(import.Instruments(), 1);
@@ -311,7 +311,7 @@ TEST_F(ParameterListImportTest, GoneBeforeItsCommitItLeavesWhatStood) {
     AddOldInstrument();
     {
         ParameterListImport import(*store,
-                                   std::make_unique<PieceReader>("DEVICE A\r\nTYPE 11000101\r\nEND\r\n"));
+                                   std::make_unique<BytesOfText>("DEVICE A\r\nTYPE 11000101\r\nEND\r\n"));
         while (import.Step()) {
         }
         EXPECT_THAT(Instruments(), SizeIs(1));
@@ -321,7 +321,7 @@ TEST_F(ParameterListImportTest, GoneBeforeItsCommitItLeavesWhatStood) {
 
 TEST_F(ParameterListImportTest, ReplacementsAreReadOnce) {
     ParameterListImport import(*store,
-                               std::make_unique<PieceReader>("DEVICE A\r\nTYPE 11000101\r\n1 PV 1010 R\r\n"));
+                               std::make_unique<BytesOfText>("DEVICE A\r\nTYPE 11000101\r\n1 PV 1010 R\r\n"));
     import.Step();
     Replace(u"PV", u"SV");
     import.Step();

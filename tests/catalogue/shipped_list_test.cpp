@@ -15,14 +15,14 @@
 namespace commtest {
 namespace {
 
+using testing::BytesOfText;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
-using testing::PieceReader;
 
 std::unique_ptr<ByteReader> Shipped(const std::string& name) {
     std::ifstream file(LISTS_FOLDER "/" + name, std::ios::binary);
     EXPECT_TRUE(file.is_open()) << name;
-    return std::make_unique<PieceReader>(
+    return std::make_unique<BytesOfText>(
         std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()));
 }
 

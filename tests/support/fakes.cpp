@@ -5,6 +5,7 @@
 #include "host/file_names.h"
 #include "runtime/code_page.h"
 #include "runtime/runtime_error.h"
+#include "support/bytes_of_text.h"
 
 namespace commtest::testing {
 
@@ -24,23 +25,6 @@ class LinesOfText : public LineReader {
 
   private:
     Text rest_;
-};
-
-class BytesOfText : public ByteReader {
-  public:
-    explicit BytesOfText(std::string bytes) : bytes_(std::move(bytes)) {}
-
-    std::size_t Read(char* to, std::size_t room) override {
-        const std::size_t count = bytes_.copy(to, room, at_);
-        at_ += count;
-        return count;
-    }
-    void Rewind() override { at_ = 0; }
-    std::uint64_t Size() const override { return bytes_.size(); }
-
-  private:
-    std::string bytes_;
-    std::size_t at_ = 0;
 };
 
 class GrowingBytes : public GrowingFile {
