@@ -81,8 +81,9 @@ void MakeChannels(const std::string& bytes) {
 }
 
 void Run(const std::string& bytes) {
-    const auto store = testing::MakeEmptyCatalogue();
-    const InstrumentCatalogue catalogue(*store);
+    static const auto store = testing::MakeEmptyCatalogue();
+    InstrumentCatalogue catalogue(*store);
+    catalogue.ClearCatalogue();
     const Imported imported = Import(*store, bytes);
     RequireStored(catalogue, imported);
     RequireForetold(catalogue, bytes, imported);

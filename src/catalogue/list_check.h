@@ -98,7 +98,6 @@ class ListCheck {
     int parameters_ = 0;
     int findings_ = 0;
     bool endsImport_ = false;
-    bool isPlain_ = true;    // no byte above 127 so far
     bool looksUtf8_ = true;  // all lines so far
     int firstHighLine_ = 0;  // with such a byte
 };
