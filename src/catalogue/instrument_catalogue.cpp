@@ -111,8 +111,10 @@ void InstrumentCatalogue::AddInstrument(const InstrumentRecord& instrument) {
 }
 
 void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {
-    store_.AddRow(u"仪表_参数",
-                  {u"ID", u"仪表ID", u"参数名称", u"地址", u"长度", u"属性", u"小数点", u"下限值", u"上限值"},
+    static const Text table = u"仪表_参数";
+    static const std::vector<Text> columns = {u"ID",   u"仪表ID", u"参数名称", u"地址",  u"长度",
+                                              u"属性", u"小数点", u"下限值",   u"上限值"};
+    store_.AddRow(table, columns,
                   {NumberOf(parameter.id), NumberOf(parameter.instrumentId), parameter.name,
                    parameter.address, parameter.length, parameter.attribute, parameter.decimalPoint,
                    parameter.lowerLimit, parameter.upperLimit});

@@ -5,7 +5,6 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
-#include <QStringList>
 #include <QUrl>
 #include <QUuid>
 #include <QVariant>
@@ -45,8 +44,11 @@ StoreValue ValueOf(const QVariant& value) {
     return value.toString().toStdU16String();
 }
 
+// Of a text without a copy: it is good for as long as the value is.
 QVariant VariantOf(const StoreValue& value) {
-    return value ? QVariant(ToQt(*value)) : QVariant(QMetaType::fromType<QString>());
+    if (!value) return QVariant(QMetaType::fromType<QString>());
+    const auto* characters = reinterpret_cast<const QChar*>(value->data());
+    return QVariant(QString::fromRawData(characters, static_cast<qsizetype>(value->size())));
 }
 
 QString UriOf(const QFileInfo& file) {
@@ -173,23 +175,38 @@ QSqlQuery QtStore::Run(const Text& sql) {
 
 void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
                      const std::vector<StoreValue>& values) {
+    PreparedRow& row = PreparedFor(table, columns);
+    for (std::size_t i = 0; i < values.size(); ++i) row.Bind(i, values[i]);
+    if (!row.query.exec()) Raise(row.query.lastError());
+}
+
+// Binding costs as much as storing, and neighbouring rows have many values in common.
+void QtStore::PreparedRow::Bind(std::size_t column, const StoreValue& value) {
+    if (!isBound[column] || values[column] != value) {
+        isBound[column] = true;
+        values[column] = value;
+        query.bindValue(marks[static_cast<qsizetype>(column)], VariantOf(values[column]));
+    }
+}
+
+QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<Text>& columns) {
+    if (preparedRow_ && preparedRow_->table == table && preparedRow_->columns == columns) {
+        return *preparedRow_;
+    }
+    preparedRow_.reset();
     QStringList names;
     QStringList marks;
     for (const Text& column : columns) {
         names += ToQt(column);
-        marks += u"?"_s;
+        marks += u":v%1"_s.arg(marks.size());
     }
+    QSqlQuery query(Connection());
     const QString sql =
         u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
-    if (!preparedRow_ || preparedSql_ != sql) {
-        preparedRow_.emplace(Connection());
-        preparedSql_.clear();
-        if (!preparedRow_->prepare(sql)) Raise(preparedRow_->lastError());
-        preparedSql_ = sql;
-    }
-    for (std::size_t i = 0; i < values.size(); ++i)
-        preparedRow_->bindValue(static_cast<int>(i), VariantOf(values[i]));
-    if (!preparedRow_->exec()) Raise(preparedRow_->lastError());
+    if (!query.prepare(sql)) Raise(query.lastError());
+    const std::size_t count = columns.size();
+    return preparedRow_.emplace(PreparedRow{table, columns, std::move(marks), std::vector<bool>(count),
+                                            std::vector<StoreValue>(count), std::move(query)});
 }
 
 void QtStore::BeginTransaction() {

@@ -3,7 +3,9 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <optional>
+#include <vector>
 
 #include "host/store.h"
 
@@ -37,18 +39,30 @@ class QtStore : public Store {
     std::unique_ptr<Store> Another() const override { return std::make_unique<QtStore>(); }
 
   private:
+    // The statement of an AddRow, for the next one of the same table and columns.
+    struct PreparedRow {
+        Text table;
+        std::vector<Text> columns;
+        QStringList marks;
+        std::vector<bool> isBound;
+        std::vector<StoreValue> values;  // the query holds views of them
+        QSqlQuery query;
+
+        void Bind(std::size_t column, const StoreValue& value);
+    };
+
     void OpenFile(const StoreAddress& address);
     void OpenNewFile(const StoreAddress& address);
     void ConnectToFile(const QString& uri);
     void Connect(const QString& driver, const QString& database, const QString& options);
+    PreparedRow& PreparedFor(const Text& table, const std::vector<Text>& columns);
     QSqlQuery Run(const Text& sql);
     QSqlDatabase Connection() const;
 
     QString connectionName_;
     StoreEngine engine_ = StoreEngine::Sqlite;
     bool open_ = false;
-    QString preparedSql_;                   // of preparedRow_
-    std::optional<QSqlQuery> preparedRow_;  // the last AddRow, for the next of the same table
+    std::optional<PreparedRow> preparedRow_;
 };
 
 }  // namespace commtest

@@ -118,6 +118,35 @@ TEST_F(QtStoreTest, ANullGoesInAsNothingAndAnEmptyTextAsAnEmptyText) {
     EXPECT_EQ(rows.rows[1][1], Text());
 }
 
+TEST_F(QtStoreTest, NeighbouringRowsHaveValuesInCommonOrNot) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.Execute(u"Delete From 字符_替换");
+    const Text longText(100, u'长');
+    const std::vector<std::vector<StoreValue>> rows = {{Text(u"a"), longText},   {Text(u"b"), longText},
+                                                       {longText, std::nullopt}, {longText, std::nullopt},
+                                                       {longText, Text()},       {std::nullopt, Text(u"b")},
+                                                       {Text(u"a"), Text(u"b")}};
+    for (const auto& row : rows) {
+        std::vector<StoreValue> values = row;
+        store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, values);
+        for (StoreValue& value : values) value = Text(100, u'x');
+    }
+    EXPECT_EQ(store.Query(u"SELECT 原字符,新字符 From 字符_替换").rows, rows);
+}
+
+TEST_F(QtStoreTest, ARowOfOtherColumnsStandsInThem) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.Execute(u"Delete From 字符_替换");
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"a"), Text(u"b")});
+    store.AddRow(u"字符_替换", {u"新字符", u"原字符"}, {Text(u"a"), Text(u"b")});
+    store.AddRow(u"仪表_类别", {u"类别", u"类别ID"}, {Text(u"a"), Text(u"90")});
+    const StoreRows rows = store.Query(u"SELECT 原字符,新字符 From 字符_替换");
+    EXPECT_EQ(rows.At(0, 0) + rows.At(0, 1), u"ab");
+    EXPECT_EQ(rows.At(1, 0) + rows.At(1, 1), u"ba");
+}
+
 TEST_F(QtStoreTest, ClearingTheCatalogueTakesTheParametersAlong) {
     CreateCatalogue();
     store.Open(AddressOf(kCatalogue));
