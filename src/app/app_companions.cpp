@@ -1,16 +1,17 @@
 #include "app/app_companions.h"
 
-#include "commands/not_there_yet.h"
+#include "replay/capture.h"
+#include "replay/replay_script.h"
+#include "search/instrument_search.h"
 
 namespace commtest {
 
-void AppCompanions::CaptureExchange(MainForm& form) { SayNotThereYet(form, Feature::Capture); }
+void AppCompanions::CaptureExchange(MainForm& form) { commtest::CaptureExchange(form); }
 
-void AppCompanions::ReplayReply(MainForm& form) { SayNotThereYet(form, Feature::Replay); }
+void AppCompanions::TakeReplayFrame(MainForm& form) { commtest::TakeReplayFrame(form); }
 
-bool AppCompanions::NextSearchStep(MainForm& form) {
-    SayNotThereYet(form, Feature::Search);
-    return false;
-}
+void AppCompanions::ReplayReply(MainForm& form) { commtest::ReplayReply(form); }
+
+bool AppCompanions::NextSearchStep(MainForm& form) { return commtest::NextSearchStep(form); }
 
 }  // namespace commtest

@@ -4,10 +4,11 @@
 
 namespace commtest {
 
-// The routines above the session's floor that its cycle calls. None of them is built yet: they say so.
+// The routines above the session's floor that its cycle calls.
 class AppCompanions : public Companions {
   public:
     void CaptureExchange(MainForm& form) override;
+    void TakeReplayFrame(MainForm& form) override;
     void ReplayReply(MainForm& form) override;
     bool NextSearchStep(MainForm& form) override;
 };

@@ -4,11 +4,12 @@
 #include "app/tool_window.h"
 #include "catalogue/catalogue_lists.h"
 #include "catalogue/instrument_selection.h"
-#include "commands/not_there_yet.h"
 #include "commands/startup.h"
 #include "host/clock.h"
 #include "host/dialogs.h"
 #include "host/program_process.h"
+#include "replay/capture.h"
+#include "replay/replay_script.h"
 #include "session/address.h"
 #include "session/interval_timer.h"
 #include "session/multi_instrument.h"
@@ -27,8 +28,8 @@ void WireHandlers(MainForm& form) {
     form.WriteType.Click = [&form](int) { WriteType_Click(form); };
     form.Check1.Click = [&form] { Check1_Click(form); };
     form.TimeSetup.Click = [&form] { TimeSetup_Click(form); };
-    form.ConSaveData.Click = [&form] { SayNotThereYet(form, Feature::Capture); };
-    form.ConMyCommDriver.Click = [&form] { SayNotThereYet(form, Feature::Replay); };
+    form.ConSaveData.Click = [&form] { ConSaveData_Click(form); };
+    form.ConMyCommDriver.Click = [&form] { ConMyCommDriver_Click(form); };
 }
 
 }  // namespace

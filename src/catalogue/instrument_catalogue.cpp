@@ -80,6 +80,13 @@ StoreRows InstrumentCatalogue::RecordedPair(const Text& name, const Text& reply,
     return store_.Query(StatementWith(PageOf(store_).recordedPair, {name, reply, note}));
 }
 
+void InstrumentCatalogue::AddRecordedExchange(const RecordedExchange& exchange) {
+    store_.AddRow(u"通讯_仿真",
+                  {u"仪表名称", u"协议", u"说明", u"编码", u"采集日期", u"地址", u"指令", u"回送"},
+                  {exchange.instrument, exchange.protocol, exchange.note, exchange.code, exchange.day,
+                   exchange.row, exchange.request, exchange.reply});
+}
+
 void InstrumentCatalogue::RenameRecordedInstrument(const Text& newName, const Text& oldName) {
     store_.Execute(StatementWith(PageOf(store_).renameRecordedInstrument, {newName, oldName}));
 }

@@ -40,6 +40,18 @@ struct ParameterRecord {
     Text upperLimit;       // 上限值
 };
 
+// A row of 通讯_仿真: an exchange as it was on the line.
+struct RecordedExchange {
+    Text instrument;  // 仪表名称
+    Text protocol;    // 协议
+    Text note;        // 说明
+    Text code;        // 编码, 编号 of the instrument at that time
+    Text day;         // 采集日期, "YYYY-MM-DD"
+    Text row;         // 地址, the current row of the parameter grid
+    Text request;     // 指令
+    Text reply;       // 回送
+};
+
 // The two forms of a parameter list for the toolbar: the length in a column of its own, or in front of the
 // address.
 enum class ParameterListForm { LengthApart, LengthInFront };
@@ -87,6 +99,7 @@ class InstrumentCatalogue {
     StoreRows NotesOfInstrument(const Text& name) const;
     // *, of the pairs with this reply
     StoreRows RecordedPair(const Text& name, const Text& reply, const Text& note) const;
+    void AddRecordedExchange(const RecordedExchange& exchange);
     void RenameRecordedInstrument(const Text& newName, const Text& oldName);
     void ChangeNote(const Text& newNote, const Text& oldNote);
     // Marks the rows as not valid; rows of recorded traffic are never really deleted.

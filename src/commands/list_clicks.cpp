@@ -1,6 +1,7 @@
 #include "commands/list_clicks.h"
 
 #include "commands/not_there_yet.h"
+#include "replay/replay_script.h"
 #include "session/grid_editing.h"
 #include "session/main_form.h"
 
@@ -27,9 +28,7 @@ void ClickCatalogueRow(MainForm& form) {
 
 void ChooseRecording(MainForm& form) {
     const Grid& grid = form.MSHFlexGrid1[2];
-    form.ConCommTypeList.Set(grid.Cell(grid.Row, 1));
-    RunIfSet(form.ConCommTypeList.Click);
-    SayNotThereYet(form, Feature::Recordings);
+    SelectRecording(form, grid.Cell(grid.Row, 1), grid.Cell(grid.Row, 2), grid.Cell(grid.Row, 3));
 }
 
 void ClickRecordingRow(MainForm& form) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "commands/not_there_yet.h"
+#include "replay/replay_script.h"
 #include "session/grid_rows.h"
 #include "session/main_form.h"
 
@@ -149,11 +150,11 @@ std::vector<MenuEntry> EntriesOfGrid(const MainForm& form, int grid) {
     }
 }
 
-void ChooseGridMenuEntry(MainForm& form, int grid, int index, int) {
+void ChooseGridMenuEntry(MainForm& form, int grid, int index, int row) {
     if (grid == 0) ChooseMenuEntry(form, MenuOfProtocol(form), index);
     if (grid == 1 && index == 1) SayNotThereYet(form, Feature::ChipRecords);
     if (grid == 1 && index == 3) RefreshPage(form);
-    if (grid == 2) SayNotThereYet(form, Feature::Recordings);
+    if (grid == 2) DemoData_Click(form, index, row);
 }
 
 void ClearCurrentColumn(MainForm& form) {

@@ -1,6 +1,6 @@
 #include "commands/search_panel.h"
 
-#include "commands/not_there_yet.h"
+#include "search/instrument_search.h"
 #include "session/main_form.h"
 #include "session/start_stop.h"
 
@@ -10,7 +10,7 @@ void FindMeter_Click(MainForm& form, int index) {
     if (index == 0) form.FindFrame.SetVisible(false);
     if (index != 1) return;
     StopInShortWay(form, StopCause::Search);
-    SayNotThereYet(form, Feature::Search);
+    FindCommMeter(form);
 }
 
 }  // namespace commtest

@@ -12,6 +12,9 @@ class Companions {
     // Stores the finished exchange in the catalogue, while ConSaveData is ticked.
     virtual void CaptureExchange(MainForm& form) = 0;
 
+    // The recorded frame at the cursor of the script into SendText. Error 9 without a script.
+    virtual void TakeReplayFrame(MainForm& form) = 0;
+
     // Gives the stored reply to the frame in SendText, in place of the line.
     virtual void ReplayReply(MainForm& form) = 0;
 

@@ -101,12 +101,13 @@ struct MultiInstrument {
     TickControl Check1;
 };
 
-// The replay script and its cursor, from 0.
+// The replay script and its cursor, from 0; the note of a capture.
 struct ReplayScript {
     std::vector<HexText> DemoFrames;
     std::vector<HexText> DemoReplies;
     std::vector<std::int16_t> DemoRows;
     std::int16_t DemoIndex = 0;
+    Text CaptureNote;  // of the run of the program
     TickControl ConMyCommDriver;
 };
 
@@ -115,6 +116,16 @@ struct IntervalRun {
     Text IntervalLastRun;  // "HH:MM"
     std::int16_t IntervalMinutes = 0;
     TickControl TimeSetup;
+};
+
+// A search under way.
+struct SearchWalk {
+    std::int16_t SearchBaudIndex = 0;  // into ConSettingBT
+    std::int16_t SearchStartAddress = 0;
+    std::int16_t SearchEndAddress = 0;
+    std::int32_t SearchStartTime = 0;  // second of the day
+    Text SearchSavedAddress;           // ConMeterAddr before it
+    Text SearchSavedDelay;             // ConDelayTime before it
 };
 
 // The search panel.
@@ -183,6 +194,7 @@ class MainForm : public Conversation,
                  public MultiInstrument,
                  public ReplayScript,
                  public IntervalRun,
+                 public SearchWalk,
                  public SearchChoice,
                  public RecordTexts,
                  public Choices,

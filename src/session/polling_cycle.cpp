@@ -99,11 +99,8 @@ void TakeNextMultiAddress(MainForm& form) {
     form.ConMeterAddr.Set(WholeText(form.MultiAddressList[at]));
 }
 
-void TakeReplayFrame(MainForm& form) {
-    const auto count = static_cast<int>(form.DemoFrames.size());
-    if (form.DemoIndex >= count) form.DemoIndex = 0;
-    if (count == 0) throw RuntimeError(RuntimeError::kSubscript);
-    form.SendText = form.DemoFrames[static_cast<std::size_t>(form.DemoIndex)];
+void BuildReplayFrame(MainForm& form) {
+    form.companions.TakeReplayFrame(form);
     const Protocol& protocol = form.ProtocolInUse();
     if (protocol.showFrameAddress != nullptr) protocol.showFrameAddress(form, form.SendText);
 }
@@ -118,7 +115,7 @@ void Timer1_Timer(MainForm& form, int index) {
 
 void BuildReadRequest(MainForm& form) {
     if (form.CommandCode > command::kReplayBuiltAbove) {
-        TakeReplayFrame(form);
+        BuildReplayFrame(form);
         return;
     }
     if (form.Check1.Value()) TakeNextMultiAddress(form);  // Q51: in front of a written frame, too

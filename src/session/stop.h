@@ -15,6 +15,7 @@ enum class StopCause {
     Interval,      // the interval timer
     Search,        // a search begins
     SearchOver,    // a search has come to its end
+    Replay,        // a replay is switched on
     Exception,     // an exception of the instrument, that of `outcome`
     PortRefused,   // the port could not be opened; `detail` says why
     PortLost,      // the port has gone; `detail` says why

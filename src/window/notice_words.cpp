@@ -8,13 +8,9 @@ namespace {
 
 QString NameOf(Feature feature) {
     switch (feature) {
-        case Feature::Capture: return u"数据采集"_s;
-        case Feature::Replay: return u"数据演示"_s;
-        case Feature::Search: return u"仪表搜索"_s;
         case Feature::ExportCurrentTable: return u"导出当前参数地址表"_s;
         case Feature::ExportAllTables: return u"导出全部参数地址表"_s;
         case Feature::ReloadParameters: return u"参数地址确认"_s;
-        case Feature::Recordings: return u"演示数据"_s;
         case Feature::ChipRecords: return u"芯片资料"_s;
     }
     return {};

@@ -145,12 +145,8 @@ TEST(SessionHandlers, RowOfTheInstrumentListChoosesItsInstrument) {
 TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
     using Action = void (*)(MainForm&);
     const std::pair<Action, Feature> features[] = {
-        {[](MainForm& form) { form.ConSaveData.Set(true); }, Feature::Capture},
-        {[](MainForm& form) { form.ConMyCommDriver.Set(true); }, Feature::Replay},
         {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, Feature::ChipRecords},
         {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, Feature::ChipRecords},
-        {[](MainForm& form) { ChooseGridMenuEntry(form, 2, 4, 1); }, Feature::Recordings},
-        {[](MainForm& form) { FindMeter_Click(form, 1); }, Feature::Search},
         {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ReloadParameters); },
          Feature::ReloadParameters},
         {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportCurrentTable); },
@@ -164,16 +160,6 @@ TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
         EXPECT_EQ(MissedFeature(bench.Form()), feature);
         EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
     }
-}
-
-TEST(FeaturesNotBuiltYet, SearchIsOverAtItsFirstStep) {
-    NativeBench bench;
-    bench.Form().CommandCode = 1031;
-    bench.Start();
-    bench.line.RunUntil(5000);
-    EXPECT_THAT(bench.SentFrames(), IsEmpty());
-    EXPECT_FALSE(bench.Form().IsRunning());
-    EXPECT_EQ(MissedFeature(bench.Form()), Feature::Search);
 }
 
 // --- One instrument, end to end ---

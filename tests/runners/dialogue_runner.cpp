@@ -6,9 +6,12 @@
 #include <iostream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <set>
 
+#include "commands/list_clicks.h"
 #include "commands/operation_menus.h"
+#include "commands/search_panel.h"
 #include "host/serial_port.h"
 #include "runtime/code_page.h"
 #include "runtime/number.h"
@@ -38,19 +41,29 @@ Text FieldText(const Json& value) {
 bool Ticked(const Json& value) { return value.is_boolean() ? value.get<bool>() : value.get<int>() != 0; }
 
 TextControl* TextControlNamed(MainForm& form, const std::string& name) {
-    const std::map<std::string, TextControl*> controls = {{"ConMeterAddr", &form.ConMeterAddr},
-                                                          {"ConDataNub", &form.ConDataNub},
-                                                          {"ConDelayTime", &form.ConDelayTime},
-                                                          {"InputText", &form.InputText}};
+    const std::map<std::string, TextControl*> controls = {
+        {"ConMeterAddr", &form.ConMeterAddr},       {"ConDataNub", &form.ConDataNub},
+        {"ConDelayTime", &form.ConDelayTime},       {"ConSettingDE(0)", &form.ConSettingDE[0]},
+        {"ConSettingDE(1)", &form.ConSettingDE[1]}, {"InputText", &form.InputText}};
     const auto found = controls.find(name);
     return found == controls.end() ? nullptr : found->second;
 }
 
+// "ConSettingBT(3)"
+TickControl* RateTickNamed(MainForm& form, const std::string& name) {
+    constexpr std::string_view array = "ConSettingBT(";
+    if (!name.starts_with(array)) return nullptr;
+    return &form.ConSettingBT.at(static_cast<std::size_t>(std::stoi(name.substr(array.size()))));
+}
+
 TickControl* TickNamed(MainForm& form, const std::string& name) {
+    if (TickControl* rate = RateTickNamed(form, name)) return rate;
     const std::map<std::string, TickControl*> controls = {{"Check1", &form.Check1},
                                                           {"Check2", &form.Check2},
                                                           {"ConSelChange", &form.ConSelChange},
                                                           {"TimeSetup", &form.TimeSetup},
+                                                          {"ConSaveData", &form.ConSaveData},
+                                                          {"ConMyCommDriver", &form.ConMyCommDriver},
                                                           {"ConAutoSave(0)", &form.ConAutoSave[0]},
                                                           {"ConAutoSave(1)", &form.ConAutoSave[1]}};
     const auto found = controls.find(name);
@@ -76,6 +89,12 @@ void SetControl(BenchSession& bench, const std::string& name, const Json& value)
         Happen(bench, ConCommSetting_LostFocus);
     } else if (name == "ConAutoSave") {
         for (std::size_t i = 0; i < value.size(); ++i) form.ConAutoSave[i].Set(Ticked(value[i]));
+    } else if (name == "ConSettingComm") {
+        form.ConSettingComm.Set(FieldText(value));
+    } else if (name == "ConSettingDE") {
+        for (std::size_t i = 0; i < value.size(); ++i) form.ConSettingDE[i].Set(FieldText(value[i]));
+    } else if (name == "ConSettingBT") {
+        for (std::size_t i = 0; i < value.size(); ++i) form.ConSettingBT[i].Set(Ticked(value[i]));
     } else if (name == "WriteType") {
         form.WriteType.Show(value.get<int>());
     } else if (TickNamed(form, name) != nullptr) {
@@ -95,6 +114,16 @@ void AddCatalogue(BenchSession& bench, const Json& catalogue) {
         bench.Add(TextOf(instrument["name"]), TextOf(instrument["protocol"]), TextOf(instrument["code"]),
                   rows);
     }
+}
+
+void AddRecording(const BenchSession& bench, const Json& row) {
+    std::vector<Text> columns;
+    std::vector<StoreValue> values;
+    for (const auto& field : row.items()) {
+        columns.push_back(FromUtf8(field.key()));
+        values.emplace_back(FieldText(field.value()));
+    }
+    bench.store->AddRow(u"通讯_仿真", columns, values);
 }
 
 void Select(BenchSession& bench, const Json& choice) {
@@ -149,6 +178,22 @@ const std::map<std::string, Action>& Actions() {
              Happen(b, [&](MainForm& f) {
                  f.ConMeterName[0].Set(TextOf(a["name"]));
                  RunIfSet(f.ConMeterName[0].Click);
+             });
+         }},
+        {"search_start",
+         [](BenchSession& b, const Json&) { Happen(b, [](MainForm& f) { FindMeter_Click(f, 1); }); }},
+        {"search_hide",
+         [](BenchSession& b, const Json&) { Happen(b, [](MainForm& f) { FindMeter_Click(f, 0); }); }},
+        {"replay",
+         [](BenchSession& b, const Json& a) {
+             Happen(b, [&](MainForm& f) {
+                 Grid& list = f.MSHFlexGrid1[2];
+                 list.SetSize(2, 5);
+                 list.SetCell(1, 1, TextOf(a["protocol"]));
+                 list.SetCell(1, 2, TextOf(a["instrument"]));
+                 list.SetCell(1, 3, TextOf(a["note"]));
+                 list.Select(1, 1);
+                 MSHFlexGrid1_DblClick(f, 2);
              });
          }},
         {"clear_counters", [](BenchSession& b, const Json&) { Happen(b, ConCommMessage_DblClick); }},
@@ -224,7 +269,9 @@ void SetWallClock(BenchSession& bench, const std::string& text) {
 
 void SetUp(BenchSession& bench, const Json& dialogue) {
     MainForm& form = bench.Form();
-    if (!dialogue.value("recordings", Json::array()).empty()) throw NotBuiltYet{"recordings"};
+    // As a start leaves them.
+    form.ConSettingComm.Set(u"COM1");
+    ShowPortStatus(form);
     SetWallClock(bench, dialogue.value("clock", "2024-05-06 12:00:00"));
     const auto random = dialogue.value("random", std::vector<double>());
     if (!random.empty()) bench.line.RandomNumbers = random;
@@ -232,6 +279,7 @@ void SetUp(BenchSession& bench, const Json& dialogue) {
         bench.dialogs.Answers.push_back(FieldText(answer));
     bench.line.Occupied = dialogue.value("port_occupied", false);
     AddCatalogue(bench, dialogue["catalogue"]);
+    for (const Json& row : dialogue.value("recordings", Json::array())) AddRecording(bench, row);
     bench.line.Answer =
         Peer(bench.line, dialogue.value("rules", Json::array()), dialogue.value("peer", Json::array()));
     const Json controls = dialogue.value("controls", Json::object());
@@ -264,9 +312,16 @@ Json FramesOf(const BenchSession& bench) {
     return frames;
 }
 
+// How long a search took stands as "*".
+Json MessageText(const Text& text) {
+    static const std::regex seconds("耗时 [0-9]+ 秒");
+    return std::regex_replace(ToUtf8(text), seconds, "耗时 * 秒");
+}
+
 Json MessageOf(const ShownBox& box) {
     switch (box.kind) {
-        case ShownBox::Kind::Message: return {{"t", box.time}, {"kind", "msg"}, {"text", JsonOf(box.text)}};
+        case ShownBox::Kind::Message:
+            return {{"t", box.time}, {"kind", "msg"}, {"text", MessageText(box.text)}};
         case ShownBox::Kind::Notice: return {{"t", box.time}, {"kind", "notice"}};
         case ShownBox::Kind::Error: return {{"t", box.time}, {"kind", "error"}, {"number", box.number}};
         case ShownBox::Kind::YesNo:
@@ -340,6 +395,20 @@ Json CountersOf(const MainForm& form) {
             {"SearchFoundCount", form.SearchFoundCount}};
 }
 
+Json RecordingsOf(Store& store) {
+    const StoreRows rows =
+        store.Query(u"SELECT 说明,编码,采集日期,地址,指令,回送,仪表名称,协议 FROM 通讯_仿真 ORDER BY ID");
+    Json recordings = Json::array();
+    for (std::size_t row = 0; row < rows.rows.size(); ++row) {
+        Json values = Json::object();
+        for (std::size_t i = 0; i < rows.columns.size(); ++i) {
+            values[ToUtf8(rows.columns[i])] = JsonOf(rows.At(row, i));
+        }
+        recordings.push_back(std::move(values));
+    }
+    return recordings;
+}
+
 Json TraceOf(BenchSession& bench) {
     MainForm& form = bench.Form();
     Json messageTexts = Json::array();
@@ -377,7 +446,7 @@ Json TraceOf(BenchSession& bench) {
             {"saved_records", SavedRecordsOf(bench)},
             {"error_records", ErrorRecordsOf(bench)},
             {"error_file_open", bench.files.ErrorFileIsOpen()},
-            {"recordings", Json::array()}};
+            {"recordings", RecordingsOf(*bench.store)}};
 }
 
 int Run(const char* path) {

@@ -19,8 +19,13 @@ class NotingCompanions : public Companions {
     std::vector<std::string> Calls;
     std::function<void()> Called = [] {};  // within each call
     bool SearchGoesOn = true;
+    Text ReplayFrame;
 
     void CaptureExchange(MainForm&) override { Note("CaptureExchange"); }
+    void TakeReplayFrame(MainForm& form) override {
+        Note("TakeReplayFrame");
+        form.SendText = ReplayFrame;
+    }
     void ReplayReply(MainForm&) override { Note("ReplayReply"); }
     bool NextSearchStep(MainForm&) override {
         Note("NextSearchStep");

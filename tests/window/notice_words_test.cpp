@@ -32,13 +32,9 @@ TEST(NoticeWords, NameTheFeatureThatIsNotThereYet) {
     const struct {
         Feature feature;
         const char* words;
-    } rows[] = {{Feature::Capture, "数据采集: 此功能尚未提供"},
-                {Feature::Replay, "数据演示: 此功能尚未提供"},
-                {Feature::Search, "仪表搜索: 此功能尚未提供"},
-                {Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
+    } rows[] = {{Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
                 {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"},
                 {Feature::ReloadParameters, "参数地址确认: 此功能尚未提供"},
-                {Feature::Recordings, "演示数据: 此功能尚未提供"},
                 {Feature::ChipRecords, "芯片资料: 此功能尚未提供"}};
     for (const auto& row : rows) {
         const Notice notice = {.kind = Notice::Kind::NotThereYet, .feature = row.feature};

@@ -98,14 +98,14 @@ TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
 }
 
 TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Capture});
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ChipRecords});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "数据采集: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "芯片资料: 此功能尚未提供");
     QTest::mousePress(&notes, Qt::LeftButton);
     EXPECT_EQ(Form().StatusNote.Value().kind, Notice::Kind::None);
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::Capture});
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ChipRecords});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "数据采集: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "芯片资料: 此功能尚未提供");
 }
 
 TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {

@@ -1,0 +1,45 @@
+#include "replay/capture.h"
+
+#include "catalogue/instrument_catalogue.h"
+#include "host/clock.h"
+#include "host/dialogs.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
+#include "session/main_form.h"
+
+namespace commtest {
+
+namespace {
+
+Text DayText(const DateTime& day) {
+    return FittedToWidth(WholeText(day.year), 4) + u"-" + FittedToWidth(WholeText(day.month), 2) + u"-" +
+           FittedToWidth(WholeText(day.day), 2);
+}
+
+}  // namespace
+
+void ConSaveData_Click(MainForm& form) { form.SentFrames().Clear(); }
+
+void CaptureExchange(MainForm& form) {
+    InstrumentCatalogue catalogue(form.outside.store);
+    const Text name = form.InstrumentName();
+    // Q220: one row a reply, whatever was asked.
+    if (!catalogue.RecordedPair(name, form.ReplyText, form.CaptureNote).rows.empty()) return;
+    if (form.CaptureNote.empty()) {
+        // Q221: it stays for the run of the program; an empty one is asked for again.
+        form.CaptureNote =
+            UCase(form.outside.dialogs.AskText(u"数据说明", u"请输入采集数据说明,以便今后区分", {}));
+    }
+    RecordedExchange exchange;
+    exchange.instrument = name;
+    exchange.protocol = Trim(form.ConCommTypeList.Value());
+    exchange.note = form.CaptureNote;
+    exchange.code = form.MeterCodeText;
+    exchange.day = DayText(form.outside.clock.Now());
+    exchange.row = WholeText(form.CurrentRow);
+    exchange.request = form.SendText;
+    exchange.reply = form.ReplyText;
+    catalogue.AddRecordedExchange(exchange);
+}
+
+}  // namespace commtest
