@@ -23,6 +23,7 @@ std::vector<Protocol> AsciiProtocols() {
     plain.menu = OperationMenu::Modbus;
     plain.composeAddress = ComposeTwoDigitAddress;
     plain.showFrameAddress = ShowAsciiFrameAddress;
+    plain.addressOfReply = AddressOfAsciiFrame;
     plain.checkWordIsThatOfAWrite = true;
     plain.rows = kAsciiRowManner;
 

@@ -24,6 +24,7 @@ std::vector<Protocol> RtuProtocols() {
     plain.menu = OperationMenu::Modbus;
     plain.composeAddress = ComposeTwoDigitAddress;
     plain.showFrameAddress = ShowByteFrameAddress;
+    plain.addressOfReply = AddressOfByteFrame;
     plain.rows = kRtuRowManner;
 
     Protocol customised = plain;

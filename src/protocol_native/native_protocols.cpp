@@ -26,6 +26,7 @@ std::vector<Protocol> NativeProtocols() {
     plain.menu = OperationMenu::Native;
     plain.composeAddress = ComposeAsciiAddress;
     plain.showFrameAddress = ShowAsciiFrameAddress;
+    plain.addressOfReply = AddressOfAsciiFrame;
     plain.appendCheckWord = MakeCRCWordTq;
     plain.rows = kNativeRowManner;
 

@@ -1,5 +1,6 @@
 #include "search/instrument_search.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/clock.h"
@@ -71,7 +72,35 @@ void EndSearch(MainForm& form) {
     ConCommSetting_LostFocus(form);  // Q217: the port stays open
 }
 
+// Of the rates that the walk takes: from the first ticked one to the last.
+int LastRate(const MainForm& form) {
+    int last = -1;
+    for (int i = FirstTickedRate(form, 0); IsRate(form, i); i = FirstTickedRate(form, i + 1)) last = i;
+    return last;
+}
+
 }  // namespace
+
+SearchProgress ProgressOf(const MainForm& form) {
+    constexpr std::int64_t kMillisecondsOfAnAddress = 1500;  // a silent one: five ticks of 300
+    SearchProgress progress;
+    progress.address = LeadingWholeNumber(form.ConMeterAddr.Value());
+    progress.rate = Before(form.MSComm1.Settings(), u',');
+    progress.rates = LastRate(form) - FirstTickedRate(form, 0) + 1;
+    progress.rateNumber = form.SearchBaudIndex - FirstTickedRate(form, 0) + 1;
+    progress.isTicked = IsRate(form, form.SearchBaudIndex) &&
+                        form.ConSettingBT[static_cast<std::size_t>(form.SearchBaudIndex)].Value();
+    const std::int64_t addresses = std::max(form.SearchEndAddress - form.SearchStartAddress + 1, 1);
+    const std::int64_t tried =
+        std::clamp<std::int64_t>(progress.address - form.SearchStartAddress, 0, addresses);
+    const std::int64_t left = std::max<std::int64_t>(progress.rates - progress.rateNumber, 0);
+    progress.done = (progress.rateNumber - 1) * addresses + tried;
+    progress.all = progress.rates * addresses;
+    progress.millisecondsLeft =
+        (addresses - tried + left * addresses) * kMillisecondsOfAnAddress + left * kSettlingTime;
+    progress.found = form.SearchFoundCount;
+    return progress;
+}
 
 void FindCommMeter(MainForm& form) {
     form.outside.dialogs.ShowMessage(u"搜索可能将持续数分钟之久,请耐心等待！", {});
@@ -81,6 +110,7 @@ void FindCommMeter(MainForm& form) {
     ConCommMessage_DblClick(form);
     form.Record().Clear();
     form.SearchFoundCount = 0;
+    form.SearchHits.clear();
     form.SearchSavedDelay = form.ConDelayTime.Value();
     form.ConDelayTime.Set(u"1");
     ClosePort(form);

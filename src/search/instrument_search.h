@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+
+#include "runtime/text.h"
+
 namespace commtest {
 
 class MainForm;
@@ -16,5 +20,21 @@ void FindCommMeter(MainForm& form);
 // when the search is over and the user has been told: address, interval, operation and port are then as
 // before.
 bool NextSearchStep(MainForm& form);
+
+// How far a search is. Its estimate takes every address that is left for silent.
+struct SearchProgress {
+    int address = 0;                    // under trial
+    Text rate;                          // "9600"
+    int rateNumber = 0;                 // from 1
+    int rates = 0;                      // that the walk takes
+    bool isTicked = false;              // the rate, which else lies between ticked ones
+    std::int64_t done = 0;              // trials
+    std::int64_t all = 0;               // trials
+    std::int64_t millisecondsLeft = 0;  // 1.5 s an address, 0.3 s a change of rate
+    int found = 0;
+};
+
+// Of a search under way.
+SearchProgress ProgressOf(const MainForm& form);
 
 }  // namespace commtest

@@ -42,6 +42,18 @@ void ComposeDoubledAddress(Conversation& talk) {
     talk.AddressText = u" " + digits + u" " + digits;
 }
 
+std::optional<int> AddressOfAsciiFrame(const HexText& frame) {
+    const auto high = HexPairValue(Mid(AsHexText(frame), 5, 2));
+    const auto low = HexPairValue(Mid(AsHexText(frame), 8, 2));
+    if (!high || !low) return std::nullopt;
+    const char16_t digits[] = {static_cast<char16_t>(*high), static_cast<char16_t>(*low)};
+    return HexPairValue(TextView(digits, 2));
+}
+
+std::optional<int> AddressOfByteFrame(const HexText& frame) {
+    return HexPairValue(Mid(AsHexText(frame), 2, 2));
+}
+
 void ShowAsciiFrameAddress(Conversation& talk, const HexText& frame) {
     const HexText digits = Mid(AsHexText(frame), 4, 6);
     talk.ConMeterAddr.Set(WholeText(HexParse(ReadableOf(digits))));

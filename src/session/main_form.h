@@ -12,6 +12,7 @@
 #include "session/outcome_ring.h"
 #include "session/protocol.h"
 #include "session/record_pane.h"
+#include "session/search_hit.h"
 #include "session/statistics_number.h"
 #include "session/stop.h"
 #include "session/texts.h"
@@ -126,6 +127,7 @@ struct SearchWalk {
     std::int32_t SearchStartTime = 0;  // second of the day
     Text SearchSavedAddress;           // ConMeterAddr before it
     Text SearchSavedDelay;             // ConDelayTime before it
+    std::vector<SearchHit> SearchHits;
 };
 
 // The search panel.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "runtime/hex_text.h"
@@ -75,6 +76,7 @@ struct Protocol {
     // for a face that knows a single protocol.
     void (*composeBorrowedAddress)(Conversation&) = nullptr;
     void (*showFrameAddress)(Conversation&, const HexText&) = nullptr;  // ConMeterAddr from a recorded frame
+    std::optional<int> (*addressOfReply)(const HexText& reply) = nullptr;  // of one whose check word is right
     void (*appendCheckWord)(HexText&) = nullptr;
     bool checkWordIsThatOfAWrite = false;  // MakeCRCWord builds the write frame of the current row instead
     RowManner rows;

@@ -9,7 +9,24 @@ namespace commtest {
 
 namespace {
 
-void RecordSearchHit(MainForm& form) {
+// The exchange of a protocol that judges no replies stays under way.
+SearchHit HitOf(const MainForm& form, const Protocol& protocol) {
+    const OutcomePointer outcome = protocol.judge != nullptr ? form.Outcomes.Last() : nullptr;
+    const Exchange& exchange = outcome != nullptr ? outcome->exchange : form.UnderWay;
+    SearchHit hit;
+    hit.address = LeadingWholeNumber(form.ConMeterAddr.Value());
+    hit.rate = Before(form.MSComm1.Settings(), u',');
+    if (exchange.firstByteTime) hit.replyTime = *exchange.firstByteTime - exchange.requestTime;
+    hit.reply = outcome != nullptr ? exchange.reply : form.ReplyText;
+    if (outcome != nullptr) hit.check = outcome->verdict.check;
+    if (hit.check == CheckWord::Right && protocol.addressOfReply != nullptr) {
+        hit.address = protocol.addressOfReply(hit.reply).value_or(hit.address);
+    }
+    return hit;
+}
+
+void RecordSearchHit(MainForm& form, const Protocol& protocol) {
+    form.SearchHits.push_back(HitOf(form, protocol));
     form.SearchFoundCount = Add16(form.SearchFoundCount, 1);
     Text block(78, u'*');
     block += kLineEnd;
@@ -60,7 +77,7 @@ void RouteReply(MainForm& form) {
     if (protocol.judge != nullptr) ReceiveReply(form);
     const bool isSearching =
         form.CommandCode >= command::kFirstOfSearch && form.CommandCode <= command::kLastOfSearch;
-    if (isSearching) RecordSearchHit(form);
+    if (isSearching) RecordSearchHit(form, protocol);
     ShowStatistics(form);
 }
 

@@ -237,5 +237,85 @@ TEST_F(InstrumentSearch, AnswersOnlyAtItsRate) {
     EXPECT_THAT(Record(), HasSubstr("19200"));
 }
 
+// --- What was heard ---
+
+TEST_F(InstrumentSearch, HitHasAddressRateTimeReplyAndCheckWord) {
+    Tick(k9600);
+    Range(u"1", u"9");
+    Answers(kRequestOf5, kReplyOf5);
+    Search();
+    line.RunUntil(60000);
+    ASSERT_THAT(Form().SearchHits, SizeIs(1));
+    const SearchHit& hit = Form().SearchHits[0];
+    EXPECT_EQ(hit.address, 5);
+    EXPECT_EQ(ToUtf8(hit.rate), "9600");
+    EXPECT_EQ(hit.replyTime, 20000);
+    EXPECT_EQ(ToUtf8(hit.reply), " 40 30 35 52 44 43 38 30 30 36 34 30 30 36 41 0D");
+    EXPECT_EQ(hit.check, CheckWord::Right);
+    Search();
+    EXPECT_THAT(Form().SearchHits, SizeIs(0)) << "a new search begins anew";
+}
+
+TEST_F(InstrumentSearch, LateAnswerHasTheAddressThatStandsInIt) {
+    Tick(k9600);
+    Range(u"5", u"7");
+    line.Answer = [](const std::string& frame) {
+        // Behind the wait for address 5, while 6 is asked.
+        return frame == kRequestOf5 ? std::vector<testing::Arrival>{{1600, kReplyOf5}}
+                                    : std::vector<testing::Arrival>{};
+    };
+    Search();
+    line.RunUntil(60000);
+    ASSERT_THAT(Form().SearchHits, SizeIs(1));
+    EXPECT_EQ(Form().SearchHits[0].address, 5);
+    EXPECT_THAT(Record(), HasSubstr("此时仪表地址: 6"));
+}
+
+TEST_F(InstrumentSearch, WrongCheckWordIsToldAndItsAddressIsTheOneAsked) {
+    Tick(k9600);
+    Range(u"4", u"4");
+    Answers(kRequestOf4, "@09RDC80064006B\r");
+    Search();
+    line.RunUntil(60000);
+    ASSERT_THAT(Form().SearchHits, SizeIs(1));
+    EXPECT_EQ(Form().SearchHits[0].check, CheckWord::Wrong);
+    EXPECT_EQ(Form().SearchHits[0].address, 4);
+}
+
+TEST_F(InstrumentSearch, BytesWithoutAnEndAreNoHit) {
+    Tick(k9600);
+    Range(u"4", u"5");
+    Answers(kRequestOf4, "@04RDC8");
+    Search();
+    line.RunUntil(60000);
+    EXPECT_THAT(Form().SearchHits, SizeIs(0));
+}
+
+// --- How far it is ---
+
+TEST_F(InstrumentSearch, TellsHowFarItIs) {
+    Tick(k1200);
+    Tick(k9600);
+    Range(u"3", u"12");
+    Search();
+    SearchProgress progress = ProgressOf(Form());
+    EXPECT_EQ(progress.address, 3);
+    EXPECT_EQ(ToUtf8(progress.rate), "1200");
+    EXPECT_EQ(progress.rateNumber, 1);
+    EXPECT_EQ(progress.rates, 4);
+    EXPECT_TRUE(progress.isTicked);
+    EXPECT_EQ(progress.done, 0);
+    EXPECT_EQ(progress.all, 40);
+    EXPECT_EQ(progress.millisecondsLeft, 40 * 1500 + 3 * 300);
+    line.RunWhile([this] { return Form().SearchBaudIndex == 0; }, 60000);
+    line.RunWhile([this] { return Form().ConMeterAddr.Value() != u"5"; }, 60000);
+    progress = ProgressOf(Form());
+    EXPECT_EQ(ToUtf8(progress.rate), "2400");
+    EXPECT_FALSE(progress.isTicked);
+    EXPECT_EQ(progress.rateNumber, 2);
+    EXPECT_EQ(progress.done, 12);
+    EXPECT_EQ(progress.millisecondsLeft, 28 * 1500 + 2 * 300);
+}
+
 }  // namespace
 }  // namespace commtest
