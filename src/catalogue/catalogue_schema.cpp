@@ -48,7 +48,8 @@ std::vector<Text> TablesOf(StoreEngine engine) {
 
 // The parameters as the export lists them: in the order of the classes, the length in front of the address.
 Text ViewOf(StoreEngine engine) {
-    return u"CREATE VIEW 仪表参数 AS SELECT 参数名称, " + LengthInFrontOfAddress(engine) +
+    return u"CREATE VIEW " + Text(kParameterView) + u" AS SELECT 参数名称, " +
+           LengthInFrontOfAddress(engine) +
            u" AS 合成地址, 长度, 小数点, 属性, 下限值, 上限值, 仪表名称, 编号, 类别ID AS 排序, "
            u"仪表_名称.仪表ID AS 仪表ID, ID "
            u"FROM 仪表_名称 INNER JOIN 仪表_参数 ON 仪表_名称.仪表ID = 仪表_参数.仪表ID";
@@ -71,7 +72,7 @@ const std::vector<Text>& Indexes() {
 
 const std::vector<Text>& CatalogueTables() {
     static const std::vector<Text> tables = {u"仪表_类别", u"仪表_名称", u"仪表_参数", u"仪表_芯片",
-                                             u"表格_设置", u"字符_替换", u"通讯_仿真", u"仪表参数"};
+                                             u"表格_设置", u"字符_替换", u"通讯_仿真", Text(kParameterView)};
     return tables;
 }
 

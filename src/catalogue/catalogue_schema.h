@@ -6,6 +6,8 @@
 
 namespace commtest {
 
+inline constexpr TextView kParameterView = u"仪表参数";
+
 // What a store must hold to be taken for a catalogue: the seven tables and the view 仪表参数.
 const std::vector<Text>& CatalogueTables();
 

@@ -11,6 +11,8 @@ const Statements& PageOf(const Store& store) { return StatementsOf(store.Engine(
 
 Text NumberOf(int number) { return FromUtf8(std::to_string(number)); }
 
+int CountOf(Store& store, const Text& statement) { return ToWhole32(store.Query(statement).At(0, 0)); }
+
 }  // namespace
 
 std::int16_t ProtocolRecord::Code() const { return ToWhole16(codeText); }
@@ -100,6 +102,17 @@ void InstrumentCatalogue::DeleteRecording(const Text& name, const Text& note) {
 }
 
 void InstrumentCatalogue::ClearCatalogue() { store_.Execute(PageOf(store_).clearCatalogue); }
+
+bool InstrumentCatalogue::ClearSomeInstruments() {
+    if (CountOf(store_, PageOf(store_).instrumentCount) == 0) return false;
+    store_.Execute(PageOf(store_).clearSomeInstruments);
+    return true;
+}
+
+CatalogueSize InstrumentCatalogue::Size() const {
+    const Statements& page = PageOf(store_);
+    return {CountOf(store_, page.instrumentCount), CountOf(store_, page.parameterCount)};
+}
 
 StoreRows InstrumentCatalogue::Classes() const { return store_.Query(PageOf(store_).classes); }
 

@@ -52,6 +52,12 @@ struct RecordedExchange {
     Text reply;       // 回送
 };
 
+// How much a catalogue holds.
+struct CatalogueSize {
+    int instruments = 0;
+    int parameters = 0;
+};
+
 // The two forms of a parameter list for the toolbar: the length in a column of its own, or in front of the
 // address.
 enum class ParameterListForm { LengthApart, LengthInFront };
@@ -107,6 +113,9 @@ class InstrumentCatalogue {
 
     // Deletes all instruments; the store's relation takes their parameters along.
     void ClearCatalogue();
+    // The same in slices: deletes a few instruments, false if there was none left.
+    bool ClearSomeInstruments();
+    CatalogueSize Size() const;
     // *, in the order of 类别ID: 类别, 类别ID
     StoreRows Classes() const;
     StoreRows AllInstruments() const;

@@ -23,8 +23,11 @@ void AddSettings(Statements& page) {
 }
 
 void AddInstruments(Statements& page, StoreEngine engine) {
-    page.instrumentsOfProtocol = Joined({u"SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  ",
-                                         kParameterJoin, u"  Where 协议 ='?' ORDER BY 仪表名称"});
+    // One parameter of each is looked for, however many it has.
+    page.instrumentsOfProtocol =
+        u"SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  仪表_名称  Where 协议 ='?' And "
+        u"EXISTS "
+        u"(SELECT 1 From 仪表_参数 Where 仪表_参数.仪表ID = 仪表_名称.仪表ID) ORDER BY 仪表名称";
     page.parametersOfInstrument = Joined(
         {u"SELECT 参数名称, 地址,长度,属性,小数点,上限值,下限值,仪表_名称.仪表ID,协议,编号,下限值 From ",
          kParameterJoin, u" Where  仪表名称 = '?' ORDER BY ID"});
@@ -69,6 +72,10 @@ void AddRecordings(Statements& page) {
 
 void AddImportAndExport(Statements& page) {
     page.clearCatalogue = u"Delete From 仪表_名称";
+    page.clearSomeInstruments =
+        u"Delete From 仪表_名称 Where 仪表ID < (SELECT MIN(仪表ID) + 20 From 仪表_名称)";
+    page.instrumentCount = u"SELECT COUNT(*) From 仪表_名称";
+    page.parameterCount = u"SELECT COUNT(*) From 仪表_参数";
     page.classes = u"SELECT * From 仪表_类别 Order By 类别ID";
     page.allInstruments = u"SELECT * From 仪表_名称";
     page.allParameters = u"SELECT * From 仪表_参数";
@@ -104,6 +111,13 @@ const Statements& StatementsOf(StoreEngine engine) {
 Text LengthInFrontOfAddress(StoreEngine engine) {
     const TextView join = engine == StoreEngine::SqlServer ? u" + " : u" || ";
     return Joined({u"COALESCE(长度,'')", join, u"COALESCE(地址,'')"});
+}
+
+std::optional<Text> CopyStatement(StoreEngine engine, const Text& path) {
+    if (engine != StoreEngine::Sqlite) return std::nullopt;
+    Text literal;
+    for (const char16_t character : path) literal += Text(character == u'\'' ? 2 : 1, character);
+    return u"VACUUM INTO '" + literal + u"'";
 }
 
 // Q163: nothing is escaped.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <optional>
 
 #include "host/store.h"
 
@@ -40,6 +41,9 @@ struct Statements {
 
     // Import and export
     Text clearCatalogue;
+    Text clearSomeInstruments;
+    Text instrumentCount;
+    Text parameterCount;
     Text classes;
     Text allInstruments;
     Text allParameters;
@@ -52,6 +56,9 @@ const Statements& StatementsOf(StoreEngine engine);
 // The length of a parameter and its address joined to one text, as an expression of the engine; a null counts
 // as empty.
 Text LengthInFrontOfAddress(StoreEngine engine);
+
+// The statement with which an engine copies all of itself into a new file; nothing where it has none.
+std::optional<Text> CopyStatement(StoreEngine engine, const Text& path);
 
 // Joins the values into a statement, one for each "?" in turn. Nothing is escaped: a value with a single
 // quote in it breaks its statement, and the engine's error reaches the user.

@@ -13,6 +13,7 @@ inline constexpr TextView kListFileName = u"TQ.ini";
 inline constexpr TextView kListCopyFileName = u"OutTQ.ini";
 inline constexpr TextView kTemplateFileName = u"TQP.Dev";
 inline constexpr TextView kChannelTableFileName = u"OutTQ.Dev";
+inline constexpr TextView kCatalogueCopyMark = u".bak-";  // behind the catalogue's name; the moment follows
 inline constexpr TextView kServerFileName = u"Setup.ini";
 inline constexpr TextView kHelpFileName = u"使用说明.ini";
 inline constexpr TextView kUpdaterFileName = u"通讯更新.exe";

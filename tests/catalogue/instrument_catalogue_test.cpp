@@ -143,6 +143,40 @@ TEST_F(InstrumentCatalogueTest, ClearingTakesTheParametersAlongAndLeavesTheRest)
     EXPECT_THAT(store->Query(u"SELECT * From 仪表_芯片").rows, SizeIs(1));
 }
 
+TEST_F(InstrumentCatalogueTest, ClearingInSlicesEndsWhereNoInstrumentIsLeft) {
+    for (const int id : {-3, 1, 16, 17, 18, 5000}) AddInstrument(id, u"表", u"11000101");
+    AddParameter(1, 16, u"值", u"0010", u"2");
+    AddParameter(2, 18, u"值", u"0010", u"2");
+    EXPECT_TRUE(catalogue.ClearSomeInstruments());
+    EXPECT_EQ(catalogue.Size().instruments, 3);
+    EXPECT_EQ(catalogue.Size().parameters, 1);
+    EXPECT_TRUE(catalogue.ClearSomeInstruments());
+    EXPECT_TRUE(catalogue.ClearSomeInstruments());
+    EXPECT_EQ(catalogue.Size().instruments, 0);
+    EXPECT_FALSE(catalogue.ClearSomeInstruments());
+}
+
+TEST_F(InstrumentCatalogueTest, SizeIsTheNumberOfInstrumentsAndOfParameters) {
+    EXPECT_EQ(catalogue.Size().instruments, 0);
+    EXPECT_EQ(catalogue.Size().parameters, 0);
+    AddInstrument(1, u"表一", u"11000101");
+    AddInstrument(2, u"表二", u"11000101");
+    for (const int id : {1, 2, 3}) AddParameter(id, 1, u"值", u"0010", u"2");
+    EXPECT_EQ(catalogue.Size().instruments, 2);
+    EXPECT_EQ(catalogue.Size().parameters, 3);
+}
+
+TEST_F(InstrumentCatalogueTest, InstrumentsOfTheSameNameComeInTheOrderOfTheirNumbers) {
+    for (const int id : {30, 10, 20}) {
+        AddInstrument(id, id == 20 ? u"乙" : u"甲", u"11000101");
+        AddParameter(id, id, u"值", u"0010", u"2");
+        AddParameter(100 - id, id, u"值", u"0010", u"2");
+    }
+    EXPECT_THAT(Lines(catalogue.InstrumentsOfProtocol(kProtocol)),
+                ElementsAre("乙 TQ仪表协议 20 11000101 1", "甲 TQ仪表协议 10 11000101 1",
+                            "甲 TQ仪表协议 30 11000101 1"));
+}
+
 TEST_F(InstrumentCatalogueTest, ParameterOfNoInstrumentIsRefused) {
     EXPECT_THROW(AddParameter(1, 7, u"值", u"0010", u"2"), RuntimeError);
 }

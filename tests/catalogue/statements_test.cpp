@@ -54,10 +54,10 @@ TEST(Statements, TheEnginesDifferInHowTheyJoinTextsOnly) {
 }
 
 TEST(Statements, JoinedStatementsAreSpelledOut) {
-    EXPECT_EQ(
-        TextOf(StoreEngine::Sqlite, &Statements::instrumentsOfProtocol),
-        "SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  仪表_名称 INNER JOIN 仪表_参数 ON "
-        "仪表_名称.仪表ID = 仪表_参数.仪表ID  Where 协议 ='?' ORDER BY 仪表名称");
+    EXPECT_EQ(TextOf(StoreEngine::Sqlite, &Statements::instrumentsOfProtocol),
+              "SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  仪表_名称  Where 协议 ='?' "
+              "And EXISTS "
+              "(SELECT 1 From 仪表_参数 Where 仪表_参数.仪表ID = 仪表_名称.仪表ID) ORDER BY 仪表名称");
     EXPECT_EQ(
         TextOf(StoreEngine::Sqlite, &Statements::parametersOfInstrument),
         "SELECT 参数名称, 地址,长度,属性,小数点,上限值,下限值,仪表_名称.仪表ID,协议,编号,下限值 From "

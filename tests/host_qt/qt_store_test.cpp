@@ -9,11 +9,14 @@
 #include <QTemporaryDir>
 #include <functional>
 
+#include "catalogue/catalogue_backup.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/shipped_catalogue.h"
+#include "host_qt/folder_files.h"
 #include "host_qt/program_folder.h"
 #include "runtime/runtime_error.h"
+#include "support/failing_store.h"
 #include "support/statement_table.h"
 
 namespace commtest {
@@ -308,6 +311,49 @@ TEST_F(QtStoreTest, ANewFileWithoutTheTablesAskedForDoesNotStay) {
 TEST_F(QtStoreTest, ANewFileThatCannotBeMadeIsRefused) {
     EXPECT_THAT(RefusalOf(store, {StoreAddress::Kind::NewFile, PathOf("none/new").toStdU16String(), {}}),
                 HasSubstr("不能建立数据库文件"));
+}
+
+TEST_F(QtStoreTest, TheCatalogueIsCopiedBesideItselfAndBroughtBack) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    FolderFiles files(folder.path());
+    testing::FailingStore asServer(store);
+    asServer.PretendToBe(StoreEngine::SqlServer);
+    InstrumentCatalogue catalogue(store);
+    const auto parameters = catalogue.AllParameters().rows;
+    for (Store* copied : {static_cast<Store*>(&store), static_cast<Store*>(&asServer)}) {
+        const Text copy = BackUpCatalogue(*copied, files, {2024, 5, 6, 7, 8, 9});
+        catalogue.ClearCatalogue();
+        RestoreCatalogue(*copied, files, copy);
+        EXPECT_EQ(catalogue.AllParameters().rows, parameters);
+    }
+    EXPECT_EQ(FilesInFolder().filter("通讯数据"),
+              QStringList({"通讯数据.mdb", "通讯数据.mdb.bak-20240506-070809",
+                           "通讯数据.mdb.bak-20240506-070809-2"}));
+}
+
+TEST_F(QtStoreTest, AForeignFileIsNotRestored) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    Write("letter", "Dear reader");
+    const auto parameters = InstrumentCatalogue(store).AllParameters().rows;
+    EXPECT_THROW(RestoreCatalogue(store, FolderFiles(folder.path()), u"letter"), RuntimeError);
+    EXPECT_EQ(InstrumentCatalogue(store).AllParameters().rows, parameters);
+    EXPECT_EQ(Read("letter"), "Dear reader");
+}
+
+// No file can be made in this folder, by whomever.
+TEST_F(QtStoreTest, ACopyThatCannotBeWrittenLeavesNothing) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    const QStringList before = FilesInFolder();
+    FolderFiles files(QStringLiteral("/proc/self"));
+    testing::FailingStore asServer(store);
+    asServer.PretendToBe(StoreEngine::SqlServer);
+    EXPECT_THROW(BackUpCatalogue(store, files, {2024, 5, 6, 7, 8, 9}), RuntimeError);
+    EXPECT_THROW(BackUpCatalogue(asServer, files, {2024, 5, 6, 7, 8, 9}), RuntimeError);
+    EXPECT_EQ(FilesInFolder(), before);
+    EXPECT_THAT(InstrumentCatalogue(store).Classes().rows, SizeIs(7));
 }
 
 TEST_F(QtStoreTest, AMissingFileIsNotMade) {

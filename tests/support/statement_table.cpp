@@ -30,6 +30,9 @@ const std::vector<NamedStatement>& AllStatements() {
         {"allParameters", &Statements::allParameters, 0},
         {"exportRows", &Statements::exportRows, 0},
         {"clearCatalogue", &Statements::clearCatalogue, 0},
+        {"clearSomeInstruments", &Statements::clearSomeInstruments, 0},
+        {"instrumentCount", &Statements::instrumentCount, 0},
+        {"parameterCount", &Statements::parameterCount, 0},
     };
     return statements;
 }

@@ -1,0 +1,139 @@
+#include "catalogue/catalogue_backup.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_catalogue.h"
+#include "catalogue/statements.h"
+#include "host/file_names.h"
+#include "runtime/runtime_error.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr TextView kMomentForm = u"00000000-000000";  // "0" for any digit
+constexpr TextView kInstrumentTable = u"仪表_名称";
+constexpr TextView kParameterTable = u"仪表_参数";
+
+Text NumberText(int number, std::size_t width = 0) {
+    const Text digits = FromUtf8(std::to_string(number));
+    return Text(width > digits.size() ? width - digits.size() : 0, u'0') + digits;
+}
+
+Text NameBeginning() { return Text(kCatalogueFileName) + Text(kCatalogueCopyMark); }
+
+Text NameOf(const DateTime& moment) {
+    return NameBeginning() + NumberText(moment.year, 4) + NumberText(moment.month, 2) +
+           NumberText(moment.day, 2) + u"-" + NumberText(moment.hour, 2) + NumberText(moment.minute, 2) +
+           NumberText(moment.second, 2);
+}
+
+Text FreeName(const ProgramFiles& files, const DateTime& moment) {
+    const Text first = NameOf(moment);
+    Text name = first;
+    for (int turn = 2; files.Exists(name); ++turn) name = first + u"-" + NumberText(turn);
+    return name;
+}
+
+bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
+
+// What stands behind the beginning of a name is a moment, or a moment and a turn.
+bool IsOfACopy(TextView rest) {
+    if (rest.size() < kMomentForm.size()) return false;
+    for (std::size_t i = 0; i < kMomentForm.size(); ++i) {
+        if (kMomentForm[i] == u'0' ? !IsDigit(rest[i]) : rest[i] != kMomentForm[i]) return false;
+    }
+    const TextView turn = rest.substr(kMomentForm.size());
+    if (turn.empty()) return true;
+    return turn.size() > 1 && turn[0] == u'-' && std::all_of(turn.begin() + 1, turn.end(), IsDigit);
+}
+
+// A later turn of the same moment has a longer name, or one of the same length with a higher number.
+bool IsYounger(const Text& one, const Text& other) {
+    const std::size_t moment = NameBeginning().size() + kMomentForm.size();
+    const int order = one.compare(0, moment, other, 0, moment);
+    if (order != 0) return order > 0;
+    return one.size() != other.size() ? one.size() > other.size() : one > other;
+}
+
+void CopyTable(Store& from, Store& to, const Text& table) {
+    const std::vector<Text> columns = to.Query(u"SELECT * From " + table + u" Where 1 = 0").columns;
+    Text names;
+    for (const Text& column : columns) names += (names.empty() ? u"" : u",") + column;
+    const auto rows = from.OpenCursor(u"SELECT " + names + u" From " + table);
+    std::vector<StoreValue> values(columns.size());
+    while (rows->Next()) {
+        for (std::size_t i = 0; i < values.size(); ++i) values[i] = rows->ValueAt(i);
+        to.AddRow(table, columns, values);
+    }
+}
+
+void CopyRowByRow(Store& store, const Text& path) {
+    const auto copy = store.Another();
+    copy->Open({StoreAddress::Kind::NewFile, path, {}});
+    copy->BeginTransaction();
+    CreateCatalogueTables(*copy);
+    for (const Text& table : CatalogueTables()) {
+        if (table != kParameterView) CopyTable(store, *copy, table);
+    }
+    copy->Commit();
+}
+
+void CopyInto(const Text& path, Store& store) {
+    const std::optional<Text> statement = CopyStatement(store.Engine(), path);
+    if (statement) {
+        store.Execute(*statement);
+    } else {
+        CopyRowByRow(store, path);
+    }
+}
+
+void RemoveOldCopies(ProgramFiles& files, const Text& newest) {
+    std::size_t kept = 1;
+    for (const Text& name : CatalogueBackups(files)) {
+        if (name != newest && ++kept > kKeptCatalogueCopies) PassOverError([&] { files.Remove(name); });
+    }
+}
+
+}  // namespace
+
+Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now) {
+    const Text name = FreeName(files, now);
+    try {
+        CopyInto(files.PathOf(name), store);
+    } catch (...) {
+        if (files.Exists(name)) PassOverError([&] { files.Remove(name); });
+        throw;
+    }
+    RemoveOldCopies(files, name);
+    return name;
+}
+
+std::vector<Text> CatalogueBackups(const ProgramFiles& files) {
+    const Text beginning = NameBeginning();
+    std::vector<Text> names = files.NamesBeginning(beginning);
+    std::erase_if(names,
+                  [&](const Text& name) { return !IsOfACopy(TextView(name).substr(beginning.size())); });
+    std::sort(names.begin(), names.end(), IsYounger);
+    return names;
+}
+
+void RestoreCatalogue(Store& store, const ProgramFiles& files, const Text& copy) {
+    const auto from = store.Another();
+    from->Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
+    store.BeginTransaction();
+    try {
+        InstrumentCatalogue(store).ClearCatalogue();
+        CopyTable(*from, store, Text(kInstrumentTable));
+        CopyTable(*from, store, Text(kParameterTable));
+        store.Commit();
+    } catch (...) {
+        PassOverError([&] { store.Rollback(); });
+        throw;
+    }
+}
+
+}  // namespace commtest

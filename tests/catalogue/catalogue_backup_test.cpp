@@ -1,0 +1,228 @@
+#include "catalogue/catalogue_backup.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_catalogue.h"
+#include "catalogue/shipped_catalogue.h"
+#include "host/file_names.h"
+#include "runtime/runtime_error.h"
+#include "support/disk_files.h"
+#include "support/error_of.h"
+#include "support/failing_store.h"
+#include "support/sqlite_store.h"
+#include "support/statement_table.h"
+
+namespace commtest {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr DateTime kMoment{2024, 5, 6, 7, 8, 9};
+const Text kFirstName = u"通讯数据.mdb.bak-20240506-070809";
+
+std::vector<std::vector<StoreValue>> RowsOf(Store& store, const Text& table) {
+    return store.Query(u"SELECT * From " + table).rows;
+}
+
+class CatalogueBackupTest : public ::testing::Test {
+  protected:
+    CatalogueBackupTest() {
+        inner.Open({StoreAddress::Kind::NewFile, files.PathOf(Text(kCatalogueFileName)), {}});
+        inner.BeginTransaction();
+        CreateCatalogueTables(inner);
+        InstrumentCatalogue catalogue(inner);
+        catalogue.AddClass(u"类别甲", 3);
+        catalogue.AddInstrument({4, u"O'K", u"11000101", u"TQ仪表协议", u"甲", u"类别甲", std::nullopt});
+        catalogue.AddInstrument({2, u"表二", u"", u"TQ仪表协议", u"", u"", Text(u"3")});
+        catalogue.AddParameter({9, 4, u"值", u"0010", u"2", u"RW", u"", u"-1", u"9"});
+        catalogue.AddParameter({5, 2, u"另一", u"0012", u"", u"", u"1", u"", u""});
+        inner.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"℃"), std::nullopt});
+        inner.AddRow(u"表格_设置", {u"使用", u"列号", u"字段"}, {Text(u"数据类型"), Text(u"1"), Text(u"x")});
+        inner.AddRow(u"仪表_芯片", {u"芯片ID", u"编号"}, {Text(u"7"), Text(u"11000101")});
+        testing::AddRecording(inner, u"O'K", u"说明", u" 40");
+        inner.Commit();
+    }
+
+    // What the tables of a file hold, one by one.
+    std::vector<std::vector<std::vector<StoreValue>>> Contents(const Text& name) const {
+        testing::SqliteStore file;
+        file.Open({StoreAddress::Kind::LocalFile, files.PathOf(name), CatalogueTables()});
+        std::vector<std::vector<std::vector<StoreValue>>> contents;
+        for (const Text& table : CatalogueTables()) contents.push_back(RowsOf(file, table));
+        return contents;
+    }
+
+    Text Catalogue() const { return Text(kCatalogueFileName); }
+
+    testing::DiskFiles files;
+    testing::SqliteStore inner;
+    testing::FailingStore store{inner};
+};
+
+TEST_F(CatalogueBackupTest, ACopyIsNamedByItsMomentAndHoldsEverything) {
+    EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName);
+    EXPECT_EQ(Contents(kFirstName), Contents(Catalogue()));
+    EXPECT_THAT(files.NamesBeginning(u""), SizeIs(2));
+}
+
+TEST_F(CatalogueBackupTest, ACopyOfAServersCatalogueIsALocalFileThatHoldsEverything) {
+    store.PretendToBe(StoreEngine::PostgreSql);
+    EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName);
+    EXPECT_EQ(Contents(kFirstName), Contents(Catalogue()));
+    EXPECT_THAT(files.NamesBeginning(u""), SizeIs(2));
+}
+
+TEST_F(CatalogueBackupTest, ACopyKeepsTheRelation) {
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::SqlServer}) {
+        store.PretendToBe(engine);
+        testing::SqliteStore copy;
+        copy.Open({StoreAddress::Kind::LocalFile, files.PathOf(BackUpCatalogue(store, files, kMoment)), {}});
+        InstrumentCatalogue(copy).ClearCatalogue();
+        EXPECT_EQ(InstrumentCatalogue(copy).Size().parameters, 0);
+    }
+}
+
+TEST_F(CatalogueBackupTest, ANameThatIsTakenGetsATurn) {
+    BackUpCatalogue(store, files, kMoment);
+    EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName + u"-2");
+    EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName + u"-3");
+    EXPECT_THAT(CatalogueBackups(files), ElementsAre(kFirstName + u"-3", kFirstName + u"-2", kFirstName));
+}
+
+TEST_F(CatalogueBackupTest, CopiesAreToldTheYoungestFirst) {
+    for (const TextView end :
+         {u"20240506-070809-2", u"20240506-070809-10", u"20231231-235959", u"20240506-070809"})
+        files.Write(u"通讯数据.mdb.bak-" + Text(end), "");
+    EXPECT_THAT(CatalogueBackups(files),
+                ElementsAre(u"通讯数据.mdb.bak-20240506-070809-10", u"通讯数据.mdb.bak-20240506-070809-2",
+                            u"通讯数据.mdb.bak-20240506-070809", u"通讯数据.mdb.bak-20231231-235959"));
+}
+
+TEST_F(CatalogueBackupTest, OtherNamesAreNoCopies) {
+    for (const TextView name :
+         {u"通讯数据.mdb.bak-", u"通讯数据.mdb.bak-2024050-070809", u"通讯数据.mdb.bak-20240506 070809",
+          u"通讯数据.mdb.bak-20240506-070809-", u"通讯数据.mdb.bak-20240506-070809-a",
+          u"通讯数据.mdb.bak-20240506-070809.txt", u"通讯数据.mdb.bak-2024050a-070809",
+          u"通讯数据.mdb.bak-20240506-0708091", u"x通讯数据.mdb.bak-20240506-070809"})
+        files.Write(Text(name), "of the user");
+    EXPECT_THAT(CatalogueBackups(files), IsEmpty());
+    for (const int second : {1, 2, 3, 4}) BackUpCatalogue(store, files, {2024, 5, 6, 0, 0, second});
+    EXPECT_THAT(files.NamesBeginning(u""), SizeIs(9 + 1 + 3));
+}
+
+TEST_F(CatalogueBackupTest, TheLastThreeCopiesStay) {
+    for (const int day : {1, 2, 3, 4}) BackUpCatalogue(store, files, {2024, 5, day, 0, 0, 0});
+    EXPECT_THAT(CatalogueBackups(files),
+                ElementsAre(u"通讯数据.mdb.bak-20240504-000000", u"通讯数据.mdb.bak-20240503-000000",
+                            u"通讯数据.mdb.bak-20240502-000000"));
+}
+
+TEST_F(CatalogueBackupTest, ANewCopyStaysWhateverTheClockSays) {
+    for (const int day : {5, 6, 7}) BackUpCatalogue(store, files, {2024, 5, day, 0, 0, 0});
+    BackUpCatalogue(store, files, {2023, 1, 1, 0, 0, 0});
+    EXPECT_THAT(CatalogueBackups(files),
+                ElementsAre(u"通讯数据.mdb.bak-20240507-000000", u"通讯数据.mdb.bak-20240506-000000",
+                            u"通讯数据.mdb.bak-20230101-000000"));
+}
+
+TEST_F(CatalogueBackupTest, ACopyThatFailsAnywhereLeavesNoFileAndTheOthers) {
+    for (const int day : {1, 2, 3}) BackUpCatalogue(store, files, {2024, 5, day, 0, 0, 0});
+    const std::vector<Text> before = files.NamesBeginning(u"");
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::PostgreSql}) {
+        store.PretendToBe(engine);
+        int call = 1;
+        for (;; ++call) {
+            store.FailAt(call);
+            if (ErrorOf([&] { BackUpCatalogue(store, files, kMoment); }) == 0) break;
+            ASSERT_EQ(files.NamesBeginning(u""), before) << call;
+        }
+        EXPECT_GT(call, engine == StoreEngine::Sqlite ? 1 : 30);
+        store.FailAt(0);
+        files.Remove(kFirstName);
+        BackUpCatalogue(store, files, {2024, 5, 1, 0, 0, 0});
+    }
+}
+
+// No file can be made in this folder, by whomever.
+TEST_F(CatalogueBackupTest, AFolderThatTakesNoFileIsToldAndNothingElseHappens) {
+    const std::vector<Text> before = files.NamesBeginning(u"");
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::PostgreSql}) {
+        store.PretendToBe(engine);
+        files.MoveTo(u"/proc/self");
+        EXPECT_EQ(ErrorOf([&] { BackUpCatalogue(store, files, kMoment); }), RuntimeError::kStore);
+        files.MoveTo(files.Folder());
+        EXPECT_EQ(files.NamesBeginning(u""), before);
+        EXPECT_EQ(InstrumentCatalogue(store).Size().parameters, 2);
+    }
+}
+
+TEST_F(CatalogueBackupTest, ACopyWithinATransactionIsRefused) {
+    store.BeginTransaction();
+    EXPECT_EQ(ErrorOf([&] { BackUpCatalogue(store, files, kMoment); }), RuntimeError::kStore);
+    store.Rollback();
+    EXPECT_THAT(CatalogueBackups(files), IsEmpty());
+}
+
+class CatalogueRestoreTest : public CatalogueBackupTest {
+  protected:
+    CatalogueRestoreTest() : copy(BackUpCatalogue(store, files, kMoment)), saved(Contents(copy)) {
+        InstrumentCatalogue catalogue(store);
+        catalogue.ClearCatalogue();
+        catalogue.AddInstrument({4, u"新表", u"", u"TQ仪表协议", u"", u"", std::nullopt});
+        catalogue.AddParameter({9, 4, u"新", u"0020", u"2", u"", u"", u"", u""});
+        catalogue.AddClass(u"新类别", 8);
+        store.Execute(u"Delete From 通讯_仿真");
+    }
+
+    void ExpectInstrumentsAndParametersOfTheCopy() {
+        const auto contents = Contents(Catalogue());
+        EXPECT_EQ(contents[1], saved[1]);
+        EXPECT_EQ(contents[2], saved[2]);
+    }
+
+    Text copy;
+    std::vector<std::vector<std::vector<StoreValue>>> saved;
+};
+
+TEST_F(CatalogueRestoreTest, InstrumentsAndParametersComeBackAndTheRestStays) {
+    RestoreCatalogue(store, files, copy);
+    ExpectInstrumentsAndParametersOfTheCopy();
+    EXPECT_THAT(InstrumentCatalogue(store).Classes().rows, SizeIs(2));
+    EXPECT_THAT(RowsOf(store, u"通讯_仿真"), IsEmpty());
+    EXPECT_EQ(Contents(copy), saved);
+}
+
+TEST_F(CatalogueRestoreTest, ACopyMayBeNamedByItsPath) {
+    RestoreCatalogue(store, files, files.PathOf(copy));
+    ExpectInstrumentsAndParametersOfTheCopy();
+}
+
+TEST_F(CatalogueRestoreTest, AFileThatIsNoCatalogueIsRefused) {
+    files.Write(u"letter", std::string(2000, 'x'));
+    const auto before = Contents(Catalogue());
+    EXPECT_EQ(ErrorOf([&] { RestoreCatalogue(store, files, u"letter"); }), RuntimeError::kStore);
+    EXPECT_EQ(ErrorOf([&] { RestoreCatalogue(store, files, u"none"); }), RuntimeError::kStore);
+    EXPECT_EQ(Contents(Catalogue()), before);
+    EXPECT_EQ(files.Read(u"letter"), std::string(2000, 'x'));
+    EXPECT_FALSE(files.Exists(u"none"));
+}
+
+TEST_F(CatalogueRestoreTest, AFailureAnywhereLeavesEverythingAsItWasAndTheStoreUsable) {
+    const auto before = Contents(Catalogue());
+    int call = 1;
+    for (;; ++call) {
+        store.FailAt(call);
+        if (ErrorOf([&] { RestoreCatalogue(store, files, copy); }) == 0) break;
+        ASSERT_EQ(Contents(Catalogue()), before) << call;
+    }
+    EXPECT_GT(call, 10);
+    ExpectInstrumentsAndParametersOfTheCopy();
+}
+
+}  // namespace
+}  // namespace commtest

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "host/store.h"
+
+namespace commtest::testing {
+
+// A store over another one, of whose calls one fails with the text "call N failed" and without reaching it.
+// Counted are opening, every statement, every row of a cursor, begin and commit, also those of the stores
+// that it gives; not closing and rolling back.
+class FailingStore : public Store {
+  public:
+    explicit FailingStore(Store& inner) : FailingStore(inner, nullptr, std::make_shared<Calls>()) {}
+
+    // Of the calls from now on the n-th fails, 1 for the next; none with 0.
+    void FailAt(int call) { *calls_ = {0, call}; }
+    int CallsSoFar() const { return calls_->count; }
+
+    // The engine that it says it is; those that it gives stay what they are.
+    void PretendToBe(StoreEngine engine) { pretended_ = engine; }
+
+    void Open(const StoreAddress& address) override;
+    void Close() override { inner_.Close(); }
+    bool IsOpen() const override { return inner_.IsOpen(); }
+    StoreEngine Engine() const override { return pretended_.value_or(inner_.Engine()); }
+
+    StoreRows Query(const Text& sql) override;
+    std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
+    void Execute(const Text& sql) override;
+    void AddRow(const Text& table, const std::vector<Text>& columns,
+                const std::vector<StoreValue>& values) override;
+
+    void BeginTransaction() override;
+    void Commit() override;
+    void Rollback() override { inner_.Rollback(); }
+
+    std::unique_ptr<Store> Another() const override;
+
+  private:
+    struct Calls {
+        int count = 0;
+        int failing = 0;
+
+        void Count();
+    };
+    class Cursor;
+
+    FailingStore(Store& inner, std::unique_ptr<Store> owned, std::shared_ptr<Calls> calls)
+        : owned_(std::move(owned)), inner_(inner), calls_(std::move(calls)) {}
+
+    std::unique_ptr<Store> owned_;  // the inner one, of a store that another one gave
+    Store& inner_;
+    std::shared_ptr<Calls> calls_;
+    std::optional<StoreEngine> pretended_;
+};
+
+}  // namespace commtest::testing
