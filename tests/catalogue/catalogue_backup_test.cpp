@@ -137,6 +137,7 @@ TEST_F(CatalogueBackupTest, ACopyThatFailsAnywhereLeavesNoFileAndTheOthers) {
         store.PretendToBe(engine);
         int call = 1;
         for (;; ++call) {
+            ASSERT_LT(call, 200);
             store.FailAt(call);
             if (ErrorOf([&] { BackUpCatalogue(store, files, kMoment); }) == 0) break;
             ASSERT_EQ(files.NamesBeginning(u""), before) << call;
@@ -216,6 +217,7 @@ TEST_F(CatalogueRestoreTest, AFailureAnywhereLeavesEverythingAsItWasAndTheStoreU
     const auto before = Contents(Catalogue());
     int call = 1;
     for (;; ++call) {
+        ASSERT_LT(call, 200);
         store.FailAt(call);
         if (ErrorOf([&] { RestoreCatalogue(store, files, copy); }) == 0) break;
         ASSERT_EQ(Contents(Catalogue()), before) << call;

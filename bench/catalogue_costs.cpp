@@ -1,0 +1,104 @@
+// What the statements of the catalogue in a file cost, a line each: name, seconds, rows.
+//     catalogue_costs FILE add ROWS
+//     catalogue_costs FILE clear
+//     catalogue_costs FILE look PROTOCOL INSTRUMENT
+// "add" brings parameters in, columns divided by tabs in the order of the table, and commits. "clear" deletes
+// all instruments, and tells what the longest slice of this takes. "look" tells the quickest of some rounds
+// of each query.
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_catalogue.h"
+#include "host_qt/qt_store.h"
+
+namespace commtest {
+
+namespace {
+
+constexpr int kRounds = 5;
+
+void Tell(const char* name, double seconds, std::size_t rows) {
+    std::printf("%s %.9f %zu\n", name, seconds, rows);
+}
+
+double SecondsOf(const std::function<void()>& work) {
+    QElapsedTimer watch;
+    watch.start();
+    work();
+    return static_cast<double>(watch.nsecsElapsed()) * 1e-9;
+}
+
+std::vector<ParameterRecord> ParametersIn(const QString& name) {
+    QFile file(name);
+    std::vector<ParameterRecord> parameters;
+    if (!file.open(QIODevice::ReadOnly)) return parameters;
+    while (!file.atEnd()) {
+        const QStringList fields = QString::fromUtf8(file.readLine()).chopped(1).split(u'\t');
+        const auto text = [&](int field) { return fields[field].toStdU16String(); };
+        parameters.push_back({fields[0].toInt(), fields[1].toInt(), text(2), text(3), text(4), text(5),
+                              text(6), text(7), text(8)});
+    }
+    return parameters;
+}
+
+void Add(Store& store, const QString& file) {
+    const std::vector<ParameterRecord> parameters = ParametersIn(file);
+    const double seconds = SecondsOf([&] {
+        store.BeginTransaction();
+        InstrumentCatalogue catalogue(store);
+        for (const ParameterRecord& parameter : parameters) catalogue.AddParameter(parameter);
+        store.Commit();
+    });
+    Tell("add", seconds, parameters.size());
+}
+
+void Clear(Store& store) {
+    InstrumentCatalogue catalogue(store);
+    const auto rows = static_cast<std::size_t>(catalogue.Size().instruments);
+    double longest = 0;
+    const double seconds = SecondsOf([&] {
+        store.BeginTransaction();
+        for (bool goesOn = true; goesOn;) {
+            longest = std::max(longest, SecondsOf([&] { goesOn = catalogue.ClearSomeInstruments(); }));
+        }
+        store.Commit();
+    });
+    Tell("clear", seconds, rows);
+    Tell("slice", longest, rows);
+}
+
+void LookAt(const char* name, const std::function<StoreRows()>& query) {
+    std::size_t rows = 0;
+    double quickest = 1e9;
+    for (int round = 0; round < kRounds; ++round) {
+        quickest = std::min(quickest, SecondsOf([&] { rows = query().rows.size(); }));
+    }
+    Tell(name, quickest, rows);
+}
+
+void Look(Store& store, const Text& protocol, const Text& instrument) {
+    const InstrumentCatalogue catalogue(store);
+    LookAt("instruments", [&] { return catalogue.InstrumentsOfProtocol(protocol); });
+    LookAt("parameters", [&] { return catalogue.ParametersOfInstrument(instrument); });
+    LookAt("list", [&] { return catalogue.CatalogueList(); });
+}
+
+}  // namespace
+
+}  // namespace commtest
+
+int main(int argc, char* argv[]) {
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    commtest::QtStore store;
+    store.Open(
+        {commtest::StoreAddress::Kind::LocalFile, words[1].toStdU16String(), commtest::CatalogueTables()});
+    if (words[2] == "add") commtest::Add(store, words[3]);
+    if (words[2] == "clear") commtest::Clear(store);
+    if (words[2] == "look") commtest::Look(store, words[3].toStdU16String(), words[4].toStdU16String());
+}
