@@ -134,10 +134,14 @@ void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {
     static const Text table = u"仪表_参数";
     static const std::vector<Text> columns = {u"ID",   u"仪表ID", u"参数名称", u"地址",  u"长度",
                                               u"属性", u"小数点", u"下限值",   u"上限值"};
-    store_.AddRow(table, columns,
-                  {NumberOf(parameter.id), NumberOf(parameter.instrumentId), parameter.name,
-                   parameter.address, parameter.length, parameter.attribute, parameter.decimalPoint,
-                   parameter.lowerLimit, parameter.upperLimit});
+    std::vector<StoreValue> values;
+    values.reserve(columns.size());
+    for (const int number : {parameter.id, parameter.instrumentId}) values.emplace_back(NumberOf(number));
+    for (const Text* text : {&parameter.name, &parameter.address, &parameter.length, &parameter.attribute,
+                             &parameter.decimalPoint, &parameter.lowerLimit, &parameter.upperLimit}) {
+        values.emplace_back(*text);
+    }
+    store_.AddRow(table, columns, values);
 }
 
 std::unique_ptr<RowCursor> InstrumentCatalogue::OpenExportRows() const {
