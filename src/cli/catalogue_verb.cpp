@@ -1,59 +1,9 @@
-#include <QDir>
-
-#include "catalogue/shipped_catalogue.h"
-#include "cli/catalogue_access.h"
-#include "cli/verb.h"
-#include "host/file_names.h"
-#include "host_qt/folder_files.h"
-#include "host_qt/program_folder.h"
-#include "host_qt/qt_store.h"
-#include "runtime/runtime_error.h"
+#include "cli/catalogue_actions.h"
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-// True if the catalogue was made, false if one stood there.
-bool MakeFolder(const QString& folder) {
-    try {
-        return CreateProgramFolder(folder.toStdU16String(), FillWithShippedCatalogue);
-    } catch (const RuntimeError& error) {
-        throw Problem(ExitStatus::NoAccess, u"%1 不能建立 %2，请检查名称和权限"_s.arg(
-                                                QString::fromStdU16String(error.StandardMessage()), folder));
-    }
-}
-
-// A file of that name which is no catalogue was kept, but is no success.
-void RequireCatalogue(const QString& folder) {
-    QtStore store;
-    OpenCatalogueOf(FolderFiles(folder), store);
-}
-
-ExitStatus Catalogue(const Arguments& arguments, Console& console) {
-    const QStringList words = arguments.Positional(2, u"create 文件夹");
-    if (words[0] != u"create") {
-        throw Problem(
-            ExitStatus::BadUsage,
-            u"没有动作 \"%1\"，应为 create。用法请看 commtest-cli catalogue --help"_s.arg(words[0]));
-    }
-    if (words[1].isEmpty()) throw arguments.BadUsage(u"缺少参数: create 文件夹"_s);
-    const bool isNew = MakeFolder(words[1]);
-    if (!isNew) RequireCatalogue(words[1]);
-    const QString file = QDir(words[1]).filePath(QString::fromStdU16String(Text(kCatalogueFileName)));
-    console.Print(isNew ? u"已建立 %1\n"_s.arg(file) : u"%1 已存在，没有改动\n"_s.arg(file));
-    return ExitStatus::Good;
-}
-
-}  // namespace
-
 Verb CatalogueVerb() {
-    return {u"catalogue",
-            u"create 文件夹",
-            u"建立程序文件夹: 随附的目录、使用说明和存放记录的文件夹；已有的文件不改动",
-            {},
-            Catalogue};
+    return {u"catalogue", u"动作 [选项]", u"建立目录", {}, nullptr, {}, {CatalogueCreate()}};
 }
 
 }  // namespace commtest

@@ -31,12 +31,18 @@ QString Line(const QString& name, QStringView meaning, int width) {
     return u"  %1%2  %3\n"_s.arg(name, QString(std::max(missing, 0), u' '), meaning);
 }
 
+QString PurposeOf(const Verb& verb, int width) {
+    return Line(u"%1 %2"_s.arg(verb.name, verb.usage), verb.purpose, width);
+}
+
 QString WholeHelp() {
     constexpr int kWidth = 36;
     QString help =
         u"用法: commtest-cli 动词 [选项]\n\n在命令行上与仪表通讯，换算数值，计算校验码。\n\n动词:\n"_s;
-    for (const Verb& verb : Verbs())
-        help += Line(u"%1 %2"_s.arg(verb.name, verb.usage), verb.purpose, kWidth);
+    for (const Verb& verb : Verbs()) {
+        if (verb.actions.empty()) help += PurposeOf(verb, kWidth);
+        for (const Verb& action : verb.actions) help += PurposeOf(action, kWidth);
+    }
     help += u"\n选项:\n"_s + Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助", kWidth) +
             Line(u"--version"_s, u"显示版本", kWidth);
     return help + u'\n' + kStatusHelp;
@@ -44,13 +50,17 @@ QString WholeHelp() {
 
 QString HelpOf(const Verb& verb) {
     constexpr int kWidth = 28;
-    QString help = u"用法: commtest-cli %1 %2\n\n%3\n\n选项:\n"_s.arg(verb.name, verb.usage, verb.purpose);
+    QString help = u"用法: commtest-cli %1 %2\n\n%3\n\n"_s.arg(verb.name, verb.usage, verb.purpose);
+    if (!verb.actions.empty()) help += u"动作:\n"_s;
+    for (const Verb& action : verb.actions) help += PurposeOf(action, kWidth);
+    help += verb.actions.empty() ? u"选项:\n"_s : u"\n选项:\n"_s;
     for (const Option& option : verb.options) {
         const QString fallback = option.fallback.isEmpty() ? u""_s : u" (默认 %1)"_s.arg(option.fallback);
         help +=
             Line(u"--%1 %2"_s.arg(option.name, option.value), option.meaning.toString() + fallback, kWidth);
     }
-    help += Line(u"--help"_s, u"显示本帮助", kWidth);
+    const bool hasActions = !verb.actions.empty();
+    help += Line(u"--help"_s, hasActions ? u"显示本帮助，动作之后为该动作的帮助" : u"显示本帮助", kWidth);
     if (!verb.notes.isEmpty()) help += u'\n' + verb.notes.toString();
     return help + u'\n' + kStatusHelp;
 }
@@ -60,7 +70,26 @@ bool AsksForHelp(const QStringList& words) {
     return options.contains(u"--help"_s) || options.contains(u"-h"_s);
 }
 
+const Verb* ActionNamed(const Verb& verb, const QString& word) {
+    const QString name = u"%1 %2"_s.arg(verb.name, word);
+    const auto action = std::find_if(verb.actions.begin(), verb.actions.end(),
+                                     [&name](const Verb& each) { return each.name == name; });
+    return action == verb.actions.end() ? nullptr : &*action;
+}
+
+Problem WrongAction(const Verb& verb, const QString& word) {
+    QStringList actions;
+    for (const Verb& action : verb.actions) actions += action.name.mid(verb.name.size() + 1).toString();
+    const QString what = word.isEmpty() ? u"缺少动作"_s : u"没有动作 \"%1\""_s.arg(word);
+    return {ExitStatus::BadUsage,
+            u"%1，应为 %2。用法请看 commtest-cli %3 --help"_s.arg(what, actions.join(u"、"_s), verb.name)};
+}
+
 ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console) {
+    if (const Verb* const action = ActionNamed(verb, words.value(0))) {
+        return RunVerb(*action, words.mid(1), console);
+    }
+    if (!verb.actions.empty() && !AsksForHelp(words)) throw WrongAction(verb, words.value(0));
     if (!AsksForHelp(words)) return verb.run(Arguments(verb.name, words, verb.options), console);
     console.Print(HelpOf(verb));
     return ExitStatus::Good;

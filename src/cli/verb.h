@@ -1,11 +1,14 @@
 #pragma once
 
+#include <vector>
+
 #include "cli/arguments.h"
 #include "cli/console.h"
 
 namespace commtest {
 
-// One word of the command line: arguments in, exit status out, texts to the console.
+// One word of the command line: arguments in, exit status out, texts to the console. One that has actions
+// does nothing itself: the word behind it names the action, which is called "verb action".
 struct Verb {
     QStringView name;
     QStringView usage;    // what stands behind the name
@@ -13,6 +16,7 @@ struct Verb {
     OptionList options;
     ExitStatus (*run)(const Arguments&, Console&);
     QStringView notes = {};  // for the help, behind the options
+    std::vector<Verb> actions = {};
 };
 
 Verb PollVerb();

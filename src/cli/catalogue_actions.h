@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/verb.h"
+
+namespace commtest {
+
+// The actions of the catalogue verb, a file each.
+Verb CatalogueCreate();
+
+}  // namespace commtest
