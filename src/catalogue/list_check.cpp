@@ -96,6 +96,7 @@ ListWalk::Step ListCheck::TakeLine() {
 
 // Of the last line that was read; of the lines down to a type line that is the type line.
 void ListCheck::CheckBytes() {
+    if (std::exchange(checkedLine_, lines_.Line()) == lines_.Line()) return;  // the end of the file
     const std::string_view bytes = lines_.Bytes();
     if (std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; })) return;
     if (firstHighLine_ == 0) firstHighLine_ = lines_.Line();

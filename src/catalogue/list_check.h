@@ -100,6 +100,7 @@ class ListCheck {
     bool endsImport_ = false;
     bool looksUtf8_ = true;  // all lines so far
     int firstHighLine_ = 0;  // with such a byte
+    int checkedLine_ = 0;    // the last whose bytes were
 };
 
 }  // namespace commtest
