@@ -16,7 +16,7 @@ extern const Option kFolderOption;
 // the user's own, which is made from the shipped catalogue the first time.
 QString ProgramFolderOf(const Arguments& arguments, Console& console);
 
-// Opens the catalogue of the folder; a Problem if that fails.
+// Opens the catalogue of the folder; a Problem if that fails, also if another program holds it.
 void OpenCatalogueOf(const ProgramFiles& files, Store& store);
 
 // What the catalogue knows.

@@ -6,5 +6,8 @@ namespace commtest {
 
 // The actions of the catalogue verb, a file each.
 Verb CatalogueCreate();
+Verb CatalogueExport();
+Verb CatalogueChannels();
+Verb CatalogueCheck();
 
 }  // namespace commtest

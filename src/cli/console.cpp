@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <istream>
 #include <ostream>
 
 #include "cli/printable_text.h"
@@ -23,6 +24,16 @@ void Console::Tell(TextView line) {
     HideLive();
     results_.flush();
     problems_ << PrintableLine(line) + "\n" << std::flush;
+}
+
+bool Console::Confirms(TextView question) {
+    HideLive();
+    results_.flush();
+    problems_ << PrintableLine(question) + " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(input_.lines, answer);
+    const QString word = QString::fromStdString(answer).trimmed().toLower();
+    return word == u"y" || word == u"yes" || word == u"是";
 }
 
 void Console::ShowLive(TextView line) {

@@ -40,6 +40,9 @@ class Console {
     void Tell(TextView line);
     void Tell(const QString& line) { Tell(line.toStdU16String()); }
 
+    // Asks for a yes ("y", "yes" or "是"); anything else, and the end of the input, is none.
+    bool Confirms(TextView question);
+
     // Replaces the live line.
     void ShowLive(TextView line);
     void HideLive();

@@ -51,7 +51,7 @@ void JsonWriter::PutText(TextView text) {
     written_ += Quoted(text);
 }
 
-void JsonWriter::PutNumber(int number) {
+void JsonWriter::PutNumber(std::int64_t number) {
     BeginPart();
     written_ += std::to_string(number);
 }
@@ -66,9 +66,14 @@ void JsonWriter::PutText(TextView key, TextView text) {
     PutText(text);
 }
 
-void JsonWriter::PutNumber(TextView key, int number) {
+void JsonWriter::PutNumber(TextView key, std::int64_t number) {
     PutKey(key);
     PutNumber(number);
+}
+
+void JsonWriter::PutYesNo(TextView key, bool isYes) {
+    PutKey(key);
+    PutYesNo(isYes);
 }
 
 void JsonWriter::Begin(char bracket) {

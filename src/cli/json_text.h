@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <limits>
 #include <string>
 
@@ -38,11 +39,12 @@ class JsonWriter {
     void PutKey(TextView key);
 
     void PutText(TextView text);
-    void PutNumber(int number);
+    void PutNumber(std::int64_t number);
     void PutYesNo(bool isYes);
 
     void PutText(TextView key, TextView text);
-    void PutNumber(TextView key, int number);
+    void PutNumber(TextView key, std::int64_t number);
+    void PutYesNo(TextView key, bool isYes);
 
   private:
     enum class Place { First, Later, BehindKey };  // in the array or object

@@ -11,6 +11,8 @@ enum class ExitStatus {
     // The instrument: a reply failed under --strict, a write was refused or reads back differently, a
     // run-time error has ended the polling.
     BadAnswer = 1,
+    // A list: it was taken, written or looked through, but not all of it is good.
+    BadRows = BadAnswer,
     // The command line: its words, or names and rows that the catalogue does not have.
     BadUsage = 2,
     // The port, the catalogue or a file cannot be opened, or has gone.

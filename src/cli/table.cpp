@@ -11,6 +11,7 @@ namespace commtest {
 using namespace Qt::StringLiterals;
 
 const Option kFormatOption = {u"format", u"text|csv|json", u"结果的格式", u"text"};
+const Option kReportFormatOption = {u"format", u"text|json", u"结果的格式", u"text"};
 
 namespace {
 
@@ -103,6 +104,14 @@ std::optional<Format> FormatNamed(const QString& name) {
 Format FormatOf(const Arguments& arguments) {
     const auto format = FormatNamed(arguments.Value(kFormatOption.name));
     if (!format) throw arguments.BadValue(kFormatOption.name, u" text、csv 或 json"_s);
+    return *format;
+}
+
+Format ReportFormatOf(const Arguments& arguments) {
+    const auto format = FormatNamed(arguments.Value(kReportFormatOption.name));
+    if (!format || *format == Format::Csv) {
+        throw arguments.BadValue(kReportFormatOption.name, u" text 或 json"_s);
+    }
     return *format;
 }
 

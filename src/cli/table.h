@@ -15,6 +15,9 @@ enum class Format { Plain, Csv, Json };
 
 extern const Option kFormatOption;
 Format FormatOf(const Arguments& arguments);
+// Of a result that is no table: text or JSON.
+extern const Option kReportFormatOption;
+Format ReportFormatOf(const Arguments& arguments);
 std::optional<Format> FormatNamed(const QString& name);
 
 enum class CellKind { Words, Number, YesNo };  // a number is whole, a yes is 是

@@ -50,7 +50,7 @@ TEST(CommandLine, EachVerbHasItsHelp) {
           "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
         {"write", {"--row", "--value", "--port"}},
         {"list", {"protocols|instruments|parameters", "--format"}},
-        {"catalogue", {"create"}},
+        {"catalogue", {"create", "export", "channels", "check"}},
         {"convert", {"--format", "--to-code", "--to-value", "--explain"}},
         {"check", {"--protocol", "--format"}},
     };
@@ -81,10 +81,11 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"list", "protocols", "now"}, "多余的参数 \"now\"。用法请看 commtest-cli list --help"},
         {{"list", "protocols", "--format", "xml"},
          "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
-        {{"catalogue"}, "缺少动作，应为 create。用法请看 commtest-cli catalogue --help"},
+        {{"catalogue"},
+         "缺少动作，应为 create、export、channels、check。用法请看 commtest-cli catalogue --help"},
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
-         "没有动作 \"drop\"，应为 create。用法请看 commtest-cli catalogue --help"},
+         "没有动作 \"drop\"，应为 create、export、channels、check。用法请看 commtest-cli catalogue --help"},
     };
     for (const auto& row : rows) EXPECT_TRUE(IsProblem(RunCommand(row.words), 2, row.line));
 }

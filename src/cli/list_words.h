@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include "catalogue/list_check.h"
+#include "runtime/runtime_error.h"
+
+// What the command line says of parameter lists.
+namespace commtest {
+
+// Names a kind of finding in JSON.
+TextView KeyOf(ListFinding::Kind kind);
+
+// Heads the findings of a kind where they are counted.
+QStringView HeadOf(ListFinding::Kind kind);
+
+// What was found, and what will come of it.
+QString WordsOn(const ListFinding& finding);
+QString OutcomeOf(const ListFinding& finding);
+
+// "file:line: what；outcome"
+QString LineOn(const ListFinding& finding, const QString& file);
+
+// What a list or a catalogue holds.
+QString WordsOnSize(int instruments, int parameters);
+
+// Why an import of a list, or the table of a template, ends: the error, file and line (0 if none was read),
+// and what to do.
+QString WordsOnListError(const RuntimeError& error, const QString& file, int line);
+
+}  // namespace commtest
