@@ -91,16 +91,17 @@ void CopyInto(const Text& path, Store& store) {
     }
 }
 
-void RemoveOldCopies(ProgramFiles& files, const Text& newest) {
+void RemoveOldCopies(ProgramFiles& files, const Text& newest, const Text& spared) {
     std::size_t kept = 1;
     for (const Text& name : CatalogueBackups(files)) {
-        if (name != newest && ++kept > kKeptCatalogueCopies) PassOverError([&] { files.Remove(name); });
+        if (name != newest && name != spared && ++kept > kKeptCatalogueCopies)
+            PassOverError([&] { files.Remove(name); });
     }
 }
 
 }  // namespace
 
-Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now) {
+Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared) {
     const Text name = FreeName(files, now);
     try {
         CopyInto(files.PathOf(name), store);
@@ -108,7 +109,7 @@ Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now) {
         if (files.Exists(name)) PassOverError([&] { files.Remove(name); });
         throw;
     }
-    RemoveOldCopies(files, name);
+    RemoveOldCopies(files, name, spared);
     return name;
 }
 

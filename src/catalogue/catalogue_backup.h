@@ -13,9 +13,10 @@ namespace commtest {
 inline constexpr std::size_t kKeptCatalogueCopies = 3;
 
 // Copies the open catalogue into a new file of the embedded engine, also that of a server, and gives the
-// file's name. Of the copies the new one and the youngest others stay, kKeptCatalogueCopies in all. A copy
-// that fails raises its error, leaves no file and takes no other copy away. Not within a transaction.
-Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now);
+// file's name. Of the copies the new one and the youngest others stay, kKeptCatalogueCopies in all, and
+// `spared` beside them, one that is wanted yet. A copy that fails raises its error, leaves no file and takes
+// no other copy away. Not within a transaction.
+Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared = {});
 
 // The names of the copies in the program folder, the youngest first.
 std::vector<Text> CatalogueBackups(const ProgramFiles& files);

@@ -6,8 +6,10 @@ namespace commtest {
 
 // The actions of the catalogue verb, a file each.
 Verb CatalogueCreate();
+Verb CatalogueImport();
 Verb CatalogueExport();
 Verb CatalogueChannels();
 Verb CatalogueCheck();
+Verb CatalogueRestore();
 
 }  // namespace commtest

@@ -5,11 +5,12 @@ namespace commtest {
 Verb CatalogueVerb() {
     return {u"catalogue",
             u"动作 [选项]",
-            u"建立目录，导出参数表，检查参数表，写通道表",
+            u"建立目录，导入、导出和检查参数表，写通道表，恢复备份",
             {},
             nullptr,
             {},
-            {CatalogueCreate(), CatalogueExport(), CatalogueChannels(), CatalogueCheck()}};
+            {CatalogueCreate(), CatalogueImport(), CatalogueExport(), CatalogueChannels(), CatalogueCheck(),
+             CatalogueRestore()}};
 }
 
 }  // namespace commtest

@@ -12,7 +12,7 @@ namespace commtest {
 using namespace Qt::StringLiterals;
 
 const Option kListOutputOption = {
-    u"output", u"文件|-", u"写入这个文件，原有内容被取代；- 为标准输出。默认追加到程序文件夹中的文件"};
+    u"output", u"文件|-", u"写入这个文件，原有的表被取代；- 为标准输出；默认追加到程序文件夹中的文件"};
 
 namespace {
 

@@ -6,13 +6,13 @@
 
 namespace commtest::testing {
 
-Outcome RunCommand(const QStringList& words, const std::string& input) {
+Outcome RunCommand(const QStringList& words, const std::string& input, bool isTyped) {
     std::istringstream lines(input);
     std::ostringstream results;
     std::ostringstream problems;
     Outcome outcome;
     {
-        Console console({lines}, results, problems);
+        Console console({lines, isTyped}, results, problems);
         outcome.status = RunCommandLine(words, console);
     }
     outcome.results = results.str();

@@ -15,8 +15,9 @@ struct Outcome {
     std::string problems;
 };
 
-// Runs the command line in this process; no terminal is there. `input` is its standard input.
-Outcome RunCommand(const QStringList& words, const std::string& input = {});
+// Runs the command line in this process. `input` is its standard input, which a terminal gives if it is
+// typed; what comes out goes to none.
+Outcome RunCommand(const QStringList& words, const std::string& input = {}, bool isTyped = false);
 
 // A program folder with the shipped catalogue, made once for a test program.
 QString ShippedFolder();

@@ -37,7 +37,7 @@ TEST(CommandLine, HelpNamesRefusedLinesAndInputThatCannotBeRead) {
     EXPECT_THAT(
         help,
         HasSubstr("\n  2  用法不对，目录中没有这个名称，数值没有写入，或有不能换算的输入或不能校验的帧\n"));
-    EXPECT_THAT(help, HasSubstr("或标准输入读不出来\n"));
+    EXPECT_THAT(help, HasSubstr("或标准输入读不出来；\n"));
 }
 
 TEST(CommandLine, EachVerbHasItsHelp) {
@@ -50,7 +50,7 @@ TEST(CommandLine, EachVerbHasItsHelp) {
           "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
         {"write", {"--row", "--value", "--port"}},
         {"list", {"protocols|instruments|parameters", "--format"}},
-        {"catalogue", {"create", "export", "channels", "check"}},
+        {"catalogue", {"create", "import", "export", "channels", "check", "restore"}},
         {"convert", {"--format", "--to-code", "--to-value", "--explain"}},
         {"check", {"--protocol", "--format"}},
     };
@@ -59,6 +59,27 @@ TEST(CommandLine, EachVerbHasItsHelp) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.results, StartsWith("用法: commtest-cli " + row.verb.toStdString() + " "));
         for (const char* option : row.options) EXPECT_THAT(outcome.results, HasSubstr(option));
+    }
+}
+
+TEST(CommandLine, EachActionOfTheCatalogueHasItsHelp) {
+    const struct {
+        QString action;
+        std::vector<const char*> words;
+    } rows[] = {
+        {"create", {"文件夹"}},
+        {"import", {"[文件]", "--folder", "--yes", "--format text|json", "TQ.ini", "OutTQ.ini"}},
+        {"export", {"--folder", "--output 文件|-", "--instrument", "--format text|json", "OutTQ.ini"}},
+        {"channels", {"[模板]", "--folder", "--output 文件|-", "TQP.Dev", "OutTQ.Dev"}},
+        {"check", {"[文件]", "--folder", "--format text|json", "TQ.ini"}},
+        {"restore", {"[备份]", "--folder", "--yes", "--format text|json"}},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = RunCommand({"catalogue", row.action, "--help"});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.results,
+                    StartsWith("用法: commtest-cli catalogue " + row.action.toStdString() + " "));
+        for (const char* word : row.words) EXPECT_THAT(outcome.results, HasSubstr(word));
     }
 }
 
@@ -82,10 +103,12 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"list", "protocols", "--format", "xml"},
          "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
         {{"catalogue"},
-         "缺少动作，应为 create、export、channels、check。用法请看 commtest-cli catalogue --help"},
+         "缺少动作，应为 create、import、export、channels、check、restore。用法请看 commtest-cli catalogue "
+         "--help"},
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
-         "没有动作 \"drop\"，应为 create、export、channels、check。用法请看 commtest-cli catalogue --help"},
+         "没有动作 \"drop\"，应为 create、import、export、channels、check、restore。用法请看 commtest-cli "
+         "catalogue --help"},
     };
     for (const auto& row : rows) EXPECT_TRUE(IsProblem(RunCommand(row.words), 2, row.line));
 }

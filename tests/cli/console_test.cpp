@@ -67,6 +67,16 @@ TEST_F(ConsoleTest, LiveLineStaysShortOfTheLastColumn) {
     EXPECT_EQ(problems.str(), "总计");
 }
 
+TEST_F(ConsoleTest, OnlyAYesConfirms) {
+    input.str("y\nYes\n是\nn\nyet\n\n");
+    Console console({input}, results, problems);
+    EXPECT_TRUE(console.Confirms(u"really?"));
+    EXPECT_TRUE(console.Confirms(u"really?"));
+    EXPECT_TRUE(console.Confirms(u"really?"));
+    for (int i = 0; i < 4; ++i) EXPECT_FALSE(console.Confirms(u"")) << i;
+    EXPECT_TRUE(problems.str().starts_with("really? [y/N] really? [y/N] "));
+}
+
 TEST_F(ConsoleTest, LiveLineCannotSteerTheTerminal) {
     Console console({input}, results, problems, 80);
     console.ShowLive(u"\x1B[2J");

@@ -31,10 +31,14 @@ QStringList ListFolder::NamesBeginning(const QString& beginning) const {
     return QDir(folder_).entryList({beginning + "*"}, QDir::Files, QDir::Name);
 }
 
-Outcome ListFolder::Run(QStringList words, const std::string& input) const {
-    words.prepend("catalogue");
-    words += {"--folder", folder_};
-    return RunCommand(words, input);
+QStringList ListFolder::WholeCall(const QStringList& words) const {
+    return QStringList("catalogue") + words + QStringList{"--folder", folder_};
+}
+
+Outcome ListFolder::Run(const QStringList& words) const { return RunCommand(WholeCall(words)); }
+
+Outcome ListFolder::RunTyped(const QStringList& words, const std::string& input) const {
+    return RunCommand(WholeCall(words), input, true);
 }
 
 std::string ListFolder::Rows() const {

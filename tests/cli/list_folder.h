@@ -21,12 +21,16 @@ class ListFolder {
     QStringList NamesBeginning(const QString& beginning) const;
 
     // "catalogue", these words, and the folder.
-    Outcome Run(QStringList words, const std::string& input = {}) const;
+    Outcome Run(const QStringList& words) const;
+    // The same at a terminal.
+    Outcome RunTyped(const QStringList& words, const std::string& input) const;
 
     // A line for each parameter: instrument, name, address, length, joined by blanks.
     std::string Rows() const;
 
   private:
+    QStringList WholeCall(const QStringList& words) const;
+
     QTemporaryDir outer_;
     QString folder_;
 };
