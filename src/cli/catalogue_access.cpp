@@ -33,9 +33,10 @@ void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
     try {
         store.Open(LocalCatalogue(files));
     } catch (const RuntimeError& error) {
-        throw Problem(ExitStatus::NoAccess,
-                      QString::fromStdU16String(error.StandardMessage()) +
-                          u" 请检查 --folder，或用 commtest-cli catalogue create 在另一个文件夹新建目录"_s);
+        throw Problem(
+            ExitStatus::NoAccess,
+            QString::fromStdU16String(error.StandardMessage()) +
+                u" 请检查 --folder，结束占用目录的其他程序，或用 commtest-cli catalogue create 在另一个文件夹新建目录"_s);
     }
 }
 

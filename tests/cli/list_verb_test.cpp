@@ -104,10 +104,10 @@ TEST(ListVerb, MissingCatalogueIsAProblemAndMakesNoFile) {
     QTemporaryDir folder;
     const QString file = folder.filePath(QString::fromUtf8("通讯数据.mdb"));
     const Outcome outcome = RunCommand({"list", "protocols", "--folder", folder.path()});
-    EXPECT_TRUE(IsProblem(
-        outcome, 3,
-        "数据库错误: " + file.toStdString() +
-            "：数据库文件不存在 请检查 --folder，或用 commtest-cli catalogue create 在另一个文件夹新建目录"));
+    EXPECT_TRUE(IsProblem(outcome, 3,
+                          "数据库错误: " + file.toStdString() +
+                              "：数据库文件不存在 请检查 --folder，结束占用目录的其他程序，或用 commtest-cli "
+                              "catalogue create 在另一个文件夹新建目录"));
     EXPECT_FALSE(QFile::exists(file));
 }
 
