@@ -67,21 +67,22 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes) {
 ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list)
     : store_(store), catalogue_(store), lines_(std::move(list)) {
     store_.BeginTransaction();
-    try {
-        catalogue_.ClearCatalogue();
-        classes_ = catalogue_.Classes();
-        walk_ = std::make_unique<ListWalk>(lines_, ReplacementsOf(catalogue_.Replacements()));
-    } catch (...) {
-        PassOverError([&] { store_.Rollback(); });
-        throw;
-    }
 }
 
 ParameterListImport::~ParameterListImport() {
     if (isOpen_) PassOverError([&] { store_.Rollback(); });
 }
 
+void ParameterListImport::BeginReading() {
+    classes_ = catalogue_.Classes();
+    walk_ = std::make_unique<ListWalk>(lines_, ReplacementsOf(catalogue_.Replacements()));
+}
+
 bool ParameterListImport::Step() {
+    if (walk_ == nullptr) {
+        if (catalogue_.ClearSomeInstruments()) return true;
+        BeginReading();
+    }
     switch (walk_->Next()) {
         case ListWalk::Step::Device: AddDevice(); return true;
         case ListWalk::Step::Row: AddRow(); return true;

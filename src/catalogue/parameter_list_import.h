@@ -44,13 +44,13 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes);
 // step. Until Commit nothing has changed for anybody else; gone before that, all is as it was.
 class ParameterListImport {
   public:
-    // Begins the transaction and empties the catalogue. Errors of the store.
+    // Begins the transaction. Errors of the store.
     ParameterListImport(Store& store, std::unique_ptr<ByteReader> list);
     ParameterListImport(const ParameterListImport&) = delete;
     ParameterListImport& operator=(const ParameterListImport&) = delete;
     ~ParameterListImport();
 
-    // Takes a line; of a device head the lines to its type line, too. False at the end of the list. Error 62
+    // Deletes a few instruments while there are some, then takes a line; of a device head the lines to its type line, too. False at the end of the list. Error 62
     // where the file ends inside a block, 13 for a code that does not begin with a number, UnreadableLine,
     // errors of the store.
     bool Step();
@@ -70,6 +70,7 @@ class ParameterListImport {
     Text Message() const;
 
   private:
+    void BeginReading();
     void AddDevice();
     void AddRow();
 
@@ -77,7 +78,7 @@ class ParameterListImport {
     InstrumentCatalogue catalogue_;
     ListLines lines_;
     StoreRows classes_;
-    std::unique_ptr<ListWalk> walk_;
+    std::unique_ptr<ListWalk> walk_;  // once the catalogue is empty
     int protocolCode_ = 0;
     int instrumentId_ = 0;
     int parameterId_ = 0;
