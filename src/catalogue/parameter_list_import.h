@@ -50,9 +50,9 @@ class ParameterListImport {
     ParameterListImport& operator=(const ParameterListImport&) = delete;
     ~ParameterListImport();
 
-    // Deletes a few instruments while there are some, then takes a line; of a device head the lines to its type line, too. False at the end of the list. Error 62
-    // where the file ends inside a block, 13 for a code that does not begin with a number, UnreadableLine,
-    // errors of the store.
+    // Deletes a few instruments while there are some, then takes a line; of a device head the lines to its
+    // type line, too. False at the end of the list. Error 62 where the file ends inside a block, 13 for a
+    // code that does not begin with a number, UnreadableLine, errors of the store.
     bool Step();
 
     void Commit();
