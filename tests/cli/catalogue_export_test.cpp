@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -14,6 +15,7 @@ namespace commtest {
 namespace {
 
 using testing::FromCodePage936;
+using ::testing::HasSubstr;
 using testing::IsProblem;
 using testing::ListFolder;
 using testing::Outcome;
@@ -99,8 +101,10 @@ TEST_F(CatalogueExport, FileThatIsNoListIsNotReplaced) {
                               path.toStdString() + " 已存在，不是参数表，没有改动。请给出另一个文件名"));
         EXPECT_EQ(folder.Read("notes.txt"), content);
     }
-    EXPECT_TRUE(IsProblem(folder.Run({"export", "--output", "/dev/full"}), 2,
-                          "/dev/full 已存在，不是参数表，没有改动。请给出另一个文件名"));
+    const std::string place = folder.PathText("place");
+    QDir(folder.Path("")).mkdir("place");
+    EXPECT_TRUE(IsProblem(folder.Run({"export", "--output", folder.Path("place")}), 2,
+                          place + " 已存在，不是参数表，没有改动。请给出另一个文件名"));
 }
 
 TEST_F(CatalogueExport, EmptyFilesAndListsAreReplaced) {
@@ -114,7 +118,13 @@ TEST_F(CatalogueExport, EmptyFilesAndListsAreReplaced) {
 TEST_F(CatalogueExport, FailureLeavesTheFileThatWasThere) {
     folder.Write("list.txt", "END");
     store.Execute(u"DROP VIEW 仪表参数");
-    EXPECT_EQ(folder.Run({"export", "--output", folder.Path("list.txt")}).status, 3);
+    store.Execute(
+        u"CREATE VIEW 仪表参数 AS SELECT 参数名称,地址 合成地址,长度,小数点,属性,下限值,"
+        u"abs(-9223372036854775808) 上限值,仪表名称,编号,编码 排序,仪表ID,ID "
+        u"FROM 仪表_名称 JOIN 仪表_参数 USING (仪表ID)");
+    const Outcome outcome = folder.Run({"export", "--output", folder.Path("list.txt")});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.problems, HasSubstr("overflow"));
     EXPECT_EQ(folder.Read("list.txt"), "END");
 }
 
