@@ -19,26 +19,34 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString WordsOn(const CatalogueSize& size) { return WordsOnSize(size.instruments, size.parameters); }
+
+CatalogueSize OpenedSize(const FolderFiles& files, const Text& copy) {
+    QtStore store;
+    store.Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
+    return InstrumentCatalogue(store).Size();
+}
+
+// A program that was killed while it copied has left a copy that is none.
+Text YoungestUsableCopy(const FolderFiles& files) {
+    for (const Text& copy : CatalogueBackups(files)) {
+        if (IsMet([&] { return OpenedSize(files, copy).instruments >= 0; })) return copy;
+    }
+    throw Problem(ExitStatus::BadUsage, u"%1 中没有可用的备份"_s.arg(files.Folder()));
+}
+
 // The youngest copy, or the one named: of the program folder, else a path.
 Text CopyOf(const std::optional<QString>& named, const FolderFiles& files) {
-    const std::vector<Text> copies = CatalogueBackups(files);
-    if (!named) {
-        if (!copies.empty()) return copies.front();
-        throw Problem(ExitStatus::BadUsage, u"%1 中没有备份"_s.arg(files.Folder()));
-    }
+    if (!named) return YoungestUsableCopy(files);
     const QFileInfo file(*named);
     const bool isName = file.fileName() == *named && files.Exists(named->toStdU16String());
     const bool isOfFolder = isName || file.absolutePath() == files.Folder();
     return (isOfFolder ? file.fileName() : file.absoluteFilePath()).toStdU16String();
 }
 
-QString WordsOn(const CatalogueSize& size) { return WordsOnSize(size.instruments, size.parameters); }
-
 CatalogueSize SizeOfCopy(const FolderFiles& files, const Text& copy) {
     try {
-        QtStore store;
-        store.Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
-        return InstrumentCatalogue(store).Size();
+        return OpenedSize(files, copy);
     } catch (const RuntimeError& error) {
         throw Problem(ExitStatus::NoAccess, QString::fromStdU16String(error.StandardMessage()) +
                                                 u" 这个备份不能用。请给出另一个"_s);

@@ -98,7 +98,7 @@ TEST_F(CatalogueRestore, ScriptNeedsYesAndATerminalIsAsked) {
 
 TEST_F(CatalogueRestore, NothingToRestoreIsAProblem) {
     EXPECT_TRUE(IsProblem(folder.Run({"restore", "--yes"}), 2,
-                          QFileInfo(folder.Path("x")).path().toStdString() + " 中没有备份"));
+                          QFileInfo(folder.Path("x")).path().toStdString() + " 中没有可用的备份"));
     folder.Write("notes", "notes");
     const Outcome outcome = folder.Run({"restore", "notes", "--yes"});
     EXPECT_EQ(outcome.status, 3);
@@ -106,6 +106,13 @@ TEST_F(CatalogueRestore, NothingToRestoreIsAProblem) {
     EXPECT_THAT(outcome.problems, EndsWith(" 这个备份不能用。请给出另一个。目录没有改变\n"));
     EXPECT_EQ(folder.Rows(), shippedRows);
     EXPECT_TRUE(Copies().isEmpty());
+}
+
+TEST_F(CatalogueRestore, CopyThatWasNotFinishedIsPassedOver) {
+    Keep(CopyBeforeImportOf("FIRST"), "20200101-000000");
+    folder.Write(CopyOf("20200101-000001"), "");
+    EXPECT_EQ(folder.Run({"restore", "--yes"}).status, 0);
+    EXPECT_EQ(folder.Rows(), shippedRows);
 }
 
 TEST_F(CatalogueRestore, ReportsAsJson) {
