@@ -91,6 +91,13 @@ void CopyInto(const Text& path, Store& store) {
     }
 }
 
+// What a program that was killed has left, its journal with it.
+void RemoveUnfinishedCopies(ProgramFiles& files) {
+    for (const Text& name : files.NamesBeginning(NameBeginning())) {
+        if (Contains(name, kUnfinishedCopyMark)) PassOverError([&] { files.Remove(name); });
+    }
+}
+
 void RemoveOldCopies(ProgramFiles& files, const Text& newest, const Text& spared) {
     std::size_t kept = 1;
     for (const Text& name : CatalogueBackups(files)) {
@@ -103,10 +110,13 @@ void RemoveOldCopies(ProgramFiles& files, const Text& newest, const Text& spared
 
 Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared) {
     const Text name = FreeName(files, now);
+    const Text unfinished = name + Text(kUnfinishedCopyMark);
+    RemoveUnfinishedCopies(files);
     try {
-        CopyInto(files.PathOf(name), store);
+        CopyInto(files.PathOf(unfinished), store);
+        files.Rename(unfinished, name);
     } catch (...) {
-        if (files.Exists(name)) PassOverError([&] { files.Remove(name); });
+        if (files.Exists(unfinished)) PassOverError([&] { files.Remove(unfinished); });
         throw;
     }
     RemoveOldCopies(files, name, spared);

@@ -62,6 +62,9 @@ class ProgramFiles {
     // Error 52 if it cannot be removed.
     virtual void Remove(const Text& name) = 0;
 
+    // Error 52 if it cannot be renamed, also where the new name is taken.
+    virtual void Rename(const Text& name, const Text& newName) = 0;
+
     // A missing file is made. Error 76 if its folder is missing.
     virtual std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) = 0;
 

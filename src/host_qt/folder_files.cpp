@@ -163,6 +163,10 @@ void FolderFiles::Remove(const Text& name) {
     if (!QFile::remove(FullPath(name))) throw RuntimeError(RuntimeError::kBadFile);
 }
 
+void FolderFiles::Rename(const Text& name, const Text& newName) {
+    if (!QFile::rename(FullPath(name), FullPath(newName))) throw RuntimeError(RuntimeError::kBadFile);
+}
+
 std::unique_ptr<GrowingFile> FolderFiles::OpenForAppend(const Text& name) {
     return std::make_unique<GrowingFolderFile>(FullPath(name));
 }

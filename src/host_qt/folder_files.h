@@ -24,6 +24,7 @@ class FolderFiles : public ProgramFiles {
     std::unique_ptr<ByteReader> OpenBytes(const Text& name) const override;
     std::vector<Text> NamesBeginning(const Text& beginning) const override;
     void Remove(const Text& name) override;
+    void Rename(const Text& name, const Text& newName) override;
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override;

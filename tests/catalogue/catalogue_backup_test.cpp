@@ -122,6 +122,17 @@ TEST_F(CatalogueBackupTest, TheLastThreeCopiesStay) {
                             u"通讯数据.mdb.bak-20240502-000000"));
 }
 
+TEST_F(CatalogueBackupTest, AnUnfinishedCopyIsNoneAndGoesWithTheNext) {
+    const Text left = Text(kCatalogueFileName) + u".bak-20240506-120000.part";
+    files.Write(left, "");
+    files.Write(left + u"-journal", "");
+    EXPECT_THAT(CatalogueBackups(files), ::testing::IsEmpty());
+    BackUpCatalogue(store, files, {2024, 5, 6, 12, 0, 1});
+    EXPECT_FALSE(files.Exists(left));
+    EXPECT_FALSE(files.Exists(left + u"-journal"));
+    EXPECT_THAT(CatalogueBackups(files), ::testing::SizeIs(1));
+}
+
 TEST_F(CatalogueBackupTest, ANewCopyStaysWhateverTheClockSays) {
     for (const int day : {5, 6, 7}) BackUpCatalogue(store, files, {2024, 5, day, 0, 0, 0});
     BackUpCatalogue(store, files, {2023, 1, 1, 0, 0, 0});

@@ -221,6 +221,16 @@ TEST_F(FolderFilesTest, RemovedFileIsGone) {
     EXPECT_EQ(QDir(path).entryList(QDir::Files), QStringList("b"));
 }
 
+TEST_F(FolderFilesTest, RenamedFileTakesNoOtherFilesPlace) {
+    Put(QStringLiteral("a"), "x");
+    Put(QStringLiteral("b"), "y");
+    files.Rename(u"a", u"c");
+    EXPECT_EQ(Content(QStringLiteral("c")), "x");
+    EXPECT_EQ(ErrorOf([this] { files.Rename(u"c", u"b"); }), 52);
+    EXPECT_EQ(ErrorOf([this] { files.Rename(u"none", u"d"); }), 52);
+    EXPECT_EQ(QDir(path).entryList(QDir::Files), QStringList({"b", "c"}));
+}
+
 TEST_F(FolderFilesTest, WhatCannotBeRemovedIsError52) {
     QDir(path).mkdir(QStringLiteral("folder"));
     EXPECT_EQ(ErrorOf([this] { files.Remove(u"none"); }), 52);

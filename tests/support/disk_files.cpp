@@ -44,6 +44,12 @@ std::vector<Text> DiskFiles::NamesBeginning(const Text& beginning) const {
     return names;
 }
 
+void DiskFiles::Rename(const Text& name, const Text& newName) {
+    std::error_code failure;
+    fs::rename(fs::path(PathOf(name)), fs::path(PathOf(newName)), failure);
+    if (failure) throw RuntimeError(RuntimeError::kBadFile);
+}
+
 void DiskFiles::Remove(const Text& name) {
     if (!fs::remove(fs::path(PathOf(name)))) throw RuntimeError(RuntimeError::kBadFile);
 }

@@ -25,6 +25,7 @@ class DiskFiles : public FakeProgramFiles {
     Text PathOf(const Text& name) const override;
     std::vector<Text> NamesBeginning(const Text& beginning) const override;
     void Remove(const Text& name) override;
+    void Rename(const Text& name, const Text& newName) override;
 
   private:
     Text folder_;

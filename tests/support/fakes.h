@@ -68,6 +68,10 @@ class FakeProgramFiles : public ProgramFiles {
     std::unique_ptr<ByteReader> OpenBytes(const Text& name) const override;
     std::vector<Text> NamesBeginning(const Text& beginning) const override;
     void Remove(const Text& name) override { TextFiles.erase(name); }
+    void Rename(const Text& name, const Text& newName) override {
+        TextFiles[newName] = TextFiles.at(name);
+        TextFiles.erase(name);
+    }
     std::unique_ptr<GrowingFile> OpenForAppend(const Text& name) override;
     void SaveRichText(const Text& name, const Text& text) override;
     void EmptyErrorFile() override { ErrorFile.clear(); }
