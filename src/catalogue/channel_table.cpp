@@ -92,10 +92,11 @@ ChannelTable ChannelTableOf(ListLines& lines) {
     return table;
 }
 
-void GenerateChannelTable(ProgramFiles& files) {
+ChannelTable GenerateChannelTable(ProgramFiles& files) {
     ListLines lines(files.OpenBytes(Text(kTemplateFileName)));
-    const ChannelTable table = ChannelTableOf(lines);
+    ChannelTable table = ChannelTableOf(lines);
     files.OpenForAppend(Text(kChannelTableFileName))->Write(table.bytes);
+    return table;
 }
 
 }  // namespace commtest

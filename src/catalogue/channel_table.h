@@ -21,8 +21,8 @@ struct ChannelTable {
 // digit that is no number; UnreadableLine.
 ChannelTable ChannelTableOf(ListLines& lines);
 
-// Appends the table made of TQP.Dev to OutTQ.Dev, all of it or nothing. Error 53 without the template, error
-// 52 if the table cannot be written.
-void GenerateChannelTable(ProgramFiles& files);
+// Appends the table made of TQP.Dev to OutTQ.Dev, all of it or nothing, and gives it. Error 53 without the
+// template, error 52 if the table cannot be written.
+ChannelTable GenerateChannelTable(ProgramFiles& files);
 
 }  // namespace commtest

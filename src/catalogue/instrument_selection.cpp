@@ -106,6 +106,16 @@ void LoadInstrumentNames(MainForm& form) {
     RunIfSet(names.Click);
 }
 
+void LoadInstrumentsAnew(MainForm& form) {
+    ListControl& names = form.InstrumentList();
+    const Text former = names.Value();
+    const int type = form.ConMeterType.Chosen();
+    type < 0 ? LoadInstrumentNames(form) : ConMeterType_Click(form, type);
+    if (names.IndexOf(former) < 0 || names.Value() == former) return;
+    names.Set(former);
+    RunIfSet(names.Click);
+}
+
 void ConMeterName_Click(MainForm& form) {
     form.SentFrames().Clear();
     form.MeterCodeText.clear();

@@ -20,6 +20,10 @@ void ChooseProtocolOfType(MainForm& form, int index);
 // pass through.
 void LoadInstrumentNames(MainForm& form);
 
+// The catalogue holds other instruments than before: the list is filled anew for the protocol that is chosen,
+// and the former instrument is chosen again where it is still there. Errors of the store pass through.
+void LoadInstrumentsAnew(MainForm& form);
+
 // Fills the parameter grid with the list of the instrument named in ConMeterName. CurrentRow stays;
 // FirstDataRow stays with an instrument that has no "RW" row.
 void ConMeterName_Click(MainForm& form);
