@@ -1,6 +1,5 @@
 #include "window/empty_pages.h"
 
-#include "commands/toolbar_commands.h"
 #include "host/serial_port.h"
 #include "host/store.h"
 #include "session/port_settings.h"
@@ -24,15 +23,14 @@ void CoverPane(Binder& binder, const Theme& theme, RecordView& pane, const Empty
 
 }  // namespace
 
-void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings) {
+void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings,
+                    const WaysToInstruments& ways) {
     MainForm& form = binder.Form();
-    const auto import = [&binder, &form] {
-        binder.Event([&form] { RunToolbarCommand(form, toolbar::kImport); });
-    };
-    auto* noInstruments =
-        new EmptyState(u"special-address"_s,
-                       {u"目录里没有仪表"_s, u"把 TQ.ini 放进程序文件夹后导入"_s, {{u"导入地址"_s, import}}},
-                       theme, &catalogue);
+    auto* noInstruments = new EmptyState(u"special-address"_s,
+                                         {u"目录里没有仪表"_s,
+                                          u"把 TQ.ini 放进程序文件夹后导入"_s,
+                                          {{u"导入地址"_s, ways.import}, {u"恢复备份..."_s, ways.restore}}},
+                                         theme, &catalogue);
     noInstruments->CoverWhile(
         binder, [&form, &catalogue] { return form.outside.store.IsOpen() && IsEmpty(catalogue); });
 

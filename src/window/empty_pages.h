@@ -9,7 +9,12 @@
 namespace commtest {
 
 // The lists of instruments and of recordings of an open catalogue say what to do while they are empty.
-void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings);
+struct WaysToInstruments {
+    std::function<void()> import;
+    std::function<void()> restore;
+};
+void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings,
+                    const WaysToInstruments& ways);
 
 // The record of a session that stands still, and the explanation of a value, say how they come to be while
 // they are empty; their keys and clicks stay theirs.

@@ -25,6 +25,7 @@
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
 #include "window/help_view.h"
+#include "window/list_work.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
 #include "window/port_return.h"
@@ -36,6 +37,7 @@
 #include "window/stop_line.h"
 #include "window/tab_row.h"
 #include "window/tool_bar.h"
+#include "window/work_band.h"
 
 namespace commtest {
 
@@ -83,6 +85,15 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
     binder_.Watch(form_.SSTab2, [this] { ServeFilter(); });
     tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
     lostPort_ = new PortReturn(binder_, communication_->Strip().State(), *notes_, this);
+    lists_ = new ListWork({binder_,
+                           theme_,
+                           *notes_,
+                           *workBand_,
+                           *toolBar_,
+                           *sidebar_,
+                           tabRow_->Tabs(),
+                           {catalogue_, recordings_},
+                           *this});
     AddShortcuts();
     FitInto(screen()->availableGeometry());
     RestoreState();
@@ -111,7 +122,9 @@ void MainWindow::ShowFirstSteps(std::function<void()> tryOut) {
     connect(&steps, &FirstSteps::SearchWanted, this, &MainWindow::BringSearch);
     connect(&steps, &FirstSteps::StartWanted, this,
             [this] { binder_.Event([this] { RunToolbarCommand(form_, toolbar::kStartStop); }); });
-    connect(&steps, &FirstSteps::SimulatorWanted, this, std::move(tryOut));
+    connect(&steps, &FirstSteps::SimulatorWanted, this, [this, tryOut = std::move(tryOut)] {
+        lists_->Wait().Stands() ? notes_->Say(lists_->Wait().Reason()) : tryOut();
+    });
     if (form_.outside.store.IsOpen()) notes_->Say(u"欢迎使用：按三步开始，F1 看使用说明"_s);
 }
 
@@ -153,8 +166,10 @@ QWidget* MainWindow::MakeMainArea() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     tabRow_ = new TabRow(binder_, theme_, mainArea_);
+    workBand_ = new WorkBand(mainArea_);
     searchPanel_ = new SearchPanel(binder_, mainArea_);
     layout->addWidget(tabRow_);
+    layout->addWidget(workBand_);
     layout->addWidget(searchPanel_);
     layout->addWidget(MakePages(), 1);
     return mainArea_;
@@ -166,11 +181,12 @@ QWidget* MainWindow::MakePages() {
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
-    auto* recordings = new GridView(binder_, theme_, 2, pages_);
-    AddEmptyStates(binder_, theme_, *catalogue_, *recordings);
+    recordings_ = new GridView(binder_, theme_, 2, pages_);
+    AddEmptyStates(binder_, theme_, *catalogue_, *recordings_,
+                   {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); }});
     for (QWidget* page :
          std::initializer_list<QWidget*>{communication_, new PortPage(binder_, theme_, pages_), catalogue_,
-                                         recordings, new ErrorPage(binder_, theme_, *notes_, pages_)})
+                                         recordings_, new ErrorPage(binder_, theme_, *notes_, pages_)})
         pages_->addWidget(page);
     auto* clearedCounters = new ClearedCounters(binder_, *notes_, pages_);
     for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);
@@ -240,7 +256,7 @@ void MainWindow::AddKeyOfEachWindow(const QKeySequence& keys, std::function<void
 void MainWindow::AddShortcuts() {
     const auto press = [this](int index) {
         LeaveFields();
-        binder_.Event([this, index] { RunToolbarCommand(form_, index); });
+        toolBar_->Press(index);
     };
     AddKeyOfEachWindow(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
     AddKey(Qt::CTRL | Qt::Key_F, [this] { BringSearch(); });
@@ -253,11 +269,10 @@ void MainWindow::AddShortcuts() {
     AddKeyOfEachWindow(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });
     AddKey(Qt::CTRL | Qt::Key_E, [this] {
         QToolButton& button = toolBar_->Button(8);
-        button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
+        if (button.isEnabled()) button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
     });
-    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_T, [this] {
-        binder_.Event([this] { ToolbarMenuCommand(form_, ToolbarEntry::ToolWindow); });
-    });
+    AddKeyOfEachWindow(Qt::CTRL | Qt::Key_T,
+                       [this] { toolBar_->Entry(ToolbarEntry::ToolWindow)->trigger(); });
     for (int tab = 0; tab < pages_->count(); ++tab) {
         AddKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)),
                [this, tab] { BringPage(tab); });
@@ -271,6 +286,10 @@ void MainWindow::AddShortcuts() {
 }
 
 void MainWindow::BringPage(int tab) {
+    if (!tabRow_->Tabs().isTabEnabled(tab)) {
+        notes_->Say(lists_->Wait().Reason());
+        return;
+    }
     binder_.Event([this, tab] { form_.SSTab2.Choose(tab); });
     FocusInto(pages_->currentWidget());
 }
@@ -385,6 +404,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     LeaveFields();
+    if (!lists_->Import().MayLeave()) {
+        event->ignore();
+        return;
+    }
     binder_.Event([this] { Form_Unload(form_); });
     event->accept();
 }

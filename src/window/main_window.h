@@ -14,6 +14,7 @@ namespace commtest {
 
 class CommunicationPage;
 class GridView;
+class ListWork;
 class NoteBar;
 class PortReturn;
 class SearchPanel;
@@ -21,6 +22,7 @@ class Sidebar;
 class StateLine;
 class TabRow;
 class ToolBar;
+class WorkBand;
 
 // CommConnect: the window over a session.
 class MainWindow : public QMainWindow {
@@ -35,6 +37,7 @@ class MainWindow : public QMainWindow {
     NoteBar& Notes() { return *notes_; }
     PortReturn& LostPort() { return *lostPort_; }
     StateLine& State();
+    ListWork& Lists() { return *lists_; }
     Sidebar& LeftSide() { return *sidebar_; }
     void SaveState();
 
@@ -86,10 +89,13 @@ class MainWindow : public QMainWindow {
     QSplitter* columns_;
     QWidget* mainArea_ = nullptr;
     TabRow* tabRow_ = nullptr;
+    WorkBand* workBand_ = nullptr;
     SearchPanel* searchPanel_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     CommunicationPage* communication_ = nullptr;
     GridView* catalogue_ = nullptr;
+    GridView* recordings_ = nullptr;
+    ListWork* lists_ = nullptr;
     bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough
     bool sidebarLiesOver_ = false;  // it lies over the main area
     QByteArray besideState_;        // of the columns, while it does

@@ -180,6 +180,8 @@ void Sidebar::SetOptionHeight(int height) {
     FitOptions();
 }
 
+QList<QWidget*> Sidebar::Choices() const { return {protocols_, instruments_, optionList_->widget()}; }
+
 void Sidebar::ShowFormerChoice(const QString& protocol, const QString& instrument) {
     protocols_->setPlaceholderText(protocol);
     instruments_->setPlaceholderText(instrument);

@@ -25,6 +25,9 @@ class Sidebar : public QScrollArea {
     // Rows of the options: 20 pixels high in a low window, else 24.
     void SetOptionHeight(int height);
 
+    // What chooses protocol and instrument.
+    QList<QWidget*> Choices() const;
+
     // What was chosen the last time, dimmed, until the lists are filled.
     void ShowFormerChoice(const QString& protocol, const QString& instrument);
 

@@ -89,15 +89,39 @@ QToolButton* ToolBar::MakeButton(int index) {
     button->setIconSize({kIconSize, kIconSize});
     button->setFocusPolicy(Qt::StrongFocus);
     connect(button, &QToolButton::clicked, this, [this, index] {
-        binder_.Event([&] { RunToolbarCommand(binder_.Form(), index); });
+        Press(index);
         // A checked button follows the panel, not the click.
         Button(toolbar::kSearch).setChecked(binder_.Form().FindFrame.Visible());
     });
     return button;
 }
 
+void ToolBar::Press(int index) {
+    if (const auto taken = taken_.find(index); taken != taken_.end()) {
+        taken->second();
+    } else {
+        binder_.Event([&] { RunToolbarCommand(binder_.Form(), index); });
+    }
+}
+
+QAction* ToolBar::AddEntry(int index, const QString& caption, std::function<void()> action) {
+    QAction* entry = Button(index).menu()->addAction(caption);
+    connect(entry, &QAction::triggered, this, std::move(action));
+    return entry;
+}
+
+QAction* ToolBar::Entry(ToolbarEntry entry) const {
+    for (const int index : {kExportMenu, kToolsMenu}) {
+        for (QAction* action : Button(index).menu()->actions()) {
+            if (action->text() == ToQt(CaptionOf(entry))) return action;
+        }
+    }
+    return nullptr;
+}
+
 void ToolBar::AddMenu(int index, std::initializer_list<ToolbarEntry> entries) {
     auto* menu = new QMenu(&Button(index));
+    menu->setToolTipsVisible(true);
     for (const ToolbarEntry entry : entries) {
         const QString caption = QString::fromStdU16String(Text(CaptionOf(entry)));
         connect(menu->addAction(caption), &QAction::triggered, this, [this, entry] {

@@ -2,7 +2,9 @@
 
 #include <QToolButton>
 #include <QWidget>
+#include <functional>
 #include <initializer_list>
+#include <map>
 
 #include "commands/toolbar_commands.h"
 #include "window/binder.h"
@@ -22,6 +24,13 @@ class ToolBar : public QWidget {
 
     QToolButton& Button(int index) const;  // 2 to 11
 
+    // What the button, and the key of its command, do instead of the command.
+    void Take(int index, std::function<void()> action) { taken_[index] = std::move(action); }
+    void Press(int index);
+
+    QAction* AddEntry(int index, const QString& caption, std::function<void()> action);  // to its menu
+    QAction* Entry(ToolbarEntry entry) const;
+
   signals:
     void OperationMenuWanted();  // "指令选择"
 
@@ -33,6 +42,7 @@ class ToolBar : public QWidget {
 
     Binder& binder_;
     const Theme& theme_;
+    std::map<int, std::function<void()>> taken_;
 };
 
 }  // namespace commtest

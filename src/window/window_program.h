@@ -43,6 +43,7 @@ class WindowProgram {
     MainForm& Form() { return session_.Form(); }
     MainWindow& Window() { return *window_; }
     MissingCatalogue& Missing() { return *missing_; }
+    DataTools& Tools() { return session_.Tools(); }
 
   private:
     void WireEvents();

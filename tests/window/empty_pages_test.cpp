@@ -18,8 +18,11 @@ class EmptyPagesTest : public ::testing::Test {
     GridView* recordings = new GridView(bench.binder, bench.theme, 2, &window);
     EmptyState* noPort = MakeNoPortState(bench.binder, bench.theme, &window);
 
+    QString wanted;
+
     EmptyPagesTest() {
-        AddEmptyStates(bench.binder, bench.theme, *catalogue, *recordings);
+        AddEmptyStates(bench.binder, bench.theme, *catalogue, *recordings,
+                       {[this] { wanted = "import"; }, [this] { wanted = "restore"; }});
         window.resize(1000, 600);
         catalogue->setGeometry(0, 0, 500, 300);
         recordings->setGeometry(0, 300, 500, 300);
@@ -36,13 +39,15 @@ class EmptyPagesTest : public ::testing::Test {
     }
 };
 
-TEST_F(EmptyPagesTest, EmptyCatalogueOffersTheImport) {
+TEST_F(EmptyPagesTest, EmptyCatalogueOffersTheImportAndTheBackups) {
     EXPECT_TRUE(Stands("目录里没有仪表"));
     EXPECT_EQ(FindNamed<EmptyState>(window, "目录里没有仪表")->size(), catalogue->size());
     EXPECT_EQ(FindNamed<EmptyState>(window, "目录里没有仪表")->accessibleDescription().toStdString(),
               "把 TQ.ini 放进程序文件夹后导入");
     Press("导入地址");
-    EXPECT_EQ(Form().StatusNote.Value().feature, Feature::Import);
+    EXPECT_EQ(wanted, "import");
+    Press("恢复备份...");
+    EXPECT_EQ(wanted, "restore");
     Fill(1);
     EXPECT_FALSE(Stands("目录里没有仪表"));
 }

@@ -1,0 +1,86 @@
+#include "window/catalogue_restore.h"
+
+#include "catalogue/catalogue_backup.h"
+#include "catalogue/instrument_selection.h"
+#include "host/dialogs.h"
+#include "window/fact_box.h"
+#include "window/fact_table.h"
+#include "window/list_words.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString WordsOnMoment(const CatalogueCopy& copy) { return copy.moment.toString(u"yyyy-MM-dd HH:mm:ss"_s); }
+
+FactTable* MakeTable(const QList<CatalogueCopy>& copies, QWidget* parent) {
+    auto* table = new FactTable({u"备份时间"_s, u"大小"_s, u"内容"_s}, parent);
+    table->setAccessibleName(u"备份"_s);
+    for (const CatalogueCopy& copy : copies) {
+        table->AddRow({WordsOnMoment(copy), WordsOnBytes(copy.bytes),
+                       WordsOnSize(copy.size.instruments, copy.size.parameters)});
+    }
+    table->ShowCodesIn(0);
+    table->ShowNumbersIn(1);
+    table->SetColumnWidths({160, 80});
+    table->ShowRows(static_cast<int>(copies.size()));
+    table->selectRow(0);
+    return table;
+}
+
+}  // namespace
+
+CatalogueRestore::CatalogueRestore(Binder& binder, const Theme& theme, NoteBar& notes, QWidget* window)
+    : QObject(window), binder_(binder), theme_(theme), notes_(notes), window_(window) {}
+
+void CatalogueRestore::Ask() {
+    const Outside& outside = binder_.Form().outside;
+    const QList<CatalogueCopy> copies = CopiesOfCatalogue(outside);
+    if (copies.isEmpty()) {
+        outside.dialogs.ShowMessage(u"没有可以恢复的备份！", u"每次导入之前自动备份目录，保留最近三份。");
+        return;
+    }
+    auto* box = new FactBox(theme_, window_);
+    box->Say(Glyph::Unknown, u"确定要恢复原目录吗？"_s);
+    box->SetFact(u"恢复"_s, u"仪表和参数；其它数据不变"_s);
+    binder_.Event([&] {
+        const CatalogueSize present = InstrumentCatalogue(outside.store).Size();
+        box->SetFact(u"现目录"_s, WordsOnSize(present.instruments, present.parameters) + u"；先存为备份"_s);
+    });
+    FactTable* table = MakeTable(copies, box);
+    box->AddContents(table);
+    QPushButton* yes = box->AddAnswer(u"是(&Y)"_s, true);
+    QPushButton* no = box->AddAnswer(u"否(&N)"_s, false);
+    connect(yes, &QPushButton::clicked, box, &QDialog::accept);
+    connect(no, &QPushButton::clicked, box, &QDialog::reject);
+    connect(box, &QDialog::accepted, this,
+            [this, copies, table] { Restore(copies[std::max(table->currentRow(), 0)]); });
+    no->setDefault(true);
+    no->setFocus();
+    box->open();
+}
+
+void CatalogueRestore::Restore(const CatalogueCopy& copy) {
+    MainForm& form = binder_.Form();
+    try {
+        const Text former =
+            BackUpCatalogue(form.outside.store, form.outside.files, form.outside.clock.Now(), copy.name);
+        RestoreCatalogue(form.outside.store, form.outside.files, copy.name);
+        notes_.Say(u"已恢复 %1 的目录，恢复之前的存为 %2"_s.arg(WordsOnMoment(copy), ToQt(former)));
+    } catch (const RuntimeError& error) {
+        const QString reason = WordsOn(ListProblem::Of(error, 0), ToQt(copy.name));
+        form.outside.dialogs.ShowMessage(u"没有恢复，目录不变！", reason.toStdU16String());
+        return;
+    }
+    binder_.Event([&form] { LoadCatalogueAnew(form); });
+}
+
+void LoadCatalogueAnew(MainForm& form) {
+    LoadInstrumentsAnew(form);
+    if (form.SSTab2.Click) form.SSTab2.Click(form.SSTab2.Chosen());
+}
+
+}  // namespace commtest

@@ -1,0 +1,54 @@
+#include "window/list_work.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "window/channel_table_note.h"
+#include "window/sidebar.h"
+#include "window/tool_bar.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kExportButton = 8;
+constexpr int kToolsButton = 10;
+const QList<int> kPagesThatAsk = {2, 3};  // instruments, recordings
+
+void OpenFolder(const QString& folder) { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); }
+
+}  // namespace
+
+ListWork::ListWork(const Room& room)
+    : QObject(&room.window),
+      wait_(new StoreWait(this)),
+      restore_(new CatalogueRestore(room.binder, room.theme, room.notes, &room.window)),
+      import_(new ListImport({room.binder, room.theme, room.notes, room.band, *wait_, room.window})) {
+    connect(import_, &ListImport::RestoreWanted, restore_, &CatalogueRestore::Ask);
+    TakeCommands(room);
+    CoverWhatWaits(room);
+}
+
+void ListWork::TakeCommands(const Room& room) {
+    Binder& binder = room.binder;
+    room.toolBar.Take(toolbar::kImport, [this] { import_->Begin(); });
+    room.toolBar.Take(toolbar::kChannelTable,
+                      [&binder, &notes = room.notes] { MakeChannelTable(binder, notes, OpenFolder); });
+    room.toolBar.Take(toolbar::kLeave, [this, &binder] {
+        if (import_->MayLeave()) binder.Event([&] { RunToolbarCommand(binder.Form(), toolbar::kLeave); });
+    });
+}
+
+void ListWork::CoverWhatWaits(const Room& room) {
+    for (QWidget* choice : room.sidebar.Choices()) wait_->Cover(*choice);
+    for (QWidget* list : room.lists) wait_->Cover(*list);
+    for (const int button : {toolbar::kImport, kExportButton}) wait_->Cover(room.toolBar.Button(button));
+    for (const ToolbarEntry entry : {ToolbarEntry::ToolWindow, ToolbarEntry::ReloadParameters})
+        wait_->Cover(*room.toolBar.Entry(entry));
+    wait_->Cover(*room.toolBar.AddEntry(kToolsButton, u"恢复原目录..."_s, [this] { restore_->Ask(); }));
+    wait_->Cover(room.tabs, kPagesThatAsk);
+}
+
+}  // namespace commtest
