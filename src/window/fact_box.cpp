@@ -83,7 +83,7 @@ void FactBox::SetFact(const QString& name, const QString& value) {
         head->setProperty("factName", true);
         QWidget* text = MakeSentence(value);
         facts_->addWidget(head, static_cast<int>(named_.size()), 0, Qt::AlignTop);
-        facts_->addWidget(text, static_cast<int>(named_.size()), 1);
+        facts_->addWidget(text, static_cast<int>(named_.size()), 1, Qt::AlignTop);
         named_.emplaceBack(head, static_cast<QLabel*>(text));
     }
     Describe();
@@ -106,8 +106,15 @@ QPushButton* FactBox::AddAnswer(const QString& caption, bool isPrimary) {
     return button;
 }
 
+// The toolkit takes words that wrap for higher than they are.
+void FactBox::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    resize(width(), layout()->totalHeightForWidth(width()));
+}
+
 void FactBox::Describe() {
-    QStringList parts = {said_.left(kLongSentence)};
+    setAccessibleName(said_.left(kLongSentence));
+    QStringList parts;
     for (const auto& [name, value] : named_) parts += name->text() + u' ' + value->text();
     setAccessibleDescription(parts.join(u"；"_s));
 }

@@ -35,6 +35,9 @@ class FactBox : public QDialog {
     static constexpr int kNarrowest = 560;
     static constexpr int kSignSize = 32;
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void Describe();
 

@@ -22,6 +22,7 @@ FactTable::FactTable(const QStringList& headings, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(kRowHeight);
     verticalHeader()->setDefaultSectionSize(kRowHeight);
+    horizontalHeader()->setFont(Theme::CaptionFont());
     horizontalHeader()->setFixedHeight(kRowHeight);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);

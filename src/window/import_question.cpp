@@ -1,5 +1,7 @@
 #include "window/import_question.h"
 
+#include <algorithm>
+
 #include "commands/toolbar_commands.h"
 #include "window/fact_table.h"
 #include "window/list_words.h"
@@ -13,6 +15,7 @@ namespace {
 
 constexpr int kRowsOfKinds = 6;
 constexpr int kRowsOfFindings = 10;
+constexpr int kWithFindings = 720;  // width
 
 }  // namespace
 
@@ -35,6 +38,7 @@ void ImportQuestion::ShowFacts(const Facts& facts, int findings) {
 }
 
 void ImportQuestion::ShowFindings(const QString& file, const ListLook& look) {
+    setMinimumWidth(std::max(minimumWidth(), kWithFindings));
     auto* kinds = new FactTable({u"类别"_s, u"处数"_s, u"结果"_s}, this);
     kinds->setAccessibleName(u"问题类别"_s);
     for (const auto& [kind, count] : look.Kinds())
@@ -54,7 +58,7 @@ void ImportQuestion::ShowFindings(const QString& file, const ListLook& look) {
     }
     findings->ShowCodesIn(0);
     findings->ShowCodesIn(1);
-    findings->SetColumnWidths({96, 240});
+    findings->SetColumnWidths({112, 224});
     findings->ShowRows(kRowsOfFindings);
     AddContents(findings);
 }

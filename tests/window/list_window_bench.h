@@ -76,7 +76,7 @@ class ListWindow : public ::testing::Test {
     }
     ImportQuestion& Question() { return *Find<ImportQuestion>(); }
     ImportResult& Result() { return *Find<ImportResult>(); }
-    QString Read(const FactBox& box) { return box.accessibleDescription(); }
+    QString Read(const FactBox& box) { return box.accessibleName() + "；" + box.accessibleDescription(); }
     static QString Cell(const FactTable& table, int row, int column) {
         return table.item(row, column)->text();
     }
