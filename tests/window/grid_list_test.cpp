@@ -6,7 +6,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "support/form_bench.h"
 #include "window/grid_view_bench.h"
 #include "window/main_window.h"
 #include "window/widget_search.h"
@@ -90,26 +89,6 @@ TEST_F(CatalogueListTest, ClickOnTheParametersAwaitsNoSecondOne) {
     Click(1, 9);
     EXPECT_THAT(clicks, IsEmpty());
     EXPECT_EQ(form.Focus.Wanted(), FocusWish::Target::ParameterGrid);
-}
-
-TEST(RecordingList, ClickAndDoubleClickAskForTheRecordingOfTheRow) {
-    FormBench bench;
-    Binder binder(bench.form);
-    Theme theme(Theme::Choice::Light);
-    bench.form.MSHFlexGrid1[2].SetSize(6, 4);
-    GridView view(binder, theme, 2, nullptr);
-    view.resize(400, 300);
-    view.show();
-    const QPoint place = view.visualRect(view.model()->index(2, 1)).center();
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(bench.form.MSHFlexGrid1[2].Row, 3);
-    EXPECT_EQ(bench.form.StatusNote.Value().feature, Feature::Recordings);
-    bench.form.StatusNote.Set({});
-    EXPECT_EQ(bench.form.SSTab2.Chosen(), 0);
-    bench.form.SSTab2.Choose(3);
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(bench.form.StatusNote.Value().kind, Notice::Kind::NotThereYet);
-    EXPECT_EQ(bench.form.SSTab2.Chosen(), 3);
 }
 
 // The real way of a double click: the first click takes the list away, the second one falls on the page that

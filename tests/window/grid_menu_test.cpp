@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QTest>
 
-#include "support/form_bench.h"
 #include "window/grid_view_bench.h"
 #include "window/operation_message.h"
 
@@ -133,11 +132,14 @@ TEST_F(GridMenuTest, EntryInForceIsTicked) {
         return entries;
     };
     form.ProtocolCode = 11;
-    for (const std::int32_t code : {31, 32, 30, 131, 1031, 10032}) {
+    for (const std::int32_t code : {31, 32, 30, 131, 10032}) {
         form.CommandCode = code;
         EXPECT_THAT(ticked(), ElementsAre("读取动/静态数据(RR/RD)")) << code;
         EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作 读取动/静态数据(RR/RD)") << code;
     }
+    form.CommandCode = 1031;
+    EXPECT_THAT(ticked(), ElementsAre("读取动/静态数据(RR/RD)"));
+    EXPECT_EQ(OperationMessage(form)->text.toStdString(), "操作 仪表搜索：读取动/静态数据(RR/RD)");
     form.CommandCode = 140;
     EXPECT_THAT(ticked(), ElementsAre("读取本行(RE)"));
     form.ProtocolCode = 31;
@@ -237,27 +239,6 @@ TEST_F(GridMenuTest, ClosedMenusAreGone) {
     for (int time = 0; time < 3; ++time) AskMenu()->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_THAT(view->findChildren<QMenu*>(), IsEmpty());
-}
-
-TEST(RecordingMenu, EntryAsksForAChangeOfTheRecording) {
-    FormBench bench;
-    Binder binder(bench.form);
-    Theme theme(Theme::Choice::Light);
-    Grid& list = bench.form.MSHFlexGrid1[2];
-    list.SetSize(6, 4);
-    list.Select(1, 1);
-    GridView view(binder, theme, 2, nullptr);
-    view.resize(400, 300);
-    view.show();
-    const QPoint place = view.visualRect(view.model()->index(2, 1)).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, view.viewport()->mapToGlobal(place));
-    QApplication::sendEvent(view.viewport(), &event);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    menu->actions().at(3)->trigger();
-    menu->close();
-    EXPECT_EQ(bench.form.StatusNote.Value().feature, Feature::Recordings);
-    EXPECT_EQ(list.Row, 1);
 }
 
 }  // namespace
