@@ -10,8 +10,10 @@
 #include "window/empty_pages.h"
 #include "window/first_steps.h"
 #include "window/grid_view.h"
+#include "window/hit_list.h"
 #include "window/operation_message.h"
 #include "window/record_view.h"
+#include "window/side_pane.h"
 #include "window/statistics_label.h"
 #include "window/write_notes.h"
 
@@ -69,11 +71,13 @@ QWidget* CommunicationPage::MakeLowerHalf(Binder& binder, const Theme& theme) {
     record_ = MakeCommPane(binder, theme, 1, panes_);
     record_->setMinimumWidth(kNarrowestRecord);
     AddEmptyRecordState(binder, theme, *record_);
-    auto* conversion = new ConversionPane(binder, theme, panes_);
+    side_ = new SidePane(binder, panes_);
+    auto* conversion = new ConversionPane(binder, theme, side_);
     connect(grid_, &GridView::Explained, conversion, &ConversionPane::NameRow);
-    conversion->setMinimumWidth(kNarrowestConversion);
+    side_->Hold(*conversion);
+    side_->setMinimumWidth(kNarrowestConversion);
     panes_->addWidget(record_);
-    panes_->addWidget(conversion);
+    panes_->addWidget(side_);
     panes_->setMinimumHeight(kLowestPane);
     DivideAtFirst(*panes_);
     layout->addWidget(panes_, 1);
@@ -105,6 +109,11 @@ FirstSteps& CommunicationPage::ShowFirstSteps(Binder& binder, const Theme& theme
 QWidget& CommunicationPage::AreaUnderStrip() {
     if (steps_ != nullptr && !steps_->isHidden()) return *steps_->findChild<QPushButton*>();
     return *record_;
+}
+
+void CommunicationPage::ShowHits(HitList& hits) {
+    side_->Hold(hits);
+    hits.FollowInTabOrder(*record_);
 }
 
 void CommunicationPage::FocusCellEditor() { editor_->TakeFocus(); }

@@ -14,8 +14,10 @@ namespace commtest {
 class CommunicationStrip;
 class FirstSteps;
 class GridView;
+class HitList;
 class NoteBar;
 class RecordView;
+class SidePane;
 
 // Tab 0: the parameter grid over the strip, the two panes and the statistics.
 class CommunicationPage : public QWidget {
@@ -29,6 +31,9 @@ class CommunicationPage : public QWidget {
     RecordView& Record() { return *record_; }
     QWidget& AreaUnderStrip();  // the record, or the first field of what stands in its place
     void FocusCellEditor();
+
+    // They stand in place of the conversions while a search is on.
+    void ShowHits(HitList& hits);
 
     // The steps to the first exchange stand in place of the record and the conversion while `stand` holds.
     FirstSteps& ShowFirstSteps(Binder& binder, const Theme& theme, std::function<bool()> stand);
@@ -45,6 +50,7 @@ class CommunicationPage : public QWidget {
     CommunicationStrip* strip_ = nullptr;
     FirstSteps* steps_ = nullptr;
     RecordView* record_ = nullptr;
+    SidePane* side_ = nullptr;
     QSplitter* halves_;
     QSplitter* panes_ = nullptr;
 };

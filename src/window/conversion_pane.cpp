@@ -3,7 +3,6 @@
 #include <QVBoxLayout>
 
 #include "session/grid_rows.h"
-#include "window/bindings.h"
 #include "window/empty_pages.h"
 #include "window/pieces.h"
 
@@ -33,7 +32,6 @@ ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* pare
     layout->addWidget(edge_);
     RecordView* explanation = MakeCommPane(binder, theme, 0, this);
     layout->addWidget(explanation, 1);
-    BindPresence(binder, form_.Explanation(), *this);
     AddEmptyExplanationState(binder, theme, *explanation);
     binder.Watch(form_.Explanation(), [this] { ShowTitle(); });
     binder.AtEachLook([this] { FollowInstrument(); });

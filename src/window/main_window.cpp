@@ -25,6 +25,7 @@
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
 #include "window/help_view.h"
+#include "window/hit_list.h"
 #include "window/list_work.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
@@ -167,7 +168,7 @@ QWidget* MainWindow::MakeMainArea() {
     layout->setSpacing(0);
     tabRow_ = new TabRow(binder_, theme_, mainArea_);
     workBand_ = new WorkBand(mainArea_);
-    searchPanel_ = new SearchPanel(binder_, mainArea_);
+    searchPanel_ = new SearchPanel(binder_, theme_, mainArea_);
     layout->addWidget(tabRow_);
     layout->addWidget(workBand_);
     layout->addWidget(searchPanel_);
@@ -178,6 +179,7 @@ QWidget* MainWindow::MakeMainArea() {
 QWidget* MainWindow::MakePages() {
     pages_ = new QStackedWidget(mainArea_);
     communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
+    communication_->ShowHits(*new HitList(binder_, theme_, *notes_, searchPanel_->WayBack(), communication_));
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);

@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QPushButton>
+#include <QStyle>
 
 #include "commands/search_panel.h"
 #include "window/bindings.h"
@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kLineHeight = 28;
 constexpr int kMargin = 4;
+constexpr int kWithSearch = 108;  // the whole panel, while its third line tells of a search
 constexpr int kPortWidth = 84;
 constexpr int kAddressWidth = 64;
 constexpr int kLargestAddress = 255;
@@ -32,8 +33,11 @@ QHBoxLayout* AddLine(QVBoxLayout& lines, int height) {
 
 }  // namespace
 
-SearchPanel::SearchPanel(Binder& binder, QWidget* parent)
-    : QWidget(parent), binder_(binder), hint_(MakeCaption(u"系统提示:完全搜索仪表,耗时将在三分钟左右！"_s)) {
+SearchPanel::SearchPanel(Binder& binder, const Theme& theme, QWidget* parent)
+    : QWidget(parent),
+      binder_(binder),
+      wayBack_(binder.Form()),
+      hint_(MakeCaption(u"系统提示:完全搜索仪表,耗时将在三分钟左右！"_s)) {
     setObjectName(u"searchPanel"_s);
     setAttribute(Qt::WA_StyledBackground);
     auto* lines = new QVBoxLayout(this);
@@ -42,19 +46,40 @@ SearchPanel::SearchPanel(Binder& binder, QWidget* parent)
     firstLine_ = AddLine(*lines, kLineHeight);
     secondLine_ = AddLine(*lines, kLineHeight);
     thirdLine_ = AddLine(*lines, 0);
+    lines->addStretch();
     hint_->setFixedHeight(kLineHeight);
     FillFirstLine();
     FillSecondLine();
-    SetNarrow(false);
+    search_ = new SearchLine(binder, theme, wayBack_, *start_, this);
+    search_->setFixedHeight(kLineHeight);
+    thirdLine_->addWidget(search_);
+    share_ = new ShareBar(*search_, theme, this);
+    connect(search_, &SearchLine::Changed, this, &SearchPanel::FitLines);
+    FitLines();
     BindPresence(binder, binder.Form().FindFrame, *this);
 }
 
 void SearchPanel::SetNarrow(bool narrow) {
-    (narrow ? secondLine_ : thirdLine_)->removeWidget(hint_);
-    QHBoxLayout& line = narrow ? *thirdLine_ : *secondLine_;
+    isNarrow_ = narrow;
+    FitLines();
+}
+
+// The time that is left says more than the hint, where there is no room for both.
+void SearchPanel::FitLines() {
+    const bool hasSearch = search_->Shown() != SearchState::None;
+    (isNarrow_ ? secondLine_ : thirdLine_)->removeWidget(hint_);
+    QHBoxLayout& line = isNarrow_ ? *thirdLine_ : *secondLine_;
     if (line.indexOf(hint_) < 0) line.addWidget(hint_);
-    const int lines = narrow ? 3 : 2;
-    setFixedHeight(lines * (kLineHeight + kMargin) + kMargin + 1);
+    hint_->setVisible(!isNarrow_ || !hasSearch);
+    const int lines = isNarrow_ ? 3 : 2;
+    setFixedHeight(hasSearch ? kWithSearch : lines * (kLineHeight + kMargin) + kMargin + 1);
+    start_->setProperty("primary", search_->Shown() != SearchState::UnderWay);
+    start_->style()->polish(start_);
+}
+
+void SearchPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    share_->setGeometry(0, height() - 1 - ShareBar::kHeight, width(), ShareBar::kHeight);
 }
 
 void SearchPanel::FillFirstLine() {
@@ -81,8 +106,8 @@ void SearchPanel::FillFirstLine() {
     addAddress(ToQt(captions.searchStartAddress), form.ConSettingDE[0]);
     addAddress(ToQt(captions.searchEndAddress), form.ConSettingDE[1]);
     firstLine_->addStretch();
-    AddButton(ToQt(captions.searchStart), 1, true);
-    AddButton(ToQt(captions.searchClose), 0, false);
+    start_ = AddButton(ToQt(captions.searchStart), 1);
+    AddButton(ToQt(captions.searchClose), 0);
 }
 
 void SearchPanel::FillSecondLine() {
@@ -96,15 +121,18 @@ void SearchPanel::FillSecondLine() {
     secondLine_->addStretch();
 }
 
-void SearchPanel::AddButton(const QString& caption, int index, bool isPrimary) {
+QPushButton* SearchPanel::AddButton(const QString& caption, int index) {
     auto* button = new QPushButton(caption, this);
-    if (isPrimary) button->setProperty("primary", true);
     connect(button, &QPushButton::clicked, this, [this, index] { Press(index); });
     firstLine_->addWidget(button);
+    return button;
 }
 
 void SearchPanel::Press(int index) {
-    binder_.Event([this, index] { FindMeter_Click(binder_.Form(), index); });
+    binder_.Event([this, index] {
+        if (index == 1) wayBack_.NoteBefore();
+        FindMeter_Click(binder_.Form(), index);
+    });
 }
 
 void SearchPanel::keyPressEvent(QKeyEvent* event) {

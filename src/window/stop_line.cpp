@@ -7,6 +7,7 @@
 #include "window/error_words.h"
 #include "window/pieces.h"
 #include "window/record_view.h"
+#include "window/search_state.h"
 
 namespace commtest {
 
@@ -139,7 +140,9 @@ std::optional<StateMessage> StopLine::Quiet() const {
         case StopCause::Editor:
             return StateMessage{.head = u"编辑时停止"_s,
                                 .text = u"第 %1 次之后，按 F5 继续"_s.arg(shown_.exchange)};
-        case StopCause::User: return BehindExchange(u"按 停止通讯"_s, shown_);
+        case StopCause::User:
+            return BehindExchange(
+                StateOfSearch(form_) == SearchState::None ? u"按 停止通讯"_s : u"搜索中止"_s, shown_);
         case StopCause::Questions: return BehindExchange(u"填写仪表地址"_s, shown_);
         case StopCause::Search: return BehindExchange(u"仪表搜索"_s, shown_);
         case StopCause::SearchOver: return BehindExchange(u"仪表搜索结束"_s, shown_);

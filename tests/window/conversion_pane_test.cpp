@@ -51,12 +51,5 @@ TEST_F(ConversionPaneTest, AnotherInstrumentEmptiesTitleAndText) {
     EXPECT_EQ(Explanation(), "");
 }
 
-TEST_F(ConversionPaneTest, GoesWithItsTexts) {
-    EXPECT_TRUE(pane.isHidden());
-    form.Explanation().SetVisible(true);
-    Look();
-    EXPECT_FALSE(pane.isHidden());
-}
-
 }  // namespace
 }  // namespace commtest::testing

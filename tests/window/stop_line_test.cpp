@@ -195,6 +195,15 @@ TEST_F(StopLineTest, SearchStopsQuietly) {
     EXPECT_EQ(Says(), "仪表搜索结束，第 0 次之后");
 }
 
+TEST_F(StopLineTest, SearchThatTheUserStopsIsBrokenOff) {
+    form.CommandCode = 1031;
+    Start();
+    Stop();
+    EXPECT_EQ(Head(), "已停止");
+    EXPECT_EQ(Says(), "搜索中止，第 0 次之后");
+    EXPECT_FALSE(IsFailure());
+}
+
 TEST_F(StopLineTest, IntervalTellsTheNextTurn) {
     form.IntervalLastRun = u"10:23";
     form.IntervalMinutes = 10;
