@@ -18,13 +18,20 @@ Text DayText(const DateTime& day) {
 
 }  // namespace
 
-void ConSaveData_Click(MainForm& form) { form.SentFrames().Clear(); }
+void ConSaveData_Click(MainForm& form) {
+    form.SentFrames().Clear();
+    form.CapturedCount = 0;
+    form.KnownPairCount = 0;
+}
 
 void CaptureExchange(MainForm& form) {
     InstrumentCatalogue catalogue(form.outside.store);
     const Text name = form.InstrumentName();
     // Q220: one row a reply, whatever was asked.
-    if (!catalogue.RecordedPair(name, form.ReplyText, form.CaptureNote).rows.empty()) return;
+    if (!catalogue.RecordedPair(name, form.ReplyText, form.CaptureNote).rows.empty()) {
+        form.KnownPairCount = Add32(form.KnownPairCount, 1);
+        return;
+    }
     if (form.CaptureNote.empty()) {
         // Q221: it stays for the run of the program; an empty one is asked for again.
         form.CaptureNote =
@@ -40,6 +47,7 @@ void CaptureExchange(MainForm& form) {
     exchange.request = form.SendText;
     exchange.reply = form.ReplyText;
     catalogue.AddRecordedExchange(exchange);
+    form.CapturedCount = Add32(form.CapturedCount, 1);
 }
 
 }  // namespace commtest

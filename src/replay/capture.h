@@ -4,7 +4,8 @@ namespace commtest {
 
 class MainForm;
 
-// The tick 数据采集 was clicked: the list of sent frames begins anew. The tick itself is the switch.
+// The tick 数据采集 was clicked: the list of sent frames and the counts of pairs begin anew. The tick itself
+// is the switch.
 void ConSaveData_Click(MainForm& form);
 
 // Stores the finished exchange in 通讯_仿真, unless its reply is there already under this instrument and

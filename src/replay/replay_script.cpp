@@ -45,6 +45,8 @@ void EndReplay(MainForm& form) {
 
 void LoadScript(MainForm& form, const Text& instrument, const Text& note) {
     const StoreRows exchanges = InstrumentCatalogue(form.outside.store).FramesOfRecording(instrument, note);
+    form.DemoInstrument = instrument;
+    form.DemoNote = note;
     form.DemoFrames.clear();
     form.DemoReplies.clear();
     form.DemoRows.clear();

@@ -102,13 +102,17 @@ struct MultiInstrument {
     TickControl Check1;
 };
 
-// The replay script and its cursor, from 0; the note of a capture.
+// The replay script and its cursor, from 0; the note and the counts of a capture.
 struct ReplayScript {
+    Text DemoInstrument;  // of the script
+    Text DemoNote;
     std::vector<HexText> DemoFrames;
     std::vector<HexText> DemoReplies;
     std::vector<std::int16_t> DemoRows;
     std::int16_t DemoIndex = 0;
-    Text CaptureNote;  // of the run of the program
+    Text CaptureNote;                 // of the run of the program
+    std::int32_t CapturedCount = 0;   // pairs stored since ConSaveData was last clicked
+    std::int32_t KnownPairCount = 0;  // and those that were there already
     TickControl ConMyCommDriver;
 };
 

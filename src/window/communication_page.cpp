@@ -13,6 +13,7 @@
 #include "window/hit_list.h"
 #include "window/operation_message.h"
 #include "window/record_view.h"
+#include "window/recording_messages.h"
 #include "window/side_pane.h"
 #include "window/statistics_label.h"
 #include "window/write_notes.h"
@@ -54,6 +55,8 @@ CommunicationPage::CommunicationPage(Binder& binder, const Theme& theme, NoteBar
     grid_->ShowWrites(writes_);
     strip_->State().AddSource(StateLine::Rank::Editing,
                               [&form = binder.Form()] { return MessageOnEditing(form); });
+    strip_->State().AddSource(StateLine::Rank::Replay, [&binder] { return ReplayMessage(binder); });
+    strip_->State().ShowCounts([&form = binder.Form()] { return CaptureCounts(form); });
     FollowWrites(binder, writes_, *grid_, notes);
 }
 

@@ -23,6 +23,7 @@ QString NameOf(Glyph glyph) {
         case Glyph::Information: return u"glyph-information"_s;
         case Glyph::Pencil: return u"glyph-pencil"_s;
         case Glyph::Lens: return u"glyph-lens"_s;
+        case Glyph::Replay: return u"glyph-replay"_s;
         case Glyph::Plug: break;
     }
     return u"glyph-plug"_s;

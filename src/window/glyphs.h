@@ -5,7 +5,7 @@
 namespace commtest {
 
 // Small signs of one stroke, in a box of 16 pixels; what they say stands beside them in words.
-enum class Glyph { Dots, Tick, Differs, Refused, Unknown, Warning, Information, Pencil, Lens, Plug };
+enum class Glyph { Dots, Tick, Differs, Refused, Unknown, Warning, Information, Pencil, Lens, Plug, Replay };
 
 // In one colour. Null if drawings of their kind cannot be read.
 QIcon GlyphIcon(Glyph glyph, const QColor& colour);

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 #include "window/pieces.h"
 
@@ -17,6 +18,7 @@ namespace {
 constexpr int kGlyphSize = 16;
 constexpr int kMargin = 12;
 constexpr int kBarWidth = 3;
+constexpr int kDotSize = 8;
 
 QLabel* MakeWords(QWidget* parent) {
     auto* words = new QLabel(parent);
@@ -33,6 +35,9 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
       sign_(new QLabel(this)),
       head_(MakeWords(this)),
       text_(MakeWords(this)),
+      count_(MakeWords(this)),
+      dot_(new QLabel(this)),
+      captureCounts_(MakeWords(this)),
       action_(MakeLineAction({})) {
     setFixedHeight(kHeight);
     setAccessibleName(u"通讯状态"_s);
@@ -44,7 +49,13 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
     layout->addWidget(sign_);
     layout->addWidget(head_);
     layout->addWidget(text_, 1);
+    layout->addWidget(count_);
+    layout->addWidget(dot_);
+    layout->addWidget(captureCounts_);
     layout->addWidget(action_);
+    dot_->setObjectName(u"captureDot"_s);
+    dot_->setFixedSize(kDotSize, kDotSize);
+    captureCounts_->setAccessibleName(u"采集计数"_s);
     connect(action_, &QPushButton::clicked, this, [this] {
         if (const auto act = shown_.act) act();
     });
@@ -61,7 +72,30 @@ void StateLine::AddSource(Rank rank, Source source) {
     Listen();
 }
 
+void StateLine::ShowCounts(std::function<QString()> counts) {
+    counts_ = std::move(counts);
+    Listen();
+}
+
 void StateLine::Listen() {
+    FollowMessage();
+    FollowCounts();
+}
+
+// A capture keeps the line in a low window, too.
+void StateLine::FollowCounts() {
+    const QString counts = counts_();
+    const bool isOn = !counts.isEmpty();
+    const bool isShown = isOn && shown_.action.isEmpty();
+    dot_->setVisible(isShown);
+    captureCounts_->setVisible(isShown);
+    if (isOn != std::exchange(isCapturing_, isOn)) emit Changed();
+    if (captureCounts_->text() == counts) return;
+    captureCounts_->setText(counts);
+    captureCounts_->setAccessibleDescription(counts);
+}
+
+void StateLine::FollowMessage() {
     for (const RankedSource& ranked : sources_) {
         std::optional<StateMessage> message = ranked.source();
         if (!message) continue;
@@ -75,8 +109,10 @@ void StateLine::Listen() {
 
 void StateLine::Show(StateMessage message) {
     const bool isSame = shown_.SaysTheSameAs(message);
+    const bool isFurther = shown_.count != message.count;
     shown_ = std::move(message);
-    if (isSame) return;
+    if (isSame && !isFurther) return;
+    if (isSame) return ShowWords();  // who listens is not told each step
     ShowWords();
     QAccessibleEvent event(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&event);
@@ -95,6 +131,8 @@ void StateLine::ShowWords() {
     head_->style()->polish(head_);
     text_->setText(text_->fontMetrics().elidedText(shown_.text, Qt::ElideRight, text_->width()));
     text_->setToolTip(shown_.text);
+    count_->setVisible(!shown_.count.isEmpty());
+    count_->setText(shown_.count);
     action_->setVisible(!shown_.action.isEmpty());
     action_->setText(shown_.action);
     setAccessibleDescription(QString(shown_.head + u' ' + shown_.text).trimmed());

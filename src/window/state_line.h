@@ -26,6 +26,7 @@ struct StateMessage {
     QString text = {};
     QString action = {};  // what can be done about it; empty: nothing
     std::function<void()> act = {};
+    QString count = {};  // in place of an action: how far it is, "第 12 / 46 条"
 
     bool SaysTheSameAs(const StateMessage& other) const {
         return look == other.look && glyph == other.glyph && head == other.head && text == other.text &&
@@ -49,8 +50,11 @@ class StateLine : public QWidget {
 
     const StateMessage& Shown() const { return shown_; }
 
+    // What is counted on the right while a capture is on; empty: none is.
+    void ShowCounts(std::function<QString()> counts);
+
     // Whether it says more than what the operation is.
-    bool SaysMoreThanTheOperation() const { return saysMore_; }
+    bool SaysMoreThanTheOperation() const { return saysMore_ || isCapturing_; }
 
     static constexpr int kHeight = 24;
 
@@ -63,6 +67,8 @@ class StateLine : public QWidget {
 
   private:
     void Listen();
+    void FollowMessage();
+    void FollowCounts();
     void Show(StateMessage message);
     void ShowWords();
 
@@ -73,11 +79,16 @@ class StateLine : public QWidget {
 
     const Theme& theme_;
     std::vector<RankedSource> sources_;
+    std::function<QString()> counts_ = [] { return QString(); };
     StateMessage shown_;
     bool saysMore_ = false;
+    bool isCapturing_ = false;
     QLabel* sign_;
     QLabel* head_;
     QLabel* text_;
+    QLabel* count_;
+    QLabel* dot_;  // in front of what a capture counts
+    QLabel* captureCounts_;
     QPushButton* action_;
 };
 

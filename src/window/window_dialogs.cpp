@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -22,7 +23,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitle = u"CommTest"_s;
-constexpr int kButtonsOfATitle = 120;  // pixels that a desktop takes for them
+const QString kCaptureQuestion = u"数据说明"_s;  // the title of the question for the note of a capture
+constexpr int kButtonsOfATitle = 120;            // pixels that a desktop takes for them
 
 // The program speaks Chinese, whatever the language of the desktop.
 void NameButtons(QMessageBox& box) {
@@ -111,6 +113,13 @@ bool WindowDialogs::AskYesNo(const Text& text) {
     return Run(box, Glyph::Unknown) == QMessageBox::Yes;
 }
 
+// What the answer is for, where the question does not say it.
+QString WindowDialogs::DetailOf(const QString& question) const {
+    if (form_ == nullptr || question != kCaptureQuestion) return {};
+    return u"仪表：%1，%2"_s.arg(ToQt(form_->InstrumentName()),
+                                 ToQt(form_->ConCommTypeList.Value()).trimmed());
+}
+
 Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
     QInputDialog box(Owner());
     box.setWindowTitle(ToQt(title));
@@ -119,7 +128,13 @@ Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& p
     box.setOkButtonText(u"确定"_s);
     box.setCancelButtonText(u"取消"_s);
     for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons()) button->setIcon({});
-    box.findChild<QLineEdit*>()->setMinimumWidth(WidthFor(box));
+    auto* answer = box.findChild<QLineEdit*>();
+    answer->setMinimumWidth(WidthFor(box));
+    if (const QString detail = DetailOf(ToQt(title)); !detail.isEmpty()) {
+        constexpr int kUnderThePrompt = 1;
+        static_cast<QVBoxLayout*>(box.layout())->insertWidget(kUnderThePrompt, MakeHint(detail));
+        answer->setAccessibleDescription(detail);
+    }
     lastAnswer_ = box.exec() == QDialog::Accepted ? box.textValue() : QString();
     lastQuestion_ = ToQt(title);
     return lastAnswer_.toStdU16String();

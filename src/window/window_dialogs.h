@@ -13,7 +13,8 @@ class Theme;
 
 // Boxes over the window. Each is modal and lets the events go on while it stands; it is at least as wide as
 // its title. An error says behind its standard message what was wrong, where the fields of the session or the
-// last answer show it, and what to do.
+// last answer show it, and what to do; the question for the note of a
+// capture names the instrument.
 class WindowDialogs : public Dialogs {
   public:
     // The window that the boxes belong to while no other one is in use; none before it is shown.
@@ -36,6 +37,7 @@ class WindowDialogs : public Dialogs {
     void Tell(Glyph sign, const QString& text, const QString& detail) const;
     int Run(QMessageBox& box, Glyph sign) const;
     QString ReasonOf(int error) const;
+    QString DetailOf(const QString& question) const;
 
     QWidget* window_ = nullptr;
     const MainForm* form_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -234,6 +235,29 @@ TEST_F(WindowDialogsTest, EntryStartsWithTheProposal) {
     EXPECT_EQ(proposal, "3");
     EXPECT_EQ(title, "仪表数量");
     EXPECT_EQ(prompt, "请输入仪表的总台数");
+}
+
+TEST_F(WindowDialogsTest, QuestionForTheNoteOfACaptureNamesTheInstrument) {
+    NativeBench session;
+    dialogs.SetSession(session.Form());
+    std::string prompt;
+    std::string detail;
+    const auto read = [&](QInputDialog& box) {
+        prompt = box.labelText().toStdString();
+        detail = box.findChild<QLineEdit*>()->accessibleDescription().toStdString();
+        const QString shown = QString::fromStdString(detail);
+        for (QLabel* label : box.findChildren<QLabel*>()) {
+            if (!detail.empty() && label->text() == shown) detail += ", shown";
+        }
+        box.reject();
+    };
+    User<QInputDialog>(read);
+    (void)dialogs.AskText(u"数据说明", u"请输入采集数据说明,以便今后区分", {});
+    EXPECT_EQ(prompt, "请输入采集数据说明,以便今后区分");
+    EXPECT_EQ(detail, "仪表：仪表甲，TQ仪表协议, shown");
+    User<QInputDialog>(read);
+    (void)dialogs.AskText(u"仪表数量", u"台数", u"1");
+    EXPECT_EQ(detail, "");
 }
 
 TEST_F(WindowDialogsTest, CancelledEntryIsEmpty) {
