@@ -59,13 +59,13 @@ Bus::Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint
       line_(rates, seed, SparedBytes(framing_)),
       turnaroundMs_(turnaroundMs) {}
 
-std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs) {
+std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs, int rate) {
     std::vector<Chunk> out;
     for (const std::string& frame : reader_.Take(bytes, timeMs)) {
         if (framing_ == Framing::Native && frame.front() == kContinue) {
-            Continue(out);
+            Continue(rate, out);
         } else {
-            TakeFrame(frame, timeMs, out);
+            TakeFrame(frame, timeMs, rate, out);
         }
     }
     return out;
@@ -88,10 +88,11 @@ std::string Bus::CountsAsJson() const {
     return out.str();
 }
 
-void Bus::TakeFrame(std::string_view frame, double timeMs, std::vector<Chunk>& out) {
+void Bus::TakeFrame(std::string_view frame, double timeMs, int rate, std::vector<Chunk>& out) {
     parts_.clear();
     for (std::size_t i = 0; i < instruments_.size(); ++i) {
         Instrument& instrument = instruments_[i];
+        if (!instrument.Hears(rate)) continue;
         const auto content = ContentOfFrame(instrument.Code(), instrument.Address(), frame);
         if (!content) continue;
         Answer answer = instrument.AnswerTo(*content, timeMs / 1000);
@@ -106,8 +107,8 @@ void Bus::TakeFrame(std::string_view frame, double timeMs, std::vector<Chunk>& o
     ++ignoredFrames_;
 }
 
-void Bus::Continue(std::vector<Chunk>& out) {
-    if (parts_.empty()) {
+void Bus::Continue(int rate, std::vector<Chunk>& out) {
+    if (parts_.empty() || !instruments_[asked_].Hears(rate)) {
         ++ignoredFrames_;
         return;
     }
@@ -118,10 +119,13 @@ void Bus::Continue(std::vector<Chunk>& out) {
 
 void Bus::SendNextPart(std::vector<Chunk>& out) {
     const Instrument& instrument = instruments_[asked_];
-    const std::string reply =
+    std::string reply =
         MakeReplyFrame(instrument.Code(), instrument.Address(), parts_.front(), parts_.size() == 1);
     parts_.erase(parts_.begin());
-    const std::vector<Chunk> chunks = line_.Carry(reply, turnaroundMs_, counts_[asked_].faults);
+    const LineManner& manner = instrument.Manner();
+    if (manner.garbles) line_.Garble(reply);
+    const std::vector<Chunk> chunks =
+        line_.Carry(std::move(reply), turnaroundMs_ + manner.delayMs, counts_[asked_].faults);
     if (!chunks.empty()) ++counts_[asked_].answers;
     out.insert(out.end(), chunks.begin(), chunks.end());
 }

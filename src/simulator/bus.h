@@ -25,20 +25,23 @@ class Bus {
     Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed,
         int turnaroundMs = 0);
 
-    // What the instruments send in answer to these bytes, come at `timeMs`; delays count from that moment.
-    std::vector<Chunk> Receive(std::string_view bytes, double timeMs);
+    // What the instruments send in answer to these bytes, come at `timeMs` and at `rate` baud (0: nobody
+    // knows); delays count from that moment.
+    std::vector<Chunk> Receive(std::string_view bytes, double timeMs, int rate = 0);
 
     const std::vector<Instrument>& Instruments() const { return instruments_; }
     const InstrumentCounts& CountsOf(std::size_t instrument) const { return counts_[instrument]; }
     InstrumentCounts Total() const;
-    long IgnoredFrames() const { return ignoredFrames_; }  // for nobody here, or with a wrong check word
+    long IgnoredFrames() const {
+        return ignoredFrames_;
+    }  // for nobody here, at a wrong rate, or with a wrong check word
 
     // All counts as one JSON object.
     std::string CountsAsJson() const;
 
   private:
-    void TakeFrame(std::string_view frame, double timeMs, std::vector<Chunk>& out);
-    void Continue(std::vector<Chunk>& out);
+    void TakeFrame(std::string_view frame, double timeMs, int rate, std::vector<Chunk>& out);
+    void Continue(int rate, std::vector<Chunk>& out);
     void SendNextPart(std::vector<Chunk>& out);
 
     std::vector<Instrument> instruments_;

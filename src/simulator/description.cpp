@@ -1,5 +1,6 @@
 #include "simulator/description.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <map>
@@ -92,7 +93,17 @@ struct Head {
     std::string name;
     int address;
     int partLength;
+    LineManner manner;
 };
+
+LineManner MannerOf(const Line& line) {
+    LineManner manner;
+    manner.rate = line.Whole(4, 0, "a baud rate");
+    manner.delayMs = line.Whole(5, 0, "a delay in milliseconds");
+    manner.garbles = line.At(6) == "garbage";
+    if (!manner.garbles && !line.At(6).empty()) line.Refuse("garbage, or nothing", 6);
+    return manner;
+}
 
 Head HeadOf(const Line& line, int nextAddress, int partLength) {
     const std::string code = line.At(0);
@@ -102,7 +113,7 @@ Head HeadOf(const Line& line, int nextAddress, int partLength) {
     if (!IsKnownFormat(model))
         line.Refuse("a code with the number format 00, 01, 02, 03, 06, 07 or 11 behind its protocol", 0);
     return {model, line.At(1), line.Whole(2, nextAddress, "an address"),
-            line.Whole(3, partLength, "a part length")};
+            line.Whole(3, partLength, "a part length"), MannerOf(line)};
 }
 
 bool BeginsInstrument(const Fields& fields) { return fields[0].size() >= 4 && IsAll(fields[0], kDigits); }
@@ -135,6 +146,7 @@ class Reader {
         const Head& head = heads_.back();
         instruments_.emplace_back(head.model, head.address, head.name, std::move(parameters_),
                                   head.partLength);
+        instruments_.back().SetManner(head.manner);
         parameters_.clear();
     }
 
@@ -171,13 +183,18 @@ void RefuseMixedFramings(const std::vector<Instrument>& instruments) {
 }
 
 void RefuseSharedAddresses(const std::vector<Instrument>& instruments) {
-    std::map<int, std::string> names;
+    std::multimap<int, const Instrument*> others;
     for (const Instrument& instrument : instruments) {
-        const auto [taken, isFirst] = names.emplace(instrument.Address(), instrument.Name());
-        if (isFirst) continue;
-        throw DescriptionError("address " + std::to_string(instrument.Address()) +
-                               ": expected one instrument, found \"" + taken->second + "\" and \"" +
-                               instrument.Name() + "\"");
+        const auto [first, behind] = others.equal_range(instrument.Address());
+        const auto taken = std::find_if(first, behind, [&instrument](const auto& other) {
+            return other.second->Hears(instrument.Manner().rate);
+        });
+        if (taken != behind) {
+            throw DescriptionError("address " + std::to_string(instrument.Address()) +
+                                   ": expected one instrument, found \"" + taken->second->Name() +
+                                   "\" and \"" + instrument.Name() + "\"");
+        }
+        others.emplace(instrument.Address(), &instrument);
     }
 }
 

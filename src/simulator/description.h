@@ -11,7 +11,8 @@ namespace simulator {
 
 // A description says which instruments there are. Its format is that of the shipped instrument lists, with
 // more fields that may be left out; docs/simulator.md tells it.
-//   11000101 | indicator | 1 | 40          code, name, address (default: 1, then one more each), part length
+//   11000101 | indicator | 1 | 40 | 9600 | 800 | garbage      code, name, address (default: 1, then one more
+//   each), part length, baud rate, delay, how it answers
 //   (0) value | 0010 | 2 | D | 0020 | | | sine -200 1800 30     name, address, length, attribute, decimals,
 //   limits, life
 // Empty lines and lines that begin with "#" say nothing.
@@ -34,7 +35,7 @@ std::vector<Instrument> ReadDescription(std::string_view text, const std::string
 // Instruments of different framings do not understand each other's bytes.
 void RefuseMixedFramings(const std::vector<Instrument>& instruments);
 
-// Two instruments at one address would never both be heard.
+// Two instruments at one address that hear one rate would never both be heard.
 void RefuseSharedAddresses(const std::vector<Instrument>& instruments);
 
 }  // namespace simulator

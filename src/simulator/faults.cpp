@@ -61,7 +61,11 @@ char FaultyLine::OtherDigit(char digit) {
 void FaultyLine::Corrupt(std::string& reply) {
     const auto last = static_cast<int>(reply.size() - spared_.tail) - 1;
     const auto at = static_cast<std::size_t>(random_.Between(static_cast<int>(spared_.head), last));
-    reply[at] = spared_.keepsDigits ? OtherDigit(reply[at]) : OtherByte(reply[at]);
+    reply[at] = Other(reply[at]);
+}
+
+void FaultyLine::Garble(std::string& reply) {
+    for (std::size_t at = spared_.head; at + spared_.tail < reply.size(); ++at) reply[at] = Other(reply[at]);
 }
 
 void FaultyLine::AddNoise(std::string& reply) {

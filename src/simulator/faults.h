@@ -45,10 +45,14 @@ class FaultyLine {
     // What becomes of a whole reply; counted into `counts`.
     std::vector<Chunk> Carry(std::string reply, int turnaroundMs, FaultCounts& counts);
 
+    // Makes every byte of a reply another one, as far as the framing does not spare it.
+    void Garble(std::string& reply);
+
   private:
     bool Happens(double rate) { return rate > 0 && random_.Fraction() < rate; }
     char OtherByte(char byte);
     char OtherDigit(char digit);
+    char Other(char byte) { return spared_.keepsDigits ? OtherDigit(byte) : OtherByte(byte); }
     void Corrupt(std::string& reply);
     void AddNoise(std::string& reply);
     std::vector<Chunk> Split(const std::string& reply, int delayMs);

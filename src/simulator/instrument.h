@@ -25,6 +25,12 @@ class Instrument {
     int Address() const { return address_; }
     const std::string& Name() const { return name_; }
 
+    const LineManner& Manner() const { return manner_; }
+    void SetManner(const LineManner& manner) { manner_ = manner; }
+    // Whether it understands what is sent at `rate`; 0 is a rate that nobody knows, which all take for
+    // theirs.
+    bool Hears(int rate) const { return manner_.rate == 0 || rate == 0 || manner_.rate == rate; }
+
     // A request that makes no sense is refused, a native one with "**".
     Answer AnswerTo(std::string_view content, double seconds);
 
@@ -46,6 +52,7 @@ class Instrument {
     int address_;
     std::string name_;
     int partLength_;
+    LineManner manner_;
     std::vector<Row> rows_;
 };
 

@@ -29,6 +29,13 @@ struct Model {
     int format = 0;
 };
 
+// How an instrument stands on its line.
+struct LineManner {
+    int rate = 0;     // in baud, 0 for any
+    int delayMs = 0;  // of each reply, beside the turnaround of the line
+    bool garbles = false;
+};
+
 struct Row {
     Parameter parameter;
     Behaviour behaviour;

@@ -93,6 +93,54 @@ TEST(Bus, NewRequestEndsAReplyInParts) {
     EXPECT_EQ(line.Ask("@01RR01\r"), "@01RR01C88004A0000006\n");
 }
 
+TEST(Bus, InstrumentHearsItsOwnRateAlone) {
+    Instrument at9600 = TwoValues(11, 1);
+    at9600.SetManner({.rate = 9600});
+    Bus bus({at9600, TwoValues(11, 2)}, FaultRates{}, 1);
+    EXPECT_EQ(bus.Receive("@01RD17\r", 0, 9600).size(), 1U);
+    EXPECT_EQ(bus.Receive("@01RD17\r", 0, 19200).size(), 0U);
+    EXPECT_EQ(bus.Receive("@01RD17\r", 0).size(), 1U) << "a rate that nobody knows";
+    EXPECT_EQ(bus.Receive("@02RD14\r", 0, 19200).size(), 1U) << "an instrument without a rate";
+    EXPECT_EQ(bus.IgnoredFrames(), 1);
+}
+
+TEST(Bus, ContinueByteAtAnotherRateIsIgnored) {
+    Instrument at9600 = Sample(11, 1, 7);
+    at9600.SetManner({.rate = 9600});
+    Bus bus({at9600}, FaultRates{}, 1);
+    bus.Receive("@01RR01\r", 0, 9600);
+    EXPECT_EQ(bus.Receive("\n", 0, 19200).size(), 0U);
+    EXPECT_EQ(bus.Receive("\n", 0, 9600).size(), 1U);
+}
+
+TEST(Bus, SlowInstrumentAddsItsDelayToTheTurnaround) {
+    Instrument slow = TwoValues();
+    slow.SetManner({.delayMs = 800});
+    Bus bus({slow}, FaultRates{}, 1, 35);
+    EXPECT_EQ(bus.Receive("@01RD17\r", 0).at(0).delayMs, 835);
+}
+
+TEST(Bus, GarbageHasTheLengthAndTheEndsOfTheReplyAndNothingElseOfIt) {
+    Instrument garbler = TwoValues();
+    garbler.SetManner({.garbles = true});
+    Bus bus({garbler}, FaultRates{}, 1);
+    const std::string good = "@01RD00C800646E\r";
+    const std::string garbage = bus.Receive("@01RD17\r", 0).at(0).bytes;
+    ASSERT_EQ(garbage.size(), good.size());
+    EXPECT_EQ(garbage.front(), '@');
+    EXPECT_EQ(garbage.back(), '\r');
+    for (std::size_t i = 1; i + 1 < good.size(); ++i) EXPECT_NE(garbage[i], good[i]) << i;
+}
+
+TEST(Bus, TwoHundredAndFortySevenInstrumentsShareALine) {
+    std::vector<Instrument> instruments;
+    for (int address = 1; address <= 247; ++address) instruments.push_back(TwoValues(11, address));
+    Bus bus(std::move(instruments), FaultRates{}, 1);
+    EXPECT_EQ(bus.Receive("@01RD17\r", 0).size(), 1U);
+    EXPECT_EQ(bus.Receive("@F7RD67\r", 0).size(), 1U);
+    EXPECT_EQ(bus.Receive("@F8RD68\r", 0).size(), 0U);
+}
+
 TEST(Bus, WritesAreCountedAsAcceptedOrRefused) {
     QuietLine line({Sample(11, 1)});
     EXPECT_EQ(line.Ask("@01W100200264\r"), "");  // a wrong check word

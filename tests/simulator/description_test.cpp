@@ -77,6 +77,25 @@ TEST(RefuseSharedAddresses, NamesBothInstruments) {
     RefuseSharedAddresses({instruments[0]});
 }
 
+TEST(RefuseSharedAddresses, InstrumentsAtDifferentRatesShareAnAddress) {
+    RefuseSharedAddresses(ReadDescription("11000101 | a | 5 | | 9600\n11000101 | b | 5 | | 1200\n", "x"));
+    for (const char* other : {"11000101 | b | 5 | | 9600\n", "11000101 | b | 5\n"}) {
+        const std::string text = std::string("11000101 | a | 5 | | 9600\n") + other;
+        EXPECT_THROW(RefuseSharedAddresses(ReadDescription(text, "x")), DescriptionError) << other;
+    }
+}
+
+TEST(ReadDescription, HeadSaysHowAnInstrumentStandsOnItsLine) {
+    const auto instruments =
+        ReadDescription("11000101 | a | 5 | 0 | 9600 | 800 | garbage\n11000101 | b\n", "x");
+    EXPECT_EQ(instruments[0].Manner().rate, 9600);
+    EXPECT_EQ(instruments[0].Manner().delayMs, 800);
+    EXPECT_TRUE(instruments[0].Manner().garbles);
+    EXPECT_EQ(instruments[1].Manner().rate, 0);
+    EXPECT_EQ(instruments[1].Manner().delayMs, 0);
+    EXPECT_FALSE(instruments[1].Manner().garbles);
+}
+
 struct Mistake {
     std::string text;
     std::string message;

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "simulator/program/terminal_rate.h"
+
 namespace simulator {
 
 namespace {
@@ -59,6 +61,8 @@ void LineDevice::MakeLink(const std::string& link) {
     if (symlink(path_.c_str(), link.c_str()) != 0) Fail(link);
     link_ = link;
 }
+
+int LineDevice::Rate() const { return hostSide_ >= 0 ? RateOfTerminal(hostSide_) : 0; }
 
 std::string LineDevice::Read() const {
     char buffer[1024];

@@ -18,6 +18,9 @@ class LineDevice {
     int Handle() const { return handle_; }
     const std::string& Path() const { return path_; }  // what the host opens
 
+    // Baud rate that the host has set at the pseudo-terminal; 0 on a device, whose far end nobody can ask.
+    int Rate() const;
+
     // What has come; empty if nothing waits. Raises std::system_error if the device is gone.
     std::string Read() const;
     // What does not fit because nobody reads is lost, as on a wire.

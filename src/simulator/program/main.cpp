@@ -88,7 +88,7 @@ class Player {
 
     void Take() {
         const double now = Now();
-        for (Chunk& chunk : bus_.Receive(device_.Read(), now)) {
+        for (Chunk& chunk : bus_.Receive(device_.Read(), now, device_.Rate())) {
             waiting_.emplace(now + chunk.delayMs, std::move(chunk.bytes));
         }
     }
