@@ -17,14 +17,14 @@ const QString kStatusHelp =
     uR"(退出状态:
   0  成功
   1  仪表: --strict 下有不完整、校验出错、无应答或拒绝的回答，写入被拒绝、未确认或读回的值不同，仪表的回答
-     或运行错误结束了通讯；参数表: 有问题的行，或代码页 936 中没有的字符
+     或运行错误结束了通讯，搜索没有收到应答；参数表: 有问题的行，或代码页 936 中没有的字符
   2  用法不对，目录中没有这个名称，数值没有写入，或有不能换算的输入或不能校验的帧
   3  串口、目录或文件打不开，通讯中串口断开，结果写不出去，或标准输入读不出来；
      参数表读不出来，导入或恢复没有进行，目录没有改变
 )"_s;
 
-std::array<Verb, 6> Verbs() {
-    return {PollVerb(), WriteVerb(), ListVerb(), CatalogueVerb(), ConvertVerb(), CheckVerb()};
+std::array<Verb, 7> Verbs() {
+    return {PollVerb(), SearchVerb(), WriteVerb(), ListVerb(), CatalogueVerb(), ConvertVerb(), CheckVerb()};
 }
 
 QString Line(const QString& name, QStringView meaning, int width) {

@@ -1,10 +1,14 @@
 #include "cli/console_dialogs.h"
 
+#include <algorithm>
+
 #include "cli/notice_words.h"
 
 namespace commtest {
 
 void ConsoleDialogs::ShowMessage(const Text& text, const Text& detail) {
+    const auto beginsText = [&text](const Text& beginning) { return text.starts_with(beginning); };
+    if (std::any_of(Unsaid.begin(), Unsaid.end(), beginsText)) return;
     console_.Tell(text + u" " + detail);
 }
 

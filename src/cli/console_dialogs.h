@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "cli/console.h"
 #include "host/dialogs.h"
 
@@ -12,6 +14,8 @@ class ConsoleDialogs : public Dialogs {
     explicit ConsoleDialogs(Console& console) : console_(console) {}
 
     Text ReasonOfError;
+    // Messages that begin so say what the verb itself says, or speak of buttons: they are left out.
+    std::vector<Text> Unsaid;
 
     void ShowMessage(const Text& text, const Text& detail) override;
     void ShowNotice(const Notice& notice) override;

@@ -29,27 +29,34 @@ void RequireKnownProtocol(const MainForm& form) {
 }
 
 // The field falls back where a protocol has no such address.
-void RequireAddress(const MainForm& form, const Text& address) {
+void RequireAddress(const MainForm& form, const LineOptions& options) {
+    const Text& address = options.address;
     if (form.ConMeterAddr.Value() == address) return;
-    throw Problem(ExitStatus::BadUsage, u"地址 %1 超出协议 \"%2\" 的范围。请用 --address 另给地址"_s.arg(
-                                            QString::fromStdU16String(address),
-                                            QString::fromStdU16String(form.ConCommTypeList.Value())));
+    throw Problem(ExitStatus::BadUsage,
+                  u"地址 %1 超出协议 \"%2\" 的范围。请用 --%3 另给地址"_s.arg(
+                      QString::fromStdU16String(address),
+                      QString::fromStdU16String(form.ConCommTypeList.Value()), options.addressOption));
 }
 
 }  // namespace
 
 void ChooseInstrument(MainForm& form, const LineOptions& options) {
     LoadCatalogueLists(form);
-    RequireKnown(u"协议", options.protocol, form.ConCommTypeList.Items(), u"list protocols");
+    const std::vector<Text>& protocols = form.ConCommTypeList.Items();
+    const Text protocol =
+        options.protocol.empty() && !protocols.empty() ? protocols.front() : options.protocol;
+    RequireKnown(u"协议", protocol, protocols, u"list protocols");
     form.ConMeterAddr.Set(options.address);
     form.ConDelayTime.Set(options.interval);
-    ChooseProtocol(form, options.protocol);
+    ChooseProtocol(form, protocol);
     RequireKnownProtocol(form);
-    RequireAddress(form, options.address);
+    RequireAddress(form, options);
     ComposeBorrowedAddress(form);
-    RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
-    form.InstrumentList().Set(options.instrument);
-    RunIfSet(form.InstrumentList().Click);
+    if (!options.instrument.empty()) {
+        RequireKnown(u"仪表", options.instrument, form.InstrumentList().Items(), u"list instruments");
+        form.InstrumentList().Set(options.instrument);
+        RunIfSet(form.InstrumentList().Click);
+    }
     if (options.showMode) form.ShowMode.Choose(*options.showMode);
 }
 

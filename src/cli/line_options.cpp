@@ -43,14 +43,23 @@ std::optional<int> ShowModeOf(const Arguments& arguments) {
 
 }  // namespace
 
+const Option kPortOption = {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)",
+                            u"COM1"};
+const Option kSettingsOption = {u"settings", u"9600,N,8,1", u"波特率、校验、数据位、停止位", u"9600,N,8,1"};
+
+void TakePortOptions(const Arguments& arguments, LineOptions& options) {
+    TakePort(arguments, options);
+    options.settings = SettingsOf(arguments);
+}
+
 const OptionList& LineOptionList() {
     static const OptionList kOptions = {
         kFolderOption,
         {u"protocol", u"名称", u"通讯协议，见 list protocols"},
         {u"instrument", u"名称", u"仪表，见 list instruments"},
         {u"address", u"N", u"仪表地址", u"1"},
-        {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)", u"COM1"},
-        {u"settings", u"9600,N,8,1", u"波特率、校验、数据位、停止位", u"9600,N,8,1"},
+        kPortOption,
+        kSettingsOption,
         {u"interval", u"毫秒", u"两次通讯的间隔", u"100"},
         {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
     };
@@ -62,8 +71,7 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console) {
     options.protocol = arguments.Value(u"protocol").toStdU16String();
     options.instrument = arguments.Value(u"instrument").toStdU16String();
     options.address = Number(arguments.WholeNumber(u"address", 0, kLargestAddress));
-    TakePort(arguments, options);
-    options.settings = SettingsOf(arguments);
+    TakePortOptions(arguments, options);
     options.interval = Number(arguments.WholeNumber(u"interval", 0, kLongestInterval));
     options.showMode = ShowModeOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);

@@ -12,17 +12,23 @@ namespace commtest {
 // Which instrument is talked to, and over which line.
 struct LineOptions {
     QString folder;
-    Text protocol;
-    Text instrument;
+    Text protocol;    // empty: the first of the catalogue
+    Text instrument;  // empty: the first of the protocol
     Text address;
-    Text port;                    // "COM1"
-    DeviceMap devices;            // names the device of that port, where the user did
-    Text settings;                // "9600,N,8,1"
-    Text interval;                // milliseconds between two exchanges
-    std::optional<int> showMode;  // index of ShowMode; the protocol's own where there is none
+    QStringView addressOption = u"address";  // which says it
+    Text port;                               // "COM1"
+    DeviceMap devices;                       // names the device of that port, where the user did
+    Text settings;                           // "9600,N,8,1"
+    Text interval;                           // milliseconds between two exchanges
+    std::optional<int> showMode;             // index of ShowMode; the protocol's own where there is none
 };
 
 const OptionList& LineOptionList();
 LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
+
+// The option of the port and that of its settings, for a verb that talks to no one instrument.
+extern const Option kPortOption;
+extern const Option kSettingsOption;
+void TakePortOptions(const Arguments& arguments, LineOptions& options);
 
 }  // namespace commtest

@@ -66,6 +66,7 @@ LineSession::End LineSession::WhyStopped() {
     switch (Form().LastStop().cause) {
         case StopCause::PortRefused: return End::NoPort;
         case StopCause::PortLost: return End::PortLost;
+        case StopCause::SearchOver: return End::Done;
         default: return End::Refused;
     }
 }

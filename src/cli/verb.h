@@ -20,6 +20,7 @@ struct Verb {
 };
 
 Verb PollVerb();
+Verb SearchVerb();
 Verb WriteVerb();
 Verb ListVerb();
 Verb CatalogueVerb();
