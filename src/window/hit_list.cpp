@@ -74,6 +74,7 @@ QWidget* HitList::MakeTitle() {
 void HitList::MakeTable(const Theme& theme) {
     table_->setModel(hits_);
     table_->setItemDelegate(new HitDelegate(form_, theme, table_));
+    table_->setObjectName(u"hitTable"_s);
     table_->setAccessibleName(u"搜索结果"_s);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);

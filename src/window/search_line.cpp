@@ -108,9 +108,10 @@ void SearchLine::ShowState(SearchState state) {
     emit Moved();
 }
 
-// A button that goes with the focus leaves it to the one that comes.
+// A button that goes with the focus leaves it to the one that comes; also of a window behind a box.
 void SearchLine::PassFocus() {
-    const bool hadFocus = start_.hasFocus() || stop_->hasFocus() || goBack_->hasFocus();
+    const QWidget* focus = window()->focusWidget();
+    const bool hadFocus = focus == &start_ || focus == stop_ || focus == goBack_;
     setVisible(state_ != SearchState::None);
     for (QWidget* shown : {static_cast<QWidget*>(sign_), static_cast<QWidget*>(goBack_)})
         shown->setVisible(state_ == SearchState::BrokenOff);

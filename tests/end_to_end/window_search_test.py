@@ -43,6 +43,7 @@ class WindowSearchTest(WindowCase):
         desktop.press(*["Tab"] * TABS_TO_9600, "space", *["shift+Tab"] * (TABS_TO_9600 - 1), "space")
         self.close_the_box(desktop, reader, "搜索可能将持续数分钟之久")
         wait_for(lambda: reader.description("搜索进度").startswith("正在搜索 地址 "), "the progress")
+        reader.wait_for_focus("停止搜索", "")
         self.close_the_box(desktop, reader, "搜索结束！总计搜索到 1 台仪表！")
 
     def close_the_box(self, desktop, reader, beginning):
