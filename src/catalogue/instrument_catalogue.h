@@ -42,14 +42,15 @@ struct ParameterRecord {
 
 // A row of 通讯_仿真: an exchange as it was on the line.
 struct RecordedExchange {
-    Text instrument;  // 仪表名称
-    Text protocol;    // 协议
-    Text note;        // 说明
-    Text code;        // 编码, 编号 of the instrument at that time
-    Text day;         // 采集日期, "YYYY-MM-DD"
-    Text row;         // 地址, the current row of the parameter grid
-    Text request;     // 指令
-    Text reply;       // 回送
+    Text instrument;      // 仪表名称
+    Text protocol;        // 协议
+    Text note;            // 说明
+    Text code;            // 编码, 编号 of the instrument at that time
+    Text day;             // 采集日期, "YYYY-MM-DD"
+    Text row;             // 地址, the current row of the parameter grid
+    Text request;         // 指令
+    Text reply;           // 回送
+    bool isValid = true;  // 有效: not marked as deleted
 };
 
 // How much a catalogue holds.

@@ -34,13 +34,6 @@ Text SettingsOf(const Arguments& arguments) {
     return settings;
 }
 
-std::optional<int> ShowModeOf(const Arguments& arguments) {
-    if (!arguments.Has(u"show")) return std::nullopt;
-    const QString mode = arguments.Value(u"show");
-    if (mode != u"ascii" && mode != u"hex") throw arguments.BadValue(u"show", u" ascii 或 hex"_s);
-    return mode == u"ascii" ? 0 : 1;
-}
-
 }  // namespace
 
 const Option kPortOption = {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)",
@@ -50,6 +43,13 @@ const Option kSettingsOption = {u"settings", u"9600,N,8,1", u"波特率、校验
 void TakePortOptions(const Arguments& arguments, LineOptions& options) {
     TakePort(arguments, options);
     options.settings = SettingsOf(arguments);
+}
+
+std::optional<int> ShowModeOf(const Arguments& arguments) {
+    if (!arguments.Has(u"show")) return std::nullopt;
+    const QString mode = arguments.Value(u"show");
+    if (mode != u"ascii" && mode != u"hex") throw arguments.BadValue(u"show", u" ascii 或 hex"_s);
+    return mode == u"ascii" ? 0 : 1;
 }
 
 const OptionList& LineOptionList() {

@@ -29,6 +29,7 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
 // The option of the port and that of its settings, for a verb that talks to no one instrument.
 extern const Option kPortOption;
 extern const Option kSettingsOption;
+std::optional<int> ShowModeOf(const Arguments& arguments);  // of --show
 void TakePortOptions(const Arguments& arguments, LineOptions& options);
 
 }  // namespace commtest

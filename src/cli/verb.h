@@ -21,6 +21,8 @@ struct Verb {
 
 Verb PollVerb();
 Verb SearchVerb();
+Verb CaptureVerb();
+Verb ReplayVerb();
 Verb WriteVerb();
 Verb ListVerb();
 Verb CatalogueVerb();

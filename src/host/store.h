@@ -66,6 +66,10 @@ class Store {
     virtual std::unique_ptr<RowCursor> OpenCursor(const Text& sql) = 0;
     virtual void Execute(const Text& sql) = 0;
 
+    // With a value for each "?" of the statement; they go in as data, not as part of it.
+    virtual StoreRows Query(const Text& sql, const std::vector<StoreValue>& values) = 0;
+    virtual void Execute(const Text& sql, const std::vector<StoreValue>& values) = 0;
+
     // Adds one row; values go in as data, not as part of the statement.
     virtual void AddRow(const Text& table, const std::vector<Text>& columns,
                         const std::vector<StoreValue>& values) = 0;

@@ -51,6 +51,19 @@ QVariant VariantOf(const StoreValue& value) {
     return QVariant(QString::fromRawData(characters, static_cast<qsizetype>(value->size())));
 }
 
+StoreRows RowsOf(QSqlQuery query) {
+    StoreRows result;
+    const QSqlRecord record = query.record();
+    for (int i = 0; i < record.count(); ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
+    while (query.next()) {
+        std::vector<StoreValue> row;
+        for (int i = 0; i < record.count(); ++i) row.push_back(ValueOf(query.value(i)));
+        result.rows.push_back(std::move(row));
+    }
+    if (query.lastError().isValid()) Raise(query.lastError());
+    return result;
+}
+
 QString UriOf(const QFileInfo& file) {
     return QString::fromLatin1(QUrl::fromLocalFile(file.absoluteFilePath()).toEncoded());
 }
@@ -146,18 +159,10 @@ void QtStore::Close() {
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
 }
 
-StoreRows QtStore::Query(const Text& sql) {
-    QSqlQuery query = Run(sql);
-    StoreRows result;
-    const QSqlRecord record = query.record();
-    for (int i = 0; i < record.count(); ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
-    while (query.next()) {
-        std::vector<StoreValue> row;
-        for (int i = 0; i < record.count(); ++i) row.push_back(ValueOf(query.value(i)));
-        result.rows.push_back(std::move(row));
-    }
-    if (query.lastError().isValid()) Raise(query.lastError());
-    return result;
+StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql)); }
+
+StoreRows QtStore::Query(const Text& sql, const std::vector<StoreValue>& values) {
+    return RowsOf(Run(sql, values));
 }
 
 std::unique_ptr<RowCursor> QtStore::OpenCursor(const Text& sql) {
@@ -166,10 +171,21 @@ std::unique_ptr<RowCursor> QtStore::OpenCursor(const Text& sql) {
 
 void QtStore::Execute(const Text& sql) { Run(sql); }
 
+void QtStore::Execute(const Text& sql, const std::vector<StoreValue>& values) { Run(sql, values); }
+
 QSqlQuery QtStore::Run(const Text& sql) {
     QSqlQuery query(Connection());
     query.setForwardOnly(true);
     if (!query.exec(ToQt(sql))) Raise(query.lastError());
+    return query;
+}
+
+QSqlQuery QtStore::Run(const Text& sql, const std::vector<StoreValue>& values) {
+    QSqlQuery query(Connection());
+    query.setForwardOnly(true);
+    if (!query.prepare(ToQt(sql))) Raise(query.lastError());
+    for (const StoreValue& value : values) query.addBindValue(VariantOf(value));
+    if (!query.exec()) Raise(query.lastError());
     return query;
 }
 

@@ -29,6 +29,8 @@ class QtStore : public Store {
     StoreRows Query(const Text& sql) override;
     std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
     void Execute(const Text& sql) override;
+    StoreRows Query(const Text& sql, const std::vector<StoreValue>& values) override;
+    void Execute(const Text& sql, const std::vector<StoreValue>& values) override;
     void AddRow(const Text& table, const std::vector<Text>& columns,
                 const std::vector<StoreValue>& values) override;
 
@@ -57,6 +59,7 @@ class QtStore : public Store {
     void Connect(const QString& driver, const QString& database, const QString& options);
     PreparedRow& PreparedFor(const Text& table, const std::vector<Text>& columns);
     QSqlQuery Run(const Text& sql);
+    QSqlQuery Run(const Text& sql, const std::vector<StoreValue>& values);
     QSqlDatabase Connection() const;
 
     QString connectionName_;

@@ -276,6 +276,7 @@ class FailingStore : public testing::SqliteStore {
   public:
     int statementsLeft = 0;
 
+    using SqliteStore::Execute;
     void Execute(const Text& sql) override {
         CountDown();
         SqliteStore::Execute(sql);

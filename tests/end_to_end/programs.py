@@ -102,8 +102,11 @@ class CommandLineTest(unittest.TestCase):
                 "--port", f"COM1={device}", *map(str, options)]
 
     def start(self, verb, device, instrument, *options, **streams):
+        return self.start_words(self.words(verb, device, instrument, *options), **streams)
+
+    def start_words(self, words, **streams):
         streams = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "encoding": "utf-8"} | streams
-        return subprocess.Popen(self.words(verb, device, instrument, *options), **streams)
+        return subprocess.Popen([*map(str, words)], **streams)
 
     def finish(self, process):
         output, problems = process.communicate(timeout=PATIENCE)

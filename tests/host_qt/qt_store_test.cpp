@@ -437,5 +437,19 @@ TEST_P(StatementOnQtStore, Runs) {
 INSTANTIATE_TEST_SUITE_P(Page, StatementOnQtStore, ::testing::ValuesIn(testing::AllStatements()),
                          [](const auto& tested) { return tested.param.name; });
 
+TEST_F(QtStoreTest, BoundValuesAreDataWhateverTheyHold) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.Execute(u"INSERT INTO 字符_替换 (原字符,新字符) VALUES (?,?)",
+                  {Text(u"x' OR '1'='1"), std::nullopt});
+    const Text query = u"SELECT 原字符,新字符 FROM 字符_替换 WHERE 原字符 = ?";
+    const StoreRows found = store.Query(query, {Text(u"x' OR '1'='1")});
+    ASSERT_THAT(found.rows, SizeIs(1));
+    EXPECT_EQ(found.At(0, 0), u"x' OR '1'='1");
+    EXPECT_FALSE(found.rows[0][1].has_value());
+    EXPECT_THAT(store.Query(query, {Text(u"x")}).rows, IsEmpty());
+    EXPECT_THROW(store.Query(u"SELECT 原字符 FROM 字符_替换 WHERE nowhere = ?", {Text()}), RuntimeError);
+}
+
 }  // namespace
 }  // namespace commtest

@@ -62,8 +62,11 @@ void SqliteStore::Connect(const std::string& file, int flags) {
     Execute(u"PRAGMA foreign_keys=ON");
 }
 
-StoreRows SqliteStore::Query(const Text& sql) {
+StoreRows SqliteStore::Query(const Text& sql) { return Query(sql, {}); }
+
+StoreRows SqliteStore::Query(const Text& sql, const std::vector<StoreValue>& values) {
     const Statement statement = Prepare(sql);
+    for (std::size_t i = 0; i < values.size(); ++i) Bind(statement.get(), static_cast<int>(i) + 1, values[i]);
     StoreRows result;
     const int columns = sqlite3_column_count(statement.get());
     for (int i = 0; i < columns; ++i)

@@ -1,0 +1,68 @@
+#include "catalogue/recordings.h"
+#include "cli/poll_run.h"
+#include "cli/recording_choice.h"
+#include "cli/verb.h"
+#include "runtime/number.h"
+
+namespace commtest {
+
+namespace {
+
+OptionList CaptureOptionList() {
+    OptionList options = LineOptionList();
+    options.push_back(kNoteOption);
+    for (const OptionList* more : {&ReadingOptionList(), &RunOptionList()}) {
+        options.insert(options.end(), more->begin(), more->end());
+    }
+    return options;
+}
+
+struct PairCount {
+    std::int64_t all = 0;
+    std::int64_t deleted = 0;
+};
+
+PairCount CountOf(Store& store, const Text& instrument, const Text& note) {
+    PairCount count;
+    for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
+        count.all += one.exchanges;
+        count.deleted += one.deleted;
+    }
+    return count;
+}
+
+void TellDeleted(const PairCount& count, const Text& note, Console& console) {
+    if (count.deleted == 0) return;
+    console.Tell(u"说明 \"" + note + u"\" 下有 " + WholeText(count.deleted) +
+                 u" 条已删除的数据，回送相同的不再采集。要恢复请用 commtest-cli recordings undelete");
+}
+
+ExitStatus Capture(const Arguments& arguments, Console& console) {
+    arguments.Positional(0, u"");
+    const Text note = NoteOf(arguments);
+    const ReadingOptions reading = ReadingOptionsOf(arguments);
+    const RunOptions run = RunOptionsOf(arguments);
+    const LineOptions lineOptions = LineOptionsOf(arguments, console);
+    LineSession line(lineOptions, console);
+    MainForm& form = line.Form();
+    ChooseReading(form, reading);
+    form.CaptureNote = note;
+    form.ConSaveData.Set(true);
+    const Text instrument = form.InstrumentName();
+    const PairCount before = CountOf(form.outside.store, instrument, note);
+    TellDeleted(before, note, console);
+    const ExitStatus status = PollAndReport(line, lineOptions, run, console);
+    const PairCount behind = CountOf(form.outside.store, instrument, note);
+    console.Tell(u"说明 \"" + note + u"\": 新采集 " + WholeText(behind.all - before.all) + u" 条，共 " +
+                 WholeText(behind.all) + u" 条");
+    return status;
+}
+
+}  // namespace
+
+Verb CaptureVerb() {
+    return {u"capture", u"--protocol 名称 --instrument 名称 --note 说明 [选项]",
+            u"轮询仪表并把收到的数据存入目录，作为演示数据", CaptureOptionList(), Capture};
+}
+
+}  // namespace commtest

@@ -1,0 +1,82 @@
+#include "catalogue/recordings.h"
+#include "cli/catalogue_access.h"
+#include "cli/poll_run.h"
+#include "cli/recording_choice.h"
+#include "cli/verb.h"
+#include "host_qt/folder_files.h"
+#include "host_qt/qt_store.h"
+#include "replay/replay_script.h"
+#include "runtime/number.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kInterval = 1000;  // milliseconds between two exchanges of a replay
+
+OptionList ReplayOptionList() {
+    OptionList options = {
+        kFolderOption,
+        {u"instrument", u"名称", u"演示数据的仪表，见 recordings list"},
+        kNoteOption,
+        {u"speed", u"1|N|max", u"倍速: 间隔为 1000 毫秒除以 N，max 时没有间隔", u"1"},
+        {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
+    };
+    options.insert(options.end(), RunOptionList().begin(), RunOptionList().end());
+    return options;
+}
+
+int IntervalOf(const Arguments& arguments) {
+    if (arguments.Value(u"speed") == u"max") return 0;
+    bool isNumber = false;
+    const int speed = arguments.Value(u"speed").toInt(&isNumber);
+    if (!isNumber || speed < 1 || speed > kInterval) {
+        throw arguments.BadValue(u"speed", u" 1 到 %1 的整数，或 max"_s.arg(kInterval));
+    }
+    return kInterval / speed;
+}
+
+Text ProtocolOfRecording(const QString& folder, const Text& instrument, const Text& note) {
+    QtStore store;
+    OpenCatalogueOf(FolderFiles(folder), store);
+    for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
+        if (one.deleted < one.exchanges) return one.protocol;
+    }
+    throw NoRecording(instrument, note);
+}
+
+ExitStatus Replay(const Arguments& arguments, Console& console) {
+    arguments.Positional(0, u"");
+    LineOptions options;
+    options.instrument = arguments.Value(u"instrument").toStdU16String();
+    const Text note = NoteOf(arguments);
+    options.interval = WholeText(IntervalOf(arguments));
+    options.showMode = ShowModeOf(arguments);
+    const RunOptions run = RunOptionsOf(arguments);
+    options.folder = ProgramFolderOf(arguments, console);
+    options.protocol = ProtocolOfRecording(options.folder, options.instrument, note);
+    options.address = u"1";
+    options.settings = u"9600,N,8,1";
+    options.port = u"COM1";  // the session wants one, and nothing opens it
+    LineSession line(options, console);
+    line.Dialogs().Unsaid = {u"请在 演示数据 表格里"};
+    MainForm& form = line.Form();
+    form.ConMyCommDriver.Set(true);
+    SelectRecording(form, options.protocol, options.instrument, note);
+    if (options.showMode) form.ShowMode.Choose(*options.showMode);
+    form.ConDelayTime.Set(options.interval);
+    options.port.clear();
+    options.settings.clear();
+    return PollAndReport(line, options, run, console);
+}
+
+}  // namespace
+
+Verb ReplayVerb() {
+    return {u"replay", u"--instrument 名称 --note 说明 [选项]",
+            u"不用串口，重放存在目录中的演示数据，结果和 poll 一样", ReplayOptionList(), Replay};
+}
+
+}  // namespace commtest
