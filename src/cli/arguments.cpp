@@ -102,6 +102,12 @@ QStringList Arguments::Positional(qsizetype count, QStringView meaning) const {
     throw BadUsage(u"多余的参数 \"%1\""_s.arg(option != words.end() ? *option : words[count]));
 }
 
+QString Arguments::FirstPositional(QStringView meaning) const {
+    const QStringList words = parser_.positionalArguments();
+    if (words.isEmpty()) throw BadUsage(u"缺少参数: %1"_s.arg(meaning));
+    return words.constFirst();
+}
+
 std::optional<QString> Arguments::OnePositionalAtMost() const {
     if (parser_.positionalArguments().isEmpty()) return std::nullopt;
     return Positional(1, {}).constFirst();

@@ -37,6 +37,8 @@ class Arguments {
 
     // The words that are no options, which have to be so many.
     QStringList Positional(qsizetype count, QStringView meaning) const;
+    // The first of them, whatever else is there.
+    QString FirstPositional(QStringView meaning) const;
     // The one that may be missing.
     std::optional<QString> OnePositionalAtMost() const;
 

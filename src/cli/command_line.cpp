@@ -23,9 +23,9 @@ const QString kStatusHelp =
      参数表读不出来，导入或恢复没有进行，目录没有改变
 )"_s;
 
-std::array<Verb, 9> Verbs() {
-    return {PollVerb(), SearchVerb(),    CaptureVerb(), ReplayVerb(), WriteVerb(),
-            ListVerb(), CatalogueVerb(), ConvertVerb(), CheckVerb()};
+std::array<Verb, 10> Verbs() {
+    return {PollVerb(),  SearchVerb(), CaptureVerb(),   ReplayVerb(),  RecordingsVerb(),
+            WriteVerb(), ListVerb(),   CatalogueVerb(), ConvertVerb(), CheckVerb()};
 }
 
 QString Line(const QString& name, QStringView meaning, int width) {

@@ -23,6 +23,7 @@ Verb PollVerb();
 Verb SearchVerb();
 Verb CaptureVerb();
 Verb ReplayVerb();
+Verb RecordingsVerb();
 Verb WriteVerb();
 Verb ListVerb();
 Verb CatalogueVerb();

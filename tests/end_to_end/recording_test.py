@@ -1,5 +1,6 @@
 """Capturing from a simulated instrument, and replaying without one."""
 
+import subprocess
 import unittest
 
 from programs import ASCII, CLI, FLOW_METER, NOVAX, PLAIN, RTU, CommandLineTest, description
@@ -21,11 +22,12 @@ class RecordingTest(CommandLineTest):
         return self.finish(self.start("capture", device, instrument, "--interval", 0, "--note", note, "--format",
                                       "json", *options))
 
-    def replay(self, instrument, note, *options):
-        return self.run_verb("replay", "--instrument", instrument[1], "--note", note, "--format", "json", *options)
+    def replay(self, instrument, note, *options, folder=None):
+        return self.run_verb("replay", "--instrument", instrument[1], "--note", note, "--format", "json", *options,
+                             folder=folder)
 
-    def run_verb(self, *words):
-        process = self.start_words([CLI, *words, "--folder", self.folder])
+    def run_verb(self, *words, folder=None):
+        process = self.start_words([CLI, *words, "--folder", folder or self.folder])
         return self.finish(process)
 
     def assert_no_failure(self, run):
@@ -45,6 +47,26 @@ class RecordingTest(CommandLineTest):
                 self.assertEqual(replayed.json["parameters"], live.json["parameters"])
                 self.assertEqual(replayed.json["statistics"]["exchanges"], 60)
                 self.assertEqual((replayed.json["port"], replayed.json["settings"]), ("", ""))
+
+    def test_recording_travels_to_another_catalogue_and_is_replayed_there(self):
+        other = self.folder.parent / "other"
+        subprocess.run([CLI, "catalogue", "create", other], check=True, stdout=subprocess.DEVNULL)
+        file = self.folder.parent / "recording.jsonl"
+        for instrument in FAMILIES:
+            with self.subTest(instrument[0]):
+                with self.simulate(instrument=instrument, values=values_of_its_own(instrument[2])) as simulator:
+                    live = self.capture(simulator.device, instrument, "travels", "--exchanges", EXCHANGES)
+                names = ("--instrument", instrument[1], "--note", "travels")
+                self.assertEqual(self.run_verb("recordings", "export", file, *names).problems, "")
+                rows = len(file.read_text(encoding="utf-8").splitlines()) - 1
+                imported = self.run_verb("recordings", "import", file, folder=other)
+                self.assertEqual((imported.status, imported.output), (0, f"已导入 {rows} 条，0 条已有\n"))
+                again = self.run_verb("recordings", "import", file, folder=other)
+                self.assertEqual((again.status, again.output), (0, f"已导入 0 条，{rows} 条已有\n"))
+                replayed = self.replay(instrument, "travels", "--speed", "max", "--exchanges", 2 * rows + 1,
+                                       folder=other)
+                self.assert_no_failure(replayed)
+                self.assertEqual(replayed.json["parameters"], live.json["parameters"])
 
     def test_known_pairs_are_not_stored_again(self):
         with self.simulate(values=VALUES) as simulator:
