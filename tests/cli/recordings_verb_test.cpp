@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <sstream>
 
 #include "catalogue/catalogue_connection.h"
 #include "catalogue/recordings.h"
+#include "cli/command_line.h"
 #include "cli/command_line_runner.h"
+#include "cli/console.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_store.h"
 
@@ -104,6 +107,23 @@ TEST_F(RecordingsVerb, ChangeOfANoteNamesEachInstrumentAndWaitsForAYes) {
                           "A,NEW,P,2024-05-06,2024-05-06,2,0\n"
                           "A',O'NOTE,P,2024-05-06,2024-05-06,1,0\n"
                           "B,NEW,P,2024-05-06,2024-05-06,1,1\n");
+}
+
+TEST_F(RecordingsVerb, UserAtATerminalIsAskedAndAnswers) {
+    const auto answer = [this](const std::string& typed) {
+        std::istringstream lines(typed);
+        std::ostringstream results;
+        std::ostringstream problems;
+        Console console({lines, true}, results, problems);
+        RunCommandLine({"recordings", "note", "--note", "bench", "--to", "new", "--folder", folder.path()},
+                       console);
+        return problems.str();
+    };
+    EXPECT_THAT(answer("n\n"), HasSubstr("说明改为 \"NEW\"? 输入 y 或 是 表示同意\n没有更改\n"));
+    answer("");
+    EXPECT_EQ(List(), kAll);
+    answer("Y\n");
+    EXPECT_THAT(List(), HasSubstr("A,NEW,P,2024-05-06,2024-05-06,2,0\n"));
 }
 
 TEST_F(RecordingsVerb, RenamedInstrumentKeepsItsLetters) {
