@@ -216,15 +216,17 @@ TEST_F(ListMenus, RefreshOfTheInstrumentListShowsItsPageAnew) {
     EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
 }
 
-TEST_F(ListMenus, EntryOfTheRecordingsIsMissedAndLeavesTheCurrentRow) {
-    form.MSHFlexGrid1[2].SetSize(9, 4);
-    form.MSHFlexGrid1[2].Select(5, 1);
-    for (const int entry : {1, 2, 4, 6}) {
-        form.StatusNote.Set({});
-        ChooseGridMenuEntry(form, 2, entry, 7);
-        EXPECT_EQ(MissedFeature(form), Feature::Recordings) << entry;
-    }
-    EXPECT_EQ(form.MSHFlexGrid1[2].Row, 5);
+TEST_F(ListMenus, EntryOfTheRecordingsTakesTheRowUnderThePointerAndLeavesTheCurrentOne) {
+    Grid& list = form.MSHFlexGrid1[2];
+    list.SetSize(9, 4);
+    list.Select(5, 1);
+    list.SetCell(7, 2, u"仪表甲");
+    list.SetCell(7, 3, u"说明");
+    bench.dialogs.Answers = {u"no"};
+    ChooseGridMenuEntry(form, 2, 4, 7);
+    EXPECT_THAT(bench.dialogs.Texts(),
+                ElementsAre("你确定要删除 仪表名称是 <仪表甲> ,说明是 <说明> 的演示数据吗？"));
+    EXPECT_EQ(list.Row, 5);
 }
 
 TEST_F(ListMenus, SeparatorAndTheChipListChooseNothing) {

@@ -5,17 +5,19 @@
 
 #include "commands/toolbar_commands.h"
 #include "support/form_bench.h"
-#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
 
+using ::testing::ElementsAre;
 using testing::FormBench;
-using testing::MissedFeature;
 
 class SearchPanel : public ::testing::Test {
   protected:
-    SearchPanel() { form.FindFrame.SetVisible(true); }
+    SearchPanel() {
+        form.FindFrame.SetVisible(true);
+        form.ConSettingComm.Set(u"COM1");
+    }
 
     void Start() { RunToolbarCommand(form, toolbar::kStartStop); }
 
@@ -36,7 +38,8 @@ TEST_F(SearchPanel, GivingUpHidesItAndARunningSearchGoesOn) {
 
 TEST_F(SearchPanel, SearchBeginsAndThePanelStays) {
     FindMeter_Click(form, 1);
-    EXPECT_EQ(MissedFeature(form), Feature::Search);
+    EXPECT_THAT(bench.dialogs.Texts(), ElementsAre("搜索可能将持续数分钟之久,请耐心等待！"));
+    EXPECT_EQ(form.CommandCode % 10000 / 1000, 1);
     EXPECT_TRUE(form.FindFrame.Visible());
 }
 
@@ -44,12 +47,12 @@ TEST_F(SearchPanel, SearchBeginsInAStoppedSessionWhoseErrorFileStaysOpen) {
     Start();
     bool wasRunning = true;
     std::int16_t step = 1;
-    form.StatusNote.Change = [&] {
+    bench.dialogs.Time = [&] {
         wasRunning = form.IsRunning();
         step = form.CycleStep;
+        return std::int64_t{0};
     };
     FindMeter_Click(form, 1);
-    EXPECT_EQ(MissedFeature(form), Feature::Search);
     EXPECT_FALSE(wasRunning);
     EXPECT_EQ(step, 0);
     EXPECT_TRUE(bench.files.ErrorFileIsOpen());

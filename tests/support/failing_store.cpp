@@ -48,6 +48,16 @@ void FailingStore::Execute(const Text& sql) {
     inner_.Execute(sql);
 }
 
+StoreRows FailingStore::Query(const Text& sql, const std::vector<StoreValue>& values) {
+    calls_->Count();
+    return inner_.Query(sql, values);
+}
+
+void FailingStore::Execute(const Text& sql, const std::vector<StoreValue>& values) {
+    calls_->Count();
+    inner_.Execute(sql, values);
+}
+
 void FailingStore::AddRow(const Text& table, const std::vector<Text>& columns,
                           const std::vector<StoreValue>& values) {
     calls_->Count();

@@ -29,6 +29,8 @@ class FailingStore : public Store {
     StoreRows Query(const Text& sql) override;
     std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
     void Execute(const Text& sql) override;
+    StoreRows Query(const Text& sql, const std::vector<StoreValue>& values) override;
+    void Execute(const Text& sql, const std::vector<StoreValue>& values) override;
     void AddRow(const Text& table, const std::vector<Text>& columns,
                 const std::vector<StoreValue>& values) override;
 
