@@ -60,6 +60,11 @@ class CheckLint(unittest.TestCase):
                           "c.cpp": width + "int C() { return Width(); }\n"})
         self.assertEqual(tree.lint(), (0, "3 of 3 files looked at\n", ""))
 
+    def test_sources_whose_headers_clash_are_clean(self):
+        tree = self.tree({"a.cpp": "#include <termios.h>\nint A() { return B0; }\n",
+                          "b.cpp": "#include <asm/termbits.h>\nint B() { return B0; }\n"})
+        self.assertEqual(tree.lint(), (0, "2 of 2 files looked at\n", ""))
+
     def test_a_finding_names_the_line_of_its_source(self):
         tree = self.tree({"a.cpp": "int A() { return 1; }\n", "b.cpp": NULL_AS_A_NUMBER})
         self.expect_finding(tree, "b.cpp:2:12: error", "modernize-use-nullptr")
