@@ -16,13 +16,21 @@ constexpr std::int64_t kShortestTime = 1000;  // milliseconds, before a time lef
 }  // namespace
 
 Text WordsOn(const ListPlace& place, std::int64_t milliseconds) {
-    Text words = WholeText(place.rows) + u" 行，" + WholeText(place.instruments) + u" 台仪表";
+    Text words = WholeText(place.rows);
+    words += u" 行，";
+    words += WholeText(place.instruments);
+    words += u" 台仪表";
     if (place.size == 0) return words;
     const double share = static_cast<double>(place.bytesRead) / static_cast<double>(place.size);
-    words += u"，" + WholeText(static_cast<std::int64_t>(share * 100)) + u"%";
+    words += u"，";
+    words += WholeText(static_cast<std::int64_t>(share * 100));
+    words += u"%";
     if (milliseconds < kShortestTime || place.bytesRead == 0) return words;
     const double left = static_cast<double>(milliseconds) * (1 - share) / share / 1000;
-    return words + u"，还需 " + WholeText(static_cast<std::int64_t>(left) + 1) + u" 秒";
+    words += u"，还需 ";
+    words += WholeText(static_cast<std::int64_t>(left) + 1);
+    words += u" 秒";
+    return words;
 }
 
 ListProgress::ListProgress(Console& console) : console_(console), interrupt_([this] { isEnded_ = true; }) {}
