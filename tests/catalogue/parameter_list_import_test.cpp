@@ -6,6 +6,7 @@
 #include "list_bench.h"
 #include "runtime/runtime_error.h"
 #include "support/error_of.h"
+#include "support/failing_store.h"
 
 namespace commtest {
 namespace {
@@ -289,6 +290,23 @@ TEST_F(ParameterListImportTest, LineThatCannotBeReadChangesNothing) {
     AddOldInstrument();
     EXPECT_EQ(ErrorOf([&] { ImportRows({u"1 PV 1010 R", Text(70000, u'X')}); }), 52);
     ExpectTheOldInstrument();
+}
+
+TEST_F(ParameterListImportTest, WhicheverStatementFailsNothingHasChanged) {
+    AddOldInstrument();
+    Put(kListFileName, {u"DEVICE A", u"TYPE 11000101", u"1 PV 1010 R", u"2 SV 1011 R", u"END", u"DEVICE B",
+                        u"TYPE 31000301", u"1 PV 1010 R", u"END", u"DEVICE   END"});
+    testing::FailingStore failing(*store);
+    int call = 1;
+    for (;; ++call) {
+        ASSERT_LT(call, 100);
+        failing.FailAt(call);
+        if (ErrorOf([&] { ImportParameterList(failing, files, dialogs); }) == 0) break;
+        if (!dialogs.Shown.empty()) break;  // the export behind the import
+        ExpectTheOldInstrument();
+    }
+    EXPECT_GT(call, 10);
+    EXPECT_THAT(Instruments(), SizeIs(2));
 }
 
 // --- Step by step ---
