@@ -1,10 +1,11 @@
 // What the statements of the catalogue in a file cost, a line each: name, seconds, rows.
 //     catalogue_costs FILE add ROWS
+//     catalogue_costs FILE import FOLDER
 //     catalogue_costs FILE clear
 //     catalogue_costs FILE look PROTOCOL INSTRUMENT
-// "add" brings parameters in, columns divided by tabs in the order of the table, and commits. "clear" deletes
-// all instruments, and tells what the longest slice of this takes. "look" tells the quickest of some rounds
-// of each query.
+// "add" brings parameters in, columns divided by tabs in the order of the table, and commits; "import" a
+// whole list. "clear" deletes all instruments, and tells what the longest slice of this takes. "look" tells
+// the quickest of some rounds of each query.
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -14,6 +15,9 @@
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
+#include "catalogue/parameter_list_import.h"
+#include "host/file_names.h"
+#include "host_qt/folder_files.h"
 #include "host_qt/qt_store.h"
 
 namespace commtest {
@@ -55,6 +59,18 @@ void Add(Store& store, const QString& file) {
         store.Commit();
     });
     Tell("add", seconds, parameters.size());
+}
+
+// The list TQ.ini of a folder, from its first line to the commit; the catalogue was emptied before.
+void Import(Store& store, const QString& folder) {
+    const FolderFiles files(folder);
+    ParameterListImport import(store, files.OpenBytes(Text(kListFileName)));
+    const double seconds = SecondsOf([&] {
+        while (import.Step()) {
+        }
+        import.Commit();
+    });
+    Tell("import", seconds, static_cast<std::size_t>(import.Parameters()));
 }
 
 void Clear(Store& store) {
@@ -99,6 +115,7 @@ int main(int argc, char* argv[]) {
     store.Open(
         {commtest::StoreAddress::Kind::LocalFile, words[1].toStdU16String(), commtest::CatalogueTables()});
     if (words[2] == "add") commtest::Add(store, words[3]);
+    if (words[2] == "import") commtest::Import(store, words[3]);
     if (words[2] == "clear") commtest::Clear(store);
     if (words[2] == "look") commtest::Look(store, words[3].toStdU16String(), words[4].toStdU16String());
 }

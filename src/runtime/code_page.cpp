@@ -102,14 +102,16 @@ std::string ToCodePage(TextView text) {
 }
 
 Text FromCodePage(std::string_view bytes) {
+    const Tables& page = CodePage();
     Text text;
+    text.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto lead = static_cast<unsigned char>(bytes[i]);
         unsigned code = lead;
         const bool isPair = lead > 0x80 && i + 1 < bytes.size() &&
-                            CodePage().characterOf[lead << 8 | static_cast<unsigned char>(bytes[i + 1])] != 0;
+                            page.characterOf[lead << 8 | static_cast<unsigned char>(bytes[i + 1])] != 0;
         if (isPair) code = code << 8 | static_cast<unsigned char>(bytes[++i]);
-        const char16_t character = CodePage().characterOf[code];
+        const char16_t character = page.characterOf[code];
         text += character == 0 && code != 0 ? u'\uFFFD' : character;
     }
     return text;
