@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/statements.h"
 #include "host/file_names.h"
+#include "runtime/hex_text.h"
+#include "runtime/number.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -18,23 +19,19 @@ constexpr TextView kMomentForm = u"00000000-000000";  // "0" for any digit
 constexpr TextView kInstrumentTable = u"仪表_名称";
 constexpr TextView kParameterTable = u"仪表_参数";
 
-Text NumberText(int number, std::size_t width = 0) {
-    const Text digits = FromUtf8(std::to_string(number));
-    return Text(width > digits.size() ? width - digits.size() : 0, u'0') + digits;
-}
+Text Digits(int number, int width) { return FittedToWidth(WholeText(number), width); }
 
 Text NameBeginning() { return Text(kCatalogueFileName) + Text(kCatalogueCopyMark); }
 
 Text NameOf(const DateTime& moment) {
-    return NameBeginning() + NumberText(moment.year, 4) + NumberText(moment.month, 2) +
-           NumberText(moment.day, 2) + u"-" + NumberText(moment.hour, 2) + NumberText(moment.minute, 2) +
-           NumberText(moment.second, 2);
+    return NameBeginning() + Digits(moment.year, 4) + Digits(moment.month, 2) + Digits(moment.day, 2) + u"-" +
+           Digits(moment.hour, 2) + Digits(moment.minute, 2) + Digits(moment.second, 2);
 }
 
 Text FreeName(const ProgramFiles& files, const DateTime& moment) {
     const Text first = NameOf(moment);
     Text name = first;
-    for (int turn = 2; files.Exists(name); ++turn) name = first + u"-" + NumberText(turn);
+    for (int turn = 2; files.Exists(name); ++turn) name = first + u"-" + WholeText(turn);
     return name;
 }
 

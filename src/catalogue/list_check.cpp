@@ -24,15 +24,6 @@ bool IsNumber(const Text& text) {
     });
 }
 
-Kind KindOf(UnreadableLine::Reason reason) {
-    switch (reason) {
-        case UnreadableLine::Reason::TooLong: return Kind::LineTooLong;
-        case UnreadableLine::Reason::HoldsNul: return Kind::HoldsNul;
-        case UnreadableLine::Reason::IsUtf16: return Kind::IsUtf16;
-    }
-    return Kind::HoldsNul;
-}
-
 // How many addresses a parameter of `length` bytes takes.
 int AddressesTaken(int protocolCode, int length) {
     switch (ListProtocolOf(protocolCode).unit) {
@@ -50,6 +41,15 @@ bool IsPlainEnd(const Text& line) {
 }
 
 }  // namespace
+
+Kind KindOf(UnreadableLine::Reason reason) {
+    switch (reason) {
+        case UnreadableLine::Reason::TooLong: return Kind::LineTooLong;
+        case UnreadableLine::Reason::HoldsNul: return Kind::HoldsNul;
+        case UnreadableLine::Reason::IsUtf16: return Kind::IsUtf16;
+    }
+    return Kind::HoldsNul;
+}
 
 ListCheck::ListCheck(const InstrumentCatalogue& catalogue, std::unique_ptr<ByteReader> list, Sink sink)
     : lines_(std::move(list)),

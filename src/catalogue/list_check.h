@@ -51,6 +51,9 @@ struct ListFinding {
     bool EndsImport() const { return kind >= Kind::CodeNoNumber; }
 };
 
+// The finding that an unreadable line is.
+ListFinding::Kind KindOf(UnreadableLine::Reason reason);
+
 // Reads a list as an import would, a line a step, and tells what it finds; it changes nothing.
 class ListCheck {
   public:

@@ -56,7 +56,7 @@ class Report {
         json_.PutNumber(u"line", finding.line);
         json_.PutText(u"name", finding.name);
         json_.PutText(u"other", finding.other);
-        json_.PutText(u"outcome", OutcomeOf(finding).toStdU16String());
+        json_.PutText(u"outcome", Text(OutcomeOf(finding.kind)));
         json_.PutText(u"value", finding.value);
         json_.PutText(u"what", WordsOn(finding).toStdU16String());
         json_.EndObject();

@@ -10,6 +10,7 @@
 #include "cli/list_words.h"
 #include "cli/printable_text.h"
 #include "cli/table.h"
+#include "commands/toolbar_commands.h"
 #include "host/file_names.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_store.h"
@@ -34,7 +35,8 @@ class Detail {
         console.Tell(file + u": "_s + WordsOnSize(content.instruments, content.parameters) +
                      u"，%1 处问题"_s.arg(content.findings));
         QStringList counts;
-        for (const auto& [kind, count] : counts_) counts += u"%1 %2 处"_s.arg(HeadOf(kind)).arg(count);
+        for (const auto& [kind, count] : counts_)
+            counts += u"%1 %2 处"_s.arg(QStringView(HeadOf(kind)), QString::number(count));
         if (!counts.isEmpty()) console.Tell(u"其中 "_s + counts.join(u"，"_s));
         for (const ListFinding& finding : first_) console.Tell(LineOn(finding, file));
         if (static_cast<std::size_t>(content.findings) > first_.size()) {
@@ -63,7 +65,7 @@ void Ask(const ListSource& list, Store& store, Console& console) {
     const CatalogueSize size = InstrumentCatalogue(store).Size();
     console.Tell(u"目录现有 "_s + WordsOnSize(size.instruments, size.parameters) +
                  u"，先备份，再全部由参数表取代"_s);
-    AskForConsent(console, u"确定要重新导入仪表的参数地址表吗？");
+    AskForConsent(console, kImportQuestion);
 }
 
 // What an import has left.

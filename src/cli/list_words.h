@@ -1,23 +1,15 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 
-#include "catalogue/list_check.h"
+#include "app/finding_words.h"
 #include "runtime/runtime_error.h"
 
 // What the command line says of parameter lists.
 namespace commtest {
 
-// Names a kind of finding in JSON.
-TextView KeyOf(ListFinding::Kind kind);
-
-// Heads the findings of a kind where they are counted.
-QStringView HeadOf(ListFinding::Kind kind);
-
-// What was found, and what will come of it.
+// What was found.
 QString WordsOn(const ListFinding& finding);
-QString OutcomeOf(const ListFinding& finding);
 
 // "file:line: what；outcome"
 QString LineOn(const ListFinding& finding, const QString& file);

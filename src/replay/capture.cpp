@@ -3,18 +3,15 @@
 #include "catalogue/instrument_catalogue.h"
 #include "host/clock.h"
 #include "host/dialogs.h"
-#include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "session/main_form.h"
+#include "session/wall_clock.h"
 
 namespace commtest {
 
 namespace {
 
-Text DayText(const DateTime& day) {
-    return FittedToWidth(WholeText(day.year), 4) + u"-" + FittedToWidth(WholeText(day.month), 2) + u"-" +
-           FittedToWidth(WholeText(day.day), 2);
-}
+constexpr int kDay = 10;  // characters of "2024-05-06 12:00:00"
 
 }  // namespace
 
@@ -25,6 +22,7 @@ void ConSaveData_Click(MainForm& form) {
 }
 
 void CaptureExchange(MainForm& form) {
+    if (form.CaptureWaits) return;
     InstrumentCatalogue catalogue(form.outside.store);
     const Text name = form.InstrumentName();
     // Q220: one row a reply, whatever was asked.
@@ -42,7 +40,7 @@ void CaptureExchange(MainForm& form) {
     exchange.protocol = Trim(form.ConCommTypeList.Value());
     exchange.note = form.CaptureNote;
     exchange.code = form.MeterCodeText;
-    exchange.day = DayText(form.outside.clock.Now());
+    exchange.day = Left(TimeStampText(form.outside.clock.Now()), kDay);
     exchange.row = WholeText(form.CurrentRow);
     exchange.request = form.SendText;
     exchange.reply = form.ReplyText;

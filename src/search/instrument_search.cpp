@@ -12,6 +12,7 @@
 #include "session/port_settings.h"
 #include "session/records.h"
 #include "session/start_stop.h"
+#include "session/wall_clock.h"
 
 namespace commtest {
 
@@ -20,10 +21,8 @@ namespace {
 constexpr std::int32_t kSettlingTime = 300;  // milliseconds of a port at its new rate
 constexpr std::int32_t kSecondsOfADay = 24 * 60 * 60;
 
-std::int32_t SecondOfDay(const DateTime& time) { return (time.hour * 60 + time.minute) * 60 + time.second; }
-
 std::int32_t SecondsSince(std::int32_t start, const DateTime& now) {
-    return (SecondOfDay(now) - start + kSecondsOfADay) % kSecondsOfADay;
+    return (SecondsOfDay(now) - start + kSecondsOfADay) % kSecondsOfADay;
 }
 
 // From `first` on; the number of rates if none is ticked.
@@ -104,7 +103,7 @@ SearchProgress ProgressOf(const MainForm& form) {
 
 void FindCommMeter(MainForm& form) {
     form.outside.dialogs.ShowMessage(u"搜索可能将持续数分钟之久,请耐心等待！", {});
-    form.SearchStartTime = SecondOfDay(form.outside.clock.Now());
+    form.SearchStartTime = SecondsOfDay(form.outside.clock.Now());
     form.SearchSavedAddress = form.ConMeterAddr.Value();
     form.CommandCode = Add32(form.CommandCode, command::kSearchOffset);
     ConCommMessage_DblClick(form);

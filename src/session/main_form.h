@@ -111,6 +111,7 @@ struct ReplayScript {
     std::vector<std::int16_t> DemoRows;
     std::int16_t DemoIndex = 0;
     Text CaptureNote;                 // of the run of the program
+    bool CaptureWaits = false;        // for the store, which is within another's transaction
     std::int32_t CapturedCount = 0;   // pairs stored since ConSaveData was last clicked
     std::int32_t KnownPairCount = 0;  // and those that were there already
     TickControl ConMyCommDriver;

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMargin = 16;
+constexpr auto kBehindTheFirstPicture = std::chrono::milliseconds(100);
 constexpr auto kLookAtPlugs = std::chrono::seconds(2);
 constexpr int kRingSize = 20;
 constexpr int kTickSize = 12;
@@ -122,7 +123,9 @@ FirstSteps::FirstSteps(Binder& binder, const Theme& theme, QWidget* parent)
         layout->addWidget(MakeHairline(Qt::Vertical));
     }
     layout->addWidget(MakeTrial(), 1);
-    binder.Watch(form_.StatusBar1[1], [this] { FollowPort(); });
+    // To look for ports takes the machine a while: the window is painted first.
+    QTimer::singleShot(kBehindTheFirstPicture, this,
+                       [this, &binder] { binder.Watch(form_.StatusBar1[1], [this] { FollowPort(); }); });
     connect(&plugs_, &QTimer::timeout, this, [this] {
         if (isVisible()) FollowPort();
     });

@@ -42,7 +42,7 @@ void ImportQuestion::ShowFindings(const QString& file, const ListLook& look) {
     auto* kinds = new FactTable({u"类别"_s, u"处数"_s, u"结果"_s}, this);
     kinds->setAccessibleName(u"问题类别"_s);
     for (const auto& [kind, count] : look.Kinds())
-        kinds->AddRow({HeadOf(kind), GroupedNumber(count), OutcomeOf(kind)});
+        kinds->AddRow({ToQt(HeadOf(kind)), GroupedNumber(count), ToQt(OutcomeOf(kind))});
     kinds->ShowNumbersIn(1);
     kinds->SetColumnWidths({180, 56});
     kinds->ShowRows(kRowsOfKinds);

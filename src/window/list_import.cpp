@@ -101,6 +101,7 @@ void ListImport::Import() {
     isResultShown_ = false;
     run_ = std::make_unique<ImportRun>(outside.store, outside.files, outside.clock);
     room_.wait.Begin(kWaits);
+    Form().CaptureWaits = true;
     room_.band.Begin({u"导入进度"_s, u"正在导入 "_s + kList});
     room_.band.setFocus();
     time_.start();
@@ -180,6 +181,7 @@ void ListImport::Stop() {
     slices_.End();
     room_.band.End();
     room_.wait.End();
+    Form().CaptureWaits = false;
 }
 
 // --- How far it has come ---

@@ -2,15 +2,13 @@
 
 #include <QString>
 
+#include "app/finding_words.h"
 #include "app/list_problem.h"
-#include "catalogue/list_check.h"
 
 namespace commtest {
 
 // How the window words parameter lists.
 
-QString HeadOf(ListFinding::Kind kind);     // "地址重叠"
-QString OutcomeOf(ListFinding::Kind kind);  // what will come of it: "两个参数都导入"
 QString WordsOn(const ListFinding& finding);
 
 // What to do about a list that an import would end at; empty of any other finding.
@@ -22,7 +20,6 @@ QString WordsOn(const ListProblem& problem, const QString& file);
 
 QString WordsOnSize(int instruments, int parameters);  // "213 台仪表，8,391 个参数"
 
-QString GroupedNumber(qint64 number);      // "8,391"
 QString WordsOnBytes(std::uint64_t size);  // "412 KB", "6.1 MB"
 
 }  // namespace commtest

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QWidget>
 
+#include "runtime/number.h"
 #include "runtime/text.h"
 
 // Small pieces that the pages are put together of.
@@ -14,6 +15,9 @@ namespace commtest {
 inline QString ToQt(TextView text) {
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// "8,391"
+inline QString GroupedNumber(qint64 number) { return ToQt(GroupedText(static_cast<double>(number), 0)); }
 
 // A line of one pixel; `length` 0 takes what there is.
 QFrame* MakeHairline(Qt::Orientation orientation, int length = 0);

@@ -1,7 +1,5 @@
 #include "window/recording_messages.h"
 
-#include <QLocale>
-
 #include "session/command_code.h"
 #include "window/pieces.h"
 
@@ -12,8 +10,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRecordingTab = 3;
-
-QString Grouped(std::int32_t count) { return QLocale(QLocale::English).toString(count); }
 
 }  // namespace
 
@@ -38,7 +34,9 @@ QString CaptureCounts(const MainForm& form) {
     if (!form.ConSaveData.Value()) return {};
     QString words = u"采集"_s;
     if (!form.CaptureNote.empty()) words += u' ' + ToQt(form.CaptureNote);
-    return words + u" 新 %1 已有 %2"_s.arg(Grouped(form.CapturedCount), Grouped(form.KnownPairCount));
+    if (form.CaptureWaits) words += u" 暂停，正在导入"_s;
+    return words +
+           u" 新 %1 已有 %2"_s.arg(GroupedNumber(form.CapturedCount), GroupedNumber(form.KnownPairCount));
 }
 
 }  // namespace commtest

@@ -37,8 +37,9 @@ bool SavedFindings::Step() {
 }
 
 void SavedFindings::Write(const ListFinding& finding) {
-    const QString line =
-        u"%1:%2：%3；%4\r\n"_s.arg(list_).arg(finding.line).arg(WordsOn(finding), OutcomeOf(finding.kind));
+    const QString line = u"%1:%2：%3；%4\r\n"_s.arg(list_)
+                             .arg(finding.line)
+                             .arg(WordsOn(finding), ToQt(OutcomeOf(finding.kind)));
     file_.write(line.toUtf8());
 }
 

@@ -162,14 +162,15 @@ QWidget* Sidebar::MakeAdvanced(Binder& binder) {
         box->setToolTip(tip);
         Bind(binder, control, *box);
         layout->addWidget(box, row, column);
+        return box;
     };
     add(form.Check2, captions.anyLength, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s, 1, 0);
     add(form.ConSelChange, captions.stopScrolling, {}, 1, 1);
     add(form.ConAutoSave[0], captions.saveRecord, u"保存所有的通讯过程"_s, 2, 0);
     add(form.ConAutoSave[1], captions.saveErrors, {}, 2, 1);
     add(form.ConSaveData, captions.capture, u"收集并保存通讯数据,供仿真使用"_s, 3, 0);
-    add(form.ConMyCommDriver, captions.replay, u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s,
-        3, 1);
+    replay_ = add(form.ConMyCommDriver, captions.replay,
+                  u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s, 3, 1);
     return advanced;
 }
 
@@ -180,7 +181,9 @@ void Sidebar::SetOptionHeight(int height) {
     FitOptions();
 }
 
-QList<QWidget*> Sidebar::Choices() const { return {protocols_, instruments_, optionList_->widget()}; }
+QList<QWidget*> Sidebar::Choices() const {
+    return {protocols_, instruments_, optionList_->widget(), replay_};
+}
 
 void Sidebar::ShowFormerChoice(const QString& protocol, const QString& instrument) {
     protocols_->setPlaceholderText(protocol);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -47,6 +48,7 @@ class Sidebar : public QScrollArea {
     QComboBox* protocols_ = nullptr;
     QComboBox* instruments_ = nullptr;
     QScrollArea* optionList_ = nullptr;
+    QCheckBox* replay_ = nullptr;
     QList<QAbstractButton*> options_;
     int optionHeight_ = 20;
 };

@@ -48,7 +48,8 @@ TEST(CatalogueSchema, TheQueriesOfASelectionUseIndexes) {
     EXPECT_NE(parameters.find("instruments_by_name"), std::string::npos) << parameters;
     EXPECT_NE(parameters.find("parameters_of_instrument"), std::string::npos) << parameters;
     const std::string pair = PlanOf(*store, StatementWith(page.recordedPair, {u"表一", u" 40", u"甲"}));
-    EXPECT_NE(pair.find("recordings_by_instrument"), std::string::npos) << pair;
+    EXPECT_NE(pair.find("recordings_by_instrument (仪表名称=? AND 说明=? AND 回送=?)"), std::string::npos)
+        << pair;
 }
 
 }  // namespace

@@ -127,6 +127,17 @@ TEST_F(Capture, QuestionStandsWithinTheReceiveEventWhileTheTimerIsOff) {
     EXPECT_FALSE(wasEnabled);
 }
 
+TEST_F(Capture, WaitsWhileTheStoreIsWithinAnothersTransaction) {
+    Form().CaptureWaits = true;
+    Form().ReplyText = u" 41";
+    CaptureExchange(Form());
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_THAT(dialogs.Shown, IsEmpty());
+    Form().CaptureWaits = false;
+    CaptureExchange(Form());
+    EXPECT_THAT(Rows(), SizeIs(1));
+}
+
 TEST_F(Capture, DeletedPairCountsAsKnown) {
     Form().ReplyText = u" 41";
     CaptureExchange(Form());

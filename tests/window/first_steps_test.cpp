@@ -40,6 +40,15 @@ class FirstStepsTest : public ::testing::Test {
         window->ShowFirstSteps([this] { ++trials; });
         window->show();
         (void)QTest::qWaitForWindowActive(window.get());
+        (void)QTest::qWaitFor([this] { return PortIsLookedUp(); });
+    }
+
+    // The window is painted before; without steps there is nothing to look up.
+    bool PortIsLookedUp() {
+        if (Steps() == nullptr) return true;
+        const auto labels = Steps()->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [](const QLabel* label) { return label->text().startsWith("COM1"); });
     }
 
     MainForm& Form() { return session.Form(); }

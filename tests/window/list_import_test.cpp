@@ -1,5 +1,6 @@
 #include "window/list_import.h"
 
+#include <QCheckBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 
@@ -7,6 +8,7 @@
 #include "runtime/runtime_error.h"
 #include "window/grid_view.h"
 #include "window/list_window_bench.h"
+#include "window/recording_messages.h"
 #include "window/sidebar.h"
 
 namespace commtest::testing {
@@ -152,6 +154,23 @@ TEST_F(ListImportTest, WhateverAsksTheCatalogueWaits) {
     EXPECT_NE(List("名称").toolTip(), kReason);
     EXPECT_TRUE(Tools().Button(8).isEnabled());
     EXPECT_TRUE(Tabs().isTabEnabled(2));
+}
+
+TEST_F(ListImportTest, CaptureAndReplayWaitAndTheStripSaysSo) {
+    Form().ConSaveData.Set(true);
+    MeetImport();
+    EXPECT_TRUE(Form().CaptureWaits);
+    EXPECT_EQ(CaptureCounts(Form()).toStdString(), "采集 暂停，正在导入 新 0 已有 0");
+    QCheckBox* replay = nullptr;
+    for (QCheckBox* box : Find<Sidebar>()->findChildren<QCheckBox*>()) {
+        if (box->text() == "数据演示") replay = box;
+    }
+    ASSERT_NE(replay, nullptr);
+    EXPECT_FALSE(replay->isEnabled());
+    Settle();
+    EXPECT_FALSE(Form().CaptureWaits);
+    EXPECT_TRUE(replay->isEnabled());
+    EXPECT_EQ(CaptureCounts(Form()).toStdString(), "采集 新 0 已有 0");
 }
 
 TEST_F(ListImportTest, PageThatIsShownKeepsItsTabAndItsListWaits) {
