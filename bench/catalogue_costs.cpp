@@ -3,9 +3,12 @@
 //     catalogue_costs FILE import FOLDER
 //     catalogue_costs FILE clear
 //     catalogue_costs FILE look PROTOCOL INSTRUMENT
+//     catalogue_costs FILE recorded INSTRUMENT NOTE REPLY
+//     catalogue_costs FILE capture INSTRUMENT NOTE COUNT
 // "add" brings parameters in, columns divided by tabs in the order of the table, and commits; "import" a
 // whole list. "clear" deletes all instruments, and tells what the longest slice of this takes. "look" tells
-// the quickest of some rounds of each query.
+// the quickest of some rounds of each query. "recorded" looks for a known and for an unknown pair of a
+// recording and reads it whole; "capture" stores so many new replies as a session does, one by one.
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -104,6 +107,33 @@ void Look(Store& store, const Text& protocol, const Text& instrument) {
     LookAt("list", [&] { return catalogue.CatalogueList(); });
 }
 
+void LookAtRecorded(Store& store, const Text& instrument, const Text& note, const Text& reply) {
+    const InstrumentCatalogue catalogue(store);
+    LookAt("known", [&] { return catalogue.RecordedPair(instrument, reply, note); });
+    LookAt("unknown", [&] { return catalogue.RecordedPair(instrument, u" FF", note); });
+    LookAt("script", [&] { return catalogue.FramesOfRecording(instrument, note); });
+}
+
+void Capture(Store& store, const Text& instrument, const Text& note, int count) {
+    InstrumentCatalogue catalogue(store);
+    RecordedExchange exchange;
+    exchange.instrument = instrument;
+    exchange.protocol = u"TQ仪表协议";
+    exchange.note = note;
+    exchange.code = u"11";
+    exchange.day = u"2024-05-06";
+    exchange.row = u"6";
+    exchange.request = u" 0A 40 0D";
+    const double seconds = SecondsOf([&] {
+        for (int number = 0; number < count; ++number) {
+            exchange.reply = u" 0A " + QString::number(number).toStdU16String();
+            if (!catalogue.RecordedPair(instrument, exchange.reply, note).rows.empty()) continue;
+            catalogue.AddRecordedExchange(exchange);
+        }
+    });
+    Tell("capture", seconds, static_cast<std::size_t>(count));
+}
+
 }  // namespace
 
 }  // namespace commtest
@@ -117,5 +147,12 @@ int main(int argc, char* argv[]) {
     if (words[2] == "add") commtest::Add(store, words[3]);
     if (words[2] == "import") commtest::Import(store, words[3]);
     if (words[2] == "clear") commtest::Clear(store);
+    if (words[2] == "recorded") {
+        commtest::LookAtRecorded(store, words[3].toStdU16String(), words[4].toStdU16String(),
+                                 words[5].toStdU16String());
+    }
+    if (words[2] == "capture") {
+        commtest::Capture(store, words[3].toStdU16String(), words[4].toStdU16String(), words[5].toInt());
+    }
     if (words[2] == "look") commtest::Look(store, words[3].toStdU16String(), words[4].toStdU16String());
 }

@@ -104,6 +104,7 @@ void QtStore::Open(const StoreAddress& address) {
             Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
         }
         if (address.kind != StoreAddress::Kind::NewFile) RequireTables(*this, address.tables);
+        isFile_ = isFile;
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.
@@ -155,8 +156,29 @@ void QtStore::Connect(const QString& driver, const QString& database, const QStr
 
 void QtStore::Close() {
     preparedRow_.reset();
+    if (isFile_) PassOverError([&] { BringLogIntoFile(); });
     open_ = false;
+    isFile_ = false;
+    commitsToLog_ = false;
+    inTransaction_ = false;
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
+}
+
+// A commit to the log beside the file does not wait for the disk: with the power the last rows may go, the
+// file stays whole. It pays where rows come one by one. Tried once: a locked file commits in the old way.
+void QtStore::CommitToLog() {
+    if (!isFile_ || inTransaction_ || commitsToLog_) return;
+    commitsToLog_ = true;
+    PassOverError([&] {
+        Execute(u"PRAGMA journal_mode=WAL");
+        Execute(u"PRAGMA synchronous=NORMAL");
+    });
+}
+
+// At rest the catalogue is one file, which may be copied. Who has it open, too, keeps the log.
+void QtStore::BringLogIntoFile() {
+    if (Query(u"PRAGMA journal_mode").At(0, 0) != u"wal") return;
+    Execute(u"PRAGMA journal_mode=DELETE");
 }
 
 StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql)); }
@@ -191,6 +213,7 @@ QSqlQuery QtStore::Run(const Text& sql, const std::vector<StoreValue>& values) {
 
 void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
                      const std::vector<StoreValue>& values) {
+    CommitToLog();
     PreparedRow& row = PreparedFor(table, columns);
     for (std::size_t i = 0; i < values.size(); ++i) row.Bind(i, values[i]);
     if (!row.query.exec()) Raise(row.query.lastError());
@@ -228,15 +251,18 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
 void QtStore::BeginTransaction() {
     QSqlDatabase connection = Connection();
     RaiseUnless(connection.transaction(), connection);
+    inTransaction_ = true;
 }
 
 void QtStore::Commit() {
     QSqlDatabase connection = Connection();
     RaiseUnless(connection.commit(), connection);
+    inTransaction_ = false;
 }
 
 void QtStore::Rollback() {
     QSqlDatabase connection = Connection();
+    inTransaction_ = false;
     RaiseUnless(connection.rollback(), connection);
 }
 

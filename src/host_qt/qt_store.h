@@ -57,6 +57,8 @@ class QtStore : public Store {
     void OpenNewFile(const StoreAddress& address);
     void ConnectToFile(const QString& uri);
     void Connect(const QString& driver, const QString& database, const QString& options);
+    void CommitToLog();
+    void BringLogIntoFile();
     PreparedRow& PreparedFor(const Text& table, const std::vector<Text>& columns);
     QSqlQuery Run(const Text& sql);
     QSqlQuery Run(const Text& sql, const std::vector<StoreValue>& values);
@@ -65,6 +67,9 @@ class QtStore : public Store {
     QString connectionName_;
     StoreEngine engine_ = StoreEngine::Sqlite;
     bool open_ = false;
+    bool isFile_ = false;  // that was accepted, and may be written
+    bool commitsToLog_ = false;
+    bool inTransaction_ = false;
     std::optional<PreparedRow> preparedRow_;
 };
 

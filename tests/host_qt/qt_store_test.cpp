@@ -22,12 +22,15 @@
 namespace commtest {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::NamedStatement;
 using ::testing::SizeIs;
 
 constexpr const char* kCatalogue = "通讯数据.mdb";
+constexpr char kWrittenInPlace = 1;  // at 18 of a file of the embedded engine: it has no log
 
 // A warning of the toolkit says that the store misuses it.
 void FailOnWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
@@ -77,6 +80,10 @@ class QtStoreTest : public ::testing::Test {
             EXPECT_EQ(error.Number(), RuntimeError::kStore);
             return ToUtf8(error.Message());
         }
+    }
+
+    static std::size_t RowsWith(Store& asked, const Text& character) {
+        return asked.Query(u"SELECT 新字符 From 字符_替换 Where 原字符 = '" + character + u"'").rows.size();
     }
 
     QTemporaryDir folder{QDir::tempPath() + QString::fromUtf8("/a 仪表 XXXXXX")};
@@ -413,6 +420,69 @@ TEST_F(QtStoreTest, ReadingACatalogueDoesNotWriteIt) {
     store.Close();
     EXPECT_EQ(Read(kCatalogue), before);
     EXPECT_EQ(FilesInFolder(), filesBefore);
+}
+
+TEST_F(QtStoreTest, RowsAddedOneByOneGoToALogAndStandInTheFileAtRest) {
+    CreateCatalogue();
+    const QStringList filesAtRest = FilesInFolder();
+    store.Open(AddressOf(kCatalogue));
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"log"), Text(u"1")});
+    EXPECT_TRUE(FilesInFolder().contains(u"通讯数据.mdb-wal"_s));
+    EXPECT_EQ(store.Query(u"PRAGMA synchronous").At(0, 0), u"1");  // a commit waits for no disk
+
+    QtStore other;
+    other.Open(AddressOf(kCatalogue));
+    EXPECT_EQ(RowsWith(other, u"log"), 1U);
+    other.Close();
+
+    store.Close();
+    EXPECT_EQ(FilesInFolder(), filesAtRest);
+    EXPECT_TRUE(Read(kCatalogue).contains("log"));
+    EXPECT_EQ(Read(kCatalogue)[18], kWrittenInPlace);
+}
+
+TEST_F(QtStoreTest, RowsOfATransactionNeedNoLog) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.BeginTransaction();
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"one"), Text(u"1")});
+    store.Commit();
+    EXPECT_EQ(store.Query(u"PRAGMA journal_mode").At(0, 0), u"delete");
+    EXPECT_EQ(RowsWith(store, u"one"), 1U);
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"two"), Text(u"2")});
+    EXPECT_EQ(store.Query(u"PRAGMA journal_mode").At(0, 0), u"wal");
+}
+
+TEST_F(QtStoreTest, WhatAKilledProgramLeftInTheLogIsThereAtTheNextOpening) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"log"), Text(u"1")});
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"left"_s));
+    ASSERT_TRUE(QFile::copy(PathOf(kCatalogue), PathOf("left/通讯数据.mdb")));
+    ASSERT_TRUE(QFile::copy(PathOf("通讯数据.mdb-wal"), PathOf("left/通讯数据.mdb-wal")));
+
+    QtStore next;
+    next.Open(AddressOf("left/通讯数据.mdb"));
+    EXPECT_EQ(RowsWith(next, u"log"), 1U);
+    next.Close();
+    EXPECT_EQ(QDir(PathOf("left")).entryList(QDir::Files), QStringList{u"通讯数据.mdb"_s});
+    EXPECT_EQ(Read("left/通讯数据.mdb")[18], kWrittenInPlace);
+}
+
+TEST_F(QtStoreTest, ALogThatAnotherUsesStaysUntilItsEnd) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"log"), Text(u"1")});
+    QtStore other;
+    other.Open(AddressOf(kCatalogue));
+    EXPECT_EQ(RowsWith(other, u"log"), 1U);
+    QElapsedTimer watch;
+    watch.start();
+    store.Close();
+    EXPECT_LT(watch.elapsed(), 2500);  // half the patience with a lock
+    EXPECT_EQ(RowsWith(other, u"log"), 1U);
+    other.Close();
+    EXPECT_EQ(Read(kCatalogue)[18], kWrittenInPlace);
 }
 
 TEST_F(QtStoreTest, AServerThatCannotBeReachedIsGivenUp) {
