@@ -117,7 +117,7 @@ class ListWindow : public ::testing::Test {
     std::function<void()> atBox;  // what is done before one is closed
 
   private:
-    static constexpr int kPatience = 20'000;  // milliseconds
+    static constexpr int kPatience = 120'000;  // milliseconds
 
     void AnswerBox() {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
