@@ -33,12 +33,13 @@ void Binder::AtEachLook(std::function<void()> look) {
 }
 
 void Binder::Look() {
-    for (Watched& watched : watched_) {
+    for (std::size_t i = 0; i < watched_.size(); ++i) {
+        Watched& watched = watched_[i];
         if (watched.shown == watched.control->Generation()) continue;
         watched.shown = watched.control->Generation();
         watched.show();
     }
-    for (const auto& look : looks_) look();
+    for (std::size_t i = 0; i < looks_.size(); ++i) looks_[i]();
 }
 
 }  // namespace commtest

@@ -2,8 +2,8 @@
 
 #include <QObject>
 #include <QTimer>
+#include <deque>
 #include <functional>
-#include <vector>
 
 #include "session/main_form.h"
 
@@ -36,8 +36,9 @@ class Binder : public QObject {
     };
 
     MainForm& form_;
-    std::vector<Watched> watched_;
-    std::vector<std::function<void()>> looks_;
+    // A view that is made within a look joins it; what runs stays where it is.
+    std::deque<Watched> watched_;
+    std::deque<std::function<void()>> looks_;
     QTimer timer_;
 };
 

@@ -64,10 +64,12 @@ void ShowText(const ListControl& control, QComboBox& comboBox) {
 
 }  // namespace
 
+// One that nobody has hidden comes with its parent; shown before it has one, it would be a window of its own.
 void BindPresence(Binder& binder, const Presence& control, QWidget& widget) {
     binder.Watch(control, [&control, &widget] {
         if (widget.isEnabled() != control.Enabled()) widget.setEnabled(control.Enabled());
-        if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+        const bool isPutAway = widget.isHidden() && widget.testAttribute(Qt::WA_WState_ExplicitShowHide);
+        if (isPutAway == control.Visible()) widget.setVisible(control.Visible());
     });
 }
 

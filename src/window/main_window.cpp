@@ -13,6 +13,7 @@
 #include "commands/toolbar_commands.h"
 #include "host/store.h"
 #include "session/records.h"
+#include "window/bindings.h"
 #include "window/cleared_counters.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
@@ -26,6 +27,7 @@
 #include "window/grid_view.h"
 #include "window/help_view.h"
 #include "window/hit_list.h"
+#include "window/late_view.h"
 #include "window/list_work.h"
 #include "window/note_bar.h"
 #include "window/port_page.h"
@@ -168,10 +170,11 @@ QWidget* MainWindow::MakeMainArea() {
     layout->setSpacing(0);
     tabRow_ = new TabRow(binder_, theme_, mainArea_);
     workBand_ = new WorkBand(mainArea_);
-    searchPanel_ = new SearchPanel(binder_, theme_, mainArea_);
+    search_ = new LateView([this](QWidget* place) { return MakeSearch(place); }, mainArea_);
+    BindPresence(binder_, form_.FindFrame, *search_);
     layout->addWidget(tabRow_);
     layout->addWidget(workBand_);
-    layout->addWidget(searchPanel_);
+    layout->addWidget(search_);
     layout->addWidget(MakePages(), 1);
     return mainArea_;
 }
@@ -179,21 +182,36 @@ QWidget* MainWindow::MakeMainArea() {
 QWidget* MainWindow::MakePages() {
     pages_ = new QStackedWidget(mainArea_);
     communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
-    communication_->ShowHits(*new HitList(binder_, theme_, *notes_, searchPanel_->WayBack(), communication_));
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
     recordings_ = new GridView(binder_, theme_, 2, pages_);
     AddEmptyStates(binder_, theme_, *catalogue_, *recordings_,
                    {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); }});
+    clearedCounters_ = new ClearedCounters(binder_, *notes_, pages_);
+    ServeStatistics(*communication_);
+    const auto makePorts = [this](QWidget* place) { return new PortPage(binder_, theme_, place); };
+    const auto makeErrors = [this](QWidget* place) {
+        auto* page = new ErrorPage(binder_, theme_, *notes_, place);
+        ServeStatistics(*page);
+        return page;
+    };
     for (QWidget* page :
-         std::initializer_list<QWidget*>{communication_, new PortPage(binder_, theme_, pages_), catalogue_,
-                                         recordings_, new ErrorPage(binder_, theme_, *notes_, pages_)})
+         std::initializer_list<QWidget*>{communication_, new LateView(makePorts, pages_), catalogue_,
+                                         recordings_, new LateView(makeErrors, pages_)})
         pages_->addWidget(page);
-    auto* clearedCounters = new ClearedCounters(binder_, *notes_, pages_);
-    for (StatisticsLabel* label : pages_->findChildren<StatisticsLabel*>()) clearedCounters->Serve(*label);
     binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
     return pages_;
+}
+
+QWidget* MainWindow::MakeSearch(QWidget* place) {
+    auto* panel = new SearchPanel(binder_, theme_, place);
+    communication_->ShowHits(*new HitList(binder_, theme_, *notes_, panel->WayBack(), communication_));
+    return panel;
+}
+
+void MainWindow::ServeStatistics(QWidget& page) {
+    for (StatisticsLabel* label : page.findChildren<StatisticsLabel*>()) clearedCounters_->Serve(*label);
 }
 
 void MainWindow::ServeFilter() {
@@ -299,7 +317,7 @@ void MainWindow::BringPage(int tab) {
 void MainWindow::BringSearch() {
     LeaveFields();
     binder_.Event([this] { RunToolbarCommand(form_, toolbar::kSearch); });
-    if (form_.FindFrame.Visible()) FocusInto(searchPanel_);
+    if (form_.FindFrame.Visible()) FocusInto(search_);
 }
 
 // A field of the port page takes effect when it is left; a key that starts the session does not leave it,
@@ -362,7 +380,6 @@ void MainWindow::Adapt() {
 
 void MainWindow::AdaptMainArea() {
     communication_->Strip().SetCompact(mainArea_->width() < CommunicationStrip::kOneLineWidth);
-    searchPanel_->SetNarrow(mainArea_->width() < SearchPanel::kTwoLineWidth);
 }
 
 void MainWindow::ToggleSidebar() {

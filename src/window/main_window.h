@@ -12,12 +12,13 @@
 
 namespace commtest {
 
+class ClearedCounters;
 class CommunicationPage;
 class GridView;
+class LateView;
 class ListWork;
 class NoteBar;
 class PortReturn;
-class SearchPanel;
 class Sidebar;
 class StateLine;
 class TabRow;
@@ -57,6 +58,8 @@ class MainWindow : public QMainWindow {
     QWidget* MakeCentre();
     QWidget* MakeMainArea();
     QWidget* MakePages();
+    QWidget* MakeSearch(QWidget* place);
+    void ServeStatistics(QWidget& page);
     void ServeFilter();
     void RestoreState();
     void FollowFocus();
@@ -90,7 +93,8 @@ class MainWindow : public QMainWindow {
     QWidget* mainArea_ = nullptr;
     TabRow* tabRow_ = nullptr;
     WorkBand* workBand_ = nullptr;
-    SearchPanel* searchPanel_ = nullptr;
+    LateView* search_ = nullptr;
+    ClearedCounters* clearedCounters_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     CommunicationPage* communication_ = nullptr;
     GridView* catalogue_ = nullptr;

@@ -59,11 +59,6 @@ SearchPanel::SearchPanel(Binder& binder, const Theme& theme, QWidget* parent)
     BindPresence(binder, binder.Form().FindFrame, *this);
 }
 
-void SearchPanel::SetNarrow(bool narrow) {
-    isNarrow_ = narrow;
-    FitLines();
-}
-
 // The time that is left says more than the hint, where there is no room for both.
 void SearchPanel::FitLines() {
     const bool hasSearch = search_->Shown() != SearchState::None;
@@ -79,6 +74,8 @@ void SearchPanel::FitLines() {
 
 void SearchPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    isNarrow_ = width() < kTwoLineWidth;
+    FitLines();
     share_->setGeometry(0, height() - 1 - ShareBar::kHeight, width(), ShareBar::kHeight);
 }
 

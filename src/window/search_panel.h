@@ -22,8 +22,6 @@ class SearchPanel : public QWidget {
 
     static constexpr int kTwoLineWidth = 980;  // in a narrower one the hint has a line of its own
 
-    void SetNarrow(bool narrow);
-
     // From a search that was begun here.
     SearchReturn& WayBack() { return wayBack_; }
 

@@ -12,8 +12,11 @@
 
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
+#include "window/error_page.h"
 #include "window/filter_box.h"
 #include "window/grid_view.h"
+#include "window/hit_list.h"
+#include "window/port_page.h"
 #include "window/record_view.h"
 #include "window/search_panel.h"
 #include "window/sidebar.h"
@@ -111,6 +114,21 @@ TEST_F(MainWindowTest, NumberKeysBringThePages) {
         EXPECT_EQ(window->findChild<QStackedWidget*>()->currentIndex(), tab);
         EXPECT_EQ(The<TabRow>().Tabs().currentIndex(), tab);
     }
+}
+
+TEST_F(MainWindowTest, WhatIsNotSeenAtTheStartIsMadeWhenItIsSeen) {
+    EXPECT_EQ(window->findChild<PortPage*>(), nullptr);
+    EXPECT_EQ(window->findChild<ErrorPage*>(), nullptr);
+    EXPECT_EQ(window->findChild<SearchPanel*>(), nullptr);
+    EXPECT_EQ(window->findChild<HitList*>(), nullptr);
+    Press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_TRUE(The<PortPage>().isVisible());
+    Press(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_TRUE(The<ErrorPage>().isVisible());
+    Press(Qt::Key_1, Qt::ControlModifier);
+    Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(The<SearchPanel>().isVisible());
+    EXPECT_TRUE(The<HitList>().isVisible());
 }
 
 TEST_F(MainWindowTest, SearchKeyShowsThePanelAndEscapeInsideHidesIt) {

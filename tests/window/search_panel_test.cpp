@@ -144,14 +144,12 @@ TEST_F(SearchPanelTest, StandsInTwoLines) {
 }
 
 TEST_F(SearchPanelTest, HintOfANarrowOneHasItsOwnLine) {
-    panel->SetNarrow(true);
     panel->resize(715, panel->height());
     panel->layout()->activate();
     EXPECT_EQ(panel->height(), 101);
     EXPECT_EQ(TopOf(Hint()), 68);
     EXPECT_EQ(TopOf(Button("开始搜索")), 4);
     EXPECT_LE(panel->minimumSizeHint().width(), 715);
-    panel->SetNarrow(false);
     panel->resize(1080, panel->height());
     panel->layout()->activate();
     EXPECT_EQ(panel->height(), 69);
@@ -277,7 +275,6 @@ TEST_F(SearchPanelTest, FocusGoesFromOneButtonToTheNext) {
 }
 
 TEST_F(SearchPanelTest, ProgressOfANarrowOneStandsInPlaceOfTheHint) {
-    panel->SetNarrow(true);
     panel->resize(715, panel->height());
     SearchToTheLastAddress();
     panel->layout()->activate();
