@@ -34,6 +34,15 @@ std::vector<RecordingSummary> Recordings::Summaries(const Text& condition,
     return summaries;
 }
 
+PairCount Recordings::CountOf(const Text& instrument, const Text& note) const {
+    PairCount count;
+    for (const RecordingSummary& one : Of(instrument, note)) {
+        count.all += one.exchanges;
+        count.deleted += one.deleted;
+    }
+    return count;
+}
+
 std::vector<RecordedExchange> Recordings::Exchanges(const Text& instrument, const Text& note) const {
     const StoreRows found = store_.Query(
         u"SELECT 协议,编码,采集日期,地址,指令,回送,有效 From 通讯_仿真 Where 仪表名称 = ? And 说明 = ? "

@@ -18,6 +18,16 @@ struct RecordingSummary {
     std::int64_t deleted = 0;  // of them, marked as not valid
 };
 
+struct PairCount {
+    std::int64_t all = 0;
+    std::int64_t deleted = 0;
+
+    void Count(bool isValid) {
+        ++all;
+        if (!isValid) ++deleted;
+    }
+};
+
 // The recorded traffic for those who name it themselves: every value is bound, so that a name may hold what
 // it likes. Deleted rows take part and are told. Errors of the store.
 class Recordings {
@@ -28,6 +38,8 @@ class Recordings {
     std::vector<RecordingSummary> OfInstrument(const Text& instrument) const;
     std::vector<RecordingSummary> OfNote(const Text& note) const;
     std::vector<RecordingSummary> Of(const Text& instrument, const Text& note) const;
+
+    PairCount CountOf(const Text& instrument, const Text& note) const;
 
     // In the order in which they were stored.
     std::vector<RecordedExchange> Exchanges(const Text& instrument, const Text& note) const;

@@ -17,20 +17,6 @@ OptionList CaptureOptionList() {
     return options;
 }
 
-struct PairCount {
-    std::int64_t all = 0;
-    std::int64_t deleted = 0;
-};
-
-PairCount CountOf(Store& store, const Text& instrument, const Text& note) {
-    PairCount count;
-    for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
-        count.all += one.exchanges;
-        count.deleted += one.deleted;
-    }
-    return count;
-}
-
 void TellDeleted(const PairCount& count, const Text& note, Console& console) {
     if (count.deleted == 0) return;
     console.Tell(u"说明 \"" + note + u"\" 下有 " + WholeText(count.deleted) +
@@ -49,10 +35,10 @@ ExitStatus Capture(const Arguments& arguments, Console& console) {
     form.CaptureNote = note;
     form.ConSaveData.Set(true);
     const Text instrument = form.InstrumentName();
-    const PairCount before = CountOf(form.outside.store, instrument, note);
+    const PairCount before = Recordings(form.outside.store).CountOf(instrument, note);
     TellDeleted(before, note, console);
     const ExitStatus status = PollAndReport(line, lineOptions, run, console);
-    const PairCount behind = CountOf(form.outside.store, instrument, note);
+    const PairCount behind = Recordings(form.outside.store).CountOf(instrument, note);
     console.Tell(u"说明 \"" + note + u"\": 新采集 " + WholeText(behind.all - before.all) + u" 条，共 " +
                  WholeText(behind.all) + u" 条");
     return status;

@@ -46,6 +46,16 @@ TEST_F(RecordingsTest, SummariesCountThePairsOfAnInstrumentUnderANote) {
     EXPECT_THAT(recordings.Of(u"B", u"Y"), IsEmpty());
 }
 
+TEST_F(RecordingsTest, CountOfANoteTakesEachProtocolAndTellsTheDeletedOnes) {
+    RecordedExchange deleted = Pair(u"A", u"X", u" 02");
+    deleted.protocol = u"Q";
+    deleted.isValid = false;
+    recordings.Add({Pair(u"A", u"X", u" 01"), deleted, Pair(u"A", u"Y", u" 03"), Pair(u"B", u"X", u" 04")});
+    EXPECT_EQ(recordings.CountOf(u"A", u"X").all, 2);
+    EXPECT_EQ(recordings.CountOf(u"A", u"X").deleted, 1);
+    EXPECT_EQ(recordings.CountOf(u"B", u"Y").all, 0);
+}
+
 TEST_F(RecordingsTest, NamesAndNotesHoldApostrophes) {
     recordings.Add({Pair(u"A'", u"X'; --", u" 01")});
     EXPECT_THAT(recordings.Exchanges(u"A'", u"X'; --"), SizeIs(1));

@@ -134,6 +134,26 @@ TEST_F(RecordingsVerb, RenamedInstrumentKeepsItsLetters) {
     EXPECT_THAT(List(), HasSubstr("x'y,BENCH,P,2024-05-06,2024-05-06,2,0\n"));
 }
 
+TEST_F(RecordingsVerb, EveryActionTakesANoteInAnyCase) {
+    const QString out = folder.filePath("out.jsonl");
+    for (const QStringList& action :
+         {QStringList{"show", "--instrument", "A"}, QStringList{"delete", "--instrument", "A"},
+          QStringList{"undelete", "--instrument", "A"}, QStringList{"export", out, "--instrument", "A"},
+          QStringList{"note", "--to", "new", "--yes"}}) {
+        EXPECT_EQ(Run(action + QStringList{"--note", "bEnch"}).status, 0) << action.join(' ').toStdString();
+    }
+    EXPECT_EQ(List(), std::string(kHeadings) +
+                          "A,NEW,P,2024-05-06,2024-05-06,2,0\n"
+                          "A',O'NOTE,P,2024-05-06,2024-05-06,1,0\n"
+                          "B,NEW,P,2024-05-06,2024-05-06,1,1\n");
+}
+
+TEST_F(RecordingsVerb, RenamedInstrumentKeepsItsNotes) {
+    Run({"rename", "--instrument", "A", "--to", "x", "--yes"});
+    EXPECT_EQ(Run({"show", "--instrument", "x", "--note", "bench"}).status, 0);
+    EXPECT_EQ(Run({"show", "--instrument", "X", "--note", "bench"}).status, 2);
+}
+
 TEST_F(RecordingsVerb, DeletedPairsComeBack) {
     EXPECT_EQ(Run({"delete", "--instrument", "A", "--note", "bench"}).results,
               "已删除 2 条，可以用 undelete 恢复\n");
