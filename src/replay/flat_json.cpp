@@ -83,7 +83,8 @@ class Reader {
             rest_.remove_prefix(plain);
             if (!rest_.empty() && rest_.front() == '\\' && !TakesEscape(text)) return false;
         }
-        return TakesWord("\"");
+        const bool hasHalfPair = FromUtf8(ToUtf8(text)) != text;
+        return TakesWord("\"") && !hasHalfPair;
     }
 
     bool TakesEscape(Text& text) {

@@ -121,6 +121,9 @@ std::string_view WithoutMark(std::string_view bytes) {
     return bytes.starts_with(kUtf8Mark) ? bytes.substr(kUtf8Mark.size()) : bytes;
 }
 
+// U+FFFD itself is a character as any other.
+bool IsWellFormed(std::string_view line) { return ToUtf8(FromUtf8(line)) == line; }
+
 bool IsEmpty(std::string_view line) { return line.find_first_not_of(" \t\r") == std::string_view::npos; }
 
 }  // namespace
@@ -133,7 +136,7 @@ RecordingFile ReadRecordingFile(std::string_view bytes) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
         const std::string_view line = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (!IsUtf8(line)) throw RecordingFileError({Kind::NotUtf8, number});
+        if (!IsWellFormed(line)) throw RecordingFileError({Kind::NotUtf8, number});
         if (IsEmpty(line)) continue;
         if (hasHead) {
             recording.exchanges.push_back(ExchangeOf(Line(line, number), recording.head));

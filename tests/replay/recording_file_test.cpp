@@ -56,6 +56,12 @@ TEST(RecordingFile, ControlCharactersAndCharactersBeyondThePlaneSurvive) {
     EXPECT_EQ(ReadRecordingFile(WrittenRecordingFile(recording)).head.instrument, u"a\nb\\\x1F\U0001F600");
 }
 
+TEST(RecordingFile, ReplacementCharacterIsACharacterAsAnyOther) {
+    RecordingFile recording = ReadRecordingFile(kHead);
+    recording.head.instrument = u"a\uFFFD";
+    EXPECT_EQ(ReadRecordingFile(WrittenRecordingFile(recording)).head.instrument, u"a\uFFFD");
+}
+
 TEST(RecordingFile, OtherWritersMayOrderEscapeAndEndLinesTheirWay) {
     const RecordingFile recording = ReadRecordingFile(
         "\xEF\xBB\xBF" + kHead + "\r\n  \n" +
@@ -85,6 +91,7 @@ TEST(RecordingFile, FirstLineThatDoesNotFitIsNamedWithItsMember) {
         {"{\"format\": \"1", {Kind::NoObject, 1}},
         {"{\"format\": \"\\u00\"}", {Kind::NoObject, 1}},
         {"{\"format\": \"\\", {Kind::NoObject, 1}},
+        {changed(kHead, "1101", "\\ud83d"), {Kind::NoObject, 1}},
         {kExchange, {Kind::MissingMember, 1, "format"}},
         {changed(kHead, "1", "2"), {Kind::OtherFormat, 1, "format"}},
         {changed(kHead, "1", "\"1\""), {Kind::WrongValue, 1, "format"}},
