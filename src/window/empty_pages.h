@@ -9,12 +9,13 @@
 namespace commtest {
 
 // The lists of instruments and of recordings of an open catalogue say what to do while they are empty.
-struct WaysToInstruments {
-    std::function<void()> import;
-    std::function<void()> restore;
+struct WaysToFillLists {
+    std::function<void()> importInstruments;
+    std::function<void()> restoreInstruments;
+    std::function<void()> importRecording;
 };
 void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings,
-                    const WaysToInstruments& ways);
+                    const WaysToFillLists& ways);
 
 // The record of a session that stands still, and the explanation of a value, say how they come to be while
 // they are empty; their keys and clicks stay theirs.

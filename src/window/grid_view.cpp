@@ -461,18 +461,22 @@ QPoint GridView::PlaceOfCurrentCell() const {
 void GridView::PopUpMenu(QPoint globalPosition) { PopUpMenu(globalPosition, grid_.Row); }
 
 void GridView::PopUpMenu(QPoint globalPosition, int row) {
-    const auto entries = EntriesOfGrid(form_, index_);
-    if (entries.empty()) return;
     auto* menu = new QMenu(this);
-    menu_ = menu;
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const MenuEntry& entry : entries) {
+    AddFixedEntries(*menu, row);
+    AddOwnEntries(*menu, row);
+    if (menu->isEmpty()) return menu->deleteLater();
+    menu_ = menu;
+    menu->popup(globalPosition);
+}
+
+void GridView::AddFixedEntries(QMenu& menu, int row) {
+    for (const MenuEntry& entry : EntriesOfGrid(form_, index_)) {
         if (entry.caption.empty()) {
-            menu->addSeparator();
+            menu.addSeparator();
             continue;
         }
-        QAction* action =
-            menu->addAction(QString::fromUtf16(entry.caption.data(), std::ssize(entry.caption)));
+        QAction* action = menu.addAction(QString::fromUtf16(entry.caption.data(), std::ssize(entry.caption)));
         action->setEnabled(entry.enabled);
         action->setCheckable(entry.isInForce);
         action->setChecked(entry.isInForce);
@@ -483,7 +487,15 @@ void GridView::PopUpMenu(QPoint globalPosition, int row) {
             });
         });
     }
-    menu->popup(globalPosition);
+}
+
+void GridView::AddOwnEntries(QMenu& menu, int row) {
+    if (!additions_.isEmpty()) menu.addSeparator();
+    for (const MenuAddition& addition : additions_) {
+        QAction* action = menu.addAction(addition.caption);
+        action->setEnabled(row > 0 || !addition.takesRow);
+        connect(action, &QAction::triggered, this, [addition, row] { addition.choose(row); });
+    }
 }
 
 }  // namespace commtest

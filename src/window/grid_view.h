@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 #include <QPointer>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -41,6 +42,15 @@ class GridView : public FrozenTable {
 
     // The right-mouse menu of the current cell.
     void PopUpMenu(QPoint globalPosition);
+
+    // An entry of the window's own below the fixed ones of that menu. It gets the row that the menu is about;
+    // without one, 0, an entry that takes a row is dimmed.
+    struct MenuAddition {
+        QString caption;
+        bool takesRow;
+        std::function<void(int row)> choose;
+    };
+    void AddToMenu(const QList<MenuAddition>& additions) { additions_ = additions; }
 
     void SetRowHeight(int pixels);
 
@@ -113,6 +123,8 @@ class GridView : public FrozenTable {
     void CopySelection() const;
     QPoint PlaceOfCurrentCell() const;
     void PopUpMenu(QPoint globalPosition, int row);
+    void AddFixedEntries(QMenu& menu, int row);
+    void AddOwnEntries(QMenu& menu, int row);
 
     Binder& binder_;
     MainForm& form_;
@@ -128,6 +140,7 @@ class GridView : public FrozenTable {
     NothingFound* nothingFound_;
     ScrollHold hold_;
     QPointer<QMenu> menu_;  // while it is open
+    QList<MenuAddition> additions_;
     SecondClick* secondClick_;
 
     // What is on the screen.

@@ -33,6 +33,7 @@
 #include "window/port_page.h"
 #include "window/port_return.h"
 #include "window/record_view.h"
+#include "window/recording_work.h"
 #include "window/search_panel.h"
 #include "window/sidebar.h"
 #include "window/statistics_label.h"
@@ -186,8 +187,10 @@ QWidget* MainWindow::MakePages() {
     new EmptiedRecord(binder_, *notes_, communication_->Record());
     catalogue_ = new GridView(binder_, theme_, 1, pages_);
     recordings_ = new GridView(binder_, theme_, 2, pages_);
+    auto* recordingWork = new RecordingWork(binder_, theme_, *notes_, *recordings_);
     AddEmptyStates(binder_, theme_, *catalogue_, *recordings_,
-                   {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); }});
+                   {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); },
+                    [recordingWork] { recordingWork->Import().AskForFile(); }});
     clearedCounters_ = new ClearedCounters(binder_, *notes_, pages_);
     ServeStatistics(*communication_);
     const auto makePorts = [this](QWidget* place) { return new PortPage(binder_, theme_, place); };

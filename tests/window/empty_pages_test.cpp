@@ -22,7 +22,8 @@ class EmptyPagesTest : public ::testing::Test {
 
     EmptyPagesTest() {
         AddEmptyStates(bench.binder, bench.theme, *catalogue, *recordings,
-                       {[this] { wanted = "import"; }, [this] { wanted = "restore"; }});
+                       {[this] { wanted = "import"; }, [this] { wanted = "restore"; },
+                        [this] { wanted = "import a recording"; }});
         window.resize(1000, 600);
         catalogue->setGeometry(0, 0, 500, 300);
         recordings->setGeometry(0, 300, 500, 300);
@@ -59,8 +60,10 @@ TEST_F(EmptyPagesTest, CatalogueThatIsNotOpenIsNotCalledEmpty) {
     EXPECT_FALSE(Stands("没有录制的数据"));
 }
 
-TEST_F(EmptyPagesTest, EmptyRecordingsOfferTheCapture) {
+TEST_F(EmptyPagesTest, EmptyRecordingsOfferTheCaptureAndTheImport) {
     EXPECT_TRUE(Stands("没有录制的数据"));
+    Press("导入录制");
+    EXPECT_EQ(wanted, "import a recording");
     Press("开始采集");
     EXPECT_TRUE(Form().ConSaveData.Value());
     Fill(2);

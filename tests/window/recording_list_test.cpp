@@ -45,10 +45,19 @@ class RecordingListTest : public GridViewTest {
         }
         menu->close();
     }
-    void AskMenuOf(int row) {
-        const QPoint place = PlaceInList(row);
+    void AskMenuOf(int row) { AskMenuAt(PlaceInList(row)); }
+    void AskMenuAt(QPoint place) {
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, listView->viewport()->mapToGlobal(place));
         QApplication::sendEvent(listView->viewport(), &event);
+    }
+    // Of the menu that stands: a separator is empty, what is dimmed is in brackets.
+    static std::vector<std::string> Entries() {
+        std::vector<std::string> entries;
+        for (const QAction* action : QApplication::activePopupWidget()->actions()) {
+            const std::string caption = action->text().toStdString();
+            entries.push_back(action->isEnabled() || caption.empty() ? caption : "(" + caption + ")");
+        }
+        return entries;
     }
 };
 
@@ -104,6 +113,26 @@ TEST_F(RecordingListTest, EntryShowsWhatHasBeenCapturedSince) {
     AskMenuOf(1);
     Choose("刷新......");
     EXPECT_THAT(Notes(), ElementsAre("A", "B", "C", "D"));
+}
+
+TEST_F(RecordingListTest, AddedEntriesStandBelowTheFixedOnesAndGetTheRow) {
+    int row = -1;
+    listView->AddToMenu(
+        {{"甲......", true, [&row](int under) { row = under; }}, {"乙......", false, [](int) {}}});
+    AskMenuOf(2);
+    EXPECT_THAT(Entries(), ElementsAre("更改名称", "更改说明", "", "删除......", "", "刷新......", "",
+                                       "甲......", "乙......"));
+    Choose("甲......");
+    EXPECT_EQ(row, 2);
+}
+
+TEST_F(RecordingListTest, AddedEntryThatTakesARowIsDimmedBesideTheRows) {
+    listView->AddToMenu({{"甲......", true, [](int) {}}, {"乙......", false, [](int) {}}});
+    AskMenuAt(listView->viewport()->rect().bottomLeft());
+    const std::vector<std::string> entries = Entries();
+    EXPECT_EQ(entries[entries.size() - 2], "(甲......)");
+    EXPECT_EQ(entries.back(), "乙......");
+    QApplication::activePopupWidget()->close();
 }
 
 }  // namespace

@@ -1,0 +1,56 @@
+#include "window/deleted_pairs.h"
+
+#include "catalogue/catalogue_lists.h"
+#include "catalogue/recordings.h"
+#include "runtime/runtime_error.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+DeletedPairs::DeletedPairs(Binder& binder, NoteBar& notes, QObject* parent)
+    : QObject(parent), binder_(binder), notes_(notes) {
+    binder.AtEachLook([this] { Follow(); });
+}
+
+void DeletedPairs::Follow() {
+    const MainForm& form = binder_.Form();
+    if (form.CaptureWaits) return;
+    Subject now;
+    if (form.ConSaveData.Value() && !form.CaptureNote.empty())
+        now = {form.InstrumentName(), form.CaptureNote};
+    if (now == captured_) return;
+    captured_ = now;
+    Withdraw();
+    if (now.note.empty()) return;
+    TellBehind({}, now.instrument, now.note);
+}
+
+void DeletedPairs::TellBehind(const QString& words, const Text& instrument, const Text& note) {
+    PairCount count;
+    PassOverError([&] { count = Recordings(binder_.Form().outside.store).CountOf(instrument, note); });
+    if (count.deleted == 0) return;
+    const QString where = words.isEmpty() ? u"说明 %1 下有"_s.arg(ToQt(note)) : words + u"；此说明下有"_s;
+    told_ = where + u" %1 条已删除，应答相同的不再存入"_s.arg(GroupedNumber(count.deleted));
+    notes_.Ask(told_, Glyph::Information, u"恢复"_s,
+               [this, subject = Subject{instrument, note}] { BringBack(subject); });
+}
+
+void DeletedPairs::Withdraw() {
+    if (notes_.Text() == told_) notes_.WithdrawQuestion();
+}
+
+void DeletedPairs::BringBack(const Subject& subject) {
+    MainForm& form = binder_.Form();
+    binder_.Event([&] {
+        Recordings recordings(form.outside.store);
+        const PairCount count = recordings.CountOf(subject.instrument, subject.note);
+        recordings.SetValid(subject.instrument, subject.note, true);
+        SSTab2_Click(form);
+        notes_.Say(u"已恢复 %1 条：%2，%3"_s.arg(GroupedNumber(count.deleted), ToQt(subject.instrument),
+                                                 ToQt(subject.note)));
+    });
+}
+
+}  // namespace commtest

@@ -1,0 +1,74 @@
+#include "window/recording_export.h"
+
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "catalogue/recordings.h"
+#include "host_qt/whole_file.h"
+#include "replay/recording_file.h"
+#include "runtime/runtime_error.h"
+#include "window/pieces.h"
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t kRecordingGrid = 2;
+constexpr int kListedInstrument = 2;
+constexpr int kListedNote = 3;
+
+constexpr qsizetype kLongestName = 200;  // bytes
+
+}  // namespace
+
+QString FileNameOfRecording(const Text& instrument, const Text& note) {
+    static const QRegularExpression kUnfit(uR"([\x{00}-\x{1F}/\\:*?"<>|])"_s);
+    QString name = ToQt(instrument).trimmed() + u' ' + ToQt(note).trimmed();
+    name.replace(kUnfit, u"_"_s);
+    while (name.toUtf8().size() > kLongestName) name.chop(1);
+    if (name.back().isHighSurrogate()) name.chop(1);
+    return name + u".jsonl"_s;
+}
+
+RecordingExport::RecordingExport(Binder& binder, NoteBar& notes, QWidget& list)
+    : QObject(&list), binder_(binder), notes_(notes), list_(list) {}
+
+void RecordingExport::AskForFile(int row) {
+    const Grid& grid = binder_.Form().MSHFlexGrid1[kRecordingGrid];
+    const Text instrument = grid.Cell(row, kListedInstrument);
+    const Text note = grid.Cell(row, kListedNote);
+    QFileDialog dialog(&list_, u"导出录制"_s,
+                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                       u"录制 (*.jsonl)"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(u"jsonl"_s);
+    dialog.selectFile(FileNameOfRecording(instrument, note));
+    if (dialog.exec() == QDialog::Accepted) SaveTo(dialog.selectedFiles().front(), instrument, note);
+}
+
+void RecordingExport::SaveTo(const QString& path, const Text& instrument, const Text& note) {
+    try {
+        Save(path, instrument, note);
+    } catch (const RuntimeError& error) {
+        notes_.Warn(u"没有导出：%1"_s.arg(ToQt(error.StandardMessage())));
+    }
+}
+
+void RecordingExport::Save(const QString& path, const Text& instrument, const Text& note) {
+    const std::vector<RecordedExchange> exchanges =
+        Recordings(binder_.Form().outside.store).Exchanges(instrument, note);
+    if (exchanges.empty()) return notes_.Warn(u"没有导出：列表中的这个录制已不存在"_s);
+    const QString problem = WriteWhole(path, WrittenRecordingFile({exchanges.front(), exchanges}));
+    if (!problem.isEmpty()) return notes_.Warn(u"没有导出：%1，%2"_s.arg(path, problem));
+    const QFileInfo saved(path);
+    notes_.Ask(u"已导出 %1 条：%2"_s.arg(GroupedNumber(std::ssize(exchanges)), saved.absoluteFilePath()),
+               Glyph::Tick, u"打开文件夹"_s,
+               [folder = saved.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+}
+
+}  // namespace commtest

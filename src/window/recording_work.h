@@ -1,0 +1,28 @@
+#pragma once
+
+#include "window/deleted_pairs.h"
+#include "window/recording_export.h"
+#include "window/recording_import.h"
+
+namespace commtest {
+
+class GridView;
+
+// What the window does with recordings beside the fixed entries of their menu: out into files, in from them,
+// and deleted ones back.
+class RecordingWork : public QObject {
+    Q_OBJECT
+
+  public:
+    // `list` shows them; boxes belong to its window.
+    RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes, GridView& list);
+
+    RecordingImport& Import() { return *import_; }
+
+  private:
+    DeletedPairs* deleted_;
+    RecordingExport* export_;
+    RecordingImport* import_;
+};
+
+}  // namespace commtest
