@@ -1,6 +1,7 @@
 #include "window/recording_work.h"
 
 #include "window/grid_view.h"
+#include "window/replay_hint.h"
 
 namespace commtest {
 
@@ -11,6 +12,7 @@ RecordingWork::RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes,
       deleted_(new DeletedPairs(binder, notes, this)),
       export_(new RecordingExport(binder, notes, list)),
       import_(new RecordingImport(binder, theme, notes, *deleted_, list)) {
+    new ReplayHint(binder, notes, this);
     list.AddToMenu({{u"导出录制......"_s, true, [this](int row) { export_->AskForFile(row); }},
                     {u"导入录制......"_s, false, [this](int) { import_->AskForFile(); }}});
 }

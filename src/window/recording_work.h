@@ -9,7 +9,7 @@ namespace commtest {
 class GridView;
 
 // What the window does with recordings beside the fixed entries of their menu: out into files, in from them,
-// and deleted ones back.
+// deleted ones back, and a word to those who are to choose one.
 class RecordingWork : public QObject {
     Q_OBJECT
 

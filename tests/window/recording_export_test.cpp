@@ -60,17 +60,20 @@ TEST_F(RecordingExportTest, CancelledQuestionWritesNothing) {
 
 TEST_F(RecordingExportTest, FileThatIsThereStaysUnlessTheUserWantsIt) {
     FileWith("of someone else");
+    bool isAsked = false;
     InDialog([&](QFileDialog& dialog) {
         dialog.selectFile(folder.filePath("in"));
-        QTimer::singleShot(0, [&dialog] {
+        QTimer::singleShot(0, &dialog, [&] {
             auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(question, nullptr);
+            isAsked = true;
             QTimer::singleShot(0, &dialog, &QDialog::reject);
             question->button(QMessageBox::No)->click();
         });
         QMetaObject::invokeMethod(&dialog, "accept");
     });
     exported->AskForFile(1);
+    EXPECT_TRUE(isAsked);
     EXPECT_EQ(BytesOf(folder.filePath("in.jsonl")), "of someone else");
 }
 
