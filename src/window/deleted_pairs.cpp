@@ -16,10 +16,10 @@ DeletedPairs::DeletedPairs(Binder& binder, NoteBar& notes, QObject* parent)
 
 void DeletedPairs::Follow() {
     const MainForm& form = binder_.Form();
-    if (form.CaptureWaits) return;
     Subject now;
-    if (form.ConSaveData.Value() && !form.CaptureNote.empty())
-        now = {form.InstrumentName(), form.CaptureNote};
+    const bool captures = form.ConSaveData.Value() && !form.CaptureNote.empty();
+    if (captures && !form.CaptureWaits) now = {form.InstrumentName(), form.CaptureNote};
+    if (form.CaptureWaits) Withdraw();  // the store is within another's transaction
     if (now == captured_) return;
     captured_ = now;
     Withdraw();

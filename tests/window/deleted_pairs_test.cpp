@@ -79,9 +79,23 @@ TEST_F(DeletedPairsTest, OtherWordsOfTheNoteBarStay) {
     EXPECT_EQ(Note(), "别的");
 }
 
+TEST_F(DeletedPairsTest, NothingIsBroughtBackWhileTheStoreIsWithinAnothersTransaction) {
+    deleted.TellBehind("别的", u"仪表甲", u"PLANT");
+    EXPECT_EQ(Note(), "别的；此说明下有 2 条已删除，应答相同的不再存入");
+    Form().CaptureWaits = true;
+    bench.binder.Look();
+    EXPECT_EQ(Note(), "");
+}
+
 TEST_F(DeletedPairsTest, CaptureThatWaitsForTheStoreIsLookedAtBehindIt) {
     Form().CaptureWaits = true;
     Capture(u"PLANT");
+    EXPECT_EQ(Note(), "");
+    Form().CaptureWaits = false;
+    bench.binder.Look();
+    EXPECT_EQ(Note(), kTold);
+    Form().CaptureWaits = true;
+    bench.binder.Look();
     EXPECT_EQ(Note(), "");
     Form().CaptureWaits = false;
     bench.binder.Look();
