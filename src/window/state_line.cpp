@@ -35,9 +35,9 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
       sign_(new QLabel(this)),
       head_(MakeWords(this)),
       text_(MakeWords(this)),
-      count_(MakeWords(this)),
+      count_(new CountLabel(theme, {u"第"_s, u"条"_s}, this)),
       dot_(new QLabel(this)),
-      captureCounts_(MakeWords(this)),
+      captureCounts_(new CountLabel(theme, {u"采集"_s, u"新"_s, u"已有"_s}, this)),
       action_(MakeLineAction({})) {
     setFixedHeight(kHeight);
     setAccessibleName(u"通讯状态"_s);

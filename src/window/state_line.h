@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "window/binder.h"
+#include "window/count_label.h"
 #include "window/glyphs.h"
 #include "window/theme.h"
 
@@ -86,9 +87,9 @@ class StateLine : public QWidget {
     QLabel* sign_;
     QLabel* head_;
     QLabel* text_;
-    QLabel* count_;
+    CountLabel* count_;
     QLabel* dot_;  // in front of what a capture counts
-    QLabel* captureCounts_;
+    CountLabel* captureCounts_;
     QPushButton* action_;
 };
 
