@@ -28,11 +28,12 @@ void DeletedPairs::Follow() {
 }
 
 void DeletedPairs::TellBehind(const QString& words, const Text& instrument, const Text& note) {
-    PairCount count;
-    PassOverError([&] { count = Recordings(binder_.Form().outside.store).CountOf(instrument, note); });
-    if (count.deleted == 0) return;
+    std::int64_t deleted = 0;
+    PassOverError(
+        [&] { deleted = Recordings(binder_.Form().outside.store).CountOf(instrument, note).deleted; });
+    if (deleted == 0) return;
     const QString where = words.isEmpty() ? u"说明 %1 下有"_s.arg(ToQt(note)) : words + u"；此说明下有"_s;
-    told_ = where + u" %1 条已删除，应答相同的不再存入"_s.arg(GroupedNumber(count.deleted));
+    told_ = where + u" %1 条已删除，应答相同的不再存入"_s.arg(GroupedNumber(deleted));
     notes_.Ask(told_, Glyph::Information, u"恢复"_s,
                [this, subject = Subject{instrument, note}] { BringBack(subject); });
 }
