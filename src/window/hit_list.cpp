@@ -1,13 +1,10 @@
 #include "window/hit_list.h"
 
 #include <QDesktopServices>
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <array>
@@ -16,6 +13,7 @@
 #include "runtime/number.h"
 #include "session/cycle_step.h"
 #include "session/port_settings.h"
+#include "window/file_to_write.h"
 #include "window/hit_table.h"
 #include "window/note_bar.h"
 #include "window/pieces.h"
@@ -157,12 +155,9 @@ void HitList::TakeOver(int row) {
 // --- The file ---
 
 void HitList::AskForFile() {
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QString path = QFileDialog::getSaveFileName(this, u"导出搜索结果"_s, folder.filePath(u"搜索结果.csv"_s),
-                                                u"CSV (*.csv)"_s);
-    if (path.isEmpty()) return;
-    if (QFileInfo(path).suffix().isEmpty()) path += u".csv"_s;
-    SaveTo(path);
+    const QString path =
+        AskForFileToWrite(this, u"导出搜索结果"_s, u"搜索结果.csv"_s, u"CSV (*.csv)"_s, u"csv"_s);
+    if (!path.isEmpty()) SaveTo(path);
 }
 
 void HitList::SaveTo(const QString& path) {

@@ -1,12 +1,12 @@
 #include "window/list_import.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <utility>
 
 #include "host/dialogs.h"
 #include "host/file_names.h"
 #include "window/catalogue_restore.h"
+#include "window/file_to_write.h"
 #include "window/import_question.h"
 #include "window/import_result.h"
 #include "window/list_words.h"
@@ -84,7 +84,8 @@ void ListImport::Ask() {
 }
 
 void ListImport::ChooseFileOfFindings() {
-    const QString path = QFileDialog::getSaveFileName(question_, u"保存全部问题"_s, u"TQ.ini 的问题.txt"_s);
+    const QString path = AskForFileToWrite(question_, u"保存全部问题"_s, u"TQ.ini 的问题.txt"_s,
+                                           u"文本文件 (*.txt)"_s, u"txt"_s);
     if (!path.isEmpty()) SaveFindings(path);
 }
 

@@ -1,15 +1,15 @@
 #include "window/recording_export.h"
 
 #include <QDesktopServices>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QUrl>
 
 #include "catalogue/recordings.h"
 #include "host_qt/whole_file.h"
 #include "replay/recording_file.h"
 #include "runtime/runtime_error.h"
+#include "window/file_to_write.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -42,13 +42,9 @@ void RecordingExport::AskForFile(int row) {
     const Grid& grid = binder_.Form().MSHFlexGrid1[kRecordingGrid];
     const Text instrument = grid.Cell(row, kListedInstrument);
     const Text note = grid.Cell(row, kListedNote);
-    QFileDialog dialog(&list_, u"导出录制"_s,
-                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-                       u"录制 (*.jsonl)"_s);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(u"jsonl"_s);
-    dialog.selectFile(FileNameOfRecording(instrument, note));
-    if (dialog.exec() == QDialog::Accepted) SaveTo(dialog.selectedFiles().front(), instrument, note);
+    const QString path = AskForFileToWrite(&list_, u"导出录制"_s, FileNameOfRecording(instrument, note),
+                                           u"录制 (*.jsonl)"_s, u"jsonl"_s);
+    if (!path.isEmpty()) SaveTo(path, instrument, note);
 }
 
 void RecordingExport::SaveTo(const QString& path, const Text& instrument, const Text& note) {
