@@ -15,6 +15,7 @@ inline constexpr TextView kTemplateFileName = u"TQP.Dev";
 inline constexpr TextView kChannelTableFileName = u"OutTQ.Dev";
 inline constexpr TextView kCatalogueCopyMark = u".bak-";   // behind the catalogue's name; the moment follows
 inline constexpr TextView kUnfinishedCopyMark = u".part";  // behind the name of a copy until it is whole
+inline constexpr TextView kSpreadsheetTemplateName = u"参数地址表.xls";
 inline constexpr TextView kServerFileName = u"Setup.ini";
 inline constexpr TextView kHelpFileName = u"使用说明.ini";
 inline constexpr TextView kUpdaterFileName = u"通讯更新.exe";
