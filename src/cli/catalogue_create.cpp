@@ -46,7 +46,7 @@ ExitStatus Create(const Arguments& arguments, Console& console) {
 Verb CatalogueCreate() {
     return {u"catalogue create",
             u"文件夹",
-            u"建立程序文件夹: 随附的目录、使用说明和存放记录的文件夹；已有的文件不改动",
+            u"建立程序文件夹: 随附的目录、使用说明、表格模板和存放记录的文件夹；已有的文件不改动",
             {},
             Create};
 }

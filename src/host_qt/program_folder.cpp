@@ -9,6 +9,7 @@
 #include "host/file_names.h"
 #include "host_qt/qt_store.h"
 #include "host_qt/shipped_help.h"
+#include "host_qt/shipped_template.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -61,11 +62,10 @@ void WriteCatalogue(const Text& path, const std::function<void(Store&)>& fill) {
     fill(store);
 }
 
-void WriteHelp(const Text& path) {
+void WriteBytes(const Text& path, std::string_view bytes) {
     QFile file(QString::fromStdU16String(path));
-    const std::string_view help = ShippedHelp();
-    const auto size = static_cast<qint64>(help.size());
-    if (file.open(QIODevice::WriteOnly) && file.write(help.data(), size) == size && file.flush()) return;
+    const auto size = static_cast<qint64>(bytes.size());
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.flush()) return;
     throw RuntimeError::OfStore(path + u"：" + file.errorString().toStdU16String());
 }
 
@@ -78,7 +78,10 @@ bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& 
     if (!directory.mkpath(QStringLiteral("."))) throw RuntimeError(RuntimeError::kPathNotFound);
     const bool wasMissing = CreateMissing(directory.filePath(ToQt(kCatalogueFileName)),
                                           [&](const Text& draft) { WriteCatalogue(draft, fill); });
-    CreateMissing(directory.filePath(ToQt(kHelpFileName)), WriteHelp);
+    CreateMissing(directory.filePath(ToQt(kHelpFileName)),
+                  [](const Text& draft) { WriteBytes(draft, ShippedHelp()); });
+    CreateMissing(directory.filePath(ToQt(kSpreadsheetTemplateName)),
+                  [](const Text& draft) { WriteBytes(draft, ShippedTemplate()); });
     if (!directory.mkpath(ToQt(kRecordFolderName))) throw RuntimeError(RuntimeError::kPathNotFound);
     return wasMissing;
 }

@@ -7,10 +7,11 @@
 
 namespace commtest {
 
-// Makes a program folder: the folder itself, its catalogue file, which `fill` fills, the help file and the
-// folder for records. What stands there already is left as it is. True if the catalogue was made, false if
-// one stood there. A folder or file that cannot be made raises error 76 or the store's run-time error; what
-// `fill` raises passes through. A failure leaves no half-made file behind.
+// Makes a program folder: the folder itself, its catalogue file, which `fill` fills, the help file, the
+// template of the spreadsheets and the folder for records. What stands there already is left as it is. True
+// if the catalogue was made, false if one stood there. A folder or file that cannot be made raises error 76
+// or the store's run-time error; what `fill` raises passes through. A failure leaves no half-made file
+// behind.
 bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& fill);
 
 // The program folder of a user who has named none.

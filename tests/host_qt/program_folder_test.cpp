@@ -53,7 +53,8 @@ class ProgramFolderTest : public ::testing::Test {
 
 TEST_F(ProgramFolderTest, IsMadeWithItsCatalogueAndItsRecordFolder) {
     EXPECT_TRUE(Create());
-    EXPECT_THAT(Content(), UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "自动保存通讯记录"));
+    EXPECT_THAT(Content(),
+                UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"));
     EXPECT_TRUE(QDir(path + QString::fromUtf8("/自动保存通讯记录")).exists());
 }
 
@@ -62,7 +63,8 @@ TEST_F(ProgramFolderTest, ACatalogueThatStandsThereIsKept) {
     Put(catalogue, "the user's own");
     EXPECT_FALSE(Create());
     EXPECT_EQ(ContentOf(catalogue), "the user's own");
-    EXPECT_THAT(Content(), UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "自动保存通讯记录"));
+    EXPECT_THAT(Content(),
+                UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"));
 }
 
 TEST_F(ProgramFolderTest, HoldsTheHelpText) {
@@ -129,6 +131,7 @@ TEST_F(FindProgramFolderTest, IsTheProgramsWithACatalogueElseTheUsersWhichIsMade
     EXPECT_TRUE(first.wasMade);
     EXPECT_TRUE(QFile::exists(own + QString::fromUtf8("/通讯数据.mdb")));
     EXPECT_TRUE(QFile::exists(own + QString::fromUtf8("/使用说明.ini")));
+    EXPECT_TRUE(QFile::exists(own + QString::fromUtf8("/参数地址表.xls")));
 
     const ProgramFolder second = Find();
     EXPECT_EQ(second.path, own);
