@@ -11,5 +11,6 @@ Verb CatalogueExport();
 Verb CatalogueChannels();
 Verb CatalogueCheck();
 Verb CatalogueRestore();
+Verb CatalogueSpreadsheet();
 
 }  // namespace commtest

@@ -40,7 +40,7 @@ struct SpreadsheetResult {
         NoRoom,              // the disk is full; `detail`: the path that had no room
         CannotWrite,         // any other reason; `detail`: the system's words
         EngineFailed,        // `detail`: the engine's own words
-        EngineHangs,         // it was ended; `detail`: its name
+        EngineHangs,         // it took longer than kLongestSpreadsheetStep; `detail`: its name
     };
     Kind kind = Kind::Written;
     Text detail = {};
@@ -60,6 +60,9 @@ class SpreadsheetJob {
   public:
     virtual ~SpreadsheetJob() = default;
 };
+
+// Milliseconds that an engine may take for a step of an order; longer is a hang.
+inline constexpr int kLongestSpreadsheetStep = 30000;
 
 // Writes spreadsheets, beside the program's own work.
 class SpreadsheetEngine {

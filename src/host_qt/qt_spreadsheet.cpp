@@ -6,9 +6,9 @@
 
 namespace commtest {
 
-QtSpreadsheetEngine::QtSpreadsheetEngine(QString searchPath, int longestRun)
+QtSpreadsheetEngine::QtSpreadsheetEngine(QString searchPath, int longestStep)
     : searchPath_(std::move(searchPath)),
-      longestRun_(longestRun),
+      longestStep_(longestStep),
       template_(std::make_shared<ConvertedTemplate>()) {}
 
 int QtSpreadsheetEngine::JobsAtATime() const {
@@ -18,8 +18,8 @@ int QtSpreadsheetEngine::JobsAtATime() const {
 
 std::unique_ptr<SpreadsheetJob> QtSpreadsheetEngine::Begin(SpreadsheetOrder order, Done done) {
     return std::make_unique<QtSpreadsheetJob>(
-        QtSpreadsheetJob::Room{FindSpreadsheetProgram(searchPath_), longestRun_, template_}, std::move(order),
-        std::move(done));
+        QtSpreadsheetJob::Room{FindSpreadsheetProgram(searchPath_), longestStep_, template_},
+        std::move(order), std::move(done));
 }
 
 }  // namespace commtest

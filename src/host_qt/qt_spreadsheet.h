@@ -13,17 +13,15 @@ struct ConvertedTemplate;
 // when an order begins.
 class QtSpreadsheetEngine : public SpreadsheetEngine {
   public:
-    static constexpr int kLongestRun = 30000;  // milliseconds that a program may take for a conversion
-
     // `searchPath`: folders parted by ":" where the programs are looked for; those of PATH without it.
-    explicit QtSpreadsheetEngine(QString searchPath = {}, int longestRun = kLongestRun);
+    explicit QtSpreadsheetEngine(QString searchPath = {}, int longestStep = kLongestSpreadsheetStep);
 
     int JobsAtATime() const override;
     std::unique_ptr<SpreadsheetJob> Begin(SpreadsheetOrder order, Done done) override;
 
   private:
     QString searchPath_;
-    int longestRun_;
+    int longestStep_;
     std::shared_ptr<ConvertedTemplate> template_;
 };
 

@@ -51,7 +51,7 @@ bool QtSpreadsheetJob::IsConverted() const {
 void QtSpreadsheetJob::Run(const QStringList& arguments,
                            void (QtSpreadsheetJob::*next)(ProgramStep::End, const Text&)) {
     step_ = std::make_unique<ProgramStep>(
-        room_.program->path, arguments, room_.longestRun,
+        room_.program->path, arguments, room_.longestStep,
         [this, next](ProgramStep::End end, const Text& words) { (this->*next)(end, words); });
 }
 

@@ -24,7 +24,7 @@ class QtSpreadsheetJob : public SpreadsheetJob {
   public:
     struct Room {
         std::optional<SpreadsheetProgram> program;
-        int longestRun = 0;
+        int longestStep = 0;
         std::shared_ptr<ConvertedTemplate> converted;
     };
     QtSpreadsheetJob(Room room, SpreadsheetOrder order, SpreadsheetEngine::Done done);

@@ -103,11 +103,11 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"list", "protocols", "--format", "xml"},
          "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
         {{"catalogue"},
-         "缺少动作，应为 create、import、export、channels、check、restore。用法请看 commtest-cli catalogue "
+         "缺少动作，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 commtest-cli catalogue "
          "--help"},
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
-         "没有动作 \"drop\"，应为 create、import、export、channels、check、restore。用法请看 commtest-cli "
+         "没有动作 \"drop\"，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 commtest-cli "
          "catalogue --help"},
     };
     for (const auto& row : rows) EXPECT_TRUE(IsProblem(RunCommand(row.words), 2, row.line));

@@ -64,8 +64,8 @@ class SpreadsheetEngineTest : public ::testing::Test {
     }
 
     // Stand-ins use the programs of the system by their full names or through the shell's own path.
-    QtSpreadsheetEngine Engine(int longestRun = QtSpreadsheetEngine::kLongestRun) const {
-        return QtSpreadsheetEngine(folder.filePath(QStringLiteral("bin")), longestRun);
+    QtSpreadsheetEngine Engine(int longestStep = kLongestSpreadsheetStep) const {
+        return QtSpreadsheetEngine(folder.filePath(QStringLiteral("bin")), longestStep);
     }
 
     SpreadsheetOrder Order(const Text& sheet = u"参数表") const {
