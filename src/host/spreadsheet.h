@@ -38,7 +38,7 @@ struct SpreadsheetResult {
         OpenElsewhere,       // another program has the result open; `detail`: the file that tells so
         NoRight,             // the result may not be written; `detail`: its path
         NoRoom,              // the disk is full; `detail`: the path that had no room
-        CannotWrite,         // any other reason; `detail`: the system's words
+        CannotWrite,         // any other reason; `detail`: the path and the system's words
         EngineFailed,        // `detail`: the engine's own words
         EngineHangs,         // it took longer than kLongestSpreadsheetStep; `detail`: its name
     };

@@ -28,6 +28,10 @@ int WriteAll(const QFileDevice& file, const QByteArray& bytes) {
     return fsync(file.handle()) == 0 ? 0 : errno;
 }
 
+SpreadsheetResult CannotWrite(const QString& path, const QString& why) {
+    return {Kind::CannotWrite, ToText(u"%1：%2"_s.arg(path, why))};
+}
+
 bool IsWantOfRoom(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG; }
 
 bool MayBeWritten(const QFileInfo& file) {
@@ -49,14 +53,14 @@ SpreadsheetResult PutInPlace(const QString& path, const QByteArray& bytes) {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         const bool hasFolder = QFileInfo(QFileInfo(path).path()).isDir();
         if (hasFolder && !MayBeWritten(QFileInfo(path))) return {Kind::NoRight, ToText(path)};
-        return {Kind::CannotWrite, ToText(file.errorString())};
+        return CannotWrite(path, file.errorString());
     }
     if (const int error = WriteAll(file, bytes); error != 0) {
         file.cancelWriting();
         if (IsWantOfRoom(error)) return {Kind::NoRoom, ToText(path)};
-        return {Kind::CannotWrite, ToText(QString::fromLocal8Bit(std::strerror(error)))};
+        return CannotWrite(path, QString::fromLocal8Bit(std::strerror(error)));
     }
-    if (!file.commit()) return {Kind::CannotWrite, ToText(file.errorString())};
+    if (!file.commit()) return CannotWrite(path, file.errorString());
     return {};
 }
 

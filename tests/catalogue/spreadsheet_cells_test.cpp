@@ -186,12 +186,17 @@ class SpreadsheetsOfARunningSession : public Spreadsheet {
         form.DynamicSample = u" 40 42";
         form.SentFrames().Add(u" 40 30");
         form.SentFrames().Set(u" 40 30");
+        for (const TextView type : {u"", u"实数", u"长整数"}) form.ConDataTypeList.Add(Text(type));
         form.ConDataTypeList.Set(u"整数");
         form.Focus.Ask(FocusWish::Target::CellEditor);
     }
 };
 
 TEST_F(SpreadsheetsOfARunningSession, LeaveNameAndCodesAsTheyWere) {
+    form.InstrumentList().Change = [this] {
+        form.ProtocolCode = 31;
+        form.CurrentRow = 9;
+    };
     CollectInstrumentSheets(form);
     EXPECT_EQ(ToUtf8(form.InstrumentName()), "B表");
     EXPECT_EQ(form.InstrumentList().Items().size(), 3U);

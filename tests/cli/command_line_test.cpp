@@ -50,7 +50,7 @@ TEST(CommandLine, EachVerbHasItsHelp) {
           "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
         {"write", {"--row", "--value", "--port"}},
         {"list", {"protocols|instruments|parameters", "--format"}},
-        {"catalogue", {"create", "import", "export", "channels", "check", "restore"}},
+        {"catalogue", {"create", "import", "export", "channels", "check", "restore", "spreadsheet"}},
         {"convert", {"--format", "--to-code", "--to-value", "--explain"}},
         {"check", {"--protocol", "--format"}},
     };
@@ -73,6 +73,7 @@ TEST(CommandLine, EachActionOfTheCatalogueHasItsHelp) {
         {"channels", {"[模板]", "--folder", "--output 文件|-", "TQP.Dev", "OutTQ.Dev"}},
         {"check", {"[文件]", "--folder", "--format text|json", "TQ.ini"}},
         {"restore", {"[备份]", "--folder", "--yes", "--format text|json"}},
+        {"spreadsheet", {"--instrument 名称 | --all [选项]", "--folder", "--output 文件夹"}},
     };
     for (const auto& row : rows) {
         const Outcome outcome = RunCommand({"catalogue", row.action, "--help"});
@@ -103,11 +104,13 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"list", "protocols", "--format", "xml"},
          "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
         {{"catalogue"},
-         "缺少动作，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 commtest-cli catalogue "
+         "缺少动作，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 "
+         "commtest-cli catalogue "
          "--help"},
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
-         "没有动作 \"drop\"，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 commtest-cli "
+         "没有动作 \"drop\"，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 "
+         "commtest-cli "
          "catalogue --help"},
     };
     for (const auto& row : rows) EXPECT_TRUE(IsProblem(RunCommand(row.words), 2, row.line));

@@ -21,6 +21,7 @@ TEMPLATE = "参数地址表.xls"
 HEADINGS = ["序号", "参数名称", "地址", "长度", "属性", "小数点", "RE 读值", "RR/RD 读值", "计算值", "小数点修正值", "修改值"]
 MANY = 40  # instruments
 PARAMETERS = 46  # of each
+NOBODY = 65534
 
 
 def read(path, sheet="参数表"):
@@ -255,6 +256,18 @@ class FailureTest(SpreadsheetTest):
         run = self.run_cli("--instrument", PLAIN[1])
         self.expect_former(run, 1, f'仪表 "{PLAIN[1]}" 没有写成: 结果在另一个程序中打开，请先关闭: {mark}')
         self.assertEqual(run.stdout, f"0 个表格已写入 {self.results}，1 个没有写成\n")
+
+    def test_folder_that_may_not_be_written(self):
+        user = {}
+        if os.geteuid() == 0:
+            user = {"user": NOBODY, "group": NOBODY, "extra_groups": []}
+            os.chmod(self.outer.name, 0o755)
+            if subprocess.run(["test", "-x", CLI], check=False, **user).returncode != 0:
+                self.skipTest("the program is out of reach for another user")
+        os.chmod(self.results, 0o555)
+        self.addCleanup(os.chmod, self.results, 0o755)
+        run = self.run_cli("--instrument", PLAIN[1], **user)
+        self.expect_former(run, 1, f'仪表 "{PLAIN[1]}" 没有写成: 没有写入的权限: {self.result()}')
 
     def test_the_others_are_written_where_one_fails(self):
         self.result("HX-M31智能数显表").mkdir()

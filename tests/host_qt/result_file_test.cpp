@@ -84,7 +84,7 @@ TEST_F(ResultFile, NameThatIsAFolderCannotBeWritten) {
     ASSERT_TRUE(QDir().mkpath(path + QStringLiteral("/x")));
     const SpreadsheetResult result = PutInPlace(path, "new");
     EXPECT_EQ(result.kind, Kind::CannotWrite);
-    EXPECT_FALSE(result.detail.empty());
+    EXPECT_TRUE(result.detail.starts_with(path.toStdU16String() + u"：")) << ToUtf8(result.detail);
     EXPECT_THAT(Names(), ElementsAre("表.xls"));
 }
 
