@@ -43,7 +43,10 @@ void SpreadsheetRun::Begin(std::size_t index) {
     const Text path = PathOf(sheet);
     lastBegun_ = sheet.instrument;
     if (sheet.failure) {
-        ended_.push_back({sheet.instrument, path, {}, sheet.failure});
+        Entry& entry = ended_.emplace_back();
+        entry.instrument = sheet.instrument;
+        entry.path = path;
+        entry.failure = sheet.failure;
         return;
     }
     underWay_[index] =
