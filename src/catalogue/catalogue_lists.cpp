@@ -1,8 +1,8 @@
 #include "catalogue/catalogue_lists.h"
 
 #include "catalogue/instrument_catalogue.h"
+#include "catalogue/list_binding.h"
 #include "host/store.h"
-#include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "session/main_form.h"
 
@@ -12,33 +12,6 @@ namespace {
 
 constexpr int kInstrumentTab = 2;
 constexpr int kRecordingTab = 3;
-
-Text WithoutTable(const Text& column) {
-    const auto dot = column.rfind(u'.');
-    return dot == Text::npos ? column : column.substr(dot + 1);
-}
-
-// Column 0 of the grid numbers the rows; the result's columns follow. Q179: an empty result leaves the
-// grid.
-void Bind(Grid& grid, const StoreRows& result) {
-    if (result.rows.empty()) return;
-    const auto rows = result.rows.size();
-    const auto columns = result.columns.size();
-    grid.Redraw = false;
-    grid.SetSize(static_cast<int>(rows) + 1, static_cast<int>(columns) + 1);
-    grid.SetCell(0, 0, u"序号");
-    for (std::size_t c = 0; c < columns; ++c) {
-        grid.SetCell(0, static_cast<int>(c) + 1, WithoutTable(result.columns[c]));
-    }
-    for (std::size_t r = 0; r < rows; ++r) {
-        const int row = static_cast<int>(r) + 1;
-        Text number = WholeText(row);
-        if (Len(number) < 3) FitTextWidth(number, 3);
-        grid.SetCell(row, 0, number);
-        for (std::size_t c = 0; c < columns; ++c) grid.SetCell(row, static_cast<int>(c) + 1, result.At(r, c));
-    }
-    grid.Redraw = true;
-}
 
 }  // namespace
 
@@ -75,8 +48,8 @@ void LoadGridLayout(MainForm& form) {
 
 void SSTab2_Click(MainForm& form) {
     const InstrumentCatalogue catalogue(form.outside.store);
-    if (form.SSTab2.IsChosen(kInstrumentTab)) Bind(form.MSHFlexGrid1[1], catalogue.CatalogueList());
-    if (form.SSTab2.IsChosen(kRecordingTab)) Bind(form.MSHFlexGrid1[2], catalogue.RecordingsList());
+    if (form.SSTab2.IsChosen(kInstrumentTab)) BindToGrid(form.MSHFlexGrid1[1], catalogue.CatalogueList());
+    if (form.SSTab2.IsChosen(kRecordingTab)) BindToGrid(form.MSHFlexGrid1[2], catalogue.RecordingsList());
 }
 
 }  // namespace commtest

@@ -73,6 +73,15 @@ bool IsOneOf(std::string_view text, std::string_view characters) {
 bool IsDigits(std::string_view text) { return IsOneOf(text, "0123456789"); }
 bool IsHex(std::string_view text) { return IsOneOf(text, "0123456789ABCDEF"); }
 
+bool IsDate(std::string_view text) {
+    if (text.size() != 10) return false;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const bool isHyphen = place == 4 || place == 7;
+        if (isHyphen ? text[place] != '-' : !IsDigits(text.substr(place, 1))) return false;
+    }
+    return true;
+}
+
 bool IsLimit(std::string_view text) {
     double limit = 0;
     const char* end = text.data() + text.size();
@@ -133,6 +142,17 @@ class Filler {
             parameter.id = ++lastParameter_;
             parameter.instrumentId = instrument.id;
             catalogue_.AddParameter(parameter);
+        }
+    }
+
+    void AddChips(const std::vector<Line>& lines) {
+        for (const Line& line : lines) {
+            const Fields fields = FieldsOf(line, "code | file | date | example | attribute | purpose");
+            RequireField(line, IsDigits(fields[0]), "a code of digits");
+            RequireField(line, IsDate(fields[2]), "a date as 2026-06-02");
+            store_.AddRow(u"仪表_芯片", {u"编号", u"文件名", u"日期", u"实例", u"属性", u"功能简述"},
+                          {FromUtf8(fields[0]), FromUtf8(fields[1]), FromUtf8(fields[2]), FromUtf8(fields[3]),
+                           FromUtf8(fields[4]), FromUtf8(fields[5])});
         }
     }
 
@@ -211,6 +231,7 @@ void AddFiles(Store& store, std::span<const CatalogueFile> files) {
     AddFile(files, "grid_columns.txt", [&](const auto& lines) { filler.AddGridColumns(lines); });
     AddFile(files, "replacements.txt", [&](const auto& lines) { filler.AddReplacements(lines); });
     AddFile(files, "classes.txt", [&](const auto& lines) { filler.AddClasses(lines); });
+    AddFile(files, "chips.txt", [&](const auto& lines) { filler.AddChips(lines); });
     for (const CatalogueFile& file : files) {
         if (file.name.starts_with("instruments/")) filler.AddInstrument(LinesOf(file));
     }

@@ -1,6 +1,6 @@
 #include "commands/list_clicks.h"
 
-#include "commands/not_there_yet.h"
+#include "catalogue/chip_records.h"
 #include "replay/replay_script.h"
 #include "session/grid_editing.h"
 #include "session/main_form.h"
@@ -45,7 +45,7 @@ void MSHFlexGrid1_Click(MainForm& form, int index) {
     if (index == 0) ClickParameterGrid(form);
     if (index == 1) ClickCatalogueRow(form);
     if (index == 2) ClickRecordingRow(form);
-    if (index == 3) SayNotThereYet(form, Feature::ChipRecords);
+    if (index == 3) ShowChipRecord(form);
 }
 
 void MSHFlexGrid1_DblClick(MainForm& form, int index) {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "commands/not_there_yet.h"
+#include "catalogue/chip_records.h"
 #include "replay/replay_script.h"
 #include "session/grid_rows.h"
 #include "session/main_form.h"
@@ -152,7 +152,7 @@ std::vector<MenuEntry> EntriesOfGrid(const MainForm& form, int grid) {
 
 void ChooseGridMenuEntry(MainForm& form, int grid, int index, int row) {
     if (grid == 0) ChooseMenuEntry(form, MenuOfProtocol(form), index);
-    if (grid == 1 && index == 1) SayNotThereYet(form, Feature::ChipRecords);
+    if (grid == 1 && index == 1) ShowChipFilePanel(form);
     if (grid == 1 && index == 3) RefreshPage(form);
     if (grid == 2) DemoData_Click(form, index, row);
 }

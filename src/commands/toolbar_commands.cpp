@@ -1,6 +1,7 @@
 #include "commands/toolbar_commands.h"
 
 #include "catalogue/channel_table.h"
+#include "catalogue/instrument_selection.h"
 #include "catalogue/parameter_list_import.h"
 #include "commands/not_there_yet.h"
 #include "commands/startup.h"
@@ -39,7 +40,7 @@ void ToolbarMenuCommand(MainForm& form, ToolbarEntry entry) {
     switch (entry) {
         case ToolbarEntry::ToolWindow: return RunIfSet(form.ToolWindowWanted);
         case ToolbarEntry::OperationMenu: return;
-        case ToolbarEntry::ReloadParameters: return SayNotThereYet(form, Feature::ReloadParameters);
+        case ToolbarEntry::ReloadParameters: return ConMeterName_Click(form);
         case ToolbarEntry::ExportCurrentTable: return SayNotThereYet(form, Feature::ExportCurrentTable);
         case ToolbarEntry::ExportAllTables: return SayNotThereYet(form, Feature::ExportAllTables);
     }

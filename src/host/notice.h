@@ -5,7 +5,7 @@
 namespace commtest {
 
 // What the program cannot do yet.
-enum class Feature { ExportCurrentTable, ExportAllTables, ReloadParameters, ChipRecords };
+enum class Feature { ExportCurrentTable, ExportAllTables };
 
 // A word of the program to its user beside the fixed texts: a reason and its parts. The faces word it.
 struct Notice {

@@ -20,6 +20,7 @@ MainForm::MainForm(const Outside& theOutside, const ProtocolTable& protocolTable
       texts(faceTexts) {
     InputText.SetVisible(false);
     FindFrame.SetVisible(false);
+    ConCpuDataShow.SetVisible(false);
     ConCommString[0].SetVisible(false);
     StatusBar1[0].Set(u"衡岫仪器公司");
     StatusBar1[1].Set(u"    欢迎使用本软件");

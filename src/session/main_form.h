@@ -181,6 +181,13 @@ struct Choices {
     ListControl& SentFrames() { return ConSendOutString[0]; }
 };
 
+// The panel of the chip records; its list is grid 3.
+struct ChipPanel {
+    Presence ConCpuDataShow;
+    std::array<ListControl, 6> ConCpudataCombo;  // 仪表名称, 编号, CPU文件名, 输入日期, 实例, 属性
+    TextControl ConCpudataText;                  // 功能简述
+};
+
 // What of the window is not one of these.
 struct WindowState {
     TextControl Caption;
@@ -205,6 +212,7 @@ class MainForm : public Conversation,
                  public SearchChoice,
                  public RecordTexts,
                  public Choices,
+                 public ChipPanel,
                  public WindowState {
   public:
     MainForm(const Outside& theOutside, const ProtocolTable& protocolTable, Companions& companionRoutines,

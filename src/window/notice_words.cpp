@@ -10,8 +10,6 @@ QString NameOf(Feature feature) {
     switch (feature) {
         case Feature::ExportCurrentTable: return u"导出当前参数地址表"_s;
         case Feature::ExportAllTables: return u"导出全部参数地址表"_s;
-        case Feature::ReloadParameters: return u"参数地址确认"_s;
-        case Feature::ChipRecords: return u"芯片资料"_s;
     }
     return {};
 }

@@ -145,10 +145,6 @@ TEST(SessionHandlers, RowOfTheInstrumentListChoosesItsInstrument) {
 TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
     using Action = void (*)(MainForm&);
     const std::pair<Action, Feature> features[] = {
-        {[](MainForm& form) { MSHFlexGrid1_Click(form, 3); }, Feature::ChipRecords},
-        {[](MainForm& form) { ChooseGridMenuEntry(form, 1, 1, 1); }, Feature::ChipRecords},
-        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ReloadParameters); },
-         Feature::ReloadParameters},
         {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportCurrentTable); },
          Feature::ExportCurrentTable},
         {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportAllTables); },

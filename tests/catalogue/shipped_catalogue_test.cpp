@@ -108,6 +108,21 @@ TEST_F(ShippedCatalogueTest, NamesAndCodesOfInstrumentsAreTheirsAlone) {
     }
 }
 
+TEST_F(ShippedCatalogueTest, EveryChipRecordIsOfAnInstrumentAndSomeInstrumentsHaveNone) {
+    const StoreRows list = catalogue.ChipList();
+    EXPECT_THAT(list.rows, SizeIs(20));
+    const auto files = ColumnOf(list, static_cast<std::size_t>(list.ColumnOf(u"文件名")));
+    EXPECT_EQ(std::count(files.begin(), files.end(), ""), 6);
+    EXPECT_THAT(store->Query(u"SELECT * From 仪表_芯片").rows, SizeIs(14));
+    const StoreRows record = catalogue.ChipRecord(u"HX-D10智能数字显示控制仪", u"D10V104.HEX");
+    ASSERT_THAT(record.rows, SizeIs(1));
+    EXPECT_EQ(ToUtf8(record.At(0, 1)), "11000101");
+    EXPECT_EQ(ToUtf8(record.At(0, 3)), "2026-06-02");
+    EXPECT_EQ(ToUtf8(record.At(0, 4)), "标准");
+    EXPECT_EQ(ToUtf8(record.At(0, 5)), "量产");
+    EXPECT_EQ(ToUtf8(record.At(0, 6)), "标准型，带四路报警与变送输出；修正断线时的显示。");
+}
+
 TEST_F(ShippedCatalogueTest, NativeInstrumentsHaveBetween40And200Rows) {
     std::set<std::size_t> sizes;
     for (const StoreRows& list : NativeLists()) sizes.insert(list.rows.size());
@@ -198,6 +213,7 @@ class CatalogueFilesTest : public ::testing::Test {
         {"grid_columns.txt", "序号 | 530 | 0 | 4\n"},
         {"replacements.txt", "（ | (\n"},
         {"classes.txt", "01 | 显示仪表\n"},
+        {"chips.txt", "11000101 | A.HEX | 2026-06-02 | 标准 | 量产 | 带报警。\n"},
         {"instruments/a.txt", "# A remark.\n\n11000101 | 表一\n值 | 0010 | 2 | RW | 0 | -1 | 9.5\n"},
     };
 };
@@ -222,6 +238,16 @@ TEST_F(CatalogueFilesTest, ColumnsAndClassesNeedNumbers) {
 TEST_F(CatalogueFilesTest, ClassesNeedTwoDigits) {
     EXPECT_EQ(Refusal("classes.txt", "1 | 显示仪表\n"),
               "classes.txt:1: expected a number of two digits, found \"1 | 显示仪表\"");
+}
+
+TEST_F(CatalogueFilesTest, ChipRecordsNeedACodeAndADate) {
+    EXPECT_EQ(Refusal("chips.txt", "甲 | A.HEX | 2026-06-02 | 标准 | 量产 |\n"),
+              "chips.txt:1: expected a code of digits, found \"甲 | A.HEX | 2026-06-02 | 标准 | 量产 |\"");
+    for (const std::string day : {"2026-6-2", "2026-06-0x", "2026/06/02", ""}) {
+        const std::string line = "11000101 | A.HEX | " + day + " | 标准 | 量产 | 带报警。";
+        EXPECT_EQ(Refusal("chips.txt", line),
+                  "chips.txt:1: expected a date as 2026-06-02, found \"" + line + "\"");
+    }
 }
 
 TEST_F(CatalogueFilesTest, AnInstrumentNeedsAKnownProtocolAndAKnownClass) {
@@ -309,7 +335,7 @@ TEST_F(CatalogueFilesTest, WhicheverStatementFailsTheStoreIsAsItWas) {
             EXPECT_TRUE(store.Query(u"SELECT * From sqlite_master").rows.empty()) << failures;
         }
     }
-    EXPECT_EQ(failures - 1, 1 + 7 + 1 + 7 + 7 + 1);  // begin, tables, view, indexes, rows, commit
+    EXPECT_EQ(failures - 1, 1 + 7 + 1 + 7 + 8 + 1);  // begin, tables, view, indexes, rows, commit
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/form_bench.h"
-#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
@@ -12,7 +11,6 @@ namespace {
 using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::IsEmpty;
-using testing::MissedFeature;
 
 class OperationMenus : public ::testing::Test {
   protected:
@@ -205,8 +203,9 @@ class ListMenus : public OperationMenus {
 };
 
 TEST_F(ListMenus, FirstEntryOfTheInstrumentListShowsTheChipFiles) {
+    EXPECT_FALSE(form.ConCpuDataShow.Visible());
     ChooseGridMenuEntry(form, 1, 1, 4);
-    EXPECT_EQ(MissedFeature(form), Feature::ChipRecords);
+    EXPECT_TRUE(form.ConCpuDataShow.Visible());
     EXPECT_THAT(tabs, IsEmpty());
 }
 
@@ -231,6 +230,7 @@ TEST_F(ListMenus, EntryOfTheRecordingsTakesTheRowUnderThePointerAndLeavesTheCurr
 
 TEST_F(ListMenus, SeparatorAndTheChipListChooseNothing) {
     ChooseGridMenuEntry(form, 1, 2, 1);
+    EXPECT_FALSE(form.ConCpuDataShow.Visible());
     for (const int entry : {1, 3}) ChooseGridMenuEntry(form, 3, entry, 1);
     EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
     EXPECT_THAT(tabs, IsEmpty());

@@ -78,13 +78,46 @@ TEST_F(ToolbarCommands, DropDownEntriesHaveTheirCaptions) {
 
 TEST_F(ToolbarCommands, DropDownEntriesThatAreMissedSaySo) {
     const std::pair<ToolbarEntry, Feature> entries[] = {
-        {ToolbarEntry::ReloadParameters, Feature::ReloadParameters},
         {ToolbarEntry::ExportCurrentTable, Feature::ExportCurrentTable},
         {ToolbarEntry::ExportAllTables, Feature::ExportAllTables}};
     for (const auto& [entry, feature] : entries) {
         ToolbarMenuCommand(form, entry);
         EXPECT_EQ(MissedFeature(form), feature) << ToUtf8(CaptionOf(entry));
     }
+    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+}
+
+TEST_F(ToolbarCommands, ConfirmingTheAddressesLoadsTheInstrumentAnew) {
+    InstrumentCatalogue catalogue(*bench.store);
+    InstrumentRecord instrument;
+    instrument.id = 1;
+    instrument.name = u"表一";
+    instrument.code = u"11000101";
+    catalogue.AddInstrument(instrument);
+    ParameterRecord parameter;
+    parameter.instrumentId = 1;
+    parameter.name = u"值";
+    parameter.address = u"0010";
+    parameter.length = u"2";
+    parameter.attribute = u"RW";
+    catalogue.AddParameter(parameter);
+    form.InstrumentList().Set(u"表一");
+    form.StaticSample = u" 40";
+    form.CurrentRow = 7;
+    form.ParameterGrid().SetCell(1, 9, u"25.0");
+    form.ParameterGrid().SetCell(2, 1, u"旧的");
+    ToolbarMenuCommand(form, ToolbarEntry::ReloadParameters);
+    const Grid& grid = form.ParameterGrid();
+    EXPECT_EQ(ToUtf8(grid.Cell(1, 1)), "值");
+    EXPECT_EQ(ToUtf8(grid.Cell(1, 2)), "0010");
+    EXPECT_EQ(ToUtf8(grid.Cell(1, 3)), "2");
+    EXPECT_EQ(ToUtf8(grid.Cell(1, 4)), "RW");
+    EXPECT_EQ(ToUtf8(grid.Cell(1, 9)), "");
+    EXPECT_EQ(ToUtf8(grid.Cell(2, 1)), "");
+    EXPECT_EQ(ToUtf8(form.MeterCodeText), "11000101");
+    EXPECT_EQ(ToUtf8(form.StaticSample), "");
+    EXPECT_EQ(form.CurrentRow, 7);
+    EXPECT_THAT(bench.files.TextFiles, IsEmpty());
     EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
 }
 

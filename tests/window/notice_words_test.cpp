@@ -33,9 +33,7 @@ TEST(NoticeWords, NameTheFeatureThatIsNotThereYet) {
         Feature feature;
         const char* words;
     } rows[] = {{Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
-                {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"},
-                {Feature::ReloadParameters, "参数地址确认: 此功能尚未提供"},
-                {Feature::ChipRecords, "芯片资料: 此功能尚未提供"}};
+                {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"}};
     for (const auto& row : rows) {
         const Notice notice = {.kind = Notice::Kind::NotThereYet, .feature = row.feature};
         EXPECT_EQ(WordsOn(notice).toStdString(), row.words);

@@ -98,14 +98,14 @@ TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
 }
 
 TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ChipRecords});
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ExportAllTables});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "芯片资料: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "导出全部参数地址表: 此功能尚未提供");
     QTest::mousePress(&notes, Qt::LeftButton);
     EXPECT_EQ(Form().StatusNote.Value().kind, Notice::Kind::None);
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ChipRecords});
+    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ExportAllTables});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "芯片资料: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "导出全部参数地址表: 此功能尚未提供");
 }
 
 TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {
