@@ -12,6 +12,7 @@ inline constexpr int kInstrument = 3;
 inline constexpr int kFile = 4;
 inline constexpr int kDay = 5;
 inline constexpr int kCode = 9;
+inline constexpr int kInstrumentKey = 10;
 inline constexpr int kChip = 11;  // empty where the instrument has no chip record
 }  // namespace chip_column
 

@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QStringList kTopics = {u"protocols"_s, u"instruments"_s, u"parameters"_s, u"chips"_s};
+
 Table ProtocolTableOf(Store& store) {
     Table table;
     table.columns = {
@@ -58,6 +60,21 @@ Table ParameterTableOf(Store& store, const Text& instrument) {
     return table;
 }
 
+// Every instrument, also one without a chip record; of one protocol where one is named.
+Table ChipTableOf(Store& store, const std::optional<Text>& protocol) {
+    Table table;
+    table.columns = {{u"name", u"仪表名称"},    {u"code", u"编号"},    {u"file", u"文件名"},
+                     {u"date", u"日期"},        {u"example", u"实例"}, {u"attribute", u"属性"},
+                     {u"purpose", u"功能简述"}, {u"protocol", u"协议"}};
+    const StoreRows chips = InstrumentCatalogue(store).ChipList();
+    for (std::size_t row = 0; row < chips.rows.size(); ++row) {
+        const auto at = [&](std::size_t column) { return chips.At(row, column); };
+        if (protocol && at(0) != *protocol) continue;
+        table.rows.push_back({at(2), at(8), at(3), at(4), at(6), at(7), at(5), at(0)});
+    }
+    return table;
+}
+
 std::vector<Text> AllInstrumentNames(Store& store) {
     std::vector<Text> names;
     for (const Text& protocol : ProtocolNames(store)) {
@@ -66,28 +83,33 @@ std::vector<Text> AllInstrumentNames(Store& store) {
     return names;
 }
 
-std::vector<Text> WantedProtocols(const Arguments& arguments, Store& store) {
-    if (!arguments.Has(u"protocol")) return ProtocolNames(store);
+std::optional<Text> WantedProtocol(const Arguments& arguments, Store& store) {
+    if (!arguments.Has(u"protocol")) return std::nullopt;
     const Text protocol = arguments.Value(u"protocol").toStdU16String();
     RequireKnown(u"协议", protocol, ProtocolNames(store), u"list protocols");
-    return {protocol};
+    return protocol;
+}
+
+std::vector<Text> WantedProtocols(const Arguments& arguments, Store& store) {
+    const auto protocol = WantedProtocol(arguments, store);
+    return protocol ? std::vector{*protocol} : ProtocolNames(store);
 }
 
 Table TableOf(const QString& topic, const Arguments& arguments, Store& store) {
     if (topic == u"protocols") return ProtocolTableOf(store);
     if (topic == u"instruments") return InstrumentTableOf(store, WantedProtocols(arguments, store));
+    if (topic == u"chips") return ChipTableOf(store, WantedProtocol(arguments, store));
     const Text instrument = arguments.Value(u"instrument").toStdU16String();
     RequireKnown(u"仪表", instrument, AllInstrumentNames(store), u"list instruments");
     return ParameterTableOf(store, instrument);
 }
 
 ExitStatus List(const Arguments& arguments, Console& console) {
-    const QString topic = arguments.Positional(1, u"protocols、instruments 或 parameters").constFirst();
-    if (topic != u"protocols" && topic != u"instruments" && topic != u"parameters") {
-        throw Problem(
-            ExitStatus::BadUsage,
-            u"没有列表 \"%1\"，应为 protocols、instruments 或 parameters。用法请看 commtest-cli list --help"_s
-                .arg(topic));
+    const QString known = u"protocols、instruments、parameters 或 chips"_s;
+    const QString topic = arguments.Positional(1, known).constFirst();
+    if (!kTopics.contains(topic)) {
+        throw Problem(ExitStatus::BadUsage,
+                      u"没有列表 \"%1\"，应为 %2。用法请看 commtest-cli list --help"_s.arg(topic, known));
     }
     const Format format = FormatOf(arguments);
     QtStore store;
@@ -100,10 +122,10 @@ ExitStatus List(const Arguments& arguments, Console& console) {
 
 Verb ListVerb() {
     return {u"list",
-            u"protocols|instruments|parameters [选项]",
-            u"列出目录中的协议、仪表，或一种仪表的参数",
+            u"protocols|instruments|parameters|chips [选项]",
+            u"列出目录中的协议、仪表、芯片资料，或一种仪表的参数",
             {kFolderOption,
-             {u"protocol", u"名称", u"只列出这个协议的仪表"},
+             {u"protocol", u"名称", u"只列出这个协议的仪表或芯片资料"},
              {u"instrument", u"名称", u"列出这种仪表的参数"},
              kFormatOption},
             List};

@@ -182,7 +182,7 @@ struct Choices {
 };
 
 // The panel of the chip records; its list is grid 3.
-struct ChipPanel {
+struct ChipFields {
     Presence ConCpuDataShow;
     std::array<ListControl, 6> ConCpudataCombo;  // 仪表名称, 编号, CPU文件名, 输入日期, 实例, 属性
     TextControl ConCpudataText;                  // 功能简述
@@ -212,7 +212,7 @@ class MainForm : public Conversation,
                  public SearchChoice,
                  public RecordTexts,
                  public Choices,
-                 public ChipPanel,
+                 public ChipFields,
                  public WindowState {
   public:
     MainForm(const Outside& theOutside, const ProtocolTable& protocolTable, Companions& companionRoutines,

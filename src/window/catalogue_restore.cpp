@@ -1,6 +1,7 @@
 #include "window/catalogue_restore.h"
 
 #include "catalogue/catalogue_backup.h"
+#include "catalogue/chip_records.h"
 #include "catalogue/instrument_selection.h"
 #include "host/dialogs.h"
 #include "window/fact_box.h"
@@ -81,6 +82,7 @@ void CatalogueRestore::Restore(const CatalogueCopy& copy) {
 void LoadCatalogueAnew(MainForm& form) {
     LoadInstrumentsAnew(form);
     if (form.SSTab2.Click) form.SSTab2.Click(form.SSTab2.Chosen());
+    if (form.ConCpuDataShow.Visible()) ShowChipFilePanel(form);
 }
 
 }  // namespace commtest

@@ -43,12 +43,13 @@ void ColumnWidths::BeginAnew() {
         column.wanted = std::max(column.smallest, WidthOf(grid_.Column(col)));
         column.weight = look.weight;
         column.isHidden =
-            CanBeHidden(index_, col) && grid_.Column(col).isLaidOut && grid_.Column(col).width == 0;
+            IsLeftToTheListBeside(index_, col) ||
+            (CanBeHidden(index_, col) && grid_.Column(col).isLaidOut && grid_.Column(col).width == 0);
     }
 }
 
 int ColumnWidths::WidthOfTexts(int col) const {
-    const QFontMetricsF metrics(Theme::UiFont());
+    const QFontMetricsF metrics(LookOfColumn(index_, col).isCode ? Theme::MonoFont() : Theme::UiFont());
     double widest = 0;
     for (int row = 0; row < std::min(grid_.Rows(), kMeasuredRows); ++row)
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdU16String(grid_.Cell(row, col))));

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "catalogue/chip_records.h"
 #include "session/grid_rows.h"
 
 namespace commtest {
@@ -9,6 +10,7 @@ namespace commtest {
 namespace {
 
 constexpr int kUnitsToThePixel = 15;
+constexpr int kChipList = 3;
 
 constexpr std::array<ColumnLook, column::kCount> kParameterColumns = {
     {{.smallest = 48, .isCode = true, .isQuiet = true, .endsGroup = true},
@@ -28,8 +30,13 @@ constexpr std::array<ColumnLook, column::kCount> kParameterColumns = {
 ColumnLook LookOfColumn(int index, int col) {
     if (index == 0 && col < column::kCount) return kParameterColumns[static_cast<std::size_t>(col)];
     if (col == 0) return {.smallest = 48, .isCode = true, .isQuiet = true, .endsGroup = true};
-    return {.smallest = 48, .weight = 1};
+    if (index == 2) return {.smallest = 48, .weight = 1};
+    const bool isQuiet = col == chip_column::kProtocol || col == chip_column::kFile;
+    const bool isCode = col == chip_column::kFile || col == chip_column::kDay || col >= chip_column::kCode;
+    return {.smallest = 48, .weight = 1, .isCode = isCode, .isQuiet = isQuiet};
 }
+
+bool IsLeftToTheListBeside(int index, int col) { return index == kChipList && col <= chip_column::kClass; }
 
 bool CanBeHidden(int index, int col) {
     return index == 0 && col >= column::kAddress && col <= column::kScaledValue;

@@ -18,6 +18,10 @@ struct ColumnLook {
 // The look of column `col`, from 0, of MSHFlexGrid1(index).
 ColumnLook LookOfColumn(int index, int col);
 
+// The chip list stands beside the catalogue list, which numbers the instruments and has their protocols and
+// classes.
+bool IsLeftToTheListBeside(int index, int col);
+
 // Number, name and new value always stand; of a list, every column.
 bool CanBeHidden(int index, int col);
 

@@ -6,6 +6,7 @@
 #include "session/grid_rows.h"
 #include "window/baseline.h"
 #include "window/grid_columns.h"
+#include "window/grid_model.h"
 
 namespace commtest {
 
@@ -58,7 +59,7 @@ std::optional<WriteLook> GridDelegate::WriteLookOf(Place place) const {
     return LookOf(write->State());
 }
 
-QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
+QColor GridDelegate::GroundOf(Place place, bool isSelected, bool isSecond) const {
     const Tokens& tokens = theme_.Now();
     const bool isCurrent = place.row == current_.row && place.col == current_.col;
     const auto write = WriteLookOf(place);
@@ -67,7 +68,7 @@ QColor GridDelegate::GroundOf(Place place, bool isSelected) const {
     if (place.row == current_.row) return tokens.row;
     if (grid_.GivenColour(place.row, place.col)) return tokens.surface;  // the window's background
     if (MayBeWritten(place)) return tokens.edit;
-    return place.row % 2 == 0 ? tokens.zebra : tokens.surface;
+    return isSecond ? tokens.zebra : tokens.surface;
 }
 
 QColor GridDelegate::InkOf(Place place) const {
@@ -129,12 +130,13 @@ void GridDelegate::PaintGlyph(QPainter& painter, const QRect& cell, const WriteL
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
-    const Place place{index.row() + 1, index.column()};
+    const Place place{static_cast<const GridModel*>(index.model())->GridRow(index.row()), index.column()};
     // A handler may have made the grid smaller since the last look.
     if (place.row >= grid_.Rows() || place.col >= grid_.Cols()) return;
     const Tokens& tokens = theme_.Now();
     const QRect& cell = option.rect;
-    const QColor ground = GroundOf(place, option.state.testFlag(QStyle::State_Selected));
+    const QColor ground =
+        GroundOf(place, option.state.testFlag(QStyle::State_Selected), index.row() % 2 != 0);
     painter->fillRect(cell, Mixed(ground, tokens.flash, flash_.StrengthOf({place.row, place.col})));
     if (IsMismatch(place)) PaintBar(*painter, cell, tokens.warn);
     if (IsBeingRead(place)) PaintBar(*painter, cell, tokens.accent);

@@ -12,8 +12,8 @@
 
 namespace commtest {
 
-// Paints the cells of MSHFlexGrid1(index). What a cell says by colour it says by a bar, an outline or its
-// text as well.
+// Paints the cells of MSHFlexGrid1(index), whose model is a GridModel. What a cell says by colour it says by
+// a bar, an outline or its text as well.
 class GridDelegate : public QStyledItemDelegate {
   public:
     GridDelegate(const MainForm& form, int index, const Theme& theme, const CellFlash& flash,
@@ -44,7 +44,7 @@ class GridDelegate : public QStyledItemDelegate {
     bool IsMismatch(Place place) const;
     bool MayBeWritten(Place place) const;
     std::optional<WriteLook> WriteLookOf(Place place) const;
-    QColor GroundOf(Place place, bool isSelected) const;
+    QColor GroundOf(Place place, bool isSelected, bool isSecond) const;
     QColor InkOf(Place place) const;
     bool RepeatsTheRowAbove(const QRect& cell, Place place) const;
     void PaintHit(QPainter& painter, const QRect& room, Place place, const QString& text) const;

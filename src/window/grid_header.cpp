@@ -14,6 +14,9 @@ namespace {
 constexpr int kHeight = 26;
 constexpr int kPadding = 8;
 constexpr int kNarrowestColumn = 24;
+constexpr int kArrowGap = 6;
+constexpr int kArrowHeight = 4;  // half its width
+constexpr int kRoomOfArrow = kArrowGap + 2 * kArrowHeight;
 
 }  // namespace
 
@@ -26,6 +29,7 @@ GridHeader::GridHeader(const Grid& grid, int index, const Theme& theme, QWidget*
     setFixedHeight(kHeight);
     setMinimumSectionSize(kNarrowestColumn);
     setSectionResizeMode(QHeaderView::Interactive);
+    setSectionsClickable(index != 0);
     setFont(Theme::CaptionFont());
     connect(&theme, &Theme::Changed, viewport(), qOverload<>(&QWidget::update));
 }
@@ -50,13 +54,33 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     painter->setPen(tokens.line);
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     if (LookOfColumn(index_, column).endsGroup) painter->drawLine(rect.topRight(), rect.bottomRight());
-    const bool isCurrent = grid_.Row > 0 && grid_.Col == column;
-    const QRect room = rect.adjusted(kPadding, 0, -kPadding, 0);
+    const bool isOrdered = order_.column == column;
+    const bool isMarked = isOrdered || (index_ == 0 && grid_.Row > 0 && grid_.Col == column);
+    const QRect room = rect.adjusted(kPadding, 0, -kPadding - (isOrdered ? kRoomOfArrow : 0), 0);
     const QString heading = model()->headerData(column, Qt::Horizontal).toString();
     painter->setFont(font());
-    painter->setPen(isCurrent ? tokens.accent : tokens.text2);
+    painter->setPen(isMarked ? tokens.accent : tokens.text2);
+    const QString shown = fontMetrics().elidedText(heading, Qt::ElideRight, room.width());
     painter->drawText(LineInRow(room, fontMetrics()), SideOf(grid_.Column(column)) | Qt::TextSingleLine,
-                      fontMetrics().elidedText(heading, Qt::ElideRight, room.width()));
+                      shown);
+    if (isOrdered) PaintArrow(*painter, room.left() + fontMetrics().horizontalAdvance(shown) + kArrowGap);
+}
+
+void GridHeader::PaintArrow(QPainter& painter, int left) const {
+    const int middle = viewport()->height() / 2;
+    const int tip = order_.isDescending ? middle + kArrowHeight / 2 : middle - kArrowHeight / 2;
+    const int ends = 2 * middle - tip;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(theme_.Now().accent, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{QPointF(left, ends), QPointF(left + kArrowHeight, tip),
+                                   QPointF(left + 2 * kArrowHeight, ends)});
+    painter.restore();
+}
+
+void GridHeader::ShowOrder(const RowOrder& order) {
+    order_ = order;
+    viewport()->update();
 }
 
 // --- The pointer: it acts on the frozen columns where they are seen ---

@@ -4,11 +4,13 @@
 
 #include "session/main_form.h"
 #include "window/frozen_columns.h"
+#include "window/row_order.h"
 #include "window/theme.h"
 
 namespace commtest {
 
-// The headings of MSHFlexGrid1(index); the one of the current cell's column is marked.
+// The headings of MSHFlexGrid1(index); of the parameters the one of the current cell's column is marked, of a
+// list the one that it is ordered by.
 class GridHeader : public QHeaderView {
     Q_OBJECT
 
@@ -16,6 +18,9 @@ class GridHeader : public QHeaderView {
     GridHeader(const Grid& grid, int index, const Theme& theme, QWidget* parent);
 
     const FrozenColumns& Frozen() const { return frozen_; }
+
+    // The list is shown in the order of a column, which its heading tells.
+    void ShowOrder(const RowOrder& order);
 
     // Below the heading of a column, on the screen.
     QPoint PlaceBelow(int col) const;
@@ -33,6 +38,7 @@ class GridHeader : public QHeaderView {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    void PaintArrow(QPainter& painter, int left) const;
     int ShiftOfPointer(int x) const;
     QMouseEvent Shifted(const QMouseEvent& event) const;
 
@@ -40,6 +46,7 @@ class GridHeader : public QHeaderView {
     int index_;
     const Theme& theme_;
     FrozenColumns frozen_;
+    RowOrder order_;
     int shift_ = 0;  // of the column that the pointer went down on
 };
 

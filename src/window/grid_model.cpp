@@ -24,6 +24,7 @@ GridModel::GridModel(const Grid& grid, QObject* parent, bool numbersRows)
       columns_(grid.Cols()) {}
 
 void GridModel::Follow() {
+    order_.clear();
     const int rows = RowsBelowHeader(grid_);
     if (columns_ != grid_.Cols()) {
         beginResetModel();
@@ -41,13 +42,31 @@ void GridModel::Follow() {
     }
 }
 
+void GridModel::Order(std::vector<int> gridRows) {
+    order_ = std::move(gridRows);
+    places_.assign(order_.size() + 1, -1);
+    for (std::size_t row = 0; row < order_.size(); ++row)
+        places_[static_cast<std::size_t>(order_[row])] = static_cast<int>(row);
+    if (rows_ > 0 && columns_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+}
+
+int GridModel::GridRow(int row) const {
+    const bool isOrdered = row >= 0 && row < std::ssize(order_);
+    return isOrdered ? order_[static_cast<std::size_t>(row)] : row + 1;
+}
+
+QModelIndex GridModel::CellOf(int gridRow, int col) const {
+    const bool isOrdered = !order_.empty() && gridRow >= 0 && gridRow < std::ssize(places_);
+    return index(isOrdered ? places_[static_cast<std::size_t>(gridRow)] : gridRow - 1, col);
+}
+
 void GridModel::TellWrites(const MainForm& form, const WriteWatch& writes) {
     form_ = &form;
     writes_ = &writes;
 }
 
 void GridModel::WriteChanged(int row) {
-    const QModelIndex cell = index(row - 1, column::kNewValue);
+    const QModelIndex cell = CellOf(row, column::kNewValue);
     if (cell.isValid()) emit dataChanged(cell, cell);
 }
 
@@ -57,7 +76,7 @@ int GridModel::columnCount(const QModelIndex& parent) const { return parent.isVa
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    const int row = index.row() + 1;
+    const int row = GridRow(index.row());
     if (role == Qt::DisplayRole) return TextAt(row, index.column());
     if (writes_ == nullptr || index.column() != column::kNewValue) return {};
     if (role == Qt::ToolTipRole) return WordsOnWriteOf(row);
@@ -73,7 +92,10 @@ QString GridModel::WordsOnWriteOf(int row) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::AccessibleTextRole && told_.column == section)
+        return TextAt(0, section) + (told_.isDescending ? u"，降序"_s : u"，升序"_s);
+    if (role != Qt::DisplayRole) return {};
     return TextAt(0, section);
 }
 

@@ -28,6 +28,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWheelStep = 120;
+constexpr int kChipList = 3;
 
 const QStringList kNames = {u"参数表"_s, u"仪表清单"_s, u"演示数据"_s, u"芯片清单"_s};
 
@@ -79,6 +80,10 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
     connect(verticalScrollBar(), &QScrollBar::valueChanged, viewport(), [this] {
         if (delegate_->Merges()) viewport()->update();
     });
+    // A press on a heading does not mark its column.
+    disconnect(&Header(), &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(&Header(), &QHeaderView::sectionEntered, this, nullptr);
+    connect(&Header(), &QHeaderView::sectionClicked, this, &GridView::OrderBy);
     connect(&Header(), &GridHeader::MenuWanted, this, &GridView::PopUpColumnMenu);
     connect(nothingFound_, &NothingFound::ClearWanted, this, [this] { FilterBy({}); });
     connect(&theme, &Theme::Changed, viewport(), qOverload<>(&QWidget::update));
@@ -110,8 +115,28 @@ void GridView::Thaw() {
 void GridView::FollowCells() {
     generation_ = grid_.Generation();
     if (epoch_ != grid_.Epoch()) BeginAnew();
+    if (order_.IsOn()) FollowOrder();
     if (filter_.IsOn()) FollowFilter();
     CompareCells();
+}
+
+void GridView::FollowOrder() {
+    model_->Order(order_.IsOn() ? order_.RowsOf(grid_) : std::vector<int>());
+    shown_.clear();
+    shownRow_ = -1;  // the current cell stands at another place
+}
+
+void GridView::OrderBy(int col) {
+    if (index_ == 0) return;
+    order_.Turn(col);
+    Header().ShowOrder(order_);
+    model_->TellOrder(order_);
+    FollowOrder();
+    if (filter_.IsOn()) FollowFilter();
+    shownTopRow_ = grid_.TopRow = 1;
+    verticalScrollBar()->setValue(0);
+    binder_.Look();
+    viewport()->update();
 }
 
 // Another instrument: nothing of what was shown is left.
@@ -148,7 +173,7 @@ void GridView::CompareCells() {
             ShownCell cell;
             if (wasShown)
                 cell = std::move(shown_[static_cast<std::size_t>((row - shownFirst_) * cols + col)]);
-            NoteCell(cell, row, col, !wasShown);
+            NoteCell(cell, model_->GridRow(row - 1), col, !wasShown);
             shown.push_back(std::move(cell));
         }
     }
@@ -194,7 +219,7 @@ void GridView::FollowCurrentCell() {
     delegate_->ShowCurrentCell(shownRow_, shownCol_);
     UpdateRow(shownRow_);
     horizontalHeader()->viewport()->update();
-    const QModelIndex current = model_->index(grid_.Row - 1, grid_.Col);
+    const QModelIndex current = model_->CellOf(grid_.Row, grid_.Col);
     if (current == currentIndex()) return;
     if (current.isValid()) {
         selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect);
@@ -211,7 +236,7 @@ void GridView::FollowReadRow() {
     UpdateCell(shownReadRow_, column::kNumber);
 }
 
-void GridView::UpdateCell(int row, int col) { update(model_->index(row - 1, col)); }
+void GridView::UpdateCell(int row, int col) { update(model_->CellOf(row, col)); }
 
 void GridView::UpdateRow(int row) {
     for (int col = 0; col < model_->columnCount(); ++col) UpdateCell(row, col);
@@ -242,7 +267,7 @@ void GridView::StepIntoRows() {
 void GridView::FollowFilter() {
     const int rows = std::min(model_->rowCount(), LastRow(grid_));
     for (int row = 0; row < rows; ++row) {
-        const bool isHidden = !filter_.Fits(row + 1);
+        const bool isHidden = !filter_.Fits(model_->GridRow(row));
         if (isHidden != isRowHidden(row)) setRowHidden(row, isHidden);
     }
     updateGeometries();
@@ -272,6 +297,7 @@ void GridView::FitColumns() {
 void GridView::PopUpColumnMenu(int col, QPoint globalPosition) {
     menu_ = MakeColumnMenu(
         grid_, index_, col, widths_, [this] { FitColumns(); }, this);
+    if (index_ != 0 && col >= 0) menu_->addAction(u"按此列排序"_s, this, [this, col] { OrderBy(col); });
     menu_->popup(globalPosition);
 }
 
@@ -307,7 +333,10 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     setAttribute(Qt::WA_InputMethodEnabled);  // names are typed to find them
     if (isFollowing_ || !current.isValid()) return;
     if (!pressed_.isValid()) Reveal(current);  // under the pointer it stays where it is
-    binder_.Event([&] { grid_.Select(current.row() + 1, current.column()); });
+    binder_.Event([&] {
+        grid_.Select(model_->GridRow(current.row()), current.column());
+        if (index_ == kChipList && current.row() != previous.row()) MSHFlexGrid1_Click(form_, index_);
+    });
 }
 
 // The focus alone does not move the current cell.
@@ -341,7 +370,7 @@ void GridView::ExplainCell(const QModelIndex& cell) {
     const RecordPane& explanation = form_.Explanation();
     const std::uint64_t before = explanation.Generation();
     binder_.Event([&] {
-        grid_.Select(cell.row() + 1, cell.column());
+        grid_.Select(model_->GridRow(cell.row()), cell.column());
         MSHFlexGrid1_MouseUp(form_, index_);
     });
     if (explanation.Generation() != before) emit Explained(cell.row() + 1);
@@ -424,7 +453,9 @@ void GridView::keyboardSearch(const QString& typed) {
                              [this](int row) { return !isRowHidden(row); },
                              [this](int row, int col) { return model_->index(row, col).data().toString(); },
                              {std::max(grid_.Col, 0)}};
-    for (int col = 1; col < model_->columnCount(); ++col) table.columns.push_back(col);
+    for (int col = 1; col < model_->columnCount(); ++col) {
+        if (!isColumnHidden(col)) table.columns.push_back(col);
+    }
     table.columns.push_back(0);
     const int row = typed_.Type(typed, currentIndex().row(), table);
     if (row >= 0) setCurrentIndex(model_->index(row, std::max(grid_.Col, 0)));
@@ -448,7 +479,8 @@ void GridView::CopySelection() const {
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Mouse) {
-        PopUpMenu(event->globalPos(), rowAt(event->pos().y()) + 1);
+        const int row = rowAt(event->pos().y());
+        PopUpMenu(event->globalPos(), row < 0 ? 0 : model_->GridRow(row));
     } else {
         PopUpMenu(PlaceOfCurrentCell());
     }

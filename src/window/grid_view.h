@@ -11,6 +11,7 @@
 #include "window/column_widths.h"
 #include "window/frozen_table.h"
 #include "window/row_filter.h"
+#include "window/row_order.h"
 #include "window/scroll_hold.h"
 #include "window/theme.h"
 #include "window/typed_search.h"
@@ -69,6 +70,9 @@ class GridView : public FrozenTable {
     // From the filter into its rows: the current cell goes to the first of them unless it is one.
     void StepIntoRows();
 
+    // A list is shown in the order of a column; once more, in the other direction; then as the grid has it.
+    void OrderBy(int col);
+
     void keyboardSearch(const QString& typed) override;
 
   signals:
@@ -108,6 +112,7 @@ class GridView : public FrozenTable {
     int LastRowInView() const;
     void UpdateCell(int row, int col);
     void UpdateRow(int row);
+    void FollowOrder();
     void FollowFilter();
 
     void FitColumns();
@@ -136,6 +141,7 @@ class GridView : public FrozenTable {
     CellFlash* flash_;
     GridDelegate* delegate_;
     RowFilter filter_;
+    RowOrder order_;
     TypedSearch typed_;
     NothingFound* nothingFound_;
     ScrollHold hold_;

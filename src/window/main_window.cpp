@@ -14,6 +14,7 @@
 #include "host/store.h"
 #include "session/records.h"
 #include "window/bindings.h"
+#include "window/catalogue_page.h"
 #include "window/cleared_counters.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
@@ -185,10 +186,10 @@ QWidget* MainWindow::MakePages() {
     communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
-    catalogue_ = new GridView(binder_, theme_, 1, pages_);
+    catalogue_ = new CataloguePage(binder_, theme_, pages_);
     recordings_ = new GridView(binder_, theme_, 2, pages_);
     auto* recordingWork = new RecordingWork(binder_, theme_, *notes_, *recordings_);
-    AddEmptyStates(binder_, theme_, *catalogue_, *recordings_,
+    AddEmptyStates(binder_, theme_, catalogue_->List(), *recordings_,
                    {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); },
                     [recordingWork] { recordingWork->Import().AskForFile(); }});
     clearedCounters_ = new ClearedCounters(binder_, *notes_, pages_);
@@ -221,7 +222,7 @@ void MainWindow::ServeFilter() {
     const QWidget* page = pages_->widget(form_.SSTab2.Chosen());
     GridView* grid = nullptr;
     if (page == communication_) grid = &communication_->Parameters();
-    if (page == catalogue_) grid = catalogue_;
+    if (page == catalogue_) grid = &catalogue_->List();
     tabRow_->Filter().Serve(grid);
 }
 
@@ -257,7 +258,7 @@ void MainWindow::FollowFocus() {
         using enum FocusWish::Target;
         switch (form_.Focus.Wanted()) {
             case ParameterGrid: communication_->Parameters().setFocus(); break;
-            case CatalogueGrid: catalogue_->setFocus(); break;
+            case CatalogueGrid: catalogue_->List().setFocus(); break;
             case CellEditor: communication_->FocusCellEditor(); break;
             case Address: sidebar_->findChild<QWidget*>(u"ConMeterAddr"_s)->setFocus(); break;
             case None: break;

@@ -12,6 +12,7 @@
 
 namespace commtest {
 
+class CataloguePage;
 class ClearedCounters;
 class CommunicationPage;
 class GridView;
@@ -97,7 +98,7 @@ class MainWindow : public QMainWindow {
     ClearedCounters* clearedCounters_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     CommunicationPage* communication_ = nullptr;
-    GridView* catalogue_ = nullptr;
+    CataloguePage* catalogue_ = nullptr;
     GridView* recordings_ = nullptr;
     ListWork* lists_ = nullptr;
     bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough

@@ -77,6 +77,33 @@ TEST(ListVerb, ParametersStandWithTheirRows) {
     EXPECT_THAT(outcome.results, HasSubstr("\n12,量程下限,2022,2,RW,1020,9999,-1999\n"));
 }
 
+TEST(ListVerb, ChipRecordsStandWithEveryInstrumentAlsoOneWithoutARecord) {
+    const std::string records = RunInFolder({"list", "chips", "--format", "csv"}).results;
+    EXPECT_THAT(records, StartsWith("仪表名称,编号,文件名,日期,实例,属性,功能简述,协议\n"));
+    EXPECT_THAT(records, HasSubstr("\nHX-D10智能数字显示控制仪,11000101,D10V104.HEX,2026-06-02,标准,量产,"
+                                   "标准型，带四路报警与变送输出；修正断线时的显示。,TQ仪表协议\n"));
+    EXPECT_THAT(records, HasSubstr("\nHX-F40智能流量积算仪,11000301,,,,,,TQ仪表协议\n"));
+    EXPECT_EQ(std::count(records.begin(), records.end(), '\n'), 21);
+}
+
+TEST(ListVerb, ChipRecordsOfOneProtocol) {
+    const QString protocol = QString::fromUtf8("TQ仪表协议-定制累加和");
+    EXPECT_EQ(RunInFolder({"list", "chips", "--protocol", protocol, "--format", "csv"}).results,
+              "仪表名称,编号,文件名,日期,实例,属性,功能简述,协议\n"
+              "HX-D12智能光柱显示仪,12000103,D12V101.HEX,2025-11-03,光柱,量产,"
+              "光柱显示，和校验的定制协议。,TQ仪表协议-定制累加和\n");
+}
+
+TEST(ListVerb, ChipRecordsAsTextAndAsJson) {
+    EXPECT_THAT(RunInFolder({"list", "chips"}).results,
+                StartsWith("仪表名称                  编号      文件名"));
+    const QJsonArray records = JsonOf(RunInFolder({"list", "chips", "--format", "json"}));
+    ASSERT_EQ(records.size(), 20);
+    EXPECT_EQ(records[0].toObject()["file"].toString().toStdString(), "D10V103.HEX");
+    EXPECT_EQ(records[0].toObject()["date"].toString().toStdString(), "2026-03-12");
+    EXPECT_EQ(records[0].toObject()["example"].toString().toStdString(), "标准");
+}
+
 TEST(ListVerb, UnknownNamesAreBadUsage) {
     EXPECT_TRUE(IsProblem(RunInFolder({"list", "instruments", "--protocol", "TQ"}), 2,
                           "目录中没有协议 \"TQ\"。可用名称请看 commtest-cli list protocols"));

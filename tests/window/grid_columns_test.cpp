@@ -68,12 +68,13 @@ TEST_F(GridColumnsTest, MenuOfAHeadingOffersTheColumns) {
     for (const int col : {0, 1, 10}) EXPECT_EQ(EntriesOf(AskMenu(col)).front(), "(隐藏此列)") << col;
 }
 
-TEST_F(GridColumnsTest, ListsOfferTheirWidthsOnly) {
+TEST_F(GridColumnsTest, ListsOfferTheirWidthsAndTheirOrder) {
     form.MSHFlexGrid1[1].SetSize(5, 5);
     view = Add(1);
     view->setFocus();
     Key(Qt::Key_F10, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_THAT(EntriesOf(qobject_cast<QMenu*>(QApplication::activePopupWidget())), ElementsAre("恢复列宽"));
+    EXPECT_THAT(EntriesOf(qobject_cast<QMenu*>(QApplication::activePopupWidget())),
+                ElementsAre("恢复列宽", "按此列排序"));
 }
 
 TEST_F(GridColumnsTest, ColumnIsHiddenAndPutBack) {
