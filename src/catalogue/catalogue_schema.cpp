@@ -60,6 +60,8 @@ std::vector<Text> Indexes(StoreEngine engine) {
         u"CREATE INDEX parameters_of_instrument ON 仪表_参数 (仪表ID, ID)",
         u"CREATE INDEX instruments_by_name ON 仪表_名称 (仪表名称)",
         u"CREATE INDEX instruments_by_protocol ON 仪表_名称 (协议)",
+        u"CREATE INDEX instruments_by_code ON 仪表_名称 (编号)",  // the lists join chips and instruments by
+                                                                  // it
         u"CREATE INDEX chips_by_code ON 仪表_芯片 (编号)",
         u"CREATE INDEX settings_by_use ON 表格_设置 (使用, 列号)",
         // A capture looks for the reply at each exchange. The servers take no long text into an index.

@@ -4,7 +4,6 @@ namespace commtest {
 
 Text WordsOn(const Notice& notice) {
     switch (notice.kind) {
-        case Notice::Kind::NotThereYet: return u"此功能尚未提供";
         case Notice::Kind::NoCatalogue: return u"目录 " + notice.detail + u" 不能打开";
         case Notice::Kind::PortCaveat: return notice.detail;
         case Notice::Kind::EndOfFile: return notice.detail + u" 较长，只显示最后 1 MB";

@@ -3,7 +3,6 @@
 #include "catalogue/channel_table.h"
 #include "catalogue/instrument_selection.h"
 #include "catalogue/parameter_list_import.h"
-#include "commands/not_there_yet.h"
 #include "commands/startup.h"
 #include "host/dialogs.h"
 #include "session/main_form.h"
@@ -39,10 +38,10 @@ TextView CaptionOf(ToolbarEntry entry) {
 void ToolbarMenuCommand(MainForm& form, ToolbarEntry entry) {
     switch (entry) {
         case ToolbarEntry::ToolWindow: return RunIfSet(form.ToolWindowWanted);
-        case ToolbarEntry::OperationMenu: return;
         case ToolbarEntry::ReloadParameters: return ConMeterName_Click(form);
-        case ToolbarEntry::ExportCurrentTable: return SayNotThereYet(form, Feature::ExportCurrentTable);
-        case ToolbarEntry::ExportAllTables: return SayNotThereYet(form, Feature::ExportAllTables);
+        case ToolbarEntry::OperationMenu:
+        case ToolbarEntry::ExportCurrentTable:
+        case ToolbarEntry::ExportAllTables: return;
     }
 }
 

@@ -25,7 +25,8 @@ enum class ToolbarEntry { ToolWindow, OperationMenu, ReloadParameters, ExportCur
 
 TextView CaptionOf(ToolbarEntry entry);
 
-// A choice of such an entry. The menu of operations is the view's: it brings the menu of the parameter grid.
+// A choice of such an entry. Two things are the view's: the menu of operations, which is that of the
+// parameter grid, and the exports, which write catalogue/spreadsheet_cells beside the polling.
 void ToolbarMenuCommand(MainForm& form, ToolbarEntry entry);
 
 }  // namespace commtest

@@ -4,14 +4,10 @@
 
 namespace commtest {
 
-// What the program cannot do yet.
-enum class Feature { ExportCurrentTable, ExportAllTables };
-
 // A word of the program to its user beside the fixed texts: a reason and its parts. The faces word it.
 struct Notice {
     enum class Kind {
         None,
-        NotThereYet,  // `feature`
         NoCatalogue,  // the catalogue cannot be opened; `detail` is its path
         PortCaveat,   // `detail` says what the open line does in another way than the settings say
         PortLost,     // the port has gone and the session stopped; `detail` says why
@@ -20,7 +16,6 @@ struct Notice {
     };
     Kind kind = Kind::None;
     Text detail = {};
-    Feature feature = {};
 };
 
 }  // namespace commtest

@@ -152,6 +152,7 @@ void ListImport::EndImport() {
 
 // Nothing goes on while the user is asked.
 void ListImport::AskToCancel() {
+    if (!IsUnderWay()) return;
     if (!run_) {
         Stop();
         return;

@@ -24,8 +24,11 @@ void OpenFolder(const QString& folder) { QDesktopServices::openUrl(QUrl::fromLoc
 ListWork::ListWork(const Room& room)
     : QObject(&room.window),
       wait_(new StoreWait(this)),
+      exportWait_(new StoreWait(this)),
       restore_(new CatalogueRestore(room.binder, room.theme, room.notes, &room.window)),
-      import_(new ListImport({room.binder, room.theme, room.notes, room.band, *wait_, room.window})) {
+      import_(new ListImport({room.binder, room.theme, room.notes, room.band, *wait_, room.window})),
+      spreadsheets_(new SpreadsheetExport(
+          {room.binder, room.theme, room.notes, room.band, *exportWait_, room.window})) {
     connect(import_, &ListImport::RestoreWanted, restore_, &CatalogueRestore::Ask);
     TakeCommands(room);
     CoverWhatWaits(room);
@@ -36,8 +39,10 @@ void ListWork::TakeCommands(const Room& room) {
     room.toolBar.Take(toolbar::kImport, [this] { import_->Begin(); });
     room.toolBar.Take(toolbar::kChannelTable,
                       [&binder, &notes = room.notes] { MakeChannelTable(binder, notes, OpenFolder); });
+    room.toolBar.Take(ToolbarEntry::ExportCurrentTable, [this] { spreadsheets_->ExportCurrent(); });
+    room.toolBar.Take(ToolbarEntry::ExportAllTables, [this] { spreadsheets_->ExportAll(); });
     room.toolBar.Take(toolbar::kLeave, [this, &binder] {
-        if (import_->MayLeave()) binder.Event([&] { RunToolbarCommand(binder.Form(), toolbar::kLeave); });
+        if (MayLeave()) binder.Event([&] { RunToolbarCommand(binder.Form(), toolbar::kLeave); });
     });
 }
 
@@ -47,8 +52,13 @@ void ListWork::CoverWhatWaits(const Room& room) {
     for (const int button : {toolbar::kImport, kExportButton}) wait_->Cover(room.toolBar.Button(button));
     for (const ToolbarEntry entry : {ToolbarEntry::ToolWindow, ToolbarEntry::ReloadParameters})
         wait_->Cover(*room.toolBar.Entry(entry));
-    wait_->Cover(*room.toolBar.AddEntry(kToolsButton, u"恢复原目录..."_s, [this] { restore_->Ask(); }));
+    QAction* restore = room.toolBar.AddEntry(kToolsButton, u"恢复原目录..."_s, [this] { restore_->Ask(); });
+    wait_->Cover(*restore);
     wait_->Cover(room.tabs, kPagesThatAsk);
+    for (QWidget* choice : room.sidebar.Choices()) exportWait_->Cover(*choice);
+    for (const int button : {toolbar::kImport, kExportButton})
+        exportWait_->Cover(room.toolBar.Button(button));
+    exportWait_->Cover(*restore);
 }
 
 }  // namespace commtest

@@ -427,7 +427,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     LeaveFields();
-    if (!lists_->Import().MayLeave()) {
+    if (!lists_->MayLeave()) {
         event->ignore();
         return;
     }

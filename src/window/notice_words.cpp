@@ -4,22 +4,9 @@ namespace commtest {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString NameOf(Feature feature) {
-    switch (feature) {
-        case Feature::ExportCurrentTable: return u"导出当前参数地址表"_s;
-        case Feature::ExportAllTables: return u"导出全部参数地址表"_s;
-    }
-    return {};
-}
-
-}  // namespace
-
 QString WordsOn(const Notice& notice) {
     const QString detail = QString::fromStdU16String(notice.detail);
     switch (notice.kind) {
-        case Notice::Kind::NotThereYet: return NameOf(notice.feature) + u": 此功能尚未提供"_s;
         case Notice::Kind::NoCatalogue: return u"没有打开仪表目录：%1"_s.arg(detail);
         case Notice::Kind::PortCaveat: return detail;
         case Notice::Kind::EndOfFile: return u"%1 较长，只显示最后 1 MB"_s.arg(detail);

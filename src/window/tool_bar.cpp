@@ -119,15 +119,18 @@ QAction* ToolBar::Entry(ToolbarEntry entry) const {
     return nullptr;
 }
 
+void ToolBar::Choose(ToolbarEntry entry) {
+    if (const auto taken = takenEntries_.find(entry); taken != takenEntries_.end()) return taken->second();
+    if (entry == ToolbarEntry::OperationMenu) emit OperationMenuWanted();
+    binder_.Event([&] { ToolbarMenuCommand(binder_.Form(), entry); });
+}
+
 void ToolBar::AddMenu(int index, std::initializer_list<ToolbarEntry> entries) {
     auto* menu = new QMenu(&Button(index));
     menu->setToolTipsVisible(true);
     for (const ToolbarEntry entry : entries) {
         const QString caption = QString::fromStdU16String(Text(CaptionOf(entry)));
-        connect(menu->addAction(caption), &QAction::triggered, this, [this, entry] {
-            if (entry == ToolbarEntry::OperationMenu) emit OperationMenuWanted();
-            binder_.Event([&] { ToolbarMenuCommand(binder_.Form(), entry); });
-        });
+        connect(menu->addAction(caption), &QAction::triggered, this, [this, entry] { Choose(entry); });
     }
     QToolButton& button = Button(index);
     button.setProperty("drop", true);

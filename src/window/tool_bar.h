@@ -24,8 +24,9 @@ class ToolBar : public QWidget {
 
     QToolButton& Button(int index) const;  // 2 to 11
 
-    // What the button, and the key of its command, do instead of the command.
+    // What the button or the entry, and the key of its command, do instead of the command.
     void Take(int index, std::function<void()> action) { taken_[index] = std::move(action); }
+    void Take(ToolbarEntry entry, std::function<void()> action) { takenEntries_[entry] = std::move(action); }
     void Press(int index);
 
     QAction* AddEntry(int index, const QString& caption, std::function<void()> action);  // to its menu
@@ -36,6 +37,7 @@ class ToolBar : public QWidget {
 
   private:
     QToolButton* MakeButton(int index);
+    void Choose(ToolbarEntry entry);
     void AddMenu(int index, std::initializer_list<ToolbarEntry> entries);
     void ShowStartStop();
     void ShowIcons();
@@ -43,6 +45,7 @@ class ToolBar : public QWidget {
     Binder& binder_;
     const Theme& theme_;
     std::map<int, std::function<void()>> taken_;
+    std::map<ToolbarEntry, std::function<void()>> takenEntries_;
 };
 
 }  // namespace commtest

@@ -12,6 +12,7 @@
 #include "session/events.h"
 #include "session/port_settings.h"
 #include "window/kept_picture.h"
+#include "window/list_work.h"
 #include "window/port_return.h"
 #include "window/simulator_settings.h"
 
@@ -123,6 +124,7 @@ bool WindowProgram::Start() {
     if (hasSimulator_) StartSimulator();
     choices_.PutBack();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
+    window_->Lists().Spreadsheets().Use(spreadsheets_);
     theme_->Dress();
     dialogs_.SetWindow(window_.get());
     if (keepsChoices_) {

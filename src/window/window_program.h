@@ -8,6 +8,7 @@
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
+#include "host_qt/qt_spreadsheet.h"
 #include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
@@ -67,6 +68,7 @@ class WindowProgram {
     SystemClock clock_;
     KeptChoice settings_;
     QtProgram program_;
+    QtSpreadsheetEngine spreadsheets_;
     QtTimers timers_;
     Session session_;
     std::unique_ptr<Theme> theme_;

@@ -17,6 +17,7 @@ namespace {
 constexpr int kAll = 1000;  // steps of the bar
 constexpr int kTenth = 10;  // percent
 constexpr int kGapOfFields = 16;
+constexpr int kWidestCaption = 280;
 
 }  // namespace
 
@@ -65,10 +66,11 @@ void WorkBand::Show(double share, const QList<Field>& fields) {
     while (fields_.size() < fields.size()) AddField();
     for (qsizetype index = 0; index < fields_.size(); ++index) {
         const Field field = index < fields.size() ? fields[index] : Field();
-        fields_[index].first->setText(field.caption);
-        fields_[index].second->setText(field.value);
-        for (QLabel* label : {fields_[index].first, fields_[index].second})
-            label->setVisible(!field.value.isEmpty());
+        auto [caption, value] = fields_[index];
+        caption->setText(caption->fontMetrics().elidedText(field.caption, Qt::ElideMiddle, kWidestCaption));
+        value->setText(field.value);
+        caption->setVisible(field.isCaptionAlone || !field.value.isEmpty());
+        value->setVisible(!field.value.isEmpty());
     }
     const int steps = std::clamp(static_cast<int>(std::lround(share * kAll)), 0, kAll);
     bar_->setValue(steps);

@@ -26,7 +26,8 @@ class WorkBand : public QWidget {
 
     struct Field {
         QString caption;
-        QString value;
+        QString value = {};
+        bool isCaptionAlone = false;  // else a field without a value is not shown
     };
     void Show(double share, const QList<Field>& fields);
     void End();

@@ -8,7 +8,6 @@
 #include "commands/search_panel.h"
 #include "commands/toolbar_commands.h"
 #include "support/form_bench.h"
-#include "support/missed_feature.h"
 #include "support/native_instrument.h"
 
 namespace commtest {
@@ -18,7 +17,6 @@ using testing::BenchSession;
 using ::testing::ElementsAre;
 using testing::Happen;
 using ::testing::IsEmpty;
-using testing::MissedFeature;
 using testing::NativeBench;
 using ::testing::SizeIs;
 namespace frames = testing::frames;
@@ -138,24 +136,6 @@ TEST(SessionHandlers, RowOfTheInstrumentListChoosesItsInstrument) {
     EXPECT_EQ(bench.Cell(1, 1), "温度");
     EXPECT_EQ(bench.Form().ProtocolCode, 12);
     EXPECT_EQ(bench.Form().SSTab2.Chosen(), 0);
-}
-
-// --- What is not built yet ---
-
-TEST(FeaturesNotBuiltYet, AreNamedInTheStatusNote) {
-    using Action = void (*)(MainForm&);
-    const std::pair<Action, Feature> features[] = {
-        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportCurrentTable); },
-         Feature::ExportCurrentTable},
-        {[](MainForm& form) { ToolbarMenuCommand(form, ToolbarEntry::ExportAllTables); },
-         Feature::ExportAllTables},
-    };
-    for (const auto& [action, feature] : features) {
-        BenchSession bench;
-        action(bench.Form());
-        EXPECT_EQ(MissedFeature(bench.Form()), feature);
-        EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
-    }
 }
 
 // --- One instrument, end to end ---

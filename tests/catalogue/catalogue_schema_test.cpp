@@ -52,5 +52,15 @@ TEST(CatalogueSchema, TheQueriesOfASelectionUseIndexes) {
         << pair;
 }
 
+TEST(CatalogueSchema, TheListsOfInstrumentsAndChipsUseIndexes) {
+    const auto store = testing::MakeEmptyCatalogue();
+    const Statements& page = StatementsOf(store->Engine());
+    for (const Text& list : {page.catalogueList, page.chipList}) {
+        const std::string plan = PlanOf(*store, list);
+        EXPECT_NE(plan.find("SEARCH 仪表_名称 USING INDEX instruments_by_code (编号=?)"), std::string::npos)
+            << plan;
+    }
+}
+
 }  // namespace
 }  // namespace commtest

@@ -335,7 +335,7 @@ TEST_F(CatalogueFilesTest, WhicheverStatementFailsTheStoreIsAsItWas) {
             EXPECT_TRUE(store.Query(u"SELECT * From sqlite_master").rows.empty()) << failures;
         }
     }
-    EXPECT_EQ(failures - 1, 1 + 7 + 1 + 7 + 8 + 1);  // begin, tables, view, indexes, rows, commit
+    EXPECT_EQ(failures - 1, 1 + 7 + 1 + 8 + 8 + 1);  // begin, tables, view, indexes, rows, commit
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ TEST(NoticeWordsOfTheCommandLine, SayWhatAndWhyInOneLine) {
         Notice notice;
         const char* words;
     } rows[] = {{{Notice::Kind::None}, ""},
-                {{Notice::Kind::NotThereYet}, "此功能尚未提供"},
                 {{Notice::Kind::NoCatalogue, u"通讯数据.mdb"}, "目录 通讯数据.mdb 不能打开"},
                 {{Notice::Kind::PortCaveat, u"停止位 1.5 不支持"}, "停止位 1.5 不支持"},
                 {{Notice::Kind::PortLost, u"设备已拔出"}, "串口已断开,通讯停止！ 设备已拔出"},

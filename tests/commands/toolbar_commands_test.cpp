@@ -6,7 +6,6 @@
 #include "catalogue/instrument_catalogue.h"
 #include "session/events.h"
 #include "support/form_bench.h"
-#include "support/missed_feature.h"
 
 namespace commtest {
 namespace {
@@ -14,7 +13,6 @@ namespace {
 using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::IsEmpty;
-using testing::MissedFeature;
 using ::testing::SizeIs;
 
 class ToolbarCommands : public ::testing::Test {
@@ -76,17 +74,6 @@ TEST_F(ToolbarCommands, DropDownEntriesHaveTheirCaptions) {
     for (const auto& [entry, caption] : entries) EXPECT_EQ(ToUtf8(CaptionOf(entry)), caption);
 }
 
-TEST_F(ToolbarCommands, DropDownEntriesThatAreMissedSaySo) {
-    const std::pair<ToolbarEntry, Feature> entries[] = {
-        {ToolbarEntry::ExportCurrentTable, Feature::ExportCurrentTable},
-        {ToolbarEntry::ExportAllTables, Feature::ExportAllTables}};
-    for (const auto& [entry, feature] : entries) {
-        ToolbarMenuCommand(form, entry);
-        EXPECT_EQ(MissedFeature(form), feature) << ToUtf8(CaptionOf(entry));
-    }
-    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
-}
-
 TEST_F(ToolbarCommands, ConfirmingTheAddressesLoadsTheInstrumentAnew) {
     InstrumentCatalogue catalogue(*bench.store);
     InstrumentRecord instrument;
@@ -130,11 +117,14 @@ TEST_F(ToolbarCommands, EntryOfTheToolWindowAsksForIt) {
     EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
 }
 
-TEST_F(ToolbarCommands, EntryOfTheOperationsIsLeftToTheView) {
-    ToolbarMenuCommand(form, ToolbarEntry::OperationMenu);
-    EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
-    EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
-    EXPECT_EQ(form.CommandCode, 31);
+TEST_F(ToolbarCommands, OperationsAndExportsAreLeftToTheView) {
+    for (const ToolbarEntry entry :
+         {ToolbarEntry::OperationMenu, ToolbarEntry::ExportCurrentTable, ToolbarEntry::ExportAllTables}) {
+        ToolbarMenuCommand(form, entry);
+        EXPECT_EQ(form.StatusNote.Value().kind, Notice::Kind::None);
+        EXPECT_THAT(bench.dialogs.Shown, IsEmpty());
+        EXPECT_EQ(form.CommandCode, 31);
+    }
 }
 
 TEST_F(ToolbarCommands, StartEmptiesTheSamplesAndMakesTheCycleReady) {

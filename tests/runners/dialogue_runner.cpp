@@ -459,11 +459,6 @@ int Run(const char* path) {
     BenchSession bench;
     SetUp(bench, dialogue);
     bench.line.RunUntil(dialogue.value("stop_at", std::int64_t{3000}));
-    // What is not there yet says so to the user.
-    const Notice& notice = bench.Form().StatusNote.Value();
-    if (notice.kind == Notice::Kind::NotThereYet) {
-        throw NotBuiltYet{"feature " + std::to_string(static_cast<int>(notice.feature))};
-    }
     std::cout << TraceOf(bench).dump(1) << '\n';
     return 0;
 }

@@ -28,17 +28,5 @@ TEST(NoticeWords, SayWhatHappenedAndBehindItWhyAndWhatToDo) {
     }
 }
 
-TEST(NoticeWords, NameTheFeatureThatIsNotThereYet) {
-    const struct {
-        Feature feature;
-        const char* words;
-    } rows[] = {{Feature::ExportCurrentTable, "导出当前参数地址表: 此功能尚未提供"},
-                {Feature::ExportAllTables, "导出全部参数地址表: 此功能尚未提供"}};
-    for (const auto& row : rows) {
-        const Notice notice = {.kind = Notice::Kind::NotThereYet, .feature = row.feature};
-        EXPECT_EQ(WordsOn(notice).toStdString(), row.words);
-    }
-}
-
 }  // namespace
 }  // namespace commtest

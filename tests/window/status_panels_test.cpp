@@ -98,14 +98,14 @@ TEST_F(StatusPanelsTest, DotBlinksOnlyWhileTheSessionRuns) {
 }
 
 TEST_F(StatusPanelsTest, PassingWordStandsForAWhileAndCanBeSaidAgain) {
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ExportAllTables});
+    Form().StatusNote.Set({.kind = Notice::Kind::EndOfFile, .detail = u"ErrorComm.ini"});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "导出全部参数地址表: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "ErrorComm.ini 较长，只显示最后 1 MB");
     QTest::mousePress(&notes, Qt::LeftButton);
     EXPECT_EQ(Form().StatusNote.Value().kind, Notice::Kind::None);
-    Form().StatusNote.Set({.kind = Notice::Kind::NotThereYet, .feature = Feature::ExportAllTables});
+    Form().StatusNote.Set({.kind = Notice::Kind::EndOfFile, .detail = u"ErrorComm.ini"});
     bench.binder.Look();
-    EXPECT_EQ(notes.Text().toStdString(), "导出全部参数地址表: 此功能尚未提供");
+    EXPECT_EQ(notes.Text().toStdString(), "ErrorComm.ini 较长，只显示最后 1 MB");
 }
 
 TEST_F(StatusPanelsTest, FirstPanelHasItsTip) {

@@ -197,7 +197,7 @@ TEST_F(WindowDialogsTest, SignIsOfTheProjectAndWarnsOnlyOfFailures) {
     dialogs.ShowNotice({Notice::Kind::PortLost, u"设备已断开"});
     EXPECT_TRUE(isIn(kLightTokens.warn));
     look();
-    dialogs.ShowNotice({.kind = Notice::Kind::NotThereYet});
+    dialogs.ShowNotice({Notice::Kind::EndOfFile, u"ErrorComm.ini"});
     EXPECT_TRUE(isIn(kLightTokens.accent));
     look();
     dialogs.ShowAdvice(u"请再操作一次");
