@@ -1,5 +1,7 @@
 #include "catalogue/list_binding.h"
 
+#include <utility>
+
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 
@@ -21,7 +23,7 @@ Text NumberOfRow(int row) {
 }  // namespace
 
 // Q179: an empty result leaves the grid.
-void BindToGrid(Grid& grid, const StoreRows& result) {
+void BindToGrid(Grid& grid, StoreRows result) {
     if (result.rows.empty()) return;
     const auto rows = result.rows.size();
     const auto columns = result.columns.size();
@@ -34,7 +36,10 @@ void BindToGrid(Grid& grid, const StoreRows& result) {
     for (std::size_t r = 0; r < rows; ++r) {
         const int row = static_cast<int>(r) + 1;
         grid.SetCell(row, 0, NumberOfRow(row));
-        for (std::size_t c = 0; c < columns; ++c) grid.SetCell(row, static_cast<int>(c) + 1, result.At(r, c));
+        for (std::size_t c = 0; c < columns; ++c) {
+            StoreValue& value = result.rows[r][c];
+            grid.SetCell(row, static_cast<int>(c) + 1, value ? std::move(*value) : Text());
+        }
     }
     grid.Redraw = true;
 }

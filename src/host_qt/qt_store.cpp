@@ -54,10 +54,12 @@ QVariant VariantOf(const StoreValue& value) {
 StoreRows RowsOf(QSqlQuery query) {
     StoreRows result;
     const QSqlRecord record = query.record();
-    for (int i = 0; i < record.count(); ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
+    const int columns = record.count();
+    for (int i = 0; i < columns; ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
     while (query.next()) {
         std::vector<StoreValue> row;
-        for (int i = 0; i < record.count(); ++i) row.push_back(ValueOf(query.value(i)));
+        row.reserve(static_cast<std::size_t>(columns));
+        for (int i = 0; i < columns; ++i) row.push_back(ValueOf(query.value(i)));
         result.rows.push_back(std::move(row));
     }
     if (query.lastError().isValid()) Raise(query.lastError());
