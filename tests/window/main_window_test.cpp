@@ -24,6 +24,7 @@
 #include "window/text_spin_box.h"
 #include "window/tool_bar.h"
 #include "window/view_bench.h"
+#include "window/widget_search.h"
 
 namespace commtest::testing {
 namespace {
@@ -371,22 +372,25 @@ TEST_F(MainWindowTest, SizeSplittersAndColumnsAreRemembered) {
 
 // The lists get their columns when their page is shown.
 TEST_F(MainWindowTest, ColumnsOfTheListsAreRememberedEvenWhereTheirPageIsNotShown) {
-    const auto list = [this](int index) { return window->findChild<QStackedWidget*>()->widget(index + 1); };
+    const auto list = [this](int index) {
+        return FindNamed<GridView>(
+            *window, index == 1 ? QString::fromUtf8("仪表清单") : QString::fromUtf8("演示数据"));
+    };
     const auto fill = [this](int rows, int cols) {
         for (const std::size_t index : {1u, 2u}) Form().MSHFlexGrid1[index].SetSize(rows, cols);
         window->Views().Look();
     };
     fill(4, 6);
-    static_cast<GridView*>(list(1))->setColumnWidth(2, 301);
-    static_cast<GridView*>(list(2))->setColumnWidth(3, 302);
+    list(1)->setColumnWidth(2, 301);
+    list(2)->setColumnWidth(3, 302);
     window->SaveState();
     fill(0, 0);
     Open();
     window->SaveState();
     Open();
     fill(4, 6);
-    EXPECT_EQ(static_cast<GridView*>(list(1))->columnWidth(2), 301);
-    EXPECT_EQ(static_cast<GridView*>(list(2))->columnWidth(3), 302);
+    EXPECT_EQ(list(1)->columnWidth(2), 301);
+    EXPECT_EQ(list(2)->columnWidth(3), 302);
 }
 
 TEST_F(MainWindowTest, WindowMayGoWhileItsEditorHasTheFocus) {
