@@ -42,14 +42,14 @@ void ShowChipRecord(MainForm& form) {
     const Text file = grid.Cell(grid.Row, chip_column::kFile);
     const StoreRows records = InstrumentCatalogue(form.outside.store).ChipRecord(instrument, file);
     if (!records.rows.empty()) return FillFields(form, records);
-    // Q241: no file has the name of none.
+    // Q229: no file has the name of none.
     EmptyFields(form);
     form.ConCpudataCombo[kInstrumentField].Set(instrument);
     form.ConCpudataCombo[kCodeField].Set(grid.Cell(grid.Row, chip_column::kCode));
 }
 
 void ConCpuDataCommand_Click(MainForm& form, int index) {
-    if (index == chip_button::kClose) form.ConCpuDataShow.SetVisible(false);  // Q240
+    if (index == chip_button::kClose) form.ConCpuDataShow.SetVisible(false);  // Q228
 }
 
 }  // namespace commtest

@@ -125,7 +125,7 @@ QWidget* ChipPanel::MakeButtons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    for (const QString& caption : {u"保存新增"_s, u"保存修改"_s, u"删除记录"_s})  // Q240
+    for (const QString& caption : {u"保存新增"_s, u"保存修改"_s, u"删除记录"_s})  // Q228
         layout->addWidget(MakeDeadButton(caption));
     layout->addStretch();
     auto* close = new QPushButton(u"退出界面"_s);
