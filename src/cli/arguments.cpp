@@ -77,6 +77,8 @@ QStringList Arguments::OptionsInFront(const QStringList& words, const OptionList
 
 bool Arguments::Has(QStringView option) const { return parser_.isSet(option.toString()); }
 
+bool Arguments::Holds(QStringView option) const { return !parser_.value(option.toString()).isEmpty(); }
+
 QString Arguments::Value(QStringView option) const {
     const QString value = parser_.value(option.toString());
     if (value.isEmpty()) throw BadUsage(u"缺少选项 --%1"_s.arg(option));

@@ -28,6 +28,7 @@ class Arguments {
     Arguments(QStringView verb, const QStringList& words, const OptionList& options);
 
     bool Has(QStringView option) const;
+    bool Holds(QStringView option) const;  // a value of its own or one that was given
 
     // The value given, or the option's own; a Problem if there is neither.
     QString Value(QStringView option) const;

@@ -1,5 +1,7 @@
 #include "cli/line_options.h"
 
+#include <algorithm>
+
 #include "cli/catalogue_access.h"
 #include "host_qt/line_settings.h"
 #include "host_qt/named_port.h"
@@ -34,6 +36,15 @@ Text SettingsOf(const Arguments& arguments) {
     return settings;
 }
 
+// What parts one frame from the next on a line of instruments: three and a half characters of eleven bits,
+// and no less than 2 ms.
+int ShortestInterval(const Text& settings) {
+    constexpr int kShortest = 2;
+    constexpr int kBitsAndMilliseconds = 38'500;
+    const int baudRate = LineSettingsOf(settings)->baudRate;
+    return std::max(kShortest, (kBitsAndMilliseconds + baudRate - 1) / baudRate);
+}
+
 }  // namespace
 
 const Option kPortOption = {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)",
@@ -60,7 +71,7 @@ const OptionList& LineOptionList() {
         {u"address", u"N", u"仪表地址", u"1"},
         kPortOption,
         kSettingsOption,
-        {u"interval", u"毫秒", u"两次通讯的间隔", u"100"},
+        {kIntervalOptionName, u"毫秒", u"两次通讯的间隔", u"100"},
         {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
     };
     return kOptions;
@@ -72,7 +83,9 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console) {
     options.instrument = arguments.Value(u"instrument").toStdU16String();
     options.address = Number(arguments.WholeNumber(u"address", 0, kLargestAddress));
     TakePortOptions(arguments, options);
-    options.interval = Number(arguments.WholeNumber(u"interval", 0, kLongestInterval));
+    options.interval = Number(arguments.Holds(kIntervalOptionName)
+                                  ? arguments.WholeNumber(kIntervalOptionName, 0, kLongestInterval)
+                                  : ShortestInterval(options.settings));
     options.showMode = ShowModeOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
     return options;

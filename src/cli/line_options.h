@@ -23,6 +23,9 @@ struct LineOptions {
     std::optional<int> showMode;             // index of ShowMode; the protocol's own where there is none
 };
 
+inline constexpr QStringView kIntervalOptionName = u"interval";
+
+// Where the interval has no fallback and is not given, it is the shortest that the line allows.
 const OptionList& LineOptionList();
 LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
 

@@ -36,6 +36,10 @@ class LineSession {
     End Run(const std::function<bool()>& isDone);
     void Quit() { EndRun(End::Done); }
 
+    // The tick behind this call comes as soon as the events run: the cycle's own first interval is for a user
+    // who looks on.
+    void BeginAtOnce() { Form().PollTimer().SetInterval(0); }
+
     // Stops the session and closes the port.
     void Stop();
 

@@ -28,6 +28,7 @@ ParameterWrites::ParameterWrites(LineSession& line, std::vector<ParameterWrite> 
 
 void ParameterWrites::Run() {
     line_.Form().CommandCode = command::kReadThisRow;
+    line_.BeginAtOnce();
     if (ObjectToAny(Look::Rows) || !HasAllDecimals() || ObjectToAny(Look::Values)) return;
     for (Item& item : items_) {
         if (status_ != ExitStatus::Good) {

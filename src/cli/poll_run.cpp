@@ -78,6 +78,7 @@ LineSession::End RunPoll(LineSession& line, const RunOptions& options, RecordStr
     if (options.duration > 0ms) deadline.start(options.duration);
 
     const Interrupt interrupt([&line] { line.Quit(); });
+    line.BeginAtOnce();
     StartInShortWay(form);
     const LineSession::End end = line.Run(isDone);
     line.Stop();

@@ -15,6 +15,10 @@ constexpr int kLargestWriteType = 2;
 
 OptionList WriteOptionList() {
     OptionList options = LineOptionList();
+    for (Option& option : options) {
+        if (option.name != kIntervalOptionName) continue;
+        option = {kIntervalOptionName, u"毫秒", u"两次通讯的间隔；默认为线路允许的最短间隔"};
+    }
     options.insert(
         options.end(),
         {{u"row", u"N", u"参数表的行号，见 list parameters"},
