@@ -28,7 +28,7 @@ ExitStatus Channels(const Arguments& arguments, Console& console) {
     FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource source(files, named, kTemplateFileName);
     const ChannelTable table = TableOf(source);
-    ListOutput output(ListKind::ChannelTable, OutputNamed(arguments), files, console);
+    ListOutput output(OutputKind::ChannelTable, OutputNamed(arguments), files, console);
     output.Write(table.bytes);
     output.Finish();
     if (!output.IsResults()) {

@@ -60,7 +60,7 @@ ExitStatus Export(const Arguments& arguments, Console& console) {
     OpenCatalogueOf(files, store);
     const auto wanted = WantedOf(arguments, store);
     ListProgress progress(console);
-    ListOutput output(ListKind::ParameterList, named, files, console);
+    ListOutput output(OutputKind::ParameterList, named, files, console);
     const ExportedList list = ExportList(store, output, wanted, progress);
     Print(list, output, format, console);
     TellLossyRows(list.lossyRows, console);

@@ -156,7 +156,7 @@ class Report {
 bool WriteListBehind(Store& store, FolderFiles& files, Report& report, ListProgress& progress,
                      Console& console) {
     try {
-        ListOutput output(ListKind::ParameterList, {}, files, console);
+        ListOutput output(OutputKind::ParameterList, {}, files, console);
         const ExportedList list = ExportList(store, output, {}, progress);
         report.AddExport(list, output);
         return list.lossyRows.empty();

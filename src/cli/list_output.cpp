@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "catalogue/channel_table.h"
+#include "cli/output_file.h"
 #include "host/file_names.h"
 #include "runtime/runtime_error.h"
 
@@ -16,35 +16,8 @@ const Option kListOutputOption = {
 
 namespace {
 
-constexpr qint64 kLongestHead = 64;  // bytes
-
-TextView UsualNameOf(ListKind kind) {
-    return kind == ListKind::ParameterList ? kListCopyFileName : kChannelTableFileName;
-}
-
-QStringView NameOf(ListKind kind) { return kind == ListKind::ParameterList ? u"参数表" : u"通道表"; }
-
-bool BeginsLikeList(QFile& file) {
-    const QByteArray head = file.peek(kLongestHead).toUpper();
-    return head.startsWith("DEVICE ") || head.split('\n').constFirst().trimmed() == "END";
-}
-
-// Whole lines, as many for each channel.
-bool HasLinesOfChannels(QFile& file) {
-    qint64 lines = 0;
-    while (!file.atEnd()) {
-        if (!file.readLine().endsWith("\r\n")) return false;
-        ++lines;
-    }
-    return lines % kChannels == 0;
-}
-
-bool MayBeReplaced(ListKind kind, const QString& path) {
-    QFile file(path);
-    if (!file.exists()) return true;
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
-    if (file.size() == 0) return true;
-    return kind == ListKind::ParameterList ? BeginsLikeList(file) : HasLinesOfChannels(file);
+TextView UsualNameOf(OutputKind kind) {
+    return kind == OutputKind::ParameterList ? kListCopyFileName : kChannelTableFileName;
 }
 
 }  // namespace
@@ -54,13 +27,13 @@ std::optional<QString> OutputNamed(const Arguments& arguments) {
     return arguments.Value(kListOutputOption.name);
 }
 
-ListOutput::ListOutput(ListKind kind, const std::optional<QString>& named, ProgramFiles& files,
+ListOutput::ListOutput(OutputKind kind, const std::optional<QString>& named, FolderFiles& files,
                        Console& console)
     : console_(console) {
     if (named == u"-"_s) return;
     if (named) {
         path_ = QDir().absoluteFilePath(*named);
-        OpenAnew(kind);
+        OpenAnew(kind, files.Folder());
         return;
     }
     const Text usual(UsualNameOf(kind));
@@ -72,11 +45,8 @@ ListOutput::ListOutput(ListKind kind, const std::optional<QString>& named, Progr
     }
 }
 
-void ListOutput::OpenAnew(ListKind kind) {
-    if (!MayBeReplaced(kind, path_)) {
-        throw Problem(ExitStatus::BadUsage,
-                      u"%1 已存在，不是%2，没有改动。请给出另一个文件名"_s.arg(path_, NameOf(kind)));
-    }
+void ListOutput::OpenAnew(OutputKind kind, const QString& programFolder) {
+    RequireOwnOutput({path_, kind, programFolder});
     anew_ = std::make_unique<QSaveFile>(path_);
     if (!anew_->open(QIODevice::WriteOnly)) throw CannotWrite(anew_->errorString());
 }

@@ -9,21 +9,20 @@
 
 #include "cli/arguments.h"
 #include "cli/console.h"
-#include "host/program_files.h"
+#include "cli/earlier_output.h"
+#include "host_qt/folder_files.h"
 
 namespace commtest {
 
 extern const Option kListOutputOption;
 
-// What is written, and which file of the program folder it is appended to.
-enum class ListKind { ParameterList, ChannelTable };
-
 // Where a list goes: to the end of its file in the program folder, into a file named, which then holds
 // nothing else, or to the results ("-"). What cannot be written is a Problem.
 class ListOutput {
   public:
-    // A file named that is there has to be one of its kind, or empty.
-    ListOutput(ListKind kind, const std::optional<QString>& named, ProgramFiles& files, Console& console);
+    // A parameter list or a channel table, which is appended to its own file of the program folder. A file
+    // named that is there has to be one of its kind, or empty.
+    ListOutput(OutputKind kind, const std::optional<QString>& named, FolderFiles& files, Console& console);
 
     void Write(const std::string& bytes);
 
@@ -39,7 +38,7 @@ class ListOutput {
     QString Words() const;
 
   private:
-    void OpenAnew(ListKind kind);
+    void OpenAnew(OutputKind kind, const QString& programFolder);
     Problem CannotWrite(const QString& why) const;
 
     Console& console_;

@@ -34,6 +34,22 @@ std::chrono::milliseconds DurationOf(const Arguments& arguments) {
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
+void TakeRecordOptions(const Arguments& arguments, RunOptions& options) {
+    const bool isNamed = arguments.Has(u"record");
+    options.record.goesOnBehind = arguments.Has(u"append");
+    if (isNamed) options.record.path = arguments.Value(u"record");
+    const bool isResult = options.record.path == u"-";
+    if (options.record.goesOnBehind && (!isNamed || isResult)) {
+        throw arguments.BadUsage(u"选项 --append 要和 --record 文件 一起用"_s);
+    }
+    if (!isResult) return;
+    options.record.path.clear();
+    if (options.format != Format::Plain) {
+        throw arguments.BadUsage(
+            u"选项 --record - 和 --format %1 只能用一个"_s.arg(arguments.Value(u"format")));
+    }
+}
+
 // What --strict does not let pass. A wrong check word is one by its verdict: not every protocol counts it.
 bool HasFailed(const Outcome& outcome) {
     return outcome.verdict.answer == Answer::Refused || outcome.verdict.check == CheckWord::Wrong;
@@ -120,7 +136,8 @@ const OptionList& RunOptionList() {
     static const OptionList kOptions = {
         {u"exchanges", u"N", u"通讯 N 次后结束"},
         {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
-        {u"record", u"文件", u"把通讯记录写入文件，原有内容被取代"},
+        {u"record", u"文件|-", u"把通讯记录写入文件，只取代以前的通讯记录；- 为标准输出"},
+        {u"append", {}, u"通讯记录接在文件原有的记录之后"},
         {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
          u"text"},
         {u"strict", u"", u"有不完整、校验出错、无应答或拒绝的回答时退出状态为 1"}};
@@ -135,15 +152,17 @@ RunOptions RunOptionsOf(const Arguments& arguments) {
     if (arguments.Has(u"exchanges"))
         options.exchanges = arguments.WholeNumber(u"exchanges", 1, 2'000'000'000);
     if (arguments.Has(u"seconds")) options.duration = DurationOf(arguments);
-    if (arguments.Has(u"record")) options.recordFile = arguments.Value(u"record");
     options.format = FormatOf(arguments);
+    TakeRecordOptions(arguments, options);
     options.isStrict = arguments.Has(u"strict");
     return options;
 }
 
 ExitStatus PollAndReport(LineSession& line, const LineOptions& shown, const RunOptions& options,
                          Console& console) {
-    RecordStream record(console, options.format == Format::Plain, options.recordFile);
+    OutputName recordFile = options.record;
+    recordFile.programFolder = shown.folder;
+    RecordStream record(console, options.format == Format::Plain, recordFile);
     MainForm& form = line.Form();
     int failedReplies = 0;
     form.Record().BlockFinished = [&](const RecordBlock& block) {

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QFile>
-#include <QString>
 #include <string>
 
 #include "cli/console.h"
+#include "cli/output_file.h"
 
 namespace commtest {
 
@@ -12,9 +11,8 @@ namespace commtest {
 // They wait here until Flush, a few of them at a time.
 class RecordStream {
   public:
-    // The file of that name begins anew with the first block; none if the name is empty. A Problem if it
-    // cannot be written.
-    RecordStream(Console& console, bool showsBlocks, const QString& fileName);
+    // A Problem if the file is not to be written, or cannot be.
+    RecordStream(Console& console, bool showsBlocks, const OutputName& file);
 
     void Add(TextView block);
 
@@ -25,13 +23,9 @@ class RecordStream {
     void Finish();
 
   private:
-    void WriteToFile(const std::string& blocks);
-    bool FileIsGood() const;
-
     Console& console_;
     bool showsBlocks_;
-    QFile file_;
-    bool hasBegun_ = false;  // the file
+    OutputFile file_;
     std::string waiting_;
 };
 

@@ -1,5 +1,6 @@
 #include "catalogue/recordings.h"
 #include "cli/catalogue_access.h"
+#include "cli/output_file.h"
 #include "cli/recording_choice.h"
 #include "cli/recording_transfer.h"
 #include "cli/table.h"
@@ -115,6 +116,7 @@ ExitStatus Export(const QString& file, const Arguments& arguments, Recordings& r
     const Text instrument = InstrumentOf(arguments);
     const Text note = NoteOf(arguments);
     RequiredSummaries(recordings, instrument, note);
+    RequireOwnOutput({file, OutputKind::Recording, ProgramFolderOf(arguments, console)});
     const std::size_t count = ExportRecording(file, recordings.Exchanges(instrument, note));
     console.Print(u"已导出 %1 条到 %2\n"_s.arg(count).arg(file));
     return ExitStatus::Good;

@@ -57,9 +57,16 @@ TEST_F(CatalogueChannels, ResultsAreTheTableAndNothingBeside) {
 }
 
 TEST_F(CatalogueChannels, FileThatIsNoTableIsNotReplaced) {
+    folder.Write("notes", "notes");
+    folder.Write("TQP.Dev", "A%  1010 0\n");
+    EXPECT_TRUE(IsProblem(folder.Run({"channels", "--output", folder.Path("notes")}), 2,
+                          folder.PathText("notes") + " 已存在，不是通道表，没有改动。请给出另一个文件名"));
+}
+
+TEST_F(CatalogueChannels, TemplateIsNotReplaced) {
     folder.Write("TQP.Dev", "A%  1010 0\n");
     EXPECT_TRUE(IsProblem(folder.Run({"channels", "--output", folder.Path("TQP.Dev")}), 2,
-                          folder.PathText("TQP.Dev") + " 已存在，不是通道表，没有改动。请给出另一个文件名"));
+                          folder.PathText("TQP.Dev") + " 是程序自己用的文件，没有改动。请给出另一个文件名"));
     EXPECT_EQ(folder.Read("TQP.Dev"), "A%  1010 0\n");
 }
 

@@ -104,7 +104,7 @@ TEST_F(CatalogueExport, FileThatIsNoListIsNotReplaced) {
     const std::string place = folder.PathText("place");
     QDir(folder.Path("")).mkdir("place");
     EXPECT_TRUE(IsProblem(folder.Run({"export", "--output", folder.Path("place")}), 2,
-                          place + " 已存在，不是参数表，没有改动。请给出另一个文件名"));
+                          place + " 是文件夹，不是文件，没有改动。请给出另一个文件名"));
 }
 
 TEST_F(CatalogueExport, EmptyFilesAndListsAreReplaced) {

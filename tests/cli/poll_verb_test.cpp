@@ -60,6 +60,16 @@ TEST(PollVerb, EndsByCountOrByTimeAndNotByBoth) {
                           "选项 --exchanges 和 --seconds 只能用一个。用法请看 commtest-cli poll --help"));
 }
 
+TEST(PollVerb, OptionsOfTheRecordHaveToFitEachOther) {
+    const char* const help = "。用法请看 commtest-cli poll --help";
+    EXPECT_TRUE(
+        IsProblem(Poll({"--append"}), 2, std::string("选项 --append 要和 --record 文件 一起用") + help));
+    EXPECT_TRUE(IsProblem(Poll({"--append", "--record", "-"}), 2,
+                          std::string("选项 --append 要和 --record 文件 一起用") + help));
+    EXPECT_TRUE(IsProblem(Poll({"--record", "-", "--format", "csv"}), 2,
+                          std::string("选项 --record - 和 --format csv 只能用一个") + help));
+}
+
 TEST(PollVerb, ProtocolAndInstrumentAreNeeded) {
     EXPECT_TRUE(
         IsProblem(RunInFolder({"poll"}), 2, "缺少选项 --protocol。用法请看 commtest-cli poll --help"));
@@ -105,7 +115,7 @@ TEST(PollVerb, PortThatCannotBeOpenedIsToldWithTheReason) {
 TEST(PollVerb, RecordFileThatCannotBeWrittenIsAProblem) {
     const Outcome outcome = Poll({"--record", "/dev/null/record"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_THAT(outcome.problems, ::testing::StartsWith("记录文件 /dev/null/record 写不进去: "));
+    EXPECT_THAT(outcome.problems, ::testing::StartsWith("/dev/null/record 写不进去: "));
 }
 
 }  // namespace

@@ -11,6 +11,8 @@ namespace commtest {
 
 namespace {
 
+constexpr char kEarlierRun[] = "第 1 次, 向 甲 发送: a   收到: \nb\nCRC校验正确\n\n";
+
 class RecordStreamTest : public ::testing::Test {
   protected:
     std::string FileContent() const {
@@ -36,7 +38,7 @@ TEST_F(RecordStreamTest, BlocksComeOutOldestFirst) {
 }
 
 TEST_F(RecordStreamTest, BlocksWaitForAFlush) {
-    RecordStream record(console, true, fileName);
+    RecordStream record(console, true, {fileName, OutputKind::Record, {}});
     record.Add(u"a");
     EXPECT_EQ(results.str(), "");
     record.Flush();
@@ -48,9 +50,9 @@ TEST_F(RecordStreamTest, BlocksWaitForAFlush) {
 TEST_F(RecordStreamTest, FileHoldsTheSameTextAndBeginsAnew) {
     QFile file(fileName);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("of an earlier run");
+    file.write(kEarlierRun);
     file.close();
-    RecordStream record(console, false, fileName);
+    RecordStream record(console, false, {fileName, OutputKind::Record, {}});
     record.Add(u"收到: \x1B\r\n");
     record.Finish();
     EXPECT_EQ(FileContent(), "收到: \\1B\n");
@@ -60,11 +62,11 @@ TEST_F(RecordStreamTest, FileHoldsTheSameTextAndBeginsAnew) {
 TEST_F(RecordStreamTest, FileOfAnEarlierRunStaysUntilTheFirstBlock) {
     QFile file(fileName);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("of an earlier run");
+    file.write(kEarlierRun);
     file.close();
-    RecordStream record(console, false, fileName);
+    RecordStream record(console, false, {fileName, OutputKind::Record, {}});
     record.Finish();
-    EXPECT_EQ(FileContent(), "of an earlier run");
+    EXPECT_EQ(FileContent(), kEarlierRun);
 }
 
 TEST_F(RecordStreamTest, ResultsThatTakeNoMoreEndTheFlushing) {
@@ -77,16 +79,16 @@ TEST_F(RecordStreamTest, ResultsThatTakeNoMoreEndTheFlushing) {
 TEST_F(RecordStreamTest, FileThatCannotBeOpenedIsAProblem) {
     const QString wrong = folder.filePath(QStringLiteral("none/record.txt"));
     try {
-        RecordStream record(console, true, wrong);
+        RecordStream record(console, true, {wrong, OutputKind::Record, {}});
         FAIL() << "opened";
     } catch (const Problem& problem) {
         EXPECT_EQ(problem.Status(), ExitStatus::NoAccess);
-        EXPECT_TRUE(problem.Line().startsWith(QString::fromUtf8("记录文件 %1 写不进去: ").arg(wrong)));
+        EXPECT_TRUE(problem.Line().startsWith(QString::fromUtf8("%1 写不进去: ").arg(wrong)));
     }
 }
 
 TEST_F(RecordStreamTest, FileThatTakesNoMoreIsAProblemAtTheEnd) {
-    RecordStream record(console, false, QStringLiteral("/dev/full"));
+    RecordStream record(console, false, {QStringLiteral("/dev/full"), OutputKind::Record, {}});
     record.Add(u"a");
     EXPECT_FALSE(record.Flush());
     EXPECT_THROW(record.Finish(), Problem);
