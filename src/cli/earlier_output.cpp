@@ -4,6 +4,8 @@
 #include <array>
 
 #include "catalogue/channel_table.h"
+#include "cli/statistics.h"
+#include "cli/time_stamp.h"
 #include "replay/recording_file.h"
 #include "session/texts.h"
 
@@ -25,7 +27,8 @@ QString Quoted(TextView text) {
 QRegularExpression FirstBlockOf(const Texts& face) {
     const QString request = Quoted(face.beforeSendCount) + u"\\d+"_s + Quoted(face.beforeInstrument) +
                             u".*"_s + Quoted(face.beforeSent) + u".*"_s + Quoted(face.beforeReceived);
-    return QRegularExpression(u"\\A%1\\n[^\\n]*\\n(?:[^\\n]+\\n)*\\n"_s.arg(request));
+    return QRegularExpression(
+        u"\\A(?:%1  )?%2\\n[^\\n]*\\n(?:[^\\n]+\\n)*\\n"_s.arg(kTimeStampPattern, request));
 }
 
 bool BeginsLikeRecord(QIODevice& file) {
@@ -67,6 +70,7 @@ bool HasLinesOfChannels(QIODevice& file) {
 QString NameOf(OutputKind kind) {
     switch (kind) {
         case OutputKind::Record: return u"通讯记录"_s;
+        case OutputKind::Statistics: return u"统计"_s;
         case OutputKind::Recording: return u"演示数据"_s;
         case OutputKind::ParameterList: return u"参数表"_s;
         default: return u"通道表"_s;
@@ -76,6 +80,7 @@ QString NameOf(OutputKind kind) {
 bool IsEarlierOutput(OutputKind kind, QIODevice& file) {
     switch (kind) {
         case OutputKind::Record: return BeginsLikeRecord(file);
+        case OutputKind::Statistics: return IsStatisticsFile(file.peek(kLongestBlock));
         case OutputKind::Recording: return BeginsLikeRecording(file);
         case OutputKind::ParameterList: return BeginsLikeList(file);
         default: return HasLinesOfChannels(file);

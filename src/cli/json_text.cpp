@@ -61,6 +61,11 @@ void JsonWriter::PutYesNo(bool isYes) {
     written_ += isYes ? "true" : "false";
 }
 
+void JsonWriter::PutNull() {
+    BeginPart();
+    written_ += "null";
+}
+
 void JsonWriter::PutText(TextView key, TextView text) {
     PutKey(key);
     PutText(text);

@@ -41,6 +41,7 @@ class JsonWriter {
     void PutText(TextView text);
     void PutNumber(std::int64_t number);
     void PutYesNo(bool isYes);
+    void PutNull();
 
     void PutText(TextView key, TextView text);
     void PutNumber(TextView key, std::int64_t number);

@@ -1,5 +1,7 @@
 #include "cli/line_session.h"
 
+#include <algorithm>
+
 #include "cli/catalogue_access.h"
 #include "cli/instrument_choice.h"
 #include "cli/notice_words.h"
@@ -25,6 +27,7 @@ LineSession::LineSession(const LineOptions& options, Console& console)
 void LineSession::WireEvents() {
     port_.Receives = [this] {
         PortReceives(Form());
+        if (IsBetweenExchanges()) TellEndOfUnjudged(Ending::Complete);
         LookAtSession();
     };
     port_.IsLost = [this](const Text& reason) {
@@ -47,11 +50,40 @@ void LineSession::Tick(int index) {
     TimerTicks(Form(), index);
     const bool hasGivenUp = index == 1 && isWaiting && IsBetweenExchanges();
     if (hasGivenUp && Form().ProtocolInUse().judge == nullptr) ++unseenReplies_;
-    if (beginsExchange && Form().SendCount != framesBefore) ++exchanges_;
+    if (IsBetweenExchanges()) TellEndOfUnjudged(isWaiting ? Ending::Silent : Ending::Incomplete);
+    if (beginsExchange && Form().SendCount != framesBefore) {
+        ++exchanges_;
+        NoteUnjudgedBegin();
+    }
     LookAtSession();
 }
 
+void LineSession::NoteUnjudgedBegin() {
+    if (Form().ProtocolInUse().judge == nullptr) unjudgedAt_ = Form().ReplyText.size();
+}
+
+// Such a protocol keeps what has come before.
+void LineSession::TellEndOfUnjudged(Ending ending) {
+    if (!unjudgedAt_) return;
+    const HexText& all = Form().ReplyText;
+    Outcome outcome;
+    outcome.exchange = Form().UnderWay;
+    outcome.exchange.reply = all.substr(std::min(*unjudgedAt_, all.size()));
+    outcome.exchange.ending = ending;
+    unjudgedAt_.reset();
+    if (ExchangeEnded) ExchangeEnded(outcome);
+}
+
+void LineSession::TellEndedExchanges() {
+    const OutcomeRing& outcomes = Form().Outcomes;
+    for (; toldOutcomes_ < outcomes.Total(); ++toldOutcomes_) {
+        const auto back = static_cast<std::size_t>(outcomes.Total() - toldOutcomes_ - 1);
+        if (ExchangeEnded) ExchangeEnded(*outcomes.Last(back));
+    }
+}
+
 void LineSession::LookAtSession() {
+    TellEndedExchanges();
     if (isDone_ == nullptr) return;
     if (!Form().IsRunning()) {
         EndRun(WhyStopped());

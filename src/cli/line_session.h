@@ -32,6 +32,10 @@ class LineSession {
         Refused,   // the instrument's answer has ended the polling
     };
 
+    // Hears of each exchange behind the event that ended it; the grid holds its data. Of a protocol that
+    // judges no replies its verdict says nothing.
+    std::function<void(const Outcome&)> ExchangeEnded;
+
     // Runs the events until `isDone` holds behind one of them, or the session has stopped by itself.
     End Run(const std::function<bool()>& isDone);
     void Quit() { EndRun(End::Done); }
@@ -56,6 +60,9 @@ class LineSession {
   private:
     void WireEvents();
     void Tick(int index);
+    void NoteUnjudgedBegin();
+    void TellEndOfUnjudged(Ending ending);
+    void TellEndedExchanges();
     void LookAtSession();
     End WhyStopped();
     void EndRun(End end);
@@ -76,6 +83,8 @@ class LineSession {
     End end_ = End::Done;
     int exchanges_ = 0;
     int unseenReplies_ = 0;
+    std::uint64_t toldOutcomes_ = 0;
+    std::optional<std::size_t> unjudgedAt_;  // where the reply under way begins in ReplyText
 };
 
 }  // namespace commtest

@@ -1,13 +1,13 @@
 #include "cli/poll_report.h"
 
+#include <algorithm>
 #include <array>
 
 #include "cli/answer_words.h"
-#include "cli/printable_text.h"
+#include "cli/scaled_values.h"
 #include "runtime/number.h"
 #include "session/grid_rows.h"
 #include "session/main_form.h"
-#include "session/reply_routing.h"
 
 namespace commtest {
 
@@ -25,29 +25,21 @@ bool HoldsParameter(const Grid& grid, int row) {
     return false;
 }
 
-std::vector<Text> RowOf(const Grid& grid, int row) {
+bool IsWanted(const std::vector<int>& rows, int row) {
+    return rows.empty() || std::find(rows.begin(), rows.end(), row) != rows.end();
+}
+
+std::vector<Text> RowOf(const MainForm& form, int row, const ScaledValues& scaled) {
+    const Grid& grid = form.ParameterGrid();
     std::vector<Text> cells = {WholeText(row)};
-    for (int col = column::kName; col < column::kNewValue; ++col) cells.push_back(grid.Cell(row, col));
+    for (int col = column::kName; col < column::kScaledValue; ++col) cells.push_back(grid.Cell(row, col));
+    cells.push_back(scaled.Of(form, row));
     return cells;
 }
 
-Table StatisticsTable(const MainForm& form) {
-    const auto number = [](TextView heading) { return TableColumn{u"", heading, CellKind::Number}; };
-    Table table;
-    table.columns = {number(u"总计通讯"), number(u"数据不完整"), number(u"校验出错"), number(u"无应答")};
-    table.rows = {{WholeText(form.SendCount), WholeText(form.IncompleteCount),
-                   WholeText(form.CheckErrorCount), WholeText(form.NoReplyCount)}};
-    return table;
-}
-
-void PutStatistics(const MainForm& form, int exchanges, JsonWriter& json) {
-    json.BeginObject();
-    json.PutNumber(u"checkErrors", form.CheckErrorCount);
-    json.PutNumber(u"exchanges", exchanges);
-    json.PutNumber(u"frames", form.SendCount);
-    json.PutNumber(u"incomplete", form.IncompleteCount);
-    json.PutNumber(u"noReply", form.NoReplyCount);
-    json.EndObject();
+CellKind KindOf(int col) {
+    if (col == column::kNumber) return CellKind::Number;
+    return col == column::kScaledValue ? CellKind::Reading : CellKind::Words;
 }
 
 void PutStop(const MainForm& form, JsonWriter& json) {
@@ -60,44 +52,37 @@ void PutStop(const MainForm& form, JsonWriter& json) {
     json.EndObject();
 }
 
-std::string JsonReport(const MainForm& form, const LineOptions& options, int exchanges) {
+}  // namespace
+
+Table GridTable(const MainForm& form, const ReportedRows& reported) {
+    const Grid& grid = form.ParameterGrid();
+    Table table;
+    for (int col = 0; col < column::kNewValue; ++col) {
+        table.columns.push_back({kKeys[static_cast<std::size_t>(col)], grid.Cell(0, col), KindOf(col)});
+    }
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (!HoldsParameter(grid, row) || !IsWanted(reported.rows, row)) continue;
+        table.rows.push_back(RowOf(form, row, reported.scaled));
+    }
+    return table;
+}
+
+std::string PollReport(const MainForm& form, const LineOptions& options, const Statistics& statistics,
+                       const ReportedRows& reported) {
     JsonWriter json(kJsonInLines);
     json.BeginObject();
     json.PutNumber(u"address", QString::fromStdU16String(options.address).toInt());
     json.PutText(u"instrument", options.instrument);
     json.PutKey(u"parameters");
-    PutTable(GridTable(form), json);
+    PutTable(GridTable(form, reported), json);
     json.PutText(u"port", options.port);
     json.PutText(u"protocol", options.protocol);
     json.PutText(u"settings", options.settings);
     json.PutKey(u"statistics");
-    PutStatistics(form, exchanges, json);
+    PutStatistics(statistics, json);
     if (form.LastStop().cause == StopCause::Exception) PutStop(form, json);
     json.EndObject();
     return json.Take();
-}
-
-}  // namespace
-
-Table GridTable(const MainForm& form) {
-    const Grid& grid = form.ParameterGrid();
-    Table table;
-    for (int col = 0; col < column::kNewValue; ++col) {
-        const CellKind kind = col == column::kNumber ? CellKind::Number : CellKind::Words;
-        table.columns.push_back({kKeys[static_cast<std::size_t>(col)], grid.Cell(0, col), kind});
-    }
-    for (int row = 1; row < grid.Rows(); ++row) {
-        if (HoldsParameter(grid, row)) table.rows.push_back(RowOf(grid, row));
-    }
-    return table;
-}
-
-std::string PollReport(MainForm& form, const LineOptions& options, int exchanges, Format format) {
-    if (format == Format::Json) return JsonReport(form, options, exchanges);
-    const std::string table = Printed(GridTable(form), format) + "\n";
-    if (format == Format::Csv) return table + Printed(StatisticsTable(form), format);
-    ShowStatistics(form);
-    return table + PrintableText(form.ConCommMessage[2].Value()) + "\n";
 }
 
 }  // namespace commtest

@@ -4,8 +4,6 @@
 
 #include "cli/answer_words.h"
 #include "cli/interrupt.h"
-#include "cli/poll_report.h"
-#include "cli/record_stream.h"
 #include "session/start_stop.h"
 
 namespace commtest {
@@ -34,22 +32,6 @@ std::chrono::milliseconds DurationOf(const Arguments& arguments) {
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
-void TakeRecordOptions(const Arguments& arguments, RunOptions& options) {
-    const bool isNamed = arguments.Has(u"record");
-    options.record.goesOnBehind = arguments.Has(u"append");
-    if (isNamed) options.record.path = arguments.Value(u"record");
-    const bool isResult = options.record.path == u"-";
-    if (options.record.goesOnBehind && (!isNamed || isResult)) {
-        throw arguments.BadUsage(u"选项 --append 要和 --record 文件 一起用"_s);
-    }
-    if (!isResult) return;
-    options.record.path.clear();
-    if (options.format != Format::Plain) {
-        throw arguments.BadUsage(
-            u"选项 --record - 和 --format %1 只能用一个"_s.arg(arguments.Value(u"format")));
-    }
-}
-
 // What --strict does not let pass. A wrong check word is one by its verdict: not every protocol counts it.
 bool HasFailed(const Outcome& outcome) {
     return outcome.verdict.answer == Answer::Refused || outcome.verdict.check == CheckWord::Wrong;
@@ -70,12 +52,11 @@ void TellStop(const MainForm& form, Console& console) {
 
 // Polls to the end that the options set, or that the user, the port or an error brings. What is shown of it
 // follows at the pace of a reader's eye, not of the line.
-LineSession::End RunPoll(LineSession& line, const RunOptions& options, RecordStream& record,
-                         Console& console) {
+LineSession::End RunPoll(LineSession& line, const RunOptions& options, RunOutput& output, Console& console) {
     MainForm& form = line.Form();
     QTimer refresh;
     QObject::connect(&refresh, &QTimer::timeout, [&] {
-        if (!record.Flush()) line.Quit();
+        if (!output.Flush()) line.Quit();
         console.ShowLive(form.ConCommMessage[1].Value() + u"  " + form.ConCommMessage[0].Value());
     });
     refresh.start(kRefreshPeriod);
@@ -133,14 +114,14 @@ void ChooseReading(MainForm& form, const ReadingOptions& options) {
 }
 
 const OptionList& RunOptionList() {
-    static const OptionList kOptions = {
-        {u"exchanges", u"N", u"通讯 N 次后结束"},
-        {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
-        {u"record", u"文件|-", u"把通讯记录写入文件，只取代以前的通讯记录；- 为标准输出"},
-        {u"append", {}, u"通讯记录接在文件原有的记录之后"},
-        {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出只有参数表和统计，没有记录",
-         u"text"},
-        {u"strict", u"", u"有不完整、校验出错、无应答或拒绝的回答时退出状态为 1"}};
+    static const OptionList kOptions = [] {
+        OptionList options = {
+            {u"exchanges", u"N", u"通讯 N 次后结束"},
+            {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
+            {u"strict", u"", u"有不完整、校验出错、无应答或拒绝的回答时退出状态为 1"}};
+        options.insert(options.end(), OutputOptionList().begin(), OutputOptionList().end());
+        return options;
+    }();
     return kOptions;
 }
 
@@ -152,33 +133,26 @@ RunOptions RunOptionsOf(const Arguments& arguments) {
     if (arguments.Has(u"exchanges"))
         options.exchanges = arguments.WholeNumber(u"exchanges", 1, 2'000'000'000);
     if (arguments.Has(u"seconds")) options.duration = DurationOf(arguments);
-    options.format = FormatOf(arguments);
-    TakeRecordOptions(arguments, options);
+    options.output = OutputOptionsOf(arguments);
     options.isStrict = arguments.Has(u"strict");
     return options;
 }
 
 ExitStatus PollAndReport(LineSession& line, const LineOptions& shown, const RunOptions& options,
                          Console& console) {
-    OutputName recordFile = options.record;
-    recordFile.programFolder = shown.folder;
-    RecordStream record(console, options.format == Format::Plain, recordFile);
-    MainForm& form = line.Form();
-    int failedReplies = 0;
-    form.Record().BlockFinished = [&](const RecordBlock& block) {
-        record.Add(block.text);
-        if (block.outcome != nullptr && HasFailed(*block.outcome)) ++failedReplies;
+    RunOutput output(line, shown, options.output, console);
+    int failures = 0;
+    const auto tellOutput = line.ExchangeEnded;
+    line.ExchangeEnded = [&](const Outcome& outcome) {
+        if (HasFailed(outcome)) ++failures;
+        tellOutput(outcome);
     };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
-    const LineSession::End end = RunPoll(line, options, record, console);
+    const LineSession::End end = RunPoll(line, options, output, console);
     if (end == LineSession::End::NoPort) return ExitStatus::NoAccess;
-    record.Flush();
-    LineOptions told = shown;
-    told.address = form.ConMeterAddr.Value();
-    console.Print(PollReport(form, told, line.Exchanges(), options.format));
-    record.Finish();
-    if (end == LineSession::End::Refused) TellStop(form, console);
-    return StatusOf(end, options.isStrict && HasFailures(line, failedReplies));
+    output.Finish();
+    if (end == LineSession::End::Refused) TellStop(line.Form(), console);
+    return StatusOf(end, options.isStrict && HasFailures(line, failures));
 }
 
 }  // namespace commtest

@@ -4,8 +4,7 @@
 #include <chrono>
 
 #include "cli/line_session.h"
-#include "cli/output_file.h"
-#include "cli/table.h"
+#include "cli/run_output.h"
 
 namespace commtest {
 
@@ -23,8 +22,7 @@ void ChooseReading(MainForm& form, const ReadingOptions& options);
 struct RunOptions {
     int exchanges = 0;                      // 0: no end
     std::chrono::milliseconds duration{0};  // 0: no end
-    OutputName record;                      // its folder is that of the line
-    Format format = Format::Plain;
+    OutputOptions output;
     bool isStrict = false;
 };
 

@@ -1,5 +1,6 @@
 #include "cli/search_report.h"
 
+#include "cli/check_key.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -10,12 +11,12 @@ constexpr std::int64_t kMicroseconds = 1000;  // of a millisecond
 constexpr std::size_t kShownBytes = 16;
 
 Text WordsOn(CheckWord check, Format format) {
-    const bool isJson = format == Format::Json;
+    if (format == Format::Json) return Text(KeyOf(check));
     switch (check) {
-        case CheckWord::Right: return isJson ? u"right" : u"正确";
-        case CheckWord::Wrong: return isJson ? u"wrong" : u"错误";
-        case CheckWord::None: return isJson ? u"none" : u"没有";
-        default: return isJson ? u"notJudged" : u"未判断";
+        case CheckWord::Right: return u"正确";
+        case CheckWord::Wrong: return u"错误";
+        case CheckWord::None: return u"没有";
+        default: return u"未判断";
     }
 }
 

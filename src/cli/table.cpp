@@ -62,14 +62,30 @@ std::string CsvField(const Text& cell) {
     return "\"" + field + "\"";
 }
 
+std::vector<Text> Keys(const Table& table) {
+    std::vector<Text> keys;
+    for (const TableColumn& column : table.columns) keys.emplace_back(column.key);
+    return keys;
+}
+
+bool IsUndecided(const TableColumn& column, const Text& cell) {
+    return column.kind == CellKind::Reading && cell == kUndecided;
+}
+
 std::string PrintedCsv(const Table& table) {
-    std::string printed = CsvLine(Headings(table));
-    for (const auto& row : table.rows) printed += CsvLine(row);
+    std::string printed = CsvLine(Keys(table));
+    for (std::vector<Text> row : table.rows) {
+        for (std::size_t c = 0; c < row.size(); ++c) {
+            if (IsUndecided(table.columns[c], row[c])) row[c].clear();
+        }
+        printed += CsvLine(row);
+    }
     return printed;
 }
 
-void PutCell(const Text& cell, CellKind kind, JsonWriter& json) {
-    switch (kind) {
+void PutCell(const Text& cell, const TableColumn& column, JsonWriter& json) {
+    if (IsUndecided(column, cell)) return json.PutNull();
+    switch (column.kind) {
         case CellKind::Number: return json.PutNumber(QString::fromStdU16String(cell).toInt());
         case CellKind::YesNo: return json.PutYesNo(cell == u"是");
         default: return json.PutText(cell);
@@ -83,6 +99,16 @@ std::vector<std::size_t> ColumnsByKey(const Table& table) {
         return table.columns[one].key < table.columns[other].key;
     });
     return columns;
+}
+
+void PutRow(const Table& table, const std::vector<Text>& row, const std::vector<std::size_t>& columns,
+            JsonWriter& json) {
+    json.BeginObject();
+    for (const std::size_t c : columns) {
+        json.PutKey(table.columns[c].key);
+        PutCell(row[c], table.columns[c], json);
+    }
+    json.EndObject();
 }
 
 std::string PrintedJson(const Table& table) {
@@ -126,15 +152,12 @@ std::string Printed(const Table& table, Format format) {
 void PutTable(const Table& table, JsonWriter& json) {
     const std::vector<std::size_t> columns = ColumnsByKey(table);
     json.BeginArray();
-    for (const auto& row : table.rows) {
-        json.BeginObject();
-        for (const std::size_t c : columns) {
-            json.PutKey(table.columns[c].key);
-            PutCell(row[c], table.columns[c].kind, json);
-        }
-        json.EndObject();
-    }
+    for (const auto& row : table.rows) PutRow(table, row, columns, json);
     json.EndArray();
+}
+
+void PutOnlyRow(const Table& table, JsonWriter& json) {
+    PutRow(table, table.rows.front(), ColumnsByKey(table), json);
 }
 
 std::string CsvLine(const std::vector<Text>& cells) {

@@ -2,6 +2,7 @@
 #include "cli/line_session.h"
 #include "cli/parameter_writes.h"
 #include "cli/printable_text.h"
+#include "cli/row_choice.h"
 #include "cli/verb.h"
 
 namespace commtest {
@@ -10,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLargestRow = 32767;
 constexpr int kLargestWriteType = 2;
 
 OptionList WriteOptionList() {
@@ -28,31 +28,6 @@ OptionList WriteOptionList() {
          {u"write-type", u"0|1|2", u"四字节参数的写法: 0 分两次写双字节，1 一次写四字节，2 批量写", u"1"},
          {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出没有通讯记录", u"text"}});
     return options;
-}
-
-std::vector<int> RowsNamed(const MainForm& form, const Text& name) {
-    const Grid& grid = form.ParameterGrid();
-    std::vector<int> rows;
-    for (int row = 1; row < grid.Rows(); ++row) {
-        if (grid.Cell(row, column::kName) == name) rows.push_back(row);
-    }
-    return rows;
-}
-
-int RowOfWord(const MainForm& form, const QString& word) {
-    bool isNumber = false;
-    const int row = word.toInt(&isNumber);
-    if (isNumber && row >= 1 && row <= kLargestRow) return row;
-    const std::vector<int> rows = RowsNamed(form, word.toStdU16String());
-    if (rows.size() == 1) return rows.front();
-    if (rows.empty()) {
-        throw Problem(ExitStatus::BadUsage,
-                      u"没有参数 \"%1\"。名称和行号请看 commtest-cli list parameters"_s.arg(word));
-    }
-    QStringList numbers;
-    for (const int each : rows) numbers += QString::number(each);
-    throw Problem(ExitStatus::BadUsage,
-                  u"参数 \"%1\" 有多行: %2。请用行号"_s.arg(word, numbers.join(u"、"_s)));
 }
 
 struct WriteWord {

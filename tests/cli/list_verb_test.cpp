@@ -60,20 +60,21 @@ TEST(ListVerb, ProtocolWhoseCodeIsNoNumberIsListedAllTheSame) {
 
 TEST(ListVerb, InstrumentsOfEveryProtocolOrOfOne) {
     const Outcome all = RunInFolder({"list", "instruments", "--format", "csv"});
-    EXPECT_THAT(all.results, StartsWith("仪表名称,协议,编号\n"));
+    EXPECT_THAT(all.results, StartsWith("name,protocol,code\n"));
     EXPECT_THAT(all.results, HasSubstr("\nHX-D12智能光柱显示仪,TQ仪表协议-定制累加和,12000103\n"));
     EXPECT_THAT(all.results, HasSubstr("\nHX-N41电炉控制仪,"));
 
     const Outcome one = RunInFolder(
         {"list", "instruments", "--protocol", QString::fromUtf8("TQ仪表协议-定制累加和"), "--format", "csv"});
-    EXPECT_EQ(one.results, "仪表名称,协议,编号\nHX-D12智能光柱显示仪,TQ仪表协议-定制累加和,12000103\n");
+    EXPECT_EQ(one.results, "name,protocol,code\nHX-D12智能光柱显示仪,TQ仪表协议-定制累加和,12000103\n");
 }
 
 TEST(ListVerb, ParametersStandWithTheirRows) {
     const Outcome outcome = RunInFolder(
         {"list", "parameters", "--instrument", QString::fromUtf8("HX-D12智能光柱显示仪"), "--format", "csv"});
-    EXPECT_THAT(outcome.results, StartsWith("序号,参数名称,地址,长度,属性,小数点,上限值,下限值\n"
-                                            "1,仪表型号,2001,2,R,0,,\n"));
+    EXPECT_THAT(outcome.results,
+                StartsWith("row,name,address,length,attribute,decimals,upperLimit,lowerLimit\n"
+                           "1,仪表型号,2001,2,R,0,,\n"));
     EXPECT_THAT(outcome.results, HasSubstr("\n12,量程下限,2022,2,RW,1020,9999,-1999\n"));
 }
 

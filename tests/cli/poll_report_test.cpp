@@ -1,4 +1,5 @@
 #include "cli/poll_report.h"
+#include "cli/scaled_values.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +18,6 @@ class PollReportTest : public ::testing::Test {
         form.ParameterGrid().SetCell(1, column::kName, u"测量值");
         form.ParameterGrid().SetCell(1, column::kAddress, u"0010");
         form.ParameterGrid().SetCell(1, column::kScaledValue, u"144.9");
-        form.SendCount = 12;
-        form.IncompleteCount = 1;
-        form.CheckErrorCount = 2;
-        form.NoReplyCount = 3;
         options.protocol = u"TQ仪表协议";
         options.instrument = u"HX";
         options.address = u"7";
@@ -31,10 +28,12 @@ class PollReportTest : public ::testing::Test {
     testing::FormBench bench;
     MainForm& form = bench.form;
     LineOptions options;
+    ScaledValues scaled;
+    ReportedRows reported = {{}, scaled};
 };
 
 TEST_F(PollReportTest, JsonHasTheMembersInTheOrderOfTheirKeys) {
-    EXPECT_EQ(PollReport(form, options, 9, Format::Json),
+    EXPECT_EQ(PollReport(form, options, {2, 9, 12, 1, 3}, reported),
               "{\n"
               "    \"address\": 7,\n"
               "    \"instrument\": \"HX\",\n"
@@ -65,13 +64,18 @@ TEST_F(PollReportTest, JsonHasTheMembersInTheOrderOfTheirKeys) {
               "}\n");
 }
 
-TEST_F(PollReportTest, CsvHasTheStatisticsBehindAnEmptyLine) {
-    EXPECT_EQ(PollReport(form, options, 9, Format::Csv),
-              "序号,参数名称,地址,长度,属性,小数点,RE 读值,RR/RD 读值,计算值,小数点修正值\n"
-              "1,测量值,0010,,,,,,,144.9\n"
-              "\n"
-              "总计通讯,数据不完整,校验出错,无应答\n"
-              "12,1,2,3\n");
+TEST_F(PollReportTest, CsvHasTheKeysOfTheObjects) {
+    EXPECT_EQ(Printed(GridTable(form, reported), Format::Csv),
+              "row,name,address,length,attribute,decimals,singleRead,groupRead,value,scaledValue\n"
+              "1,测量值,0010,,,,,,,144.9\n");
+}
+
+TEST_F(PollReportTest, RowsWantedStandAlone) {
+    form.ParameterGrid().SetCell(3, column::kName, u"峰值");
+    const ReportedRows third = {{3}, scaled};
+    EXPECT_EQ(Printed(GridTable(form, third), Format::Csv),
+              "row,name,address,length,attribute,decimals,singleRead,groupRead,value,scaledValue\n"
+              "3,峰值,,,,,,,,\n");
 }
 
 }  // namespace

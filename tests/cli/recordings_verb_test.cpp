@@ -55,9 +55,9 @@ class RecordingsVerb : public ::testing::Test {
     QtStore store;
 };
 
-constexpr const char* kHeadings = "仪表名称,说明,协议,首日,末日,条数,已删除\n";
+constexpr const char* kHeadings = "instrument,note,protocol,firstDate,lastDate,exchanges,deleted\n";
 constexpr const char* kAll =
-    "仪表名称,说明,协议,首日,末日,条数,已删除\n"
+    "instrument,note,protocol,firstDate,lastDate,exchanges,deleted\n"
     "A,BENCH,P,2024-05-06,2024-05-06,2,0\n"
     "A',O'NOTE,P,2024-05-06,2024-05-06,1,0\n"
     "B,BENCH,P,2024-05-06,2024-05-06,1,1\n";
@@ -75,9 +75,9 @@ TEST_F(RecordingsVerb, ListCountsThePairsAndTheDeletedOnes) { EXPECT_EQ(List(), 
 
 TEST_F(RecordingsVerb, ShowGivesThePairsOfANoteInAnyCase) {
     EXPECT_EQ(Run({"show", "--instrument", "A", "--note", "bench", "--format", "csv"}).results,
-              "采集日期,行,指令,回送,有效\n2024-05-06,6,40,41,是\n2024-05-06,6,40,42,是\n");
+              "date,row,request,reply,valid\n2024-05-06,6,40,41,是\n2024-05-06,6,40,42,是\n");
     EXPECT_EQ(Run({"show", "--instrument", "A'", "--note", "o'note", "--format", "csv"}).results,
-              "采集日期,行,指令,回送,有效\n2024-05-06,6,40,44,是\n");
+              "date,row,request,reply,valid\n2024-05-06,6,40,44,是\n");
 }
 
 TEST_F(RecordingsVerb, WhatIsNotThereIsBadUsage) {

@@ -33,7 +33,7 @@ TEST(SearchReport, JsonIsAnArrayOfHitsThatNamesTheCheckWord) {
 
 TEST(SearchReport, CsvHasALineAHit) {
     EXPECT_EQ(SearchReport(TwoHits(), Format::Csv),
-              "地址,波特率,应答时间 ms,校验码,开头的字节\n"
+              "address,baud,replyTime,checkWord,firstBytes\n"
               "7,9600,18,正确,40 30 37 52 44 31 31 0D\n"
               "9,19200,601,错误,40 0D\n");
 }
@@ -42,7 +42,7 @@ TEST(SearchReport, CheckWordsThatAreMissingOrNotJudgedAreTold) {
     const std::vector<SearchHit> hits = {{1, u"1200", 0, u" 01", CheckWord::None},
                                          {2, u"1200", 0, u" 02", CheckWord::NotJudged}};
     EXPECT_EQ(SearchReport(hits, Format::Csv),
-              "地址,波特率,应答时间 ms,校验码,开头的字节\n"
+              "address,baud,replyTime,checkWord,firstBytes\n"
               "1,1200,0,没有,01\n"
               "2,1200,0,未判断,02\n");
     const std::string json = SearchReport(hits, Format::Json);
@@ -54,7 +54,7 @@ TEST(SearchReport, LongReplyIsShownByItsFirstSixteenBytes) {
     HexText reply;
     for (int i = 0; i < 20; ++i) reply += u" 41";
     EXPECT_EQ(SearchReport({{1, u"9600", 0, reply, CheckWord::Right}}, Format::Csv),
-              "地址,波特率,应答时间 ms,校验码,开头的字节\n"
+              "address,baud,replyTime,checkWord,firstBytes\n"
               "1,9600,0,正确,41 41 41 41 41 41 41 41 41 41 41 41 41 41 41 41\n");
 }
 

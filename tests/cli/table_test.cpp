@@ -30,7 +30,7 @@ TEST(Printed, PlainTextHasItsColumnsSideBySide) {
 
 TEST(Printed, CsvQuotesWhatNeedsIt) {
     EXPECT_EQ(Printed(SmallTable(), Format::Csv),
-              "序号,名称,可用\n"
+              "row,name,usable\n"
               "7,测量值,是\n"
               "11,\"a,\"\"b\"\"\",否\n");
 }
@@ -38,13 +38,13 @@ TEST(Printed, CsvQuotesWhatNeedsIt) {
 TEST(Printed, CsvKeepsEmptyCells) {
     Table table = SmallTable();
     table.rows = {{u"1", u"", u""}};
-    EXPECT_EQ(Printed(table, Format::Csv), "序号,名称,可用\n1,,\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "row,name,usable\n1,,\n");
 }
 
 TEST(Printed, CsvKeepsAnEmptyFirstCell) {
     Table table = SmallTable();
     table.rows = {{u"", u"x", u""}};
-    EXPECT_EQ(Printed(table, Format::Csv), "序号,名称,可用\n,x,\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "row,name,usable\n,x,\n");
 }
 
 TEST(Printed, JsonIsAnArrayOfObjects) {
@@ -60,14 +60,24 @@ TEST(Printed, TableWithoutRowsHasItsHeadings) {
     Table table = SmallTable();
     table.rows.clear();
     EXPECT_EQ(Printed(table, Format::Plain), "序号  名称  可用\n");
-    EXPECT_EQ(Printed(table, Format::Csv), "序号,名称,可用\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "row,name,usable\n");
     EXPECT_EQ(Printed(table, Format::Json), "[\n]\n");
+}
+
+TEST(Printed, UndecidedReadingIsNullAndAnEmptyField) {
+    Table table;
+    table.columns = {{u"a", u"甲", CellKind::Reading}, {u"b", u"乙"}};
+    table.rows = {{u"未定", u"未定"}};
+    EXPECT_EQ(Printed(table, Format::Plain), "甲    乙\n未定  未定\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "a,b\n,未定\n");
+    EXPECT_EQ(Printed(table, Format::Json),
+              "[\n    {\n        \"a\": null,\n        \"b\": \"未定\"\n    }\n]\n");
 }
 
 TEST(Printed, NoControlCharacterComesThrough) {
     const Table table = TableOfOneCell(u"\x1B\u009B\x7F");
     EXPECT_EQ(Printed(table, Format::Plain), "C\n\\1B\\9B\\7F\n");
-    EXPECT_EQ(Printed(table, Format::Csv), "C\n\\1B\\9B\\7F\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "cell\n\\1B\\9B\\7F\n");
     EXPECT_EQ(Printed(table, Format::Json),
               "[\n    {\n        \"cell\": \"\\u001B\\u009B\\u007F\"\n    }\n]\n");
 }
@@ -75,7 +85,7 @@ TEST(Printed, NoControlCharacterComesThrough) {
 TEST(Printed, LineEndInACellStaysInsideItsField) {
     const Table table = TableOfOneCell(u"a\r\nb");
     EXPECT_EQ(Printed(table, Format::Plain), "C\na b\n");
-    EXPECT_EQ(Printed(table, Format::Csv), "C\n\"a\nb\"\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "cell\n\"a\nb\"\n");
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ class ListTest(unittest.TestCase):
         self.assertIn("\n已导入 2 台仪表，3 个参数\n数据库重置完毕！\n", run.stdout)
         self.assertEqual((self.folder / "OutTQ.ini").read_bytes(), WRITTEN)
         listed = self.run_cli("list", "parameters", "--instrument", "EXAMPLE-METER", "--format", "csv")
-        self.assertEqual(listed.stdout, "序号,参数名称,地址,长度,属性,小数点,上限值,下限值\n"
+        self.assertEqual(listed.stdout, "row,name,address,length,attribute,decimals,upperLimit,lowerLimit\n"
                          "1,测量值,0010,2,R,0020,,\n2,LOW:  ALARM,0011,2,RW,0,9999,-1999\n")
 
     def test_restore_brings_the_former_catalogue_back(self):

@@ -47,15 +47,14 @@ class PollTest(CommandLineTest):
             run = self.poll(simulator.device, "--exchanges", 1, "--show", "hex")
         self.assertIn("发送:  40 30 31 52 44 31 37 0D   收到: \n40 30 31 52 44 ", run.output)
 
-    def test_csv_has_the_grid_and_the_statistics_and_no_record(self):
+    def test_csv_has_the_grid_alone_and_the_statistics_stand_apart(self):
         with self.simulate(values=VALUES) as simulator:
             run = self.poll(simulator.device, "--exchanges", 3, "--format", "csv")
-        grid, statistics = run.output.split("\n\n")
-        rows = list(csv.reader(io.StringIO(grid)))
-        self.assertEqual(rows[0], ["序号", "参数名称", "地址", "长度", "属性", "小数点", "RE 读值", "RR/RD 读值", "计算值",
-                                   "小数点修正值"])
+        rows = list(csv.reader(io.StringIO(run.output)))
+        self.assertEqual(rows[0], ["row", "name", "address", "length", "attribute", "decimals", "singleRead", "groupRead",
+                                   "value", "scaledValue"])
         self.assertEqual(rows[6], ["6", "测量值", "0010", "2", "D", "0020", "", "D284", "-1234", "-123.4"])
-        self.assertEqual(statistics, "总计通讯,数据不完整,校验出错,无应答\n3,0,0,0\n")
+        self.assertEqual(run.problem_lines, ["总计通讯: 3 次         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0.00 %"])
 
     def test_bytes_that_ask_for_the_next_part_are_no_exchanges(self):
         with self.simulate(part_length=20) as simulator:

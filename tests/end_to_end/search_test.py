@@ -52,7 +52,7 @@ class SearchTest(CommandLineTest):
                 run = self.search(simulator.device, "--from", 2, "--to", 2, "--baud", "2400,9600", *options,
                                   "--format", "csv")
                 rows = list(csv.DictReader(io.StringIO(run.output)))
-                self.assertEqual([row["波特率"] for row in rows], rates)
+                self.assertEqual([row["baud"] for row in rows], rates)
 
     def test_nothing_found_is_status_1(self):
         with Simulator(self.outer.name, bus(SIX[:1])) as simulator:
