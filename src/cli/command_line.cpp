@@ -117,6 +117,7 @@ ExitStatus RunWords(const QStringList& words, Console& console) {
 ExitStatus RunAndTell(const QStringList& words, Console& console) {
     try {
         const ExitStatus status = RunWords(words, console);
+        if (!console.Flush() && console.HasNoReader()) return ExitStatus::NoReader;
         if (!console.Flush()) throw Problem(ExitStatus::NoAccess, u"结果写不出去，请检查标准输出"_s);
         return status;
     } catch (const Problem& problem) {

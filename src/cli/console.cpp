@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <cerrno>
 #include <istream>
 #include <ostream>
 
@@ -12,17 +13,31 @@ Console::Console(const ConsoleInput& input, std::ostream& results, std::ostream&
 
 void Console::Print(const std::string& text) {
     HideLive();
+    if (!TakesResults()) return;
+    errno = 0;
     results_ << text;
+    NoteFailure();
 }
 
-bool Console::Flush() { return static_cast<bool>(results_.flush()); }
+void Console::NoteFailure() {
+    if (!TakesResults() && errno == EPIPE) hasNoReader_ = true;
+}
+
+bool Console::Flush() {
+    if (!TakesResults()) return false;
+    errno = 0;
+    results_.flush();
+    NoteFailure();
+    return TakesResults();
+}
 
 bool Console::TakesResults() const { return static_cast<bool>(results_); }
 
 void Console::Tell(TextView line) {
     if (line.empty()) return;
     HideLive();
-    results_.flush();
+    Flush();
+    if (hasNoReader_) return;
     problems_ << PrintableLine(line) + "\n" << std::flush;
 }
 

@@ -35,6 +35,8 @@ class Console {
 
     // False once results could not be written.
     bool TakesResults() const;
+    // Because nobody reads them any more.
+    bool HasNoReader() const { return hasNoReader_; }
 
     // One line for the user; nothing for an empty one.
     void Tell(TextView line);
@@ -48,10 +50,13 @@ class Console {
     void HideLive();
 
   private:
+    void NoteFailure();
+
     ConsoleInput input_;
     std::ostream& results_;
     std::ostream& problems_;
     int liveWidth_;
+    bool hasNoReader_ = false;
     int shownWidth_ = 0;  // of the live line, 0 while there is none
 };
 

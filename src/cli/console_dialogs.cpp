@@ -12,7 +12,10 @@ void ConsoleDialogs::ShowMessage(const Text& text, const Text& detail) {
     console_.Tell(text + u" " + detail);
 }
 
-void ConsoleDialogs::ShowNotice(const Notice& notice) { console_.Tell(WordsOn(notice)); }
+void ConsoleDialogs::ShowNotice(const Notice& notice) {
+    const bool isWaitedFor = WaitsForPort && notice.kind == Notice::Kind::PortLost;
+    console_.Tell(isWaitedFor ? Text(u"串口已断开，等待它重新连接") : WordsOn(notice));
+}
 
 void ConsoleDialogs::ShowError(int, const Text& standardMessage) {
     console_.Tell(standardMessage + u" " + ReasonOfError);

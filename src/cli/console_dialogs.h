@@ -16,6 +16,8 @@ class ConsoleDialogs : public Dialogs {
     Text ReasonOfError;
     // Messages that begin so say what the verb itself says, or speak of buttons: they are left out.
     std::vector<Text> Unsaid;
+    // A port that has gone is waited for.
+    bool WaitsForPort = false;
 
     void ShowMessage(const Text& text, const Text& detail) override;
     void ShowNotice(const Notice& notice) override;

@@ -6,6 +6,7 @@
 #include "catalogue/channel_table.h"
 #include "cli/statistics.h"
 #include "cli/time_stamp.h"
+#include "cli/traced_port.h"
 #include "replay/recording_file.h"
 #include "session/texts.h"
 
@@ -71,6 +72,7 @@ QString NameOf(OutputKind kind) {
     switch (kind) {
         case OutputKind::Record: return u"通讯记录"_s;
         case OutputKind::Statistics: return u"统计"_s;
+        case OutputKind::Trace: return u"线路跟踪"_s;
         case OutputKind::Recording: return u"演示数据"_s;
         case OutputKind::ParameterList: return u"参数表"_s;
         default: return u"通道表"_s;
@@ -81,6 +83,7 @@ bool IsEarlierOutput(OutputKind kind, QIODevice& file) {
     switch (kind) {
         case OutputKind::Record: return BeginsLikeRecord(file);
         case OutputKind::Statistics: return IsStatisticsFile(file.peek(kLongestBlock));
+        case OutputKind::Trace: return file.peek(kLongestBlock).startsWith(kTraceHeading);
         case OutputKind::Recording: return BeginsLikeRecording(file);
         case OutputKind::ParameterList: return BeginsLikeList(file);
         default: return HasLinesOfChannels(file);

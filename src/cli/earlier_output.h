@@ -6,7 +6,7 @@
 namespace commtest {
 
 // What an option writes into the file that it names.
-enum class OutputKind { Record, Statistics, Recording, ParameterList, ChannelTable };
+enum class OutputKind { Record, Statistics, Trace, Recording, ParameterList, ChannelTable };
 
 QString NameOf(OutputKind kind);  // "通讯记录"
 

@@ -1,6 +1,8 @@
 #include "cli/line_session.h"
 
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
 
 #include "cli/catalogue_access.h"
 #include "cli/instrument_choice.h"
@@ -17,7 +19,7 @@ LineSession::LineSession(const LineOptions& options, Console& console)
       files_(options.folder),
       port_(options.devices),
       dialogs_(console),
-      session_({port_, dialogs_, clock_, files_, store_, settings_, program_}) {
+      session_({traced_, dialogs_, clock_, files_, store_, settings_, program_}) {
     OpenCatalogueOf(files_, store_);
     ChooseInstrument(Form(), options);
     ShowStoredPortSettings(Form(), options.settings + u" " + options.port);
@@ -34,6 +36,11 @@ void LineSession::WireEvents() {
         PortIsLost(Form(), reason);
         LookAtSession();
     };
+    port_.IsBack = [this](const Text&) {
+        isPortBack_ = true;
+        if (isWaitingForPort_) loop_.quit();
+    };
+    port_.IsGoneAgain = [this] { isPortBack_ = false; };
     Form().StatusNote.Change = [this] { console_.Tell(WordsOn(Form().StatusNote.Value())); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
         timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
@@ -45,11 +52,10 @@ void LineSession::WireEvents() {
 void LineSession::Tick(int index) {
     if (isDone_ == nullptr) return;
     const bool beginsExchange = index == 1 && IsBetweenExchanges();
+    if (beginsExchange && FrameIsNext) FrameIsNext();
     const auto framesBefore = Form().SendCount;
     const bool isWaiting = Form().CycleStep == cycle_step::kWaiting;
     TimerTicks(Form(), index);
-    const bool hasGivenUp = index == 1 && isWaiting && IsBetweenExchanges();
-    if (hasGivenUp && Form().ProtocolInUse().judge == nullptr) ++unseenReplies_;
     if (IsBetweenExchanges()) TellEndOfUnjudged(isWaiting ? Ending::Silent : Ending::Incomplete);
     if (beginsExchange && Form().SendCount != framesBefore) {
         ++exchanges_;
@@ -114,6 +120,29 @@ LineSession::End LineSession::Run(const std::function<bool()>& isDone) {
     isDone_ = &isDone;
     loop_.exec();
     return end_;
+}
+
+void LineSession::Quit() {
+    if (isWaitingForPort_) loop_.quit();
+    EndRun(End::Done);
+}
+
+// A device that is found again may refuse its first opening all the same.
+bool LineSession::WaitForPort() {
+    constexpr auto kTimeBetweenOpenings = std::chrono::seconds(1);
+    QTimer nextOpening;
+    nextOpening.setSingleShot(true);
+    QObject::connect(&nextOpening, &QTimer::timeout, &loop_, [this] {
+        isPortBack_ = true;
+        loop_.quit();
+    });
+    unjudgedAt_.reset();
+    isPortBack_ = false;
+    if (WhyStopped() == End::NoPort) nextOpening.start(kTimeBetweenOpenings);
+    isWaitingForPort_ = true;
+    loop_.exec();
+    isWaitingForPort_ = false;
+    return isPortBack_;
 }
 
 void LineSession::Stop() {

@@ -6,6 +6,7 @@
 #include "app/session.h"
 #include "cli/console_dialogs.h"
 #include "cli/line_options.h"
+#include "cli/traced_port.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
 #include "host_qt/qt_program.h"
@@ -35,10 +36,26 @@ class LineSession {
     // Hears of each exchange behind the event that ended it; the grid holds its data. Of a protocol that
     // judges no replies its verdict says nothing.
     std::function<void(const Outcome&)> ExchangeEnded;
+    // In front of each tick that sends a frame of the cycle.
+    std::function<void()> FrameIsNext;
 
     // Runs the events until `isDone` holds behind one of them, or the session has stopped by itself.
     End Run(const std::function<bool()>& isDone);
-    void Quit() { EndRun(End::Done); }
+    void Quit();
+
+    // Waits for a port that has gone; false if Quit came first.
+    bool WaitForPort();
+    bool IsWaitingForPort() const { return isWaitingForPort_; }
+
+    // What the run has counted beside the session.
+    struct RunCounts {
+        int reconnects = 0;
+        int repetitions = 0;
+    };
+    RunCounts& Counts() { return counts_; }
+
+    // What goes over the line is written down from here on.
+    TracedPort& Trace() { return traced_; }
 
     // The tick behind this call comes as soon as the events run: the cycle's own first interval is for a user
     // who looks on.
@@ -52,8 +69,6 @@ class LineSession {
 
     // Frames of the cycle so far; the bytes that ask for a further part of a reply do not count.
     int Exchanges() const { return exchanges_; }
-    // Waits of a protocol that judges no replies in which nothing has come.
-    int UnseenReplies() const { return unseenReplies_; }
     // The last reply has been judged, or given up on.
     bool IsBetweenExchanges() { return Form().CycleStep == 1; }
 
@@ -71,8 +86,9 @@ class LineSession {
     FolderFiles files_;
     QtStore store_;
     QtSerialPort port_;
-    ConsoleDialogs dialogs_;
     SystemClock clock_;
+    TracedPort traced_{port_, clock_};
+    ConsoleDialogs dialogs_;
     NoSettings settings_;
     QtProgram program_;
     QtTimers timers_;
@@ -81,8 +97,10 @@ class LineSession {
     QEventLoop loop_;
     const std::function<bool()>* isDone_ = nullptr;  // while Run runs
     End end_ = End::Done;
+    bool isWaitingForPort_ = false;
+    bool isPortBack_ = false;
+    RunCounts counts_;
     int exchanges_ = 0;
-    int unseenReplies_ = 0;
     std::uint64_t toldOutcomes_ = 0;
     std::optional<std::size_t> unjudgedAt_;  // where the reply under way begins in ReplyText
 };

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "cli/command_line.h"
+#include "cli/problem.h"
 
 namespace {
 
@@ -37,5 +38,10 @@ int main(int argc, char* argv[]) {
     std::cin.tie(nullptr);
     std::signal(SIGPIPE, SIG_IGN);  // results that nobody reads any more end a verb by its own exit status
     commtest::Console console({std::cin, isatty(STDIN_FILENO) != 0}, std::cout, std::cerr, TerminalWidth());
-    return commtest::RunCommandLine(QCoreApplication::arguments().mid(1), console);
+    const int status = commtest::RunCommandLine(QCoreApplication::arguments().mid(1), console);
+    if (status == static_cast<int>(commtest::ExitStatus::NoReader)) {
+        std::signal(SIGPIPE, SIG_DFL);
+        std::raise(SIGPIPE);
+    }
+    return status;
 }

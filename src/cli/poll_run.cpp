@@ -1,9 +1,12 @@
 #include "cli/poll_run.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include "cli/answer_words.h"
 #include "cli/interrupt.h"
+#include "cli/moment.h"
+#include "cli/read_repetition.h"
 #include "session/start_stop.h"
 
 namespace commtest {
@@ -14,6 +17,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kRefreshPeriod = 100ms;
+constexpr int kMostRetries = 100;
 
 int CommandOf(const Arguments& arguments) {
     static const QStringList kCommands = {u"10"_s, u"20"_s, u"31"_s, u"40"_s, u"50"_s,
@@ -32,15 +36,10 @@ std::chrono::milliseconds DurationOf(const Arguments& arguments) {
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
-// What --strict does not let pass. A wrong check word is one by its verdict: not every protocol counts it.
-bool HasFailed(const Outcome& outcome) {
-    return outcome.verdict.answer == Answer::Refused || outcome.verdict.check == CheckWord::Wrong;
-}
-
-bool HasFailures(LineSession& line, int failedReplies) {
-    const MainForm& form = line.Form();
-    const auto counted = form.IncompleteCount + form.NoReplyCount;
-    return counted > 0 || failedReplies > 0 || line.UnseenReplies() > 0;
+QDateTime UntilOf(const Arguments& arguments) {
+    const auto until = MomentNamed(arguments.Value(u"until"), QDateTime::currentDateTime());
+    if (!until) throw arguments.BadValue(u"until", u" HH:MM[:SS]，或将来的 2026-11-23 06:30"_s);
+    return *until;
 }
 
 void TellStop(const MainForm& form, Console& console) {
@@ -52,35 +51,90 @@ void TellStop(const MainForm& form, Console& console) {
 
 // Polls to the end that the options set, or that the user, the port or an error brings. What is shown of it
 // follows at the pace of a reader's eye, not of the line.
-LineSession::End RunPoll(LineSession& line, const RunOptions& options, RunOutput& output, Console& console) {
-    MainForm& form = line.Form();
-    QTimer refresh;
-    QObject::connect(&refresh, &QTimer::timeout, [&] {
-        if (!output.Flush()) line.Quit();
-        console.ShowLive(form.ConCommMessage[1].Value() + u"  " + form.ConCommMessage[0].Value());
-    });
-    refresh.start(kRefreshPeriod);
+class PollRun {
+  public:
+    PollRun(LineSession& line, const RunOptions& options, RunOutput& output, Console& console)
+        : line_(line),
+          options_(options),
+          output_(output),
+          console_(console),
+          repetition_(line, options.retries, console) {
+        QObject::connect(&refresh_, &QTimer::timeout, [this] { LookUp(); });
+        line.FrameIsNext = [this] { repetition_.BeforeFrame(); };
+        line.ExchangeEnded = [this](const Outcome& outcome) {
+            output_.AddExchange(outcome);
+            repetition_.Note(outcome);
+        };
+        line.Dialogs().WaitsForPort = options.reconnects;
+    }
 
-    bool isTimeUp = false;
-    const auto isDone = [&] {
-        const bool isEnough = options.exchanges > 0 && line.Exchanges() >= options.exchanges;
-        return (isEnough || isTimeUp) && line.IsBetweenExchanges();
-    };
-    QTimer deadline;
-    deadline.setSingleShot(true);
-    QObject::connect(&deadline, &QTimer::timeout, [&] {
-        isTimeUp = true;
-        if (isDone()) line.Quit();
-    });
-    if (options.duration > 0ms) deadline.start(options.duration);
+    LineSession::End Run() {
+        const Interrupt interrupt([this] { Quit(); });
+        began_.start();
+        refresh_.start(kRefreshPeriod);
+        LineSession::End end = RunOnce();
+        while (options_.reconnects && end == LineSession::End::PortLost) {
+            repetition_.NoteLoss();
+            end = Reconnected();
+        }
+        line_.Stop();
+        line_.Counts().repetitions = repetition_.Count();
+        return end;
+    }
 
-    const Interrupt interrupt([&line] { line.Quit(); });
-    line.BeginAtOnce();
-    StartInShortWay(form);
-    const LineSession::End end = line.Run(isDone);
-    line.Stop();
-    return end;
-}
+    bool HasFailed() const { return repetition_.HasFailed(); }
+
+  private:
+    LineSession::End RunOnce() {
+        line_.BeginAtOnce();
+        StartInShortWay(line_.Form());
+        return line_.Run([this] { return IsDone(); });
+    }
+
+    // Opened again as often as it is refused; another end is the end.
+    LineSession::End Reconnected() {
+        for (bool isTold = false;; isTold = true) {
+            if (hasQuit_ || !line_.WaitForPort()) return LineSession::End::Done;
+            if (!isTold) console_.Tell(u"串口已重新连接，第 %1 次"_s.arg(++line_.Counts().reconnects));
+            line_.Dialogs().Unsaid = {u"系统串口被占用"};
+            const LineSession::End end = RunOnce();
+            line_.Dialogs().Unsaid.clear();
+            if (end == LineSession::End::NoPort) continue;
+            return end;
+        }
+    }
+
+    bool IsTimeUp() const {
+        const bool isLongEnough = options_.duration > 0ms && began_.elapsed() >= options_.duration.count();
+        return isLongEnough || (options_.until && QDateTime::currentDateTime() >= *options_.until);
+    }
+
+    bool IsDone() {
+        const bool isEnough =
+            options_.exchanges > 0 && line_.Exchanges() - repetition_.Count() >= options_.exchanges;
+        return line_.IsBetweenExchanges() && (IsTimeUp() || (isEnough && !repetition_.IsDue()));
+    }
+
+    void Quit() {
+        hasQuit_ = true;
+        line_.Quit();
+    }
+
+    void LookUp() {
+        const MainForm& form = line_.Form();
+        if (!output_.Flush() || (line_.IsWaitingForPort() ? IsTimeUp() : IsDone())) Quit();
+        console_.ShowLive(form.ConCommMessage[1].Value() + u"  " + form.ConCommMessage[0].Value());
+    }
+
+    LineSession& line_;
+    const RunOptions& options_;
+    RunOutput& output_;
+    Console& console_;
+    ReadRepetition repetition_;
+    QTimer refresh_;
+    QElapsedTimer began_;
+    bool hasQuit_ = false;
+};
 
 ExitStatus StatusOf(LineSession::End end, bool hasFailed) {
     if (end == LineSession::End::PortLost) return ExitStatus::NoAccess;
@@ -117,8 +171,12 @@ const OptionList& RunOptionList() {
     static const OptionList kOptions = [] {
         OptionList options = {
             {u"exchanges", u"N", u"通讯 N 次后结束"},
-            {u"seconds", u"秒", u"到时后结束；不写 --exchanges 和 --seconds 时到 Ctrl-C 为止"},
-            {u"strict", u"", u"有不完整、校验出错、无应答或拒绝的回答时退出状态为 1"}};
+            {u"seconds", u"秒", u"到时后结束"},
+            {u"until", u"时刻",
+             u"到 HH:MM[:SS] 或 2026-11-23 06:30 后结束；先到的为准，都不写时到 Ctrl-C 为止"},
+            {u"retries", u"N", u"读得不好时最多重复 N 次，每次都计入统计"},
+            {u"reconnect", {}, u"串口断开后等待它回来，再继续"},
+            {u"strict", u"", u"有不完整、校验出错、无应答 (重复后仍然如此) 或拒绝的回答时退出状态为 1"}};
         options.insert(options.end(), OutputOptionList().begin(), OutputOptionList().end());
         return options;
     }();
@@ -127,12 +185,12 @@ const OptionList& RunOptionList() {
 
 RunOptions RunOptionsOf(const Arguments& arguments) {
     RunOptions options;
-    if (arguments.Has(u"exchanges") && arguments.Has(u"seconds")) {
-        throw arguments.BadUsage(u"选项 --exchanges 和 --seconds 只能用一个"_s);
-    }
     if (arguments.Has(u"exchanges"))
         options.exchanges = arguments.WholeNumber(u"exchanges", 1, 2'000'000'000);
     if (arguments.Has(u"seconds")) options.duration = DurationOf(arguments);
+    if (arguments.Has(u"until")) options.until = UntilOf(arguments);
+    if (arguments.Has(u"retries")) options.retries = arguments.WholeNumber(u"retries", 0, kMostRetries);
+    options.reconnects = arguments.Has(u"reconnect");
     options.output = OutputOptionsOf(arguments);
     options.isStrict = arguments.Has(u"strict");
     return options;
@@ -141,18 +199,13 @@ RunOptions RunOptionsOf(const Arguments& arguments) {
 ExitStatus PollAndReport(LineSession& line, const LineOptions& shown, const RunOptions& options,
                          Console& console) {
     RunOutput output(line, shown, options.output, console);
-    int failures = 0;
-    const auto tellOutput = line.ExchangeEnded;
-    line.ExchangeEnded = [&](const Outcome& outcome) {
-        if (HasFailed(outcome)) ++failures;
-        tellOutput(outcome);
-    };
     line.Dialogs().ReasonOfError = u"通讯已停止。请换用别的 --command，或检查目录中这种仪表的参数表";
-    const LineSession::End end = RunPoll(line, options, output, console);
+    PollRun run(line, options, output, console);
+    const LineSession::End end = run.Run();
     if (end == LineSession::End::NoPort) return ExitStatus::NoAccess;
     output.Finish();
     if (end == LineSession::End::Refused) TellStop(line.Form(), console);
-    return StatusOf(end, options.isStrict && HasFailures(line, failures));
+    return StatusOf(end, options.isStrict && run.HasFailed());
 }
 
 }  // namespace commtest

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <chrono>
+#include <optional>
 
 #include "cli/line_session.h"
 #include "cli/run_output.h"
@@ -23,6 +25,9 @@ struct RunOptions {
     int exchanges = 0;                      // 0: no end
     std::chrono::milliseconds duration{0};  // 0: no end
     OutputOptions output;
+    std::optional<QDateTime> until;  // none: no end
+    int retries = 0;                 // of a read that failed
+    bool reconnects = false;         // waits for a port that has gone
     bool isStrict = false;
 };
 

@@ -17,6 +17,9 @@ enum class ExitStatus {
     BadUsage = 2,
     // The port, the catalogue or a file cannot be opened, or has gone.
     NoAccess = 3,
+    // Nobody reads the results any more, as behind a reader that had enough: no line, and the program ends by
+    // the signal of the broken pipe.
+    NoReader = 141,
 };
 
 // Ends a verb: one line for the user, which says what is wrong and what to do; empty if the user was told

@@ -1,6 +1,6 @@
 #include "cli/run_output.h"
 
-#include <QHash>
+#include <array>
 
 #include "cli/exchange_line.h"
 #include "cli/poll_report.h"
@@ -40,17 +40,21 @@ void TakeRecordOptions(const Arguments& arguments, OutputOptions& options) {
     }
 }
 
-// `name` is of a file that is no standard output.
 QString FileOf(const Arguments& arguments, QStringView option) {
     if (!arguments.Has(option)) return {};
     if (arguments.Value(option) == u"-") throw arguments.BadValue(option, u"文件名"_s);
     return arguments.Value(option);
 }
 
-void RequireDifferentFiles(const Arguments& arguments, const OutputOptions& options) {
-    if (options.record.path.isEmpty() || options.statistics.path.isEmpty()) return;
-    if (!IsSameFile(options.record.path, options.statistics.path)) return;
-    throw arguments.BadUsage(u"选项 --record 和 --statistics 是同一个文件"_s);
+void RequireDifferentFiles(const Arguments& arguments) {
+    constexpr std::array<QStringView, 3> kFiles = {u"record", u"statistics", u"trace"};
+    for (std::size_t i = 0; i < kFiles.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            if (!arguments.Has(kFiles[i]) || !arguments.Has(kFiles[j])) continue;
+            if (!IsSameFile(arguments.Value(kFiles[i]), arguments.Value(kFiles[j]))) continue;
+            throw arguments.BadUsage(u"选项 --%1 和 --%2 是同一个文件"_s.arg(kFiles[j], kFiles[i]));
+        }
+    }
 }
 
 OutputName InFolder(OutputName name, const QString& folder) {
@@ -82,7 +86,8 @@ const OptionList& OutputOptionList() {
          u"结果的格式；csv 时标准输出只有参数表，json 时只有参数表和统计，jsonl 时每次通讯结束后一行",
          u"text"},
         {u"rows", u"6,7,名称", u"只给出这些行，用行号或参数名称，用逗号隔开"},
-        {u"statistics", u"文件", u"统计写入文件；不写时 csv 和 jsonl 的统计在标准错误"}};
+        {u"statistics", u"文件", u"统计写入文件；不写时 csv 和 jsonl 的统计在标准错误"},
+        {u"trace", u"文件", u"线路上的每段字节写入文件: 时间、微秒、与前一段的间隔、方向、字节"}};
     return kOptions;
 }
 
@@ -90,9 +95,10 @@ OutputOptions OutputOptionsOf(const Arguments& arguments) {
     OutputOptions options;
     options.format = FormatOfRun(arguments);
     TakeRecordOptions(arguments, options);
+    options.trace = {FileOf(arguments, u"trace"), OutputKind::Trace, {}};
     options.statistics = {FileOf(arguments, u"statistics"), OutputKind::Statistics, {}};
     if (arguments.Has(u"rows")) options.rows = arguments.Value(u"rows");
-    RequireDifferentFiles(arguments, options);
+    RequireDifferentFiles(arguments);
     return options;
 }
 
@@ -104,9 +110,10 @@ RunOutput::RunOutput(LineSession& line, const LineOptions& shown, const OutputOp
       console_(console),
       rows_(options.rows.isEmpty() ? std::vector<int>() : RowsOfWords(line.Form(), options.rows)),
       record_(console, options.format == Format::Plain, InFolder(options.record, shown.folder)),
-      statistics_(InFolder(options.statistics, shown.folder)) {
+      statistics_(InFolder(options.statistics, shown.folder)),
+      trace_(InFolder(options.trace, shown.folder)) {
+    if (trace_.IsOpen()) line.Trace().TraceInto(trace_);
     line.Form().Record().BlockFinished = [this](const RecordBlock& block) { AddBlock(block); };
-    line.ExchangeEnded = [this](const Outcome& outcome) { AddExchange(outcome); };
 }
 
 void RunOutput::AddBlock(const RecordBlock& block) {
@@ -123,7 +130,7 @@ void RunOutput::AddExchange(const Outcome& outcome) {
     if (!console_.Flush()) line_.Quit();
 }
 
-bool RunOutput::Flush() { return record_.Flush(); }
+bool RunOutput::Flush() { return record_.Flush() && trace_.IsGood(); }
 
 void RunOutput::PrintReport() {
     MainForm& form = line_.Form();
@@ -144,8 +151,10 @@ void RunOutput::Finish() {
     Flush();
     PrintReport();
     if (statistics_.IsOpen()) statistics_.Write(StatisticsFile(line_, options_.format));
+    line_.Trace().Flush();
     record_.Finish();
     statistics_.Finish();
+    trace_.Finish();
 }
 
 }  // namespace commtest

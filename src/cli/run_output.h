@@ -15,6 +15,7 @@ struct OutputOptions {
     Format format = Format::Plain;
     OutputName record;
     OutputName statistics;
+    OutputName trace;
     QString rows;                // words between commas; none: all
     bool hasTimeStamps = false;  // the record
 };
@@ -31,6 +32,9 @@ class RunOutput {
     RunOutput(const RunOutput&) = delete;
     RunOutput& operator=(const RunOutput&) = delete;
 
+    // To be told of each exchange as it ends.
+    void AddExchange(const Outcome& outcome);
+
     // Hands on what waits; false once a file or the results take no more.
     bool Flush();
 
@@ -39,7 +43,6 @@ class RunOutput {
 
   private:
     void AddBlock(const RecordBlock& block);
-    void AddExchange(const Outcome& outcome);
     void PrintReport();
 
     LineSession& line_;
@@ -49,6 +52,7 @@ class RunOutput {
     std::vector<int> rows_;
     RecordStream record_;
     OutputFile statistics_;
+    OutputFile trace_;
     ScaledValues scaled_;
 };
 

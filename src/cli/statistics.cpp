@@ -27,6 +27,8 @@ Table TableOf(const Statistics& statistics) {
     add(u"frames", u"总计通讯", statistics.frames);
     add(u"incomplete", u"数据不完整", statistics.incomplete);
     add(u"noReply", u"无应答", statistics.noReply);
+    add(u"reconnects", u"重新连接", statistics.reconnects);
+    add(u"repetitions", u"重复", statistics.repetitions);
     return table;
 }
 
@@ -40,14 +42,19 @@ QStringList Keys() {
 
 Statistics StatisticsOf(LineSession& line) {
     const MainForm& form = line.Form();
-    return {form.CheckErrorCount, line.Exchanges(), form.SendCount, form.IncompleteCount, form.NoReplyCount};
+    return {form.CheckErrorCount, line.Exchanges(),         form.SendCount,           form.IncompleteCount,
+            form.NoReplyCount,    line.Counts().reconnects, line.Counts().repetitions};
 }
 
 void PutStatistics(const Statistics& statistics, JsonWriter& json) { PutOnlyRow(TableOf(statistics), json); }
 
 std::string WordsOn(LineSession& line) {
     ShowStatistics(line.Form());
-    return PrintableText(line.Form().ConCommMessage[2].Value());
+    Text words = line.Form().ConCommMessage[2].Value();
+    const LineSession::RunCounts& counts = line.Counts();
+    if (counts.repetitions > 0) words += u"; 重复 " + WholeText(counts.repetitions) + u" 次";
+    if (counts.reconnects > 0) words += u"; 重新连接 " + WholeText(counts.reconnects) + u" 次";
+    return PrintableText(words);
 }
 
 std::string StatisticsFile(LineSession& line, Format format) {

@@ -16,6 +16,8 @@ struct Statistics {
     std::int64_t frames = 0;
     std::int64_t incomplete = 0;
     std::int64_t noReply = 0;
+    std::int64_t reconnects = 0;   // times that a vanished port has come back
+    std::int64_t repetitions = 0;  // of reads, which are exchanges of their own
 };
 
 Statistics StatisticsOf(LineSession& line);

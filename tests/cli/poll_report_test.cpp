@@ -33,7 +33,7 @@ class PollReportTest : public ::testing::Test {
 };
 
 TEST_F(PollReportTest, JsonHasTheMembersInTheOrderOfTheirKeys) {
-    EXPECT_EQ(PollReport(form, options, {2, 9, 12, 1, 3}, reported),
+    EXPECT_EQ(PollReport(form, options, {2, 9, 12, 1, 3, 4, 5}, reported),
               "{\n"
               "    \"address\": 7,\n"
               "    \"instrument\": \"HX\",\n"
@@ -59,7 +59,9 @@ TEST_F(PollReportTest, JsonHasTheMembersInTheOrderOfTheirKeys) {
               "        \"exchanges\": 9,\n"
               "        \"frames\": 12,\n"
               "        \"incomplete\": 1,\n"
-              "        \"noReply\": 3\n"
+              "        \"noReply\": 3,\n"
+              "        \"reconnects\": 4,\n"
+              "        \"repetitions\": 5\n"
               "    }\n"
               "}\n");
 }

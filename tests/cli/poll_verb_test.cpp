@@ -47,17 +47,19 @@ TEST(PollVerb, WrongValuesAreBadUsageInOneLine) {
          "选项 --settings 的值 \"2,N,8,1\" 不对，应为 9600,N,8,1 的形式 (波特率,校验 N/O/E,数据位 5 至 "
          "8,停止位 "
          "1/1.5/2)"},
+        {{"--until", "25:00"},
+         "选项 --until 的值 \"25:00\" 不对，应为 HH:MM[:SS]，或将来的 2026-11-23 06:30"},
+        {{"--until", "2020-01-01 06:30"},
+         "选项 --until 的值 \"2020-01-01 06:30\" 不对，应为 HH:MM[:SS]，或将来的 2026-11-23 06:30"},
+        {{"--retries", "101"}, "选项 --retries 的值 \"101\" 不对，应为 0 到 100 的整数"},
+        {{"--trace", "-"}, "选项 --trace 的值 \"-\" 不对，应为文件名"},
+        {{"--trace", "/tmp/a", "--record", "/tmp/../tmp/a"}, "选项 --record 和 --trace 是同一个文件"},
         {{"now"}, "多余的参数 \"now\""},
     };
     for (const auto& row : rows) {
         EXPECT_TRUE(
             IsProblem(Poll(row.words), 2, std::string(row.line) + "。用法请看 commtest-cli poll --help"));
     }
-}
-
-TEST(PollVerb, EndsByCountOrByTimeAndNotByBoth) {
-    EXPECT_TRUE(IsProblem(Poll({"--exchanges", "1", "--seconds", "1"}), 2,
-                          "选项 --exchanges 和 --seconds 只能用一个。用法请看 commtest-cli poll --help"));
 }
 
 TEST(PollVerb, OptionsOfTheRecordHaveToFitEachOther) {

@@ -13,7 +13,8 @@ class FaultTest(CommandLineTest):
         counts = simulator.counts
         self.assertEqual(run.json["statistics"],
                          {"frames": exchanges, "exchanges": exchanges, "incomplete": counts["truncated"],
-                          "checkErrors": counts["corrupted"], "noReply": counts["dropped"]})
+                          "checkErrors": counts["corrupted"], "noReply": counts["dropped"], "reconnects": 0,
+                          "repetitions": 0})
         self.assertEqual(counts["requests"], exchanges)
         return counts
 

@@ -19,7 +19,7 @@ class PollTest(CommandLineTest):
             run = self.poll(simulator.device, "--exchanges", 200, "--format", "json", "--strict")
         self.assertEqual((run.status, run.problems), (0, ""))
         self.assertEqual(run.json["statistics"], {"frames": 200, "exchanges": 200, "incomplete": 0, "checkErrors": 0,
-                                                  "noReply": 0})
+                                                  "noReply": 0, "reconnects": 0, "repetitions": 0})
         self.assertEqual(simulator.counts["requests"], 200)
         # Two bytes, low one first, the high bit for the sign: 1234 is 04D2.
         self.assertEqual(run.row(6), {"row": 6, "name": "测量值", "address": "0010", "length": "2", "attribute": "D",

@@ -94,7 +94,7 @@ class ValuesTest(CommandLineTest):
                 content = file.read_text(encoding="utf-8")
                 self.assertEqual((run.status, run.problems), (0, ""))
                 if form == "csv":
-                    self.assertEqual(content, "checkErrors,exchanges,frames,incomplete,noReply\n0,4,4,0,0\n")
+                    self.assertEqual(content, "checkErrors,exchanges,frames,incomplete,noReply,reconnects,repetitions\n0,4,4,0,0,0,0\n")
                 elif form == "text":
                     self.assertTrue(content.startswith("总计通讯: 4 次 "))
                 else:
