@@ -60,7 +60,7 @@ class Bench:
         run([self.cli, "catalogue", "create", folder])
         listing = run([self.cli, "list", "instruments", "--folder", folder, "--protocol", PROTOCOL,
                        "--format", "csv"])[3]
-        self.instrument = next(csv.DictReader(listing.splitlines()))["仪表名称"]
+        self.instrument = next(csv.DictReader(listing.splitlines()))["name"]
 
     def poll(self, device, exchanges, *options):
         return words([self.cli, "poll", "--folder", self.folder, "--protocol", self.protocol,

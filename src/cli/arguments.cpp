@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "cli/suggestion.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 
@@ -36,13 +37,16 @@ Arguments::Arguments(QStringView verb, const QStringList& words, const OptionLis
         parser_.addOption({option.name.toString(), {}, option.value.toString(), option.fallback.toString()});
     }
     // The parser takes the first word for the name of the program.
-    if (!parser_.parse(QStringList(verb_) + OptionsInFront(words, options))) throw WrongOption();
+    if (!parser_.parse(QStringList(verb_) + OptionsInFront(words, options))) throw WrongOption(options);
     RefuseRepeated(options);
 }
 
-Problem Arguments::WrongOption() const {
+Problem Arguments::WrongOption(const OptionList& options) const {
     if (!parser_.unknownOptionNames().isEmpty()) {
-        return BadUsage(u"没有选项 \"%1\""_s.arg(parser_.unknownOptionNames().constFirst()));
+        const QString word = parser_.unknownOptionNames().constFirst();
+        QStringList known;
+        for (const Option& option : options) known += option.name.toString();
+        return BadUsage(u"没有选项 \"%1\""_s.arg(word) + DidYouMean(word, known));
     }
     return WrongCount(QRegularExpression(u"'(.+)'"_s).match(parser_.errorText()).captured(1));
 }
@@ -73,6 +77,12 @@ QStringList Arguments::OptionsInFront(const QStringList& words, const OptionList
         front += words[++i];
     }
     return front + QStringList(u"--"_s) + positional;
+}
+
+void Arguments::RequireKnownToAction(const QString& action, const QStringList& options) const {
+    for (const QString& option : parser_.optionNames()) {
+        if (!options.contains(option)) throw BadUsage(u"%1 没有选项 --%2"_s.arg(action, option));
+    }
 }
 
 bool Arguments::Has(QStringView option) const { return parser_.isSet(option.toString()); }
@@ -125,7 +135,8 @@ Problem Arguments::BadValue(QStringView option, const QString& expected) const {
 }
 
 Problem Arguments::BadUsage(const QString& line) const {
-    return {ExitStatus::BadUsage, u"%1。用法请看 commtest-cli %2 --help"_s.arg(line, verb_)};
+    const QString end = line.endsWith(u'？') ? u""_s : u"。"_s;
+    return {ExitStatus::BadUsage, line + end + u"用法请看 commtest-cli %1 --help"_s.arg(verb_)};
 }
 
 }  // namespace commtest

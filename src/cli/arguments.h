@@ -27,6 +27,9 @@ class Arguments {
   public:
     Arguments(QStringView verb, const QStringList& words, const OptionList& options);
 
+    // A Problem for an option that stands there but is none of these, which an action of the verb knows.
+    void RequireKnownToAction(const QString& action, const QStringList& options) const;
+
     bool Has(QStringView option) const;
     bool Holds(QStringView option) const;  // a value of its own or one that was given
 
@@ -50,7 +53,7 @@ class Arguments {
   private:
     void RefuseRepeated(const OptionList& options) const;
     QStringList OptionsInFront(const QStringList& words, const OptionList& options) const;
-    Problem WrongOption() const;
+    Problem WrongOption(const OptionList& options) const;
     Problem WrongCount(const QString& option) const;
 
     QString verb_;

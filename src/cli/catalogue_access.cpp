@@ -5,6 +5,7 @@
 #include "catalogue/catalogue_connection.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/shipped_catalogue.h"
+#include "cli/suggestion.h"
 #include "host_qt/program_folder.h"
 #include "runtime/runtime_error.h"
 
@@ -59,8 +60,12 @@ std::vector<Text> InstrumentNames(Store& store, const Text& protocol) {
 
 void RequireKnown(QStringView kind, const Text& name, const std::vector<Text>& known, QStringView listing) {
     if (std::find(known.begin(), known.end(), name) != known.end()) return;
-    throw Problem(ExitStatus::BadUsage, u"目录中没有%1 \"%2\"。可用名称请看 commtest-cli %3"_s.arg(
-                                            kind, QString::fromStdU16String(name), listing));
+    const QString word = QString::fromStdU16String(name);
+    QStringList words;
+    for (const Text& each : known) words += QString::fromStdU16String(each);
+    const QString meant = DidYouMean(word, words);
+    throw Problem(ExitStatus::BadUsage, u"目录中没有%1 \"%2\"%3可用名称请看 commtest-cli %4"_s.arg(
+                                            kind, word, meant.isEmpty() ? u"。"_s : meant, listing));
 }
 
 }  // namespace commtest

@@ -25,10 +25,11 @@ ChannelTable TableOf(const ListSource& source) {
 
 ExitStatus Channels(const Arguments& arguments, Console& console) {
     const auto named = arguments.OnePositionalAtMost();
+    const auto outputName = OutputNamed(arguments);
     FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource source(files, named, kTemplateFileName);
     const ChannelTable table = TableOf(source);
-    ListOutput output(OutputKind::ChannelTable, OutputNamed(arguments), files, console);
+    ListOutput output(OutputKind::ChannelTable, outputName, files, console);
     output.Write(table.bytes);
     output.Finish();
     if (!output.IsResults()) {

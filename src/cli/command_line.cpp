@@ -4,6 +4,7 @@
 #include <array>
 
 #include "cli/printable_text.h"
+#include "cli/suggestion.h"
 #include "cli/verb.h"
 #include "runtime/runtime_error.h"
 
@@ -45,7 +46,8 @@ QString WholeHelp() {
         if (verb.actions.empty()) help += PurposeOf(verb, kWidth);
         for (const Verb& action : verb.actions) help += PurposeOf(action, kWidth);
     }
-    help += u"\n选项:\n"_s + Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助", kWidth) +
+    help += u"\n选项:\n"_s +
+            Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助；与 help [动词] 相同", kWidth) +
             Line(u"--version"_s, u"显示版本", kWidth);
     return help + u'\n' + kStatusHelp;
 }
@@ -79,9 +81,14 @@ const Verb* ActionNamed(const Verb& verb, const QString& word) {
     return action == verb.actions.end() ? nullptr : &*action;
 }
 
-Problem WrongAction(const Verb& verb, const QString& word) {
+QStringList ActionsOf(const Verb& verb) {
     QStringList actions;
     for (const Verb& action : verb.actions) actions += action.name.mid(verb.name.size() + 1).toString();
+    return actions;
+}
+
+Problem WrongAction(const Verb& verb, const QString& word) {
+    const QStringList actions = ActionsOf(verb);
     const QString what = word.isEmpty() ? u"缺少动作"_s : u"没有动作 \"%1\""_s.arg(word);
     return {ExitStatus::BadUsage,
             u"%1，应为 %2。用法请看 commtest-cli %3 --help"_s.arg(what, actions.join(u"、"_s), verb.name)};
@@ -97,21 +104,36 @@ ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console)
     return ExitStatus::Good;
 }
 
+// "help", "help VERB" and "help VERB ACTION" in the words of --help.
+QStringList HelpWordsOf(const QStringList& words) {
+    constexpr qsizetype kMostWords = 3;
+    if (words.size() > kMostWords) {
+        throw Problem(ExitStatus::BadUsage,
+                      u"多余的参数 \"%1\"。用法请看 commtest-cli --help"_s.arg(words[kMostWords]));
+    }
+    return words.mid(1) + QStringList(u"--help"_s);
+}
+
 ExitStatus RunWords(const QStringList& words, Console& console) {
     const QString first = words.value(0);
+    if (first == u"help") return RunWords(HelpWordsOf(words), console);
+    QStringList verbs = {u"help"_s};
     for (const Verb& verb : Verbs()) {
         if (verb.name == first) return RunVerb(verb, words.mid(1), console);
+        verbs += verb.name.toString();
     }
     if (first == u"--version") {
         console.Print(std::string("commtest-cli " COMMTEST_VERSION "\n"));
         return ExitStatus::Good;
     }
-    if (AsksForHelp(words)) {
+    if (first.startsWith(u'-') && AsksForHelp(words)) {
         console.Print(WholeHelp());
         return ExitStatus::Good;
     }
     const QString what = first.isEmpty() ? u"缺少动词"_s : u"没有动词 \"%1\""_s.arg(first);
-    throw Problem(ExitStatus::BadUsage, what + u"。用法请看 commtest-cli --help"_s);
+    const QString meant = DidYouMean(first, verbs);
+    throw Problem(ExitStatus::BadUsage,
+                  what + (meant.isEmpty() ? u"。"_s : meant) + u"用法请看 commtest-cli --help"_s);
 }
 
 ExitStatus RunAndTell(const QStringList& words, Console& console) {

@@ -104,6 +104,13 @@ Table TableOf(const QString& topic, const Arguments& arguments, Store& store) {
     return ParameterTableOf(store, instrument);
 }
 
+QStringList OptionsOf(const QString& topic) {
+    QStringList options = {u"folder"_s, u"format"_s};
+    if (topic == u"instruments") options += u"protocol"_s;
+    if (topic == u"parameters") options += u"instrument"_s;
+    return options;
+}
+
 ExitStatus List(const Arguments& arguments, Console& console) {
     const QString known = u"protocols、instruments、parameters 或 chips"_s;
     const QString topic = arguments.Positional(1, known).constFirst();
@@ -111,7 +118,9 @@ ExitStatus List(const Arguments& arguments, Console& console) {
         throw Problem(ExitStatus::BadUsage,
                       u"没有列表 \"%1\"，应为 %2。用法请看 commtest-cli list --help"_s.arg(topic, known));
     }
+    arguments.RequireKnownToAction(u"list "_s + topic, OptionsOf(topic));
     const Format format = FormatOf(arguments);
+    if (topic == u"parameters") arguments.Value(u"instrument");
     QtStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
     console.Print(Printed(TableOf(topic, arguments, store), format));

@@ -1,3 +1,5 @@
+#include <QHash>
+
 #include "catalogue/recordings.h"
 #include "cli/catalogue_access.h"
 #include "cli/output_file.h"
@@ -132,14 +134,36 @@ ExitStatus RunAction(const QStringList& words, const Arguments& arguments, Recor
     if (action == u"delete") return SetValid(arguments, recordings, console, false);
     if (action == u"undelete") return SetValid(arguments, recordings, console, true);
     if (action == u"export") return Export(words[1], arguments, recordings, console);
-    if (action == u"import") return ImportRecording(words[1], arguments, recordings, console);
-    throw arguments.BadUsage(u"没有动作 \"%1\"，应为 %2"_s.arg(action, kActions));
+    return ImportRecording(words[1], arguments, recordings, console);
+}
+
+// Judged before the catalogue is looked for, which a first call makes.
+void RequireUsage(const QString& action, const Arguments& arguments) {
+    static const QHash<QString, QStringList> kNeeded = {{u"list"_s, {}},
+                                                        {u"show"_s, {u"instrument"_s, u"note"_s}},
+                                                        {u"rename"_s, {u"instrument"_s, u"to"_s}},
+                                                        {u"note"_s, {u"note"_s, u"to"_s}},
+                                                        {u"delete"_s, {u"instrument"_s, u"note"_s}},
+                                                        {u"undelete"_s, {u"instrument"_s, u"note"_s}},
+                                                        {u"export"_s, {u"instrument"_s, u"note"_s}},
+                                                        {u"import"_s, {}}};
+    const auto needed = kNeeded.constFind(action);
+    if (needed == kNeeded.constEnd()) {
+        throw arguments.BadUsage(u"没有动作 \"%1\"，应为 %2"_s.arg(action, kActions));
+    }
+    QStringList known = *needed + QStringList(u"folder"_s);
+    if (action == u"list" || action == u"show") known += u"format"_s;
+    if (action == u"rename" || action == u"note" || action == u"import") known += u"yes"_s;
+    arguments.RequireKnownToAction(u"recordings "_s + action, known);
+    for (const QString& option : *needed) arguments.Value(option);
+    FormatOf(arguments);
 }
 
 ExitStatus RunRecordings(const Arguments& arguments, Console& console) {
     const QString action = arguments.FirstPositional(kActions);
     const bool takesFile = action == u"export" || action == u"import";
     const QStringList words = arguments.Positional(takesFile ? 2 : 1, u"文件");
+    RequireUsage(action, arguments);
     QtStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
     Recordings recordings(store);

@@ -1,6 +1,7 @@
 #include "cli/row_choice.h"
 
 #include "cli/problem.h"
+#include "cli/suggestion.h"
 #include "session/main_form.h"
 
 namespace commtest {
@@ -18,6 +19,15 @@ std::vector<int> RowsNamed(const MainForm& form, const Text& name) {
     return rows;
 }
 
+QStringList NamesOf(const MainForm& form) {
+    const Grid& grid = form.ParameterGrid();
+    QStringList names;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        names += QString::fromStdU16String(grid.Cell(row, column::kName));
+    }
+    return names;
+}
+
 }  // namespace
 
 int RowOfWord(const MainForm& form, const QString& word) {
@@ -27,8 +37,10 @@ int RowOfWord(const MainForm& form, const QString& word) {
     const std::vector<int> rows = RowsNamed(form, word.toStdU16String());
     if (rows.size() == 1) return rows.front();
     if (rows.empty()) {
+        const QString meant = DidYouMean(word, NamesOf(form));
         throw Problem(ExitStatus::BadUsage,
-                      u"没有参数 \"%1\"。名称和行号请看 commtest-cli list parameters"_s.arg(word));
+                      u"没有参数 \"%1\"%2名称和行号请看 commtest-cli list parameters"_s.arg(
+                          word, meant.isEmpty() ? u"。"_s : meant));
     }
     QStringList numbers;
     for (const int each : rows) numbers += QString::number(each);

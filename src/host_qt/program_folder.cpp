@@ -1,8 +1,13 @@
 #include "host_qt/program_folder.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QUuid>
 
@@ -22,20 +27,24 @@ class DraftFile {
     explicit DraftFile(const QString& path)
         : file_(path + u'.' + QUuid::createUuid().toString(QUuid::Id128)) {
         if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly)) Raise(path);
+        lock_ = dup(file_.handle());
+        flock(lock_, LOCK_EX);
         file_.close();
     }
     DraftFile(const DraftFile&) = delete;
     DraftFile& operator=(const DraftFile&) = delete;
     ~DraftFile() {
         if (!published_) file_.remove();
+        close(lock_);
     }
 
     Text Path() const { return file_.fileName().toStdU16String(); }
 
-    // Takes the name for good; an existing file is never replaced.
-    void Publish(const QString& path) {
+    // Takes the name for good; an existing file is never replaced. False if another program was quicker.
+    bool Publish(const QString& path) {
         published_ = file_.rename(path);
-        if (!published_) Raise(path);
+        if (!published_ && !QFile::exists(path)) Raise(path);
+        return published_;
     }
 
   private:
@@ -44,16 +53,36 @@ class DraftFile {
     }
 
     QFile file_;
+    int lock_ = -1;  // held as long as its program lives
     bool published_ = false;
 };
+
+// Nobody writes a file any more whose lock can be had.
+bool IsAbandoned(const QString& path) {
+    const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool isAbandoned = flock(file, LOCK_EX | LOCK_NB) == 0;
+    close(file);
+    return isAbandoned;
+}
+
+// What a program left that was killed over it: the draft, and the journal of its catalogue.
+void ClearAbandonedDrafts(const QDir& folder, const QString& name) {
+    static const QRegularExpression kDraft(QStringLiteral("\\.[0-9a-f]{32}(-journal)?$"));
+    for (const QString& file : folder.entryList({name + QStringLiteral(".*")}, QDir::Files | QDir::Hidden)) {
+        const QRegularExpressionMatch draft = kDraft.match(file);
+        if (!draft.hasMatch()) continue;
+        const QString owner = folder.filePath(file.chopped(draft.capturedLength(1)));
+        if (!QFile::exists(owner) || IsAbandoned(owner)) QFile::remove(folder.filePath(file));
+    }
+}
 
 // True if the file was made, by `write`; false if one stood there.
 bool CreateMissing(const QString& path, const std::function<void(const Text& draft)>& write) {
     if (QFile::exists(path)) return false;
     DraftFile draft(path);
     write(draft.Path());
-    draft.Publish(path);
-    return true;
+    return draft.Publish(path);
 }
 
 void WriteCatalogue(const Text& path, const std::function<void(Store&)>& fill) {
@@ -76,6 +105,8 @@ QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast
 bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& fill) {
     const QDir directory(ToQt(folder));
     if (!directory.mkpath(QStringLiteral("."))) throw RuntimeError(RuntimeError::kPathNotFound);
+    ClearAbandonedDrafts(directory, ToQt(kCatalogueFileName));
+    ClearAbandonedDrafts(directory, ToQt(kHelpFileName));
     const bool wasMissing = CreateMissing(directory.filePath(ToQt(kCatalogueFileName)),
                                           [&](const Text& draft) { WriteCatalogue(draft, fill); });
     CreateMissing(directory.filePath(ToQt(kHelpFileName)),

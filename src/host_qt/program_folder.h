@@ -11,7 +11,8 @@ namespace commtest {
 // template of the spreadsheets and the folder for records. What stands there already is left as it is. True
 // if the catalogue was made, false if one stood there. A folder or file that cannot be made raises error 76
 // or the store's run-time error; what `fill` raises passes through. A failure leaves no half-made file
-// behind.
+// behind, what a killed program left is cleared away, and a file that another program makes meanwhile stood
+// there.
 bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& fill);
 
 // The program folder of a user who has named none.

@@ -62,6 +62,15 @@ TEST(CommandLine, EachVerbHasItsHelp) {
     }
 }
 
+TEST(CommandLine, HelpVerbGivesTheSameHelp) {
+    const std::vector<QStringList> calls = {{}, {"poll"}, {"catalogue"}, {"catalogue", "import"}};
+    for (const QStringList& words : calls) {
+        const Outcome outcome = RunCommand(QStringList("help") + words);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.results, RunCommand(words + QStringList("--help")).results);
+    }
+}
+
 TEST(CommandLine, EachActionOfTheCatalogueHasItsHelp) {
     const struct {
         QString action;
@@ -92,6 +101,20 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{}, "缺少动词。用法请看 commtest-cli --help"},
         {{"dance"}, "没有动词 \"dance\"。用法请看 commtest-cli --help"},
         {{"poll", "--colour"}, "没有选项 \"colour\"。用法请看 commtest-cli poll --help"},
+        {{"pol"}, "没有动词 \"pol\"，是不是 \"poll\"？用法请看 commtest-cli --help"},
+        {{"poll", "--exchange", "1"},
+         "没有选项 \"exchange\"，是不是 \"exchanges\"？用法请看 commtest-cli poll --help"},
+        {{"help", "wirte"}, "没有动词 \"wirte\"，是不是 \"write\"？用法请看 commtest-cli --help"},
+        {{"help", "catalogue", "create", "now"}, "多余的参数 \"now\"。用法请看 commtest-cli --help"},
+        {{"list", "protocols", "--instrument", "x"},
+         "list protocols 没有选项 --instrument。用法请看 commtest-cli list --help"},
+        {{"list", "instruments", "--instrument", "x"},
+         "list instruments 没有选项 --instrument。用法请看 commtest-cli list --help"},
+        {{"list", "parameters"}, "缺少选项 --instrument。用法请看 commtest-cli list --help"},
+        {{"recordings", "list", "--to", "x"},
+         "recordings list 没有选项 --to。用法请看 commtest-cli recordings --help"},
+        {{"recordings", "show", "--note", "x"},
+         "缺少选项 --instrument。用法请看 commtest-cli recordings --help"},
         {{"poll", "--port"}, "选项 --port 的值缺少或多余。用法请看 commtest-cli poll --help"},
         {{"poll", "-x"}, "多余的参数 \"-x\"。用法请看 commtest-cli poll --help"},
         {{"write", "--value", "-12.5", "--row", "0"},

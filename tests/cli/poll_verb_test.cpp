@@ -87,11 +87,24 @@ TEST(PollVerb, UnknownNamesAreBadUsage) {
                   2, "目录中没有仪表 \"x\"。可用名称请看 commtest-cli list instruments"));
 }
 
-TEST(PollVerb, InstrumentOfAnotherProtocolIsUnknown) {
-    EXPECT_TRUE(IsProblem(
-        RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ仪表协议-定制累加和"), "--instrument",
-                     QString::fromUtf8("HX-D10智能数字显示控制仪")}),
-        2, "目录中没有仪表 \"HX-D10智能数字显示控制仪\"。可用名称请看 commtest-cli list instruments"));
+TEST(PollVerb, InstrumentOfAnotherProtocolIsToldWithItsProtocol) {
+    EXPECT_TRUE(IsProblem(RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ仪表协议-定制累加和"),
+                                       "--instrument", QString::fromUtf8("HX-D10智能数字显示控制仪")}),
+                          2,
+                          "仪表 \"HX-D10智能数字显示控制仪\" 属于协议 \"TQ仪表协议\"，不属于协议 "
+                          "\"TQ仪表协议-定制累加和\"。请用 "
+                          "--protocol 给出它的协议"));
+}
+
+TEST(PollVerb, PartOfANameIsTakenWhereItFitsOneInstrument) {
+    const QStringList port = {"--port", "COM1=/dev/no-port-to-poll", "--protocol",
+                              QString::fromUtf8("TQ仪表协议")};
+    EXPECT_TRUE(IsProblem(RunInFolder(QStringList{"poll", "--instrument", "D10"} + port), 3,
+                          "系统串口被占用,无法打开！ 设备 /dev/no-port-to-poll 不存在。请检查接线和设备名"));
+    EXPECT_TRUE(IsProblem(RunInFolder(QStringList{"poll", "--instrument", "HX-"} + port), 2,
+                          "名称中有 \"HX-\" 的仪表有 4 种: "
+                          "HX-D10智能数字显示控制仪、HX-F40智能流量积算仪、HX-P20智能PID调节仪、"
+                          "HX-R16十六路巡检仪。请写全"));
 }
 
 TEST(PollVerb, ProtocolThatTheProgramDoesNotKnowIsRefused) {
