@@ -19,12 +19,8 @@ constexpr int kLowestBaudRate = 50;
 
 Text Number(int number) { return QString::number(number).toStdU16String(); }
 
-void TakePort(const Arguments& arguments, LineOptions& options) {
-    const auto port = NamedPortOf(arguments.Value(u"port"));
-    if (!port) throw arguments.BadValue(u"port", u" COM1 或 COM1=设备 的形式"_s);
-    options.port = u"COM" + Number(port->number);
-    if (!port->device.isEmpty()) options.devices[port->number] = port->device;
-}
+// A device alone is the first port.
+QString WithNumber(const QString& port) { return port.startsWith(u'/') ? u"COM1="_s + port : port; }
 
 Text SettingsOf(const Arguments& arguments) {
     const Text settings = arguments.Value(u"settings").toUpper().toStdU16String();
@@ -47,9 +43,16 @@ int ShortestInterval(const Text& settings) {
 
 }  // namespace
 
-const Option kPortOption = {u"port", u"COM1[=设备]", u"串口；不写设备时 COM1 为本机第 1 个串口 (USB 在前)",
-                            u"COM1"};
+const Option kPortOption = {u"port", u"COM1[=设备]|设备",
+                            u"串口，见 list ports；不写设备时 COM1 为本机第 1 个串口 (USB 在前)", u"COM1"};
 const Option kSettingsOption = {u"settings", u"9600,N,8,1", u"波特率、校验、数据位、停止位", u"9600,N,8,1"};
+
+void TakePort(const Arguments& arguments, LineOptions& options) {
+    const auto port = NamedPortOf(WithNumber(arguments.Value(u"port")));
+    if (!port) throw arguments.BadValue(u"port", u" COM1、COM1=设备 或 /dev/ttyUSB0 的形式"_s);
+    options.port = u"COM" + Number(port->number);
+    if (!port->device.isEmpty()) options.devices[port->number] = port->device;
+}
 
 void TakePortOptions(const Arguments& arguments, LineOptions& options) {
     TakePort(arguments, options);

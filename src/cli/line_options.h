@@ -32,7 +32,8 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
 // The option of the port and that of its settings, for a verb that talks to no one instrument.
 extern const Option kPortOption;
 extern const Option kSettingsOption;
-std::optional<int> ShowModeOf(const Arguments& arguments);  // of --show
+std::optional<int> ShowModeOf(const Arguments& arguments);        // of --show
+void TakePort(const Arguments& arguments, LineOptions& options);  // of --port alone
 void TakePortOptions(const Arguments& arguments, LineOptions& options);
 
 }  // namespace commtest

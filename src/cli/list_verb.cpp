@@ -1,9 +1,14 @@
+#include <QFileInfo>
+
 #include "app/protocol_table.h"
 #include "catalogue/instrument_catalogue.h"
 #include "cli/catalogue_access.h"
+#include "cli/line_options.h"
+#include "cli/suggestion.h"
 #include "cli/table.h"
 #include "cli/verb.h"
 #include "host_qt/folder_files.h"
+#include "host_qt/port_problem.h"
 #include "host_qt/qt_store.h"
 #include "runtime/number.h"
 
@@ -13,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList kTopics = {u"protocols"_s, u"instruments"_s, u"parameters"_s, u"chips"_s};
+const QStringList kTopics = {u"ports"_s, u"protocols"_s, u"instruments"_s, u"parameters"_s, u"chips"_s};
 
 Table ProtocolTableOf(Store& store) {
     Table table;
@@ -104,22 +109,43 @@ Table TableOf(const QString& topic, const Arguments& arguments, Store& store) {
     return ParameterTableOf(store, instrument);
 }
 
+Table PortTableOf(const Arguments& arguments) {
+    LineOptions named;
+    if (arguments.Has(u"port")) TakePort(arguments, named);
+    Table table;
+    table.columns = {
+        {u"name", u"串口"}, {u"device", u"设备"}, {u"description", u"说明"}, {u"holder", u"占用者"}};
+    for (const PortDevice& port : QtSerialPort(named.devices).Devices()) {
+        const QString device = QFileInfo(QString::fromStdU16String(port.device)).canonicalFilePath();
+        const QString holder = device.isEmpty() ? QString() : HolderOf(device);
+        table.rows.push_back(
+            {u"COM" + WholeText(port.number), port.device, port.description, holder.toStdU16String()});
+    }
+    return table;
+}
+
 QStringList OptionsOf(const QString& topic) {
+    if (topic == u"ports") return {u"port"_s, u"format"_s};
     QStringList options = {u"folder"_s, u"format"_s};
-    if (topic == u"instruments") options += u"protocol"_s;
+    if (topic == u"instruments" || topic == u"chips") options += u"protocol"_s;
     if (topic == u"parameters") options += u"instrument"_s;
     return options;
 }
 
 ExitStatus List(const Arguments& arguments, Console& console) {
-    const QString known = u"protocols、instruments、parameters 或 chips"_s;
+    const QString known = u"ports、protocols、instruments、parameters 或 chips"_s;
     const QString topic = arguments.Positional(1, known).constFirst();
     if (!kTopics.contains(topic)) {
-        throw Problem(ExitStatus::BadUsage,
-                      u"没有列表 \"%1\"，应为 %2。用法请看 commtest-cli list --help"_s.arg(topic, known));
+        const QString meant = DidYouMean(topic, kTopics);
+        throw arguments.BadUsage(u"没有列表 \"%1\""_s.arg(topic) +
+                                 (meant.isEmpty() ? u"，应为 "_s + known : meant));
     }
     arguments.RequireKnownToAction(u"list "_s + topic, OptionsOf(topic));
     const Format format = FormatOf(arguments);
+    if (topic == u"ports") {
+        console.Print(Printed(PortTableOf(arguments), format));
+        return ExitStatus::Good;
+    }
     if (topic == u"parameters") arguments.Value(u"instrument");
     QtStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
@@ -131,11 +157,12 @@ ExitStatus List(const Arguments& arguments, Console& console) {
 
 Verb ListVerb() {
     return {u"list",
-            u"protocols|instruments|parameters|chips [选项]",
-            u"列出目录中的协议、仪表、芯片资料，或一种仪表的参数",
+            u"ports|protocols|instruments|parameters|chips [选项]",
+            u"列出本机的串口，目录中的协议、仪表、芯片资料，或一种仪表的参数",
             {kFolderOption,
              {u"protocol", u"名称", u"只列出这个协议的仪表或芯片资料"},
              {u"instrument", u"名称", u"列出这种仪表的参数"},
+             kPortOption,
              kFormatOption},
             List};
 }

@@ -121,9 +121,10 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
          "选项 --row 的值 \"0\" 不对，应为 1 到 32767 的整数。用法请看 commtest-cli write --help"},
         {{"poll", "--strict=yes"}, "选项 --strict 的值缺少或多余。用法请看 commtest-cli poll --help"},
         {{"list"},
-         "缺少参数: protocols、instruments、parameters 或 chips。用法请看 commtest-cli list --help"},
-        {{"list", "ports"},
-         "没有列表 \"ports\"，应为 protocols、instruments、parameters 或 chips。用法请看 commtest-cli list "
+         "缺少参数: ports、protocols、instruments、parameters 或 chips。用法请看 commtest-cli list --help"},
+        {{"list", "port"}, "没有列表 \"port\"，是不是 \"ports\"？用法请看 commtest-cli list --help"},
+        {{"list", "people"},
+         "没有列表 \"people\"，应为 ports、protocols、instruments、parameters 或 chips。用法请看 commtest-cli list "
          "--help"},
         {{"list", "protocols", "now"}, "多余的参数 \"now\"。用法请看 commtest-cli list --help"},
         {{"list", "protocols", "--format", "xml"},

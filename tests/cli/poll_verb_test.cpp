@@ -37,8 +37,9 @@ TEST(PollVerb, WrongValuesAreBadUsageInOneLine) {
         {{"--command", "33"}, "选项 --command 的值 \"33\" 不对，应为 10、20、31、40、50、60、80、90、91"},
         {{"--show", "octal"}, "选项 --show 的值 \"octal\" 不对，应为 ascii 或 hex"},
         {{"--format", "xml"}, "选项 --format 的值 \"xml\" 不对，应为 text、csv、json 或 jsonl"},
-        {{"--port", "/dev/ttyUSB0"}, "选项 --port 的值 \"/dev/ttyUSB0\" 不对，应为 COM1 或 COM1=设备 的形式"},
-        {{"--port", "COM0"}, "选项 --port 的值 \"COM0\" 不对，应为 COM1 或 COM1=设备 的形式"},
+        {{"--port", "ttyUSB0"},
+         "选项 --port 的值 \"ttyUSB0\" 不对，应为 COM1、COM1=设备 或 /dev/ttyUSB0 的形式"},
+        {{"--port", "COM0"}, "选项 --port 的值 \"COM0\" 不对，应为 COM1、COM1=设备 或 /dev/ttyUSB0 的形式"},
         {{"--settings", "9600,X,8,1"},
          "选项 --settings 的值 \"9600,X,8,1\" 不对，应为 9600,N,8,1 的形式 (波特率,校验 N/O/E,数据位 5 至 "
          "8,停止位 "
