@@ -1,3 +1,4 @@
+#include "cli/command_rows.h"
 #include "cli/interrupt.h"
 #include "cli/line_session.h"
 #include "cli/parameter_writes.h"
@@ -22,8 +23,9 @@ OptionList WriteOptionList() {
     options.insert(
         options.end(),
         {{u"row", u"N", u"参数表的行号，见 list parameters"},
-         {u"value", u"数值", u"要写入的数值，按显示的小数点"},
+         {u"value", u"数值", u"要写入的数值，按显示的小数点；没有数据的命令可以不写"},
          {u"set", u"行=数值", u"行号或参数名称，和要写入的数值；可以给出多次，依次写入", {}, true},
+         kCommandConsentOption,
          {u"force", {}, u"数值超出上下限或代码放不下时仍然写入"},
          {u"write-type", u"0|1|2", u"四字节参数的写法: 0 分两次写双字节，1 一次写四字节，2 批量写", u"1"},
          {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出没有通讯记录", u"text"}});
@@ -32,24 +34,35 @@ OptionList WriteOptionList() {
 
 struct WriteWord {
     QString row;
-    Text value;
+    Text value;  // empty: a command without data
 };
+
+Problem BadSet(const Arguments& arguments) { return arguments.BadValue(u"set", u" 行=数值 的形式"_s); }
 
 // The words of --set, or of --row and --value.
 std::vector<WriteWord> WriteWordsOf(const Arguments& arguments) {
     std::vector<WriteWord> words;
     for (const QString& word : arguments.Values(u"set")) {
         const qsizetype sign = word.lastIndexOf(u'=');
-        if (sign < 1 || sign + 1 == word.size()) throw arguments.BadValue(u"set", u" 行=数值 的形式"_s);
-        words.push_back({word.left(sign).trimmed(), word.mid(sign + 1).toStdU16String()});
+        if (sign == 0 || sign + 1 == word.size()) throw BadSet(arguments);
+        const Text value = sign < 0 ? Text() : word.mid(sign + 1).toStdU16String();
+        words.push_back({word.left(sign).trimmed(), value});
     }
     if (words.empty()) {
         const int row = arguments.WholeNumber(u"row", 1, kLargestRow);
-        words.push_back({QString::number(row), arguments.Value(u"value").toStdU16String()});
+        const Text value = arguments.Has(u"value") ? arguments.Value(u"value").toStdU16String() : Text();
+        words.push_back({QString::number(row), value});
     } else if (arguments.Has(u"row") || arguments.Has(u"value")) {
         throw arguments.BadUsage(u"选项 --set 和 --row、--value 只能用一种"_s);
     }
     return words;
+}
+
+// The value that stands for none in a command without data is sent nowhere.
+Text ValueOf(const WriteWord& word, const MainForm& form, int row, const Arguments& arguments) {
+    if (!word.value.empty()) return word.value;
+    if (IsCommandWithoutData(form, row)) return u"0";
+    throw arguments.Has(u"set") ? BadSet(arguments) : arguments.BadUsage(u"缺少选项 --value"_s);
 }
 
 ExitStatus Write(const Arguments& arguments, Console& console) {
@@ -60,7 +73,12 @@ ExitStatus Write(const Arguments& arguments, Console& console) {
     LineSession line(LineOptionsOf(arguments, console), console);
     line.Form().WriteType.Show(writeType);
     std::vector<ParameterWrite> writes;
-    for (const WriteWord& word : words) writes.emplace_back(RowOfWord(line.Form(), word.row), word.value);
+    std::vector<int> rows;
+    for (const WriteWord& word : words) {
+        rows.push_back(RowOfWord(line.Form(), word.row));
+        writes.emplace_back(rows.back(), ValueOf(word, line.Form(), rows.back(), arguments));
+    }
+    RequireConsentToCommands(line.Form(), rows, arguments, console);
     if (format == Format::Plain) {
         line.Form().Record().BlockFinished = [&console](const RecordBlock& block) {
             console.Print(PrintableText(block.text));

@@ -74,7 +74,7 @@ TEST(WriteVerb, PortThatCannotBeOpenedIsToldWithTheReason) {
     const char* const line =
         "系统串口被占用,无法打开！ 设备 /dev/no-port-to-write 不存在。请检查接线和设备名";
     EXPECT_TRUE(IsProblem(Write({"--row", "13", "--value", "1"}), 3, line));
-    EXPECT_TRUE(IsProblem(Write({"--row", "1", "--value", "-1"}), 3, line));
+    EXPECT_TRUE(IsProblem(Write({"--row", "1", "--value", "-1", "--yes"}), 3, line));
 }
 
 }  // namespace

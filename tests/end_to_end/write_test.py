@@ -1,9 +1,13 @@
 """Writing a parameter: one frame, the answer, the row read back."""
 
+import os
+import pty
 import sqlite3
+import subprocess
 import unittest
 
 from programs import ASCII, FILLED, FLOW_METER, NOVAX, PLAIN, RTU, SUM, CommandLineTest
+from schemas import faults, schema
 from scripted_instrument import ScriptedInstrument, ascii_frame, rtu_frame
 
 COMMAND, MODEL, DECIMALS, LOWER_LIMIT, CORRECTION, DELAY = 1, 4, 11, 13, 16, 22
@@ -124,9 +128,39 @@ class WriteTest(CommandLineTest):
 
     def test_command_row_is_not_read_back(self):
         with self.simulate() as simulator:
-            run = self.write(simulator.device, COMMAND, 0)
+            run = self.write(simulator.device, COMMAND, 0, "--yes")
         self.assertEqual((run.status, run.problems), (0, ""))
         self.assertTrue(run.output.endswith("第 1 行 恢复出厂设置: 已写入 0。此行是命令，不回读\n"))
+        self.assertEqual(simulator.counts["requests"], 1)
+
+    def test_script_says_yes_to_a_command_beforehand(self):
+        with self.simulate() as simulator:
+            run = self.finish(self.start("write", simulator.device, PLAIN, "--row", COMMAND, stdin=subprocess.DEVNULL))
+        self.assertEqual((run.status, run.output), (2, ""))
+        self.assertEqual(run.problem_lines, ["第 1 行 恢复出厂设置 是命令，仪表收到后立即执行，没有写入。确实要发出请加 --yes。"
+                                             "用法请看 commtest-cli write --help"])
+        self.assertEqual(simulator.counts["requests"], 0)
+
+    def test_command_asks_at_a_terminal_before_it_goes_out(self):
+        for answer, status, requests in ((b"n\n", 2, 0), (b"y\n", 0, 1)):
+            with self.subTest(answer), self.simulate() as simulator:
+                master, slave = pty.openpty()
+                os.write(master, answer)
+                process = self.start("write", simulator.device, PLAIN, "--set", "恢复出厂设置", stdin=slave)
+                run = self.finish(process)
+                os.close(master)
+                os.close(slave)
+                self.assertEqual(run.status, status)
+                self.assertIn("第 1 行 恢复出厂设置 是命令，仪表收到后立即执行。发出吗? [y/N]", run.problems)
+            self.assertEqual(simulator.counts["requests"], requests)
+
+    def test_value_may_be_left_out_of_a_command_without_data_alone(self):
+        with self.simulate() as simulator:
+            run = self.finish(self.start("write", simulator.device, PLAIN, "--row", COMMAND, "--yes"))
+            password = self.finish(self.start("write", simulator.device, PLAIN, "--row", 3, "--yes"))
+            other = self.finish(self.start("write", simulator.device, PLAIN, "--set", "滤波系数", "--yes"))
+        self.assertEqual((run.status, password.status, other.status), (0, 2, 2))
+        self.assertEqual(password.problem_lines, ["缺少选项 --value。用法请看 commtest-cli write --help"])
         self.assertEqual(simulator.counts["requests"], 1)
 
     def test_row_of_the_sum_protocol(self):
@@ -254,6 +288,7 @@ class SeveralRowsTest(SetTest):
         with self.simulate(values={"小数点位置": 1}) as simulator:
             run = self.set(simulator.device, "22=42", "量程下限=-12.5", options=("--format", "json"))
         self.assertEqual((run.status, run.problems), (0, ""))
+        self.assertEqual(faults(run.json, schema("write")), [])
         self.assertEqual([(each["row"], each["name"], each["outcome"], each["value"], each["code"], each["read"])
                           for each in run.json],
                          [(22, "AL1报警延时", "equal", "42", "2A", "42"),
@@ -276,7 +311,7 @@ class SeveralRowsTest(SetTest):
 
     def test_command_is_sent_and_the_run_goes_on(self):
         with self.simulate() as simulator:
-            run = self.set(simulator.device, "1=0", "22=5", options=("--format", "json"))
+            run = self.set(simulator.device, "1=0", "22=5", options=("--format", "json", "--yes"))
         self.assertEqual((run.status, [each["outcome"] for each in run.json]), (0, ["sent", "equal"]))
         self.assertEqual(run.json[0]["reason"], "此行是命令")
         self.assertEqual(simulator.counts["writes_accepted"], 2)
