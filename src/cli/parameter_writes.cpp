@@ -21,8 +21,9 @@ bool IsGood(WriteOutcome outcome) { return outcome == WriteOutcome::Equal || out
 
 }  // namespace
 
-ParameterWrites::ParameterWrites(LineSession& line, std::vector<ParameterWrite> writes, bool isForced)
-    : line_(line), isForced_(isForced) {
+ParameterWrites::ParameterWrites(LineSession& line, std::vector<ParameterWrite> writes, bool isForced,
+                                 int retries, Console& console)
+    : line_(line), isForced_(isForced), retries_(retries), console_(console) {
     for (ParameterWrite& write : writes) items_.push_back({std::move(write), {}});
 }
 
@@ -77,15 +78,7 @@ bool ParameterWrites::HasAllDecimals() {
         const int row = DecimalsRowOf(form, item.write.Row());
         if (row == 0 || !done.insert(row).second) continue;
         const Unreadable why = WhyUnreadable(form, row);
-        bool isRead = false;
-        if (why == Unreadable::No) {
-            ReadRowNext(form, row);
-            StartInShortWay(form);
-            RunExchange(nullptr);
-            const OutcomePointer outcome = form.Outcomes.Last();
-            isRead = outcome != nullptr && outcome->verdict.IsGoodRead() && outcome->rows.Holds(row);
-        }
-        if (isRead) continue;
+        if (why == Unreadable::No && ReadRow(row, nullptr)) continue;
         item.held = WordsOnMissingDecimals(form, row, why);
         status_ = ExitStatus::BadAnswer;
         return false;
@@ -93,8 +86,23 @@ bool ParameterWrites::HasAllDecimals() {
     return true;
 }
 
+// The answer to a write has moved the row that is read, and a write may leave another way of reading.
+bool ParameterWrites::ReadRow(int row, ParameterWrite* write) {
+    MainForm& form = line_.Form();
+    for (int turn = 1;; ++turn) {
+        RunEvent(form, [&] { ReadRowNext(form, row); });
+        StartInShortWay(form);
+        RunExchange(write);
+        const OutcomePointer outcome = form.Outcomes.Last();
+        const bool isRead = outcome != nullptr && outcome->verdict.IsGoodRead() && outcome->rows.Holds(row);
+        const bool isRefused = outcome != nullptr && outcome->verdict.answer == Answer::Refused;
+        if (isRead || isRefused || turn > retries_) return isRead;
+        console_.Tell(RowName(form, row) + u": 没有读到，重复第 %1 次"_s.arg(turn));
+    }
+}
+
 // A write in two steps is entered once for each. An answer that does not confirm is no end: the row decides.
-void ParameterWrites::Write(ParameterWrite& write) {
+void ParameterWrites::SendAndReadBack(ParameterWrite& write) {
     MainForm& form = line_.Form();
     do {
         RunEvent(form, [&] { write.Enter(form); });
@@ -102,11 +110,25 @@ void ParameterWrites::Write(ParameterWrite& write) {
         RunExchange(&write);
     } while (write.HasHalfToCome(form));
     if (write.State() == WriteOutcome::Refused || !write.CanBeReadBack(form)) return;
-    // The answer to the write has moved the row that is read, and a write may leave another way of reading.
-    RunEvent(form, [&] { ReadRowNext(form, write.Row()); });
-    StartInShortWay(form);
-    RunExchange(&write);
+    ReadRow(write.Row(), &write);
     write.SettleWithoutRead();
+}
+
+void ParameterWrites::Write(ParameterWrite& write) {
+    MainForm& form = line_.Form();
+    const int row = write.Row();
+    const bool isKnown = retries_ > 0 && write.CanBeReadBack(form) && ReadRow(row, nullptr);
+    const Text before = isKnown ? form.ParameterGrid().Cell(row, column::kScaledValue) : Text();
+    SendAndReadBack(write);
+    for (int turn = 1; turn <= retries_; ++turn) {
+        const bool isOld = write.State() == WriteOutcome::Different && write.ReadBack() == before;
+        if (!isKnown || !isOld || write.IsAnswered()) return;
+        console_.Tell(RowName(form, row) +
+                      u": 没有确认，仍是 %1，重写第 %2 次"_s.arg(Shown(before)).arg(turn));
+        write = ParameterWrite(row, write.Value());
+        write.Judge(form);
+        SendAndReadBack(write);
+    }
 }
 
 QString ParameterWrites::WordsOnReason(const Item& item) {

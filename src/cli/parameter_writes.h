@@ -15,8 +15,11 @@ namespace commtest {
 // sent ends the run; what stands behind it is held.
 class ParameterWrites {
   public:
-    // `isForced`: values leave although they lie outside the limits or do not fit.
-    ParameterWrites(LineSession& line, std::vector<ParameterWrite> writes, bool isForced);
+    // `isForced`: values leave although they lie outside the limits or do not fit. `retries`: a read that
+    // fails is sent again so many times, and a write that nobody confirmed where its row was read before, and
+    // read back still shows what it showed; each row is then read in front of its write. Each is told.
+    ParameterWrites(LineSession& line, std::vector<ParameterWrite> writes, bool isForced, int retries,
+                    Console& console);
 
     // A Problem where the port or the user ends it.
     void Run();
@@ -38,6 +41,8 @@ class ParameterWrites {
     enum class Look { Rows, Values };
     bool ObjectToAny(Look look);
     bool HasAllDecimals();
+    bool ReadRow(int row, ParameterWrite* write);
+    void SendAndReadBack(ParameterWrite& write);
     void Write(ParameterWrite& write);
     void RunExchange(ParameterWrite* write);
     QString WordsOn(const Item& item);
@@ -46,6 +51,8 @@ class ParameterWrites {
     LineSession& line_;
     std::vector<Item> items_;
     bool isForced_;
+    int retries_;
+    Console& console_;
     ExitStatus status_ = ExitStatus::Good;
 };
 

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargestWriteType = 2;
+constexpr int kMostRetries = 100;
 
 OptionList WriteOptionList() {
     OptionList options = LineOptionList();
@@ -27,6 +28,7 @@ OptionList WriteOptionList() {
          {u"set", u"行=数值", u"行号或参数名称，和要写入的数值；可以给出多次，依次写入", {}, true},
          kCommandConsentOption,
          {u"force", {}, u"数值超出上下限或代码放不下时仍然写入"},
+         {u"retries", u"N", u"读不到时最多重读 N 次；没有确认而读回仍是原值时最多重写 N 次", u"0"},
          {u"write-type", u"0|1|2", u"四字节参数的写法: 0 分两次写双字节，1 一次写四字节，2 批量写", u"1"},
          {u"format", u"text|csv|json", u"结果的格式；csv 和 json 时标准输出没有通讯记录", u"text"}});
     return options;
@@ -69,6 +71,7 @@ ExitStatus Write(const Arguments& arguments, Console& console) {
     arguments.Positional(0, u"");
     const std::vector<WriteWord> words = WriteWordsOf(arguments);
     const int writeType = arguments.WholeNumber(u"write-type", 0, kLargestWriteType);
+    const int retries = arguments.WholeNumber(u"retries", 0, kMostRetries);
     const Format format = FormatOf(arguments);
     LineSession line(LineOptionsOf(arguments, console), console);
     line.Form().WriteType.Show(writeType);
@@ -84,7 +87,7 @@ ExitStatus Write(const Arguments& arguments, Console& console) {
             console.Print(PrintableText(block.text));
         };
     }
-    ParameterWrites run(line, std::move(writes), arguments.Has(u"force"));
+    ParameterWrites run(line, std::move(writes), arguments.Has(u"force"), retries, console);
     const Interrupt interrupt([&line] { line.Quit(); });
     try {
         run.Run();

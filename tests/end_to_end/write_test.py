@@ -277,6 +277,40 @@ class ReadBackTest(CommandLineTest):
         self.assertEqual(peer.requests, [echo])
 
 
+class RepetitionTest(CommandLineTest):
+    TAKEN = ascii_frame("010600220003")
+    OLD = ascii_frame("0103020005")
+    NEW = ascii_frame("0103020003")
+
+    def write_filter(self, *replies):
+        """The run, and whether each request was a write."""
+        with ScriptedInstrument(*replies) as peer:
+            run = self.write(peer.device, FILTERS[ASCII], 3, "--retries", 2, instrument=ASCII)
+        return run, [request[3:5] == b"06" for request in peer.requests]
+
+    def test_write_goes_out_again_where_the_row_still_shows_the_old_value(self):
+        run, writes = self.write_filter(self.OLD, b"", self.OLD, self.TAKEN, self.NEW)
+        self.assertEqual((run.status, writes), (0, [False, True, False, True, False]))
+        self.assertEqual(run.problem_lines, ["第 13 行 滤波系数: 没有确认，仍是 5，重写第 1 次"])
+
+    def test_write_that_was_taken_without_an_answer_goes_out_once(self):
+        run, writes = self.write_filter(self.OLD, b"", self.NEW)
+        self.assertEqual((run.status, writes), (0, [False, True, False]))
+
+    def test_write_behind_which_a_third_value_stands_goes_out_once(self):
+        run, writes = self.write_filter(self.OLD, b"", ascii_frame("0103020004"))
+        self.assertEqual((run.status, writes), (1, [False, True, False]))
+
+    def test_write_whose_row_was_not_read_goes_out_once(self):
+        run, writes = self.write_filter(b"", b"", b"", b"", self.OLD)
+        self.assertEqual((run.status, writes), (1, [False, False, False, True, False]))
+
+    def test_read_back_is_repeated(self):
+        run, writes = self.write_filter(self.OLD, self.TAKEN, b"", self.NEW)
+        self.assertEqual((run.status, writes), (0, [False, True, False, False]))
+        self.assertEqual(run.problem_lines, ["第 13 行 滤波系数: 没有读到，重复第 1 次"])
+
+
 class SetTest(CommandLineTest):
     def set(self, device, *words, options=()):
         sets = [word for each in words for word in ("--set", each)]
