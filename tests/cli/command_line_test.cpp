@@ -49,7 +49,7 @@ TEST(CommandLine, EachVerbHasItsHelp) {
          {"--folder", "--protocol", "--instrument", "--address", "--port", "--settings", "--interval",
           "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
         {"write", {"--row", "--value", "--port"}},
-        {"list", {"protocols|instruments|parameters|chips", "--format"}},
+        {"list", {"ports|protocols|instruments|parameters|chips", "--format"}},
         {"catalogue", {"create", "import", "export", "channels", "check", "restore", "spreadsheet"}},
         {"convert", {"--format", "--to-code", "--to-value", "--explain"}},
         {"check", {"--protocol", "--format"}},
