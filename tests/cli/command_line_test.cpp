@@ -124,7 +124,8 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
          "缺少参数: ports、protocols、instruments、parameters 或 chips。用法请看 commtest-cli list --help"},
         {{"list", "port"}, "没有列表 \"port\"，是不是 \"ports\"？用法请看 commtest-cli list --help"},
         {{"list", "people"},
-         "没有列表 \"people\"，应为 ports、protocols、instruments、parameters 或 chips。用法请看 commtest-cli list "
+         "没有列表 \"people\"，应为 ports、protocols、instruments、parameters 或 chips。用法请看 "
+         "commtest-cli list "
          "--help"},
         {{"list", "protocols", "now"}, "多余的参数 \"now\"。用法请看 commtest-cli list --help"},
         {{"list", "protocols", "--format", "xml"},
