@@ -53,9 +53,9 @@ void NoteBar::Say(const QString& text) {
     timer_.start(kTimeOfAWord);
 }
 
-void NoteBar::Warn(const QString& text) {
+void NoteBar::Warn(const QString& text, Glyph sign) {
     Show(text);
-    ShowSign(Glyph::Warning, theme_.Now().warn);
+    ShowSign(sign, theme_.Now().warn);
     ShowAsFailure(true);
 }
 

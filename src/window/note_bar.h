@@ -18,8 +18,9 @@ class NoteBar : public QWidget {
   public:
     explicit NoteBar(const Theme& theme, QWidget* parent = nullptr);
 
-    void Say(const QString& text);   // for six seconds
-    void Warn(const QString& text);  // until the next one or a click
+    void Say(const QString& text);  // for six seconds
+    // Until the next one or a click, with its sign.
+    void Warn(const QString& text, Glyph sign = Glyph::Warning);
 
     // For ten seconds, counted down; the action can be taken once.
     void Offer(const QString& text, const QString& action, std::function<void()> take);

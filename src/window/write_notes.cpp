@@ -10,8 +10,9 @@ namespace {
 
 void Tell(const MainForm& form, const ParameterWrite& write, NoteBar& notes) {
     const QString note = RowName(form, write.Row()) + u'：' + WordsOn(form, write);
-    if (LookOf(write.State()).weight == WriteLook::Weight::Warning) {
-        notes.Warn(note);
+    const WriteLook look = LookOf(write.State());
+    if (look.weight == WriteLook::Weight::Warning) {
+        notes.Warn(note, look.glyph);
     } else {
         notes.Say(note);
     }

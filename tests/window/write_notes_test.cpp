@@ -4,9 +4,10 @@
 
 #include <QAccessible>
 #include <QLabel>
-#include <algorithm>
+#include <optional>
 
 #include "support/watched_write.h"
+#include "window/glyphs.h"
 #include "window/grid_view.h"
 #include "window/note_bar.h"
 #include "window/view_bench.h"
@@ -40,56 +41,60 @@ class WriteNotesTest : public ::testing::Test {
     std::string Data(Qt::ItemDataRole role, int row = 1) const {
         return view.model()->index(row - 1, 10).data(role).toString().toStdString();
     }
-    bool HasSign() const {
-        return std::ranges::any_of(notes.findChildren<QLabel*>(), [](const QLabel* label) {
-            return label->isVisible() && !label->pixmap(Qt::ReturnByValue).isNull();
-        });
+    // Null where there is none.
+    QImage Sign() const {
+        for (const QLabel* label : notes.findChildren<QLabel*>()) {
+            const QPixmap picture = label->pixmap(Qt::ReturnByValue);
+            if (label->isVisible() && !picture.isNull()) return picture.toImage();
+        }
+        return {};
     }
-    // What the note says, and whether as a failure; the tooltip says the same without the row.
-    void ExpectSaid(const std::string& words, bool isWarning) {
+    // What the note says, and the sign of a failure; the tooltip says the same without the row.
+    void ExpectSaid(const std::string& words, std::optional<Glyph> sign = {}) {
         bench.binder.Look();
         EXPECT_EQ(notes.Text().toStdString(), "001 给定值：" + words);
         EXPECT_EQ(Data(Qt::ToolTipRole), words);
-        EXPECT_EQ(HasSign(), isWarning) << words;
+        const QColor warn = bench.theme.Now().warn;
+        EXPECT_EQ(Sign(), sign ? GlyphPicture(*sign, warn, 16, 1).toImage() : QImage()) << words;
     }
 };
 
 TEST_F(WriteNotesTest, ValueThatWasSentIsWaitedFor) {
     Enter(u"6");
-    ExpectSaid("已发送 6，等待应答", false);
+    ExpectSaid("已发送 6，等待应答");
 }
 
 TEST_F(WriteNotesTest, ReadBackEqualIsSaid) {
     Enter(u"200.0");
     write.Answers(Answer::Written);
-    ExpectSaid("已应答，尚未读回", false);
+    ExpectSaid("已应答，尚未读回");
     write.Reads(1, u"200");
-    ExpectSaid("已写入 200.0，读回一致", false);
+    ExpectSaid("已写入 200.0，读回一致");
 }
 
 TEST_F(WriteNotesTest, OtherValueReadBackIsAWarning) {
     Enter(u"20000");
     write.Answers(Answer::Written);
     write.Reads(1, u"339.2");
-    ExpectSaid("写入 20000，读回 339.2", true);
+    ExpectSaid("写入 20000，读回 339.2", Glyph::Differs);
 }
 
 TEST_F(WriteNotesTest, RefusalHasTheWordsOfTheInstrument) {
     Enter(u"6");
     write.Answers(Answer::Refused);
-    ExpectSaid("被拒绝：1# 仪表的通讯出错", true);
+    ExpectSaid("被拒绝：1# 仪表的通讯出错", Glyph::Refused);
 }
 
 TEST_F(WriteNotesTest, SilenceIsAWarning) {
     Enter(u"6");
     write.IsSilent();
-    ExpectSaid("未确认：仪表无应答，尚未读回", true);
+    ExpectSaid("未确认：仪表无应答，尚未读回", Glyph::Unknown);
 }
 
 TEST_F(WriteNotesTest, AnswerWithAWrongCheckWordIsNoSilence) {
     Enter(u"6");
     write.Answers(Answer::Written, Ending::Complete, CheckWord::Wrong);
-    ExpectSaid("未确认：应答不正确，尚未读回", true);
+    ExpectSaid("未确认：应答不正确，尚未读回", Glyph::Unknown);
 }
 
 TEST_F(WriteNotesTest, SameOutcomeIsSaidOnce) {
