@@ -62,13 +62,21 @@ Bus::Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint
 std::vector<Chunk> Bus::Receive(std::string_view bytes, double timeMs, int rate) {
     std::vector<Chunk> out;
     for (const std::string& frame : reader_.Take(bytes, timeMs)) {
-        if (framing_ == Framing::Native && frame.front() == kContinue) {
+        if (!hasPower_) {
+            ++ignoredFrames_;
+        } else if (framing_ == Framing::Native && frame.front() == kContinue) {
             Continue(rate, out);
         } else {
             TakeFrame(frame, timeMs, rate, out);
         }
     }
     return out;
+}
+
+void Bus::TakePower() {
+    hasPower_ = false;
+    parts_.clear();
+    for (Instrument& instrument : instruments_) instrument.LosePower();
 }
 
 InstrumentCounts Bus::Total() const {
@@ -95,13 +103,16 @@ void Bus::TakeFrame(std::string_view frame, double timeMs, int rate, std::vector
         if (!instrument.Hears(rate)) continue;
         const auto content = ContentOfFrame(instrument.Code(), instrument.Address(), frame);
         if (!content) continue;
-        Answer answer = instrument.AnswerTo(*content, timeMs / 1000);
+        const double seconds = timeMs / 1000;
+        auto refusal = refusals_.Of(instrument, *content, seconds);
+        Answer answer = refusal ? std::move(*refusal) : instrument.AnswerTo(*content, seconds);
         ++counts_[i].requests;
         if (answer.isRefused) ++counts_[i].refusals;
         if (answer.isWrite && !answer.isRefused) ++counts_[i].writesAccepted;
         asked_ = i;
         parts_ = std::move(answer.parts);
         SendNextPart(out);
+        instrument.ObeySettings();
         return;
     }
     ++ignoredFrames_;

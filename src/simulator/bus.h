@@ -7,6 +7,7 @@
 #include "simulator/faults.h"
 #include "simulator/framing.h"
 #include "simulator/instrument.h"
+#include "simulator/refusals.h"
 
 namespace simulator {
 
@@ -25,6 +26,12 @@ class Bus {
     Bus(std::vector<Instrument> instruments, const FaultRates& rates, std::uint64_t seed,
         int turnaroundMs = 0);
 
+    void SetRefusals(Refusals refusals) { refusals_ = std::move(refusals); }
+
+    // Without power all that comes is ignored frames, and no part of an answer is left.
+    void TakePower();
+    void GivePower() { hasPower_ = true; }
+
     // What the instruments send in answer to these bytes, come at `timeMs` and at `rate` baud (0: nobody
     // knows); delays count from that moment.
     std::vector<Chunk> Receive(std::string_view bytes, double timeMs, int rate = 0);
@@ -34,7 +41,7 @@ class Bus {
     InstrumentCounts Total() const;
     long IgnoredFrames() const {
         return ignoredFrames_;
-    }  // for nobody here, at a wrong rate, or with a wrong check word
+    }  // for nobody here, at a wrong rate, with a wrong check word, or without power
 
     // All counts as one JSON object.
     std::string CountsAsJson() const;
@@ -49,6 +56,8 @@ class Bus {
     Framing framing_;
     RequestReader reader_;
     FaultyLine line_;
+    Refusals refusals_;
+    bool hasPower_ = true;
     int turnaroundMs_;
     long ignoredFrames_ = 0;
 

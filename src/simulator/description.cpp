@@ -82,6 +82,8 @@ Parameter ParameterOf(const Line& line) {
     if (parameter.length.size() != 1 || !IsAll(parameter.length, kDigits))
         line.Refuse("a length of one digit", 2);
     if (!IsAll(parameter.attribute, "RDWS")) line.Refuse("an attribute of the letters R, D, W, S", 3);
+    parameter.isVolatile = line.At(8) == "volatile";
+    if (!parameter.isVolatile && !line.At(8).empty()) line.Refuse("volatile, or nothing", 8);
     if (line.At(7).empty()) return parameter;
     parameter.behaviour = Behaviour::Read(line.At(7));
     if (!parameter.behaviour) line.Refuse("constant, ramp, sine, counter or walk with its numbers", 7);

@@ -14,7 +14,7 @@ namespace simulator {
 //   11000101 | indicator | 1 | 40 | 9600 | 800 | garbage      code, name, address (default: 1, then one more
 //   each), part length, baud rate, delay, how it answers
 //   (0) value | 0010 | 2 | D | 0020 | | | sine -200 1800 30     name, address, length, attribute, decimals,
-//   limits, life
+//   limits, life, volatile
 // Empty lines and lines that begin with "#" say nothing.
 class DescriptionError : public std::runtime_error {
   public:

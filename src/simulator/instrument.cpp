@@ -1,8 +1,10 @@
 #include "simulator/instrument.h"
 
 #include <charconv>
+#include <cmath>
 
 #include "simulator/framing.h"
+#include "simulator/line_settings.h"
 #include "simulator/modbus_answers.h"
 #include "simulator/special_answers.h"
 #include "simulator/value_codes.h"
@@ -52,15 +54,31 @@ Answer Told(std::vector<std::string> parts) { return {std::move(parts), false, f
 
 Instrument::Instrument(Model model, int address, std::string name, std::vector<Parameter> parameters,
                        int partLength)
-    : model_(model), address_(address), name_(std::move(name)), partLength_(partLength) {
+    : model_(model),
+      describedAddress_(address),
+      address_(address),
+      name_(std::move(name)),
+      partLength_(partLength) {
     const bool lengthInAddress = model.code == kLengthInAddressCode;
     for (Parameter& parameter : parameters) {
         const std::string number = lengthInAddress ? parameter.address.substr(1) : parameter.address;
         const bool isCommand = parameter.address == kCommandAddress;
         const int size = Hex(parameter.length).value_or(0);
-        const Behaviour behaviour =
-            parameter.behaviour ? *parameter.behaviour : SuitableBehaviour(model, parameter, rows_.size());
+        const Behaviour suitable = HoldsAddress(parameter)
+                                       ? Behaviour::Constant(address)
+                                       : SuitableBehaviour(model, parameter, rows_.size());
+        const Behaviour behaviour = parameter.behaviour.value_or(suitable);
         rows_.push_back({std::move(parameter), behaviour, isCommand, Hex(number).value_or(-1), size});
+    }
+}
+
+void Instrument::SetManner(const LineManner& manner) {
+    manner_ = manner;
+    describedRate_ = manner.rate;
+    const auto code = CodeOfRate(manner.rate);
+    if (!code) return;
+    for (Row& row : rows_) {
+        if (HoldsRate(row.parameter) && !row.parameter.behaviour) row.behaviour = Behaviour::Constant(*code);
     }
 }
 
@@ -75,6 +93,35 @@ Answer Instrument::AnswerTo(std::string_view content, double seconds) {
     return AnswerToHct615d(rows_, seconds);
 }
 
+std::optional<Answer> Instrument::RefusalOf(std::string_view content, std::string_view exception,
+                                            double seconds) const {
+    switch (FramingOf(model_.code).value()) {
+        case Framing::Native: return Refused(content.starts_with("W"));
+        case Framing::ModbusAscii:
+        case Framing::ModbusRtu: return ModbusRefusalOf(content, exception);
+        case Framing::Novax: return NovaxRefusalOf(rows_, content, seconds);
+        case Framing::Hct615d: break;
+    }
+    return std::nullopt;
+}
+
+void Instrument::ObeySettings() {
+    address_ = describedAddress_;
+    manner_.rate = describedRate_;
+    for (const Row& row : rows_) {
+        if (!row.written) continue;
+        if (HoldsAddress(row.parameter)) address_ = static_cast<int>(std::lround(*row.written));
+        if (HoldsRate(row.parameter)) manner_.rate = RateOfCode(*row.written).value_or(manner_.rate);
+    }
+}
+
+void Instrument::LosePower() {
+    for (Row& row : rows_) {
+        if (row.parameter.isVolatile) row.written.reset();
+    }
+    ObeySettings();
+}
+
 Answer Instrument::AnswerToNative(std::string_view content, double seconds) {
     if (content == "RD") return Told({"RD" + DynamicData(seconds)});
     if (content == "RR") return Told(StaticParts(seconds));
@@ -85,13 +132,13 @@ Answer Instrument::AnswerToNative(std::string_view content, double seconds) {
 
 std::optional<double> Instrument::ValueOf(std::string_view name, double seconds) const {
     for (const Row& row : rows_) {
-        if (row.parameter.name == name) return row.behaviour.ValueAt(seconds);
+        if (row.parameter.name == name) return row.ValueAt(seconds);
     }
     return std::nullopt;
 }
 
 std::string Instrument::DataOf(const Row& row, double seconds) const {
-    return CodeOfValue(row.behaviour.ValueAt(seconds), row.size);
+    return CodeOfValue(row.ValueAt(seconds), row.size);
 }
 
 // A run goes on while the attribute begins with the same letter; rows of attribute "S" travel along.
@@ -172,7 +219,7 @@ Answer Instrument::Write(std::string_view content) {
     Row& row = rows_[i];
     const auto value = ValueOfCode(content.substr(head), row.size);
     if (!Accepts(row, value)) return Refused(true);
-    row.behaviour = Behaviour::Constant(*value);
+    row.written = value;
     return Accepted();
 }
 

@@ -26,13 +26,25 @@ class Instrument {
     const std::string& Name() const { return name_; }
 
     const LineManner& Manner() const { return manner_; }
-    void SetManner(const LineManner& manner) { manner_ = manner; }
+    void SetManner(const LineManner& manner);
     // Whether it understands what is sent at `rate`; 0 is a rate that nobody knows, which all take for
     // theirs.
     bool Hears(int rate) const { return manner_.rate == 0 || rate == 0 || manner_.rate == rate; }
 
     // A request that makes no sense is refused, a native one with "**".
     Answer AnswerTo(std::string_view content, double seconds);
+
+    // How it refuses such a request without looking at it; nothing if it cannot refuse it so. The exception
+    // has two bytes, those of writes are for writes alone; empty is the usual one.
+    std::optional<Answer> RefusalOf(std::string_view content, std::string_view exception,
+                                    double seconds) const;
+
+    // The answer to a write of its own address or baud rate leaves as the request came; from this call on
+    // they are what was written.
+    void ObeySettings();
+
+    // Rows that are volatile live again as described.
+    void LosePower();
 
     // The value of the parameter of that name; nothing if there is none.
     std::optional<double> ValueOf(std::string_view name, double seconds) const;
@@ -49,6 +61,8 @@ class Instrument {
     std::size_t IndexOf(int address) const;
 
     Model model_;
+    int describedAddress_;
+    int describedRate_ = 0;
     int address_;
     std::string name_;
     int partLength_;

@@ -20,6 +20,7 @@ struct Parameter {
     std::optional<double> lowest;  // limits of a write, of the number on the line
     std::optional<double> highest;
     std::optional<Behaviour> behaviour;  // none: one that suits attribute and name
+    bool isVolatile = false;             // a written value goes with the power
 };
 
 // The protocol, and the number format of the values of a Modbus instrument: the first and the second two
@@ -41,7 +42,10 @@ struct Row {
     Behaviour behaviour;
     bool isCommand;
     int address;
-    int size;  // bytes
+    int size;                            // bytes
+    std::optional<double> written = {};  // in place of its life
+
+    double ValueAt(double seconds) const { return written.value_or(behaviour.ValueAt(seconds)); }
 };
 
 bool IsWritable(const Row& row);

@@ -25,7 +25,7 @@ constexpr int kLowByte = 0xFF;
 // What is told of a board: three bytes, then the number of its kind.
 constexpr std::string_view kBoard = {"\x01\x00\x00\x12", 4};
 
-enum class Trouble { Function, Address, Count, Value };
+enum class Trouble { Function, Address, Count, Value, Lock };
 
 int WordAt(std::string_view bytes, std::size_t index) {
     return 256 * ByteAt(bytes, index) + ByteAt(bytes, index + 1);
@@ -65,6 +65,7 @@ class Modbus {
     std::string Exception(int function, Trouble trouble) const {
         if (trouble == Trouble::Function) return Bytes({0x81, 1});
         if (trouble == Trouble::Count) return Bytes({0x85, 3});
+        if (trouble == Trouble::Lock) return Bytes({0x86, 1});
         if (!isRtu_) return trouble == Trouble::Address ? Bytes({0x82, 2}) : Bytes({0x87, 3});
         const bool isAddressOfWrite = trouble == Trouble::Address && IsWrite(function);
         return Bytes({kException + function, isAddressOfWrite ? 3 : 2});
@@ -76,7 +77,7 @@ class Modbus {
     int SizeOf(const Row& row) const { return isRtu_ && row.size == 5 ? 10 : row.size + row.size % 2; }
 
     std::string BytesOf(const Row& row, int size) const {
-        return BytesOfValue(row.behaviour.ValueAt(seconds_), FormOf(model_, row.parameter), size);
+        return BytesOfValue(row.ValueAt(seconds_), FormOf(model_, row.parameter), size);
     }
 
     Row* RowAt(int address) {
@@ -84,6 +85,14 @@ class Modbus {
             return address >= FirstRegister(row) && address < FirstRegister(row) + SizeOf(row) / 2;
         });
         return found == rows_.end() ? nullptr : &*found;
+    }
+
+    bool IsLocked(const Row& written) const {
+        constexpr double kUnlocked = 8;
+        return std::any_of(rows_.begin(), rows_.end(), [&](const Row& row) {
+            const bool isLock = row.parameter.name.find("CLK") != std::string::npos;
+            return isLock && &row != &written && row.ValueAt(seconds_) != kUnlocked;
+        });
     }
 
     Answer Read(std::string_view request) {
@@ -147,6 +156,7 @@ class Modbus {
     std::optional<Trouble> Write(int address, std::string_view data) {
         Row* const row = RowAt(address);
         if (row == nullptr) return Trouble::Address;
+        if (IsLocked(*row)) return Trouble::Lock;
         const RegisterForm form = FormOf(model_, row->parameter);
         std::string bytes = BytesOf(*row, SizeOf(*row));
         const auto at = 2 * static_cast<std::size_t>(address - FirstRegister(*row));
@@ -156,7 +166,7 @@ class Modbus {
         const bool isWhole = data.size() >= static_cast<std::size_t>(row->size);
         const bool isTaken = isWhole ? Accepts(*row, value) : value && IsWritable(*row);
         if (!isTaken) return Trouble::Value;
-        row->behaviour = Behaviour::Constant(*value);
+        row->written = value;
         return std::nullopt;
     }
 
@@ -170,6 +180,16 @@ class Modbus {
 
 Answer AnswerToModbus(const Model& model, std::vector<Row>& rows, std::string_view request, double seconds) {
     return Modbus(model, rows, seconds).AnswerTo(request);
+}
+
+std::optional<Answer> ModbusRefusalOf(std::string_view request, std::string_view exception) {
+    constexpr std::string_view kBusy = "\x88\x02";
+    const bool isWrite = IsWrite(ByteAt(request, 0));
+    const std::string told(exception.empty() ? kBusy : exception);
+    const int kind = ByteAt(told, 0);
+    const bool isOfWrites = kind == 0x86 || kind == 0x87 || kind == 0x90;
+    if (isOfWrites && !isWrite) return std::nullopt;
+    return Answer{{told}, isWrite, true};
 }
 
 }  // namespace simulator

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,12 @@ namespace simulator {
 //   no register asked for                 85 03
 //   no parameter at the address           RTU 83 02, 84 02, 86 03, 90 03; ASCII 82 02
 //   a value that is not taken             RTU 86 02, 90 02; ASCII 87 03
+//   a row named CLK holds another one
+//   than 8 and is not itself written      86 01
 Answer AnswerToModbus(const Model& model, std::vector<Row>& rows, std::string_view request, double seconds);
+
+// An instrument that is asked to refuse does so with 88 02, busy, if it is told no exception. 86, 87 and 90
+// are for writes alone: nothing for other requests.
+std::optional<Answer> ModbusRefusalOf(std::string_view request, std::string_view exception);
 
 }  // namespace simulator

@@ -24,7 +24,7 @@ constexpr const char* kHct615dLives[] = {"sine 100 900 20", "ramp 0 50 40", "sin
 
 double ReportedValue(const std::vector<Row>& rows, std::size_t place, double seconds) {
     const std::size_t row = kFirstReported + place;
-    return row < rows.size() ? rows[row].behaviour.ValueAt(seconds) : 0;
+    return row < rows.size() ? rows[row].ValueAt(seconds) : 0;
 }
 
 // --- NOVAX ---
@@ -51,7 +51,7 @@ Row* ParameterOf(std::vector<Row>& rows, int number) {
 bool Write(Row* parameter, std::string_view data) {
     const auto value = ValueOfBytes(Swapped(data), RegisterForm::TwosComplement);
     if (parameter == nullptr || !Accepts(*parameter, value)) return false;
-    parameter->behaviour = Behaviour::Constant(*value);
+    parameter->written = value;
     return true;
 }
 
@@ -74,8 +74,13 @@ Answer AnswerToNovax(std::vector<Row>& rows, std::string_view request, double se
         const bool isTaken = Write(parameter, data);
         return {{Status(rows, seconds) + std::string(data)}, true, !isTaken};
     }
-    const double value = parameter == nullptr ? 0 : parameter->behaviour.ValueAt(seconds);
+    const double value = parameter == nullptr ? 0 : parameter->ValueAt(seconds);
     return {{Status(rows, seconds) + Word(value)}, false, false};
+}
+
+std::optional<Answer> NovaxRefusalOf(const std::vector<Row>& rows, std::string_view request, double seconds) {
+    if (ByteAt(request, 0) != kNovaxWrite) return std::nullopt;
+    return Answer{{Status(rows, seconds) + std::string(request.substr(2))}, true, true};
 }
 
 Answer AnswerToHct615d(const std::vector<Row>& rows, double seconds) {

@@ -18,6 +18,9 @@ namespace simulator {
 // The answer to a write tells the data as they were sent, whether they are taken or not.
 Answer AnswerToNovax(std::vector<Row>& rows, std::string_view request, double seconds);
 
+// The answer to a write that is not taken; nothing for a read.
+std::optional<Answer> NovaxRefusalOf(const std::vector<Row>& rows, std::string_view request, double seconds);
+
 // Decimal digits, two a byte, the high ones first: four, four, six and eight of them.
 Answer AnswerToHct615d(const std::vector<Row>& rows, double seconds);
 

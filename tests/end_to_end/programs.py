@@ -62,6 +62,12 @@ class Simulator:
     def pull_the_cable(self):
         self.process.kill()
 
+    def take_power(self):
+        self.process.send_signal(signal.SIGUSR1)
+
+    def give_power(self):
+        self.process.send_signal(signal.SIGUSR2)
+
 
 class Run:
     """What a call of the command line has given."""

@@ -96,6 +96,19 @@ TEST(ReadDescription, HeadSaysHowAnInstrumentStandsOnItsLine) {
     EXPECT_FALSE(instruments[1].Manner().garbles);
 }
 
+TEST(ReadDescription, RowMayBeVolatile) {
+    std::vector<Instrument> instruments = ReadDescription(
+        "11000101 | first | 5\n"
+        "one | 0020 | 1 | RW | 0 | | | constant 1 | volatile\n"
+        "two | 0021 | 1 | RW | 0 | | | constant 2\n",
+        "bench.txt");
+    EXPECT_EQ(instruments[0].AnswerTo("W1002009", 0).parts[0], "##");
+    EXPECT_EQ(instruments[0].AnswerTo("W1002109", 0).parts[0], "##");
+    EXPECT_EQ(instruments[0].AnswerTo("RR", 0).parts[0], "RR0909");
+    instruments[0].LosePower();
+    EXPECT_EQ(instruments[0].AnswerTo("RR", 0).parts[0], "RR0109");
+}
+
 struct Mistake {
     std::string text;
     std::string message;
@@ -132,6 +145,8 @@ TEST(ReadDescription, TellsFileLineWhatWasExpectedAndWhatStoodThere) {
         {head + "one | 0020 | 1 | RW | 0 | low\n", "bench.txt:2: expected a limit, found \"low\""},
         {head + "one | 0020 | 1 | RW | 0 | | | wobble 3\n",
          "bench.txt:2: expected constant, ramp, sine, counter or walk with its numbers, found \"wobble 3\""},
+        {head + "one | 0020 | 1 | RW | 0 | | | | kept\n",
+         "bench.txt:2: expected volatile, or nothing, found \"kept\""},
     };
     for (const auto& [text, message] : mistakes) {
         EXPECT_EQ(MessageOf(text), message);

@@ -22,21 +22,32 @@ namespace {
 using namespace simulator;
 
 volatile sig_atomic_t ended = 0;
+volatile sig_atomic_t powerIsTaken = 0;
+volatile sig_atomic_t powerIsGiven = 0;
 
-void End(int) { ended = 1; }
+void NoteSignal(int signal) {
+    if (signal == SIGUSR1) {
+        powerIsTaken = 1;
+        powerIsGiven = 0;
+    } else if (signal == SIGUSR2) {
+        powerIsGiven = 1;
+    } else {
+        ended = 1;
+    }
+}
 
 // Signals come in only while the program waits; gives the mask under which it waits.
-sigset_t CatchEndSignals() {
+sigset_t CatchSignals() {
     struct sigaction action {};
-    action.sa_handler = End;
-    sigset_t both;
+    action.sa_handler = NoteSignal;
+    sigset_t all;
     sigset_t waiting;
-    sigemptyset(&both);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    sigemptyset(&all);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGUSR1, SIGUSR2}) {
         sigaction(signal, &action, nullptr);
-        sigaddset(&both, signal);
+        sigaddset(&all, signal);
     }
-    sigprocmask(SIG_BLOCK, &both, &waiting);
+    sigprocmask(SIG_BLOCK, &all, &waiting);
     signal(SIGPIPE, SIG_IGN);  // nobody may read the output any more; the counts then say so
     return waiting;
 }
@@ -67,6 +78,7 @@ class Player {
             timespec pause{};
             const bool hasPause = SetPause(pause);
             const int ready = ppoll(&line, 1, hasPause ? &pause : nullptr, &waitingMask);
+            FollowPower();
             if (ready > 0) Take();
             SendWhatIsDue();
         }
@@ -84,6 +96,17 @@ class Player {
         pause.tv_sec = static_cast<time_t>(milliseconds / 1000);
         pause.tv_nsec = static_cast<long>(std::fmod(milliseconds, 1000) * 1e6);
         return true;
+    }
+
+    // Off and on that come together are both followed, in this order.
+    void FollowPower() {
+        if (powerIsTaken != 0) {
+            bus_.TakePower();
+            waiting_.clear();
+        }
+        if (powerIsGiven != 0) bus_.GivePower();
+        powerIsTaken = 0;
+        powerIsGiven = 0;
     }
 
     void Take() {
@@ -118,9 +141,11 @@ void WriteCounts(const Bus& bus, const std::string& file) {
 }
 
 int Run(const Options& options) {
-    Bus bus(ReadInstruments(options.descriptions, options.partLength), options.rates, options.seed,
-            options.turnaroundMs);
-    const sigset_t waitingMask = CatchEndSignals();
+    std::vector<Instrument> instruments = ReadInstruments(options.descriptions, options.partLength);
+    RefuseStrangeRefusals(options.refusals, instruments.front());
+    Bus bus(std::move(instruments), options.rates, options.seed, options.turnaroundMs);
+    bus.SetRefusals({options.refusals, options.seed});
+    const sigset_t waitingMask = CatchSignals();
     const LineDevice device(options.device, options.link);
     std::cout << device.Path() << std::endl;
     try {

@@ -5,6 +5,8 @@
 #include <map>
 #include <sstream>
 
+#include "simulator/hex_digits.h"
+
 namespace simulator {
 
 const char* const kUsage =
@@ -22,8 +24,10 @@ const char* const kUsage =
     "  --seed N            of the faults (1)\n"
     "  --drop R --corrupt R --truncate R --late R --split R --delay R --noise R\n"
     "                      how often a fault befalls a reply, 0 to 1 (0)\n"
+    "  --refuse [XX[XX]:]R how often a request is refused, 0 to 1 (0), of Modbus instruments with that\n"
+    "                      exception: function and code (8802); can be given several times\n"
     "  --help              this text\n"
-    "Ends with SIGTERM or SIGINT.\n";
+    "SIGUSR1 takes the power off, SIGUSR2 gives it back. Ends with SIGTERM or SIGINT.\n";
 
 namespace {
 
@@ -40,6 +44,19 @@ Number NumberOf(const std::string& name, const std::string& text, Number lowest,
     return value;
 }
 
+// "0.1", "88:0.1" or "8602:0.1".
+RefusalRate RefusalOf(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos) return {NumberOf("--refuse", text, 0.0, 1.0), {}};
+    constexpr char kUsualCode = 2;
+    auto exception = BytesOfHex(text.substr(0, colon));
+    const bool isException = exception && (exception->size() == 1 || exception->size() == 2) &&
+                             static_cast<unsigned char>(exception->front()) > 0x80;
+    if (!isException) throw UsageError("--refuse: \"" + text + "\" begins with no exception from 81 to FF");
+    if (exception->size() == 1) *exception += kUsualCode;
+    return {NumberOf("--refuse", text.substr(colon + 1), 0.0, 1.0), *exception};
+}
+
 using Setter = std::function<void(const std::string& value)>;
 
 std::map<std::string, Setter> SettersOf(Options& options) {
@@ -51,6 +68,7 @@ std::map<std::string, Setter> SettersOf(Options& options) {
         {"--device", [&](const std::string& value) { options.device = value; }},
         {"--link", [&](const std::string& value) { options.link = value; }},
         {"--counts", [&](const std::string& value) { options.counts = value; }},
+        {"--refuse", [&](const std::string& value) { options.refusals.push_back(RefusalOf(value)); }},
         {"--seed",
          [&](const std::string& value) {
              options.seed = NumberOf<std::uint64_t>("--seed", value, 0, UINT64_MAX);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "simulator/faults.h"
+#include "simulator/refusals.h"
 
 namespace simulator {
 
@@ -15,6 +16,7 @@ struct Options {
     std::string link;
     std::string counts;  // file for the counts; empty: standard output
     FaultRates rates;
+    std::vector<RefusalRate> refusals;
     std::uint64_t seed = 1;
     int turnaroundMs = 0;
     int partLength = 0;
