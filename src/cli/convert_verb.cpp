@@ -1,3 +1,4 @@
+#include "cli/code_digits.h"
 #include "cli/line_answers.h"
 #include "cli/printable_text.h"
 #include "cli/round_trip_words.h"
@@ -61,9 +62,13 @@ bool HasLetterForBcdSign(const Text& code) {
     return sign >= u"A" && sign <= u"F";
 }
 
-Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Text& input) {
+Text Quoted(const Text& input) {
     constexpr int kQuotedCells = 60;
-    const Text quoted = u"\"" + ShortenedToWidth(input, kQuotedCells) + u"\" ";
+    return u"\"" + ShortenedToWidth(input, kQuotedCells) + u"\" ";
+}
+
+Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Text& input) {
+    const Text quoted = Quoted(input);
     const Text format = u"格式 " + WholeText(conversion.format) + u" ";
     const bool isOverflow = error.Number() == RuntimeError::kOverflow;
     if (conversion.direction == Direction::ToCode) {
@@ -71,8 +76,11 @@ Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Te
     }
     if (isOverflow) return quoted + u"不是有限的数";
     const bool isBcdSign = conversion.format == register_format::kBcd && HasLetterForBcdSign(input);
-    return quoted + u"不是" + format + u"能读出的代码" +
-           (isBcdSign ? u"：" + Text(WordsOf(LossReason::BcdSignIsLetter)) : Text());
+    const Text why =
+        isBcdSign ? Text(WordsOf(LossReason::BcdSignIsLetter)) : WhyNoCode(input, conversion.format);
+    Text problem = quoted + u"不是" + format + u"能读出的代码";
+    if (!why.empty()) problem += u"：" + why;
+    return problem;
 }
 
 void ExplainCode(const Text& code, int formatNumber, Text& explanation) {
@@ -101,7 +109,23 @@ void Explain(const Conversion& conversion, const Text& input, const Text& result
     }
 }
 
-LineAnswer Converted(const Conversion& conversion, bool isExplained, const Text& input) {
+// Why a text is no code, where the codec reads it all the same.
+Text ObjectionTo(const Conversion& conversion, const Text& input) {
+    const Text what = WhyNoCode(input, conversion.format);
+    if (conversion.direction == Direction::ToCode || what.empty()) return {};
+    Text objection = Quoted(input) + u"不是格式 ";
+    objection += WholeText(conversion.format);
+    objection += u" 的代码：";
+    objection += what;
+    return objection + u"。仍要换算请加 --lenient";
+}
+
+struct Manner {
+    bool isExplained;
+    bool isLenient;
+};
+
+LineAnswer Converted(const Conversion& conversion, const Manner& manner, const Text& input) {
     LineAnswer answer;
     answer.result = input;
     try {
@@ -109,7 +133,9 @@ LineAnswer Converted(const Conversion& conversion, bool isExplained, const Text&
     } catch (const RuntimeError& error) {
         return {{}, ProblemOf(conversion, error, input), {}, {}};
     }
-    if (!isExplained) return answer;
+    if (!manner.isLenient) answer.problem = ObjectionTo(conversion, input);
+    if (!answer.problem.empty()) return {{}, answer.problem, {}, {}};
+    if (!manner.isExplained) return answer;
     PassOverError([&] { Explain(conversion, input, answer.result, answer.explanation); });
     const ConversionNotes notes = NotesOf(conversion, input, answer.result);
     answer.notes = WordsOf(notes, conversion, answer.result);
@@ -119,12 +145,15 @@ LineAnswer Converted(const Conversion& conversion, bool isExplained, const Text&
 ExitStatus Convert(const Arguments& arguments, Console& console) {
     const Formats formats = FormatsOf(arguments);
     const Conversion conversion = {*formats.number, DirectionOf(arguments)};
-    const bool isExplained = arguments.Has(u"explain");
+    const Manner manner = {arguments.Has(u"explain"), arguments.Has(u"lenient")};
+    if (manner.isLenient && conversion.direction == Direction::ToCode) {
+        throw arguments.BadUsage(u"选项 --lenient 只用于 --to-value"_s);
+    }
     const QString expected = conversion.direction == Direction::ToCode ? u"每行输入一个数值，Ctrl-D 结束"_s
                                                                        : u"每行输入一个代码，Ctrl-D 结束"_s;
     return AnswerTexts(arguments.OnePositionalAtMost(), expected,
-                       {formats.form.value_or(Format::Plain), isExplained}, console,
-                       [&](const Text& input) { return Converted(conversion, isExplained, input); });
+                       {formats.form.value_or(Format::Plain), manner.isExplained}, console,
+                       [&](const Text& input) { return Converted(conversion, manner, input); });
 }
 
 constexpr QStringView kNotes =
@@ -144,6 +173,12 @@ constexpr QStringView kNotes =
   11  IEEE-754 单精度浮点数，只读出
   12  写出双字节原码，读出补码
   4、10 不作换算
+
+例:
+  $ commtest-cli convert --format 0 --to-value D204
+  1234
+  $ commtest-cli convert --format 1 --to-value 04G2
+  "04G2" 不是格式 1 的代码：第 3 个字符 "G" 不是十六进制数字。仍要换算请加 --lenient
 )";
 
 }  // namespace
@@ -155,6 +190,7 @@ Verb ConvertVerb() {
             {{u"format", u"N", u"数值格式 0 到 12；再给一次 text、csv 或 json 为结果的格式", {}, true},
              {u"to-code", {}, u"数值换算成代码，不给出方向时也是"},
              {u"to-value", {}, u"代码换算成数值"},
+             {u"lenient", {}, u"代码中不是数字的字符按仪表软件的读法换算，不拒绝"},
              {u"explain", {}, u"加上换算过程，并说明换算不能还原之处"}},
             Convert,
             kNotes};

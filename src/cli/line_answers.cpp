@@ -33,9 +33,24 @@ std::string PlainLines(const LineAnswer& answer, bool isExplained) {
     return lines;
 }
 
-std::string CsvLineOf(const Text& input, const LineAnswer& answer, bool isExplained) {
-    if (!isExplained) return CsvLine({input, answer.result});
-    return CsvLine({input, answer.result, answer.explanation, Joined(answer.notes)});
+std::string CsvHeadingsOf(const AnswerForm& form) {
+    if (form.headings.empty())
+        return form.isExplained ? "input,result,explanation,notes\n" : "input,result\n";
+    std::vector<Text> cells = {u"input"};
+    cells.insert(cells.end(), form.headings.begin(), form.headings.end());
+    return CsvLine(cells);
+}
+
+std::string CsvLineOf(const Text& input, const LineAnswer& answer, const AnswerForm& form) {
+    std::vector<Text> cells = {input};
+    if (form.headings.empty()) {
+        cells.push_back(answer.result);
+    } else {
+        cells.insert(cells.end(), answer.members.begin(), answer.members.end());
+        cells.resize(1 + form.headings.size());
+    }
+    if (form.isExplained) cells.insert(cells.end(), {answer.explanation, Joined(answer.notes)});
+    return CsvLine(cells);
 }
 
 void PutExplanation(const LineAnswer& answer, JsonWriter& json) {
@@ -46,15 +61,16 @@ void PutExplanation(const LineAnswer& answer, JsonWriter& json) {
     json.EndArray();
 }
 
-void PutAnswer(const Text& input, const LineAnswer& answer, bool isExplained, JsonWriter& json) {
+void PutAnswer(const Text& input, const LineAnswer& answer, const AnswerForm& form, JsonWriter& json) {
     json.BeginObject();
     json.PutText(u"input", input);
     if (!answer.problem.empty()) {
         json.PutText(u"error", answer.problem);
-    } else {
+    } else if (form.headings.empty()) {
         json.PutText(u"result", answer.result);
-        if (isExplained) PutExplanation(answer, json);
+        if (form.isExplained) PutExplanation(answer, json);
     }
+    for (std::size_t i = 0; i < answer.members.size(); ++i) json.PutText(form.headings[i], answer.members[i]);
     json.EndObject();
 }
 
@@ -111,8 +127,7 @@ AnswerPrinter::AnswerPrinter(Console& console, const AnswerForm& form) : console
         json_.BeginArray();
         console_.Print(json_.Take());
     } else if (form_.format == Format::Csv) {
-        console_.Print(
-            std::string(form_.isExplained ? "input,result,explanation,notes\n" : "input,result\n"));
+        console_.Print(CsvHeadingsOf(form_));
     }
 }
 
@@ -120,10 +135,10 @@ void AnswerPrinter::Add(const Text& input, const LineAnswer& answer) {
     const bool isFirst = !std::exchange(hasAnswers_, true);
     switch (form_.format) {
         case Format::Json:
-            PutAnswer(input, answer, form_.isExplained, json_);
+            PutAnswer(input, answer, form_, json_);
             console_.Print(json_.Take());
             return;
-        case Format::Csv: console_.Print(CsvLineOf(input, answer, form_.isExplained)); return;
+        case Format::Csv: console_.Print(CsvLineOf(input, answer, form_)); return;
         default:
             if (form_.isExplained && !isFirst) console_.Print(std::string("\n"));
             console_.Print(PlainLines(answer, form_.isExplained));

@@ -19,12 +19,14 @@ struct LineAnswer {
     Text problem;  // why there is no result; empty if there is one
     Text explanation;
     std::vector<Text> notes;
+    std::vector<Text> members = {};  // where the form has headings of its own
 };
 
 // How answers are printed.
 struct AnswerForm {
     Format format = Format::Plain;
-    bool isExplained = false;  // explanation and notes stand behind the result
+    bool isExplained = false;             // explanation and notes stand behind the result
+    std::vector<TextView> headings = {};  // of the members that CSV and JSON have in place of the result
 };
 
 // Prints answers as they come, a result a line, CSV behind a line of headings, JSON as an array with an

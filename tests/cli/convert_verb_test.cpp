@@ -96,8 +96,56 @@ TEST(ConvertVerb, NegativeNumberIsNoOptionWhereverItStands) {
     EXPECT_EQ(Convert({"--format", "12", "-.5"}).results, "8000\n");
 }
 
-TEST(ConvertVerb, EmptyCodeIsReadAsTheCodecsReadIt) {
-    EXPECT_EQ(Convert({"--format", "1", "--to-value", ""}).results, "0\n");
+TEST(ConvertVerb, TextThatHoldsNoDigitsOfItsCodeIsRefusedWithTheCharacter) {
+    const struct {
+        const char* format;
+        const char* code;
+        const char* reason;
+    } rows[] = {
+        {"0", "12G4", "第 3 个字符 \"G\" 不是十六进制数字"},
+        {"0", "xyzw", "第 1 个字符 \"x\" 不是十六进制数字"},
+        {"1", "", "没有数字"},
+        {"1", "FB 2E", "第 3 个字符 \" \" 不是十六进制数字"},
+        {"2", "温度", "第 1 个字符 \"温\" 不是十六进制数字"},
+        {"3", "4120000O", "第 8 个字符 \"O\" 不是十六进制数字"},
+        {"5", "02000012E1", "第 9 个字符 \"E\" 不是十进制数字"},
+        {"6", "0x01", "第 2 个字符 \"x\" 不是十六进制数字"},
+        {"7", "-1", "第 1 个字符 \"-\" 不是十六进制数字"},
+        {"8", "04A0000007C9000.", "第 16 个字符 \".\" 不是十六进制数字"},
+        {"9", "1G", "第 2 个字符 \"G\" 不是十六进制数字"},
+        {"11", "BF0000Z0", "第 7 个字符 \"Z\" 不是十六进制数字"},
+        {"12", "AE9+", "第 4 个字符 \"+\" 不是十六进制数字"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_TRUE(IsProblem(Convert({"--format", row.format, "--to-value", row.code}), 2,
+                              "\"" + std::string(row.code) + "\" 不是格式 " + row.format + " 的代码：" +
+                                  row.reason + "。仍要换算请加 --lenient"));
+    }
+}
+
+TEST(ConvertVerb, LenientGivesWhatTheCodecReads) {
+    const struct {
+        const char* format;
+        const char* code;
+        const char* result;
+    } rows[] = {{"1", "", "0"}, {"9", "1G", "1"}, {"0", "12G45", "12G45"}, {"7", "-1", "0"}};
+    for (const auto& row : rows) {
+        const Outcome outcome = Convert({"--format", row.format, "--to-value", "--lenient", row.code});
+        EXPECT_EQ(outcome.status, 0) << row.code;
+        EXPECT_EQ(outcome.results, std::string(row.result) + "\n");
+    }
+    EXPECT_TRUE(IsProblem(Convert({"--format", "5", "--to-value", "--lenient", "02000012G4"}), 2,
+                          "\"02000012G4\" 不是格式 5 能读出的代码：第 9 个字符 \"G\" 不是十进制数字"));
+}
+
+TEST(ConvertVerb, LenientIsForValuesAlone) {
+    EXPECT_TRUE(IsProblem(Convert({"--format", "0", "--lenient", "5"}), 2,
+                          "选项 --lenient 只用于 --to-value。用法请看 commtest-cli convert --help"));
+}
+
+TEST(ConvertVerb, FormatsThatConvertNothingTakeAnyText) {
+    EXPECT_EQ(Convert({"--format", "4", "--to-value", "xyz"}).results, "xyz\n");
+    EXPECT_EQ(Convert({"--format", "10", "--to-value", ""}).results, "\n");
 }
 
 TEST(ConvertVerb, WrongWordsAreBadUsageInOneLine) {
@@ -141,7 +189,8 @@ TEST(ConvertVerb, TextThatTheCodecRefusesIsTold) {
         {{"--format", "0", "1E+30"}, "\"1E+30\" 超出格式 0 的范围"},
         {{"--format", "5", "--to-value", "0A00001234"},
          "\"0A00001234\" 不是格式 5 能读出的代码：负数有两位以上小数时第 2 个字符是字母，读不出"},
-        {{"--format", "5", "--to-value", "02000012G4"}, "\"02000012G4\" 不是格式 5 能读出的代码"},
+        {{"--format", "5", "--to-value", "02000012G4"},
+         "\"02000012G4\" 不是格式 5 能读出的代码：第 9 个字符 \"G\" 不是十进制数字"},
         {{"--format", "3", "--to-value", "7F800000"}, "\"7F800000\" 不是有限的数"},
         {{"--format", "0", "--format", "json", "12:5"}, "\"12:5\" 不是数值"},
     };
@@ -388,7 +437,10 @@ TEST(ConvertVerb, HelpTellsTheNumberFormats) {
     const Outcome outcome = Convert({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.results, HasSubstr("\n数值格式:\n  0   双字节原码，低字节在前\n"));
-    EXPECT_THAT(outcome.results, HasSubstr("\n  4、10 不作换算\n\n退出状态:\n"));
+    EXPECT_THAT(
+        outcome.results,
+        HasSubstr(
+            "\n  4、10 不作换算\n\n例:\n  $ commtest-cli convert --format 0 --to-value D204\n  1234\n"));
     EXPECT_THAT(outcome.results, HasSubstr("以 -- 开头的数值或代码写在单独的 -- 之后。\n"));
 }
 

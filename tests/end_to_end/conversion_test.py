@@ -1,17 +1,23 @@
 """The verbs without a line: numbers and frames through a pipe."""
 
+import json
 import os
 import pty
 import select
+import sqlite3
 import signal
 import subprocess
 import tempfile
 import unittest
+from pathlib import Path
 
 from programs import CLI, PATIENCE
+from schemas import faults, schema
 
 CONVERT = [CLI, "convert", "--format", "0"]
 CHECK = [CLI, "check", "--protocol", "11"]
+VERIFY = [CLI, "check", "--family", "modbus-rtu", "--verify"]
+TO_VALUE = [CLI, "convert", "--format", "9", "--to-value"]
 
 
 def run(words, text=""):
@@ -43,6 +49,41 @@ class ConversionTest(unittest.TestCase):
     def test_frames_through_a_pipe(self):
         done = run(CHECK, "@01RD\r\n\nx7#\n")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "@01RD17\\0D\n\n@7#14\\0D\n", ""))
+
+    def test_check_word_of_a_family_stands_as_on_the_wire(self):
+        done = run([CLI, "check", "--family", "modbus-rtu", "01 03 00 10 00 01"])
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "85 CF\n", ""))
+
+    def test_frames_are_verified_through_a_pipe(self):
+        done = run(VERIFY, "01 03 00 10 00 01 85 CF\n01 03 00 10 00 01 85 CE\n")
+        self.assertEqual((done.returncode, done.stdout, done.stderr),
+                         (1, "正确\n错误，帧中为 85 CE，应为 85 CF\n", ""))
+
+    def test_codes_without_their_digits_are_refused_or_read_as_the_grid_does(self):
+        done = run(TO_VALUE, "1G\nFF\n")
+        self.assertEqual((done.returncode, done.stdout, done.stderr),
+                         (2, "\n255\n", '第 1 行: "1G" 不是格式 9 的代码：第 2 个字符 "G" 不是十六进制数字。'
+                          '仍要换算请加 --lenient\n'))
+        done = run(TO_VALUE + ["--lenient"], "1G\nFF\n")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "1\n255\n", ""))
+
+    def test_json_is_as_its_schemas_say(self):
+        for words, text, name in (
+                (VERIFY, "01 03 00 10 00 01 85 CF\n01 03 00 10 00 01 85 CE\nx\n", "verdicts"),
+                (CHECK, "@01RD\n", "answers"), (TO_VALUE + ["--explain"], "FF\n1G\n", "answers")):
+            done = run([*words, "--format", "json"], text)
+            self.assertEqual(faults(json.loads(done.stdout), schema(name)), [])
+
+    def test_row_of_the_catalogue_adds_a_protocol_of_the_tool(self):
+        with tempfile.TemporaryDirectory() as outer:
+            folder = Path(outer) / "folder"
+            run([CLI, "catalogue", "create", folder]).check_returncode()
+            catalogue = sqlite3.connect(folder / "通讯数据.mdb")
+            with catalogue:
+                catalogue.execute("INSERT INTO 表格_设置 (使用, 列号, 字段, 宽度) VALUES ('协议规定', 14, '双字节校验', 3)")
+            catalogue.close()
+            done = run([CLI, "list", "protocols", "--folder", folder, "--format", "csv"])
+        self.assertEqual(done.stdout.splitlines()[-1], "3,双字节校验,否")
 
     def test_line_is_answered_while_the_pipe_stays_open(self):
         with subprocess.Popen(CONVERT, stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="utf-8") as process:
