@@ -23,6 +23,10 @@ void OpenCatalogueOf(const ProgramFiles& files, Store& store);
 std::vector<Text> ProtocolNames(Store& store);
 std::vector<Text> InstrumentNames(Store& store, const Text& protocol);
 
+// The instrument of that name, or the only one whose name has it as a part; a Problem where there is none,
+// which is that of RequireKnown, or several, which it lists.
+Text InstrumentMeant(const Text& word, const std::vector<Text>& known);
+
 // A Problem unless the name is one of those known; `listing` is the call that lists them.
 void RequireKnown(QStringView kind, const Text& name, const std::vector<Text>& known, QStringView listing);
 

@@ -5,6 +5,7 @@
 #include "cli/catalogue_actions.h"
 #include "host/file_names.h"
 #include "host_qt/folder_files.h"
+#include "host_qt/path_problem.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_store.h"
 #include "runtime/runtime_error.h"
@@ -20,8 +21,7 @@ bool MakeFolder(const QString& folder) {
     try {
         return CreateProgramFolder(folder.toStdU16String(), FillWithShippedCatalogue);
     } catch (const RuntimeError& error) {
-        throw Problem(ExitStatus::NoAccess, u"%1 不能建立 %2，请检查名称和权限"_s.arg(
-                                                QString::fromStdU16String(error.StandardMessage()), folder));
+        throw Problem(ExitStatus::NoAccess, u"不能建立 %1: %2"_s.arg(folder, ReasonOf(error)));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "cli/printable_text.h"
 #include "cli/suggestion.h"
 #include "cli/verb.h"
+#include "host_qt/path_problem.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -90,8 +91,9 @@ QStringList ActionsOf(const Verb& verb) {
 Problem WrongAction(const Verb& verb, const QString& word) {
     const QStringList actions = ActionsOf(verb);
     const QString what = word.isEmpty() ? u"缺少动作"_s : u"没有动作 \"%1\""_s.arg(word);
-    return {ExitStatus::BadUsage,
-            u"%1，应为 %2。用法请看 commtest-cli %3 --help"_s.arg(what, actions.join(u"、"_s), verb.name)};
+    const QString meant = DidYouMean(word, actions);
+    const QString known = meant.isEmpty() ? u"，应为 %1。"_s.arg(actions.join(u"、"_s)) : meant;
+    return {ExitStatus::BadUsage, u"%1%2用法请看 commtest-cli %3 --help"_s.arg(what, known, verb.name)};
 }
 
 ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console) {
@@ -136,11 +138,17 @@ ExitStatus RunWords(const QStringList& words, Console& console) {
                   what + (meant.isEmpty() ? u"。"_s : meant) + u"用法请看 commtest-cli --help"_s);
 }
 
+Problem CannotPrint(const Console& console) {
+    const QString reason = WordsOnSystemError(console.SystemError());
+    const QString line = reason.isEmpty() ? u"结果写不出去"_s : u"结果写不出去: "_s + reason;
+    return {ExitStatus::NoAccess, line + u"，请检查标准输出"_s};
+}
+
 ExitStatus RunAndTell(const QStringList& words, Console& console) {
     try {
         const ExitStatus status = RunWords(words, console);
         if (!console.Flush() && console.HasNoReader()) return ExitStatus::NoReader;
-        if (!console.Flush()) throw Problem(ExitStatus::NoAccess, u"结果写不出去，请检查标准输出"_s);
+        if (!console.Flush()) throw CannotPrint(console);
         return status;
     } catch (const Problem& problem) {
         console.Tell(problem.Line());

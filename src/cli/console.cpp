@@ -20,7 +20,9 @@ void Console::Print(const std::string& text) {
 }
 
 void Console::NoteFailure() {
-    if (!TakesResults() && errno == EPIPE) hasNoReader_ = true;
+    if (TakesResults()) return;
+    systemError_ = errno;
+    hasNoReader_ = hasNoReader_ || errno == EPIPE;
 }
 
 bool Console::Flush() {

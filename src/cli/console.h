@@ -37,6 +37,8 @@ class Console {
     bool TakesResults() const;
     // Because nobody reads them any more.
     bool HasNoReader() const { return hasNoReader_; }
+    // The number that the system gave for it, 0 for none.
+    int SystemError() const { return systemError_; }
 
     // One line for the user; nothing for an empty one.
     void Tell(TextView line);
@@ -57,6 +59,7 @@ class Console {
     std::ostream& problems_;
     int liveWidth_;
     bool hasNoReader_ = false;
+    int systemError_ = 0;
     int shownWidth_ = 0;  // of the live line, 0 while there is none
 };
 

@@ -2,10 +2,11 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <cerrno>
 
 #include "cli/output_file.h"
 #include "host/file_names.h"
-#include "runtime/runtime_error.h"
+#include "host_qt/path_problem.h"
 
 namespace commtest {
 
@@ -41,18 +42,17 @@ ListOutput::ListOutput(OutputKind kind, const std::optional<QString>& named, Fol
     try {
         appended_ = files.OpenForAppend(usual);
     } catch (const RuntimeError& error) {
-        throw CannotWrite(QString::fromStdU16String(error.StandardMessage()));
+        throw CannotWrite(path_, ReasonOf(error));
     }
 }
 
 void ListOutput::OpenAnew(OutputKind kind, const QString& programFolder) {
     RequireOwnOutput({path_, kind, programFolder});
     anew_ = std::make_unique<QSaveFile>(path_);
-    if (!anew_->open(QIODevice::WriteOnly)) throw CannotWrite(anew_->errorString());
-}
-
-Problem ListOutput::CannotWrite(const QString& why) const {
-    return {ExitStatus::NoAccess, u"%1 写不进去: %2。请检查文件名、权限和磁盘空间"_s.arg(path_, why)};
+    errno = 0;
+    if (!anew_->open(QIODevice::WriteOnly)) {
+        throw CannotWrite(path_, ReasonOfFailure(PathUse::Writing, path_, errno));
+    }
 }
 
 void ListOutput::Write(const std::string& bytes) {
@@ -60,19 +60,23 @@ void ListOutput::Write(const std::string& bytes) {
     growth_ += size;
     if (IsResults()) return console_.Print(bytes);
     if (anew_ != nullptr) {
-        if (anew_->write(bytes.data(), size) != size) throw CannotWrite(anew_->errorString());
+        errno = 0;
+        if (anew_->write(bytes.data(), size) != size) throw CannotWrite(path_, WordsOnSystemError(errno));
         return;
     }
     try {
         appended_->Write(bytes);
     } catch (const RuntimeError& error) {
-        throw CannotWrite(QString::fromStdU16String(error.StandardMessage()));
+        throw CannotWrite(path_, ReasonOf(error));
     }
 }
 
 void ListOutput::Finish() {
     if (IsResults()) return;
-    if (anew_ != nullptr && !anew_->commit()) throw CannotWrite(anew_->errorString());
+    errno = 0;
+    if (anew_ != nullptr && !anew_->commit()) {
+        throw CannotWrite(path_, ReasonOfFailure(PathUse::Writing, path_, errno));
+    }
     appended_.reset();
     size_ = QFileInfo(path_).size();
 }

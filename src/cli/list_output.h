@@ -39,7 +39,6 @@ class ListOutput {
 
   private:
     void OpenAnew(OutputKind kind, const QString& programFolder);
-    Problem CannotWrite(const QString& why) const;
 
     Console& console_;
     QString path_;

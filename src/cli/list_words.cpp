@@ -1,5 +1,7 @@
 #include "cli/list_words.h"
 
+#include "host_qt/path_problem.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -47,6 +49,10 @@ QString WordsOnSize(int instruments, int parameters) {
 
 QString WordsOnListError(const RuntimeError& error, const QString& file, int line) {
     if (const auto* const unreadable = dynamic_cast<const UnreadableLine*>(&error)) line = unreadable->Line();
+    const auto* const trouble = dynamic_cast<const FileTrouble*>(&error);
+    if (trouble != nullptr && !trouble->Reason().isEmpty()) {
+        return u"%1 读不出来: %2"_s.arg(file, trouble->Reason());
+    }
     const QString place = line > 0 ? u"%1:%2"_s.arg(file).arg(line) : file;
     return u"%1 %2: %3"_s.arg(QString::fromStdU16String(error.StandardMessage()), place, WhatToDo(error));
 }

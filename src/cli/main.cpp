@@ -36,6 +36,7 @@ int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a failed write
     std::signal(SIGPIPE, SIG_IGN);  // results that nobody reads any more end a verb by its own exit status
     commtest::Console console({std::cin, isatty(STDIN_FILENO) != 0}, std::cout, std::cerr, TerminalWidth());
     const int status = commtest::RunCommandLine(QCoreApplication::arguments().mid(1), console);

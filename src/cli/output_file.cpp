@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
 #include "host/file_names.h"
+#include "host_qt/path_problem.h"
 
 namespace commtest {
 
@@ -67,11 +69,18 @@ bool IsStream(const QString& path) {
 bool MayBeReplaced(OutputKind kind, const QString& path) {
     QFile file(path);
     if (!QFileInfo(path).isFile()) return false;
-    if (!file.open(QIODevice::ReadOnly)) throw Refused(u"%1 读不出来: %2"_s.arg(path, file.errorString()));
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw Refused(u"%1 读不出来: %2"_s.arg(path, ReasonOfFailure(PathUse::Reading, path, errno)));
+    }
     return file.size() == 0 || IsEarlierOutput(kind, file);
 }
 
 }  // namespace
+
+Problem CannotWrite(const QString& path, const QString& reason) {
+    return {ExitStatus::NoAccess, u"%1 写不进去: %2"_s.arg(path, reason)};
+}
 
 void RequireOwnOutput(const OutputName& name) {
     const QString path = RealPath(name.path);
@@ -90,22 +99,22 @@ OutputFile::OutputFile(const OutputName& name)
     if (name.path.isEmpty()) return;
     RequireOwnOutput(name);
     const auto end = IsStream(name.path) ? QIODevice::WriteOnly : QIODevice::Append;
-    if (!file_.open(end | QIODevice::Unbuffered)) throw CannotWrite();
+    errno = 0;
+    if (file_.open(end | QIODevice::Unbuffered)) return;
+    throw CannotWrite(name.path, ReasonOfFailure(PathUse::Writing, name.path, errno));
 }
 
 void OutputFile::Write(const std::string& bytes) {
-    if (!file_.isOpen() || bytes.empty()) return;
+    if (!file_.isOpen() || bytes.empty() || !IsGood()) return;
     if (std::exchange(beginsAnew_, false)) file_.resize(0);
-    file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    const auto size = static_cast<qint64>(bytes.size());
+    errno = 0;
+    if (file_.write(bytes.data(), size) == size) return;
+    failure_ = errno == 0 ? file_.errorString() : WordsOnSystemError(errno);
 }
 
 void OutputFile::Finish() {
-    if (!IsGood()) throw CannotWrite();
-}
-
-Problem OutputFile::CannotWrite() const {
-    return {ExitStatus::NoAccess,
-            u"%1 写不进去: %2。请检查文件名、权限和磁盘空间"_s.arg(file_.fileName(), file_.errorString())};
+    if (!IsGood()) throw CannotWrite(file_.fileName(), failure_);
 }
 
 }  // namespace commtest

@@ -23,6 +23,9 @@ struct OutputName {
 // are.
 void RequireOwnOutput(const OutputName& name);
 
+// The line on a file that cannot be written, with its reason.
+Problem CannotWrite(const QString& path, const QString& reason);
+
 // The same file, through whatever links.
 bool IsSameFile(const QString& one, const QString& other);
 
@@ -35,16 +38,15 @@ class OutputFile {
 
     bool IsOpen() const { return file_.isOpen(); }
     void Write(const std::string& bytes);
-    bool IsGood() const { return file_.error() == QFile::NoError; }
+    bool IsGood() const { return failure_.isEmpty(); }
 
     // A Problem if not all of it could be written.
     void Finish();
 
   private:
-    Problem CannotWrite() const;
-
     QFile file_;
     bool beginsAnew_;
+    QString failure_;  // why not all of it could be written
 };
 
 }  // namespace commtest

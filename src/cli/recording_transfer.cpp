@@ -1,10 +1,12 @@
 #include "cli/recording_transfer.h"
 
 #include <QFile>
+#include <cerrno>
 #include <istream>
 
 #include "app/recording_addition.h"
 #include "app/recording_words.h"
+#include "host_qt/path_problem.h"
 #include "host_qt/whole_file.h"
 #include "runtime/number.h"
 
@@ -16,8 +18,12 @@ namespace {
 
 QByteArray BytesOf(const QString& name) {
     QFile file(name);
+    errno = 0;
     if (!file.open(QIODevice::ReadOnly)) {
-        throw Problem(ExitStatus::NoAccess, u"文件 %1 打不开: %2"_s.arg(name, file.errorString()));
+        const QString reason = errno == ENOENT && ObstacleTo(PathUse::Reading, name).isEmpty()
+                                   ? u"没有这个文件"_s
+                                   : ReasonOfFailure(PathUse::Reading, name, errno);
+        throw Problem(ExitStatus::NoAccess, u"文件 %1 打不开: %2"_s.arg(name, reason));
     }
     return file.readAll();
 }

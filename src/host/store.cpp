@@ -1,7 +1,5 @@
 #include "host/store.h"
 
-#include "runtime/runtime_error.h"
-
 namespace commtest {
 
 int StoreRows::ColumnOf(TextView name) const {
@@ -22,6 +20,8 @@ void RequireTables(Store& store, const std::vector<Text>& tables) {
     for (const Text& table : tables) {
         try {
             store.Query(u"SELECT * From " + table + u" Where 1 = 0");
+        } catch (const DamagedStore&) {
+            throw;
         } catch (const RuntimeError& error) {
             throw RuntimeError::OfStore(u"不是仪表通讯数据库，未作任何改动（" + error.Message() + u"）");
         }

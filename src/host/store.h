@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
+#include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
 namespace commtest {
@@ -47,6 +49,12 @@ class RowCursor {
     Text At(std::size_t column) const { return ValueAt(column).value_or(Text()); }
 };
 
+// A store whose file is damaged.
+class DamagedStore : public RuntimeError {
+  public:
+    explicit DamagedStore(Text words) : RuntimeError(RuntimeError::OfStore(std::move(words))) {}
+};
+
 // One connection to the catalogue's store. A statement that fails raises the store's run-time error with the
 // engine's text (RuntimeError::OfStore); so does every statement while the store is closed.
 class Store {
@@ -83,7 +91,7 @@ class Store {
 };
 
 // Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,
-// which says that this is no catalogue and holds the engine's text.
+// which says that this is no catalogue and holds the engine's text; a DamagedStore passes.
 void RequireTables(Store& store, const std::vector<Text>& tables);
 
 }  // namespace commtest

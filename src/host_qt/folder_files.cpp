@@ -3,8 +3,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <cerrno>
 
 #include "host/file_names.h"
+#include "host_qt/path_problem.h"
 #include "runtime/code_page.h"
 #include "runtime/rich_text.h"
 #include "runtime/runtime_error.h"
@@ -24,18 +26,22 @@ std::string_view View(const QByteArray& bytes) {
 }
 
 void OpenForReading(QFile& file) {
-    if (!file.open(QIODevice::ReadOnly)) throw RuntimeError(RuntimeError::kFileNotFound);
+    if (file.open(QIODevice::ReadOnly)) return;
+    throw FileTrouble(RuntimeError::kFileNotFound, ObstacleTo(PathUse::Reading, file.fileName()));
 }
 
 void OpenForWriting(QFile& file, QIODevice::OpenMode mode) {
     if (file.open(QIODevice::WriteOnly | mode)) return;
     const bool hasFolder = QFileInfo(file).dir().exists();
-    throw RuntimeError(hasFolder ? RuntimeError::kBadFile : RuntimeError::kPathNotFound);
+    throw FileTrouble(hasFolder ? RuntimeError::kBadFile : RuntimeError::kPathNotFound,
+                      ObstacleTo(PathUse::Writing, file.fileName()));
 }
 
 void Write(QFile& file, const std::string& bytes) {
     const auto size = static_cast<qint64>(bytes.size());
-    if (file.write(bytes.data(), size) != size || !file.flush()) throw RuntimeError(RuntimeError::kBadFile);
+    errno = 0;
+    if (file.write(bytes.data(), size) == size && file.flush()) return;
+    throw FileTrouble(RuntimeError::kBadFile, WordsOnSystemError(errno));
 }
 
 // A cut may go through a character: the text then begins behind the first line end.
@@ -79,7 +85,8 @@ class FolderFileBytes : public ByteReader {
   public:
     explicit FolderFileBytes(const QString& path) : file_(path) {
         if (file_.open(QIODevice::ReadOnly)) return;
-        throw RuntimeError(file_.exists() ? RuntimeError::kBadFile : RuntimeError::kFileNotFound);
+        throw FileTrouble(file_.exists() ? RuntimeError::kBadFile : RuntimeError::kFileNotFound,
+                          ObstacleTo(PathUse::Reading, path));
     }
 
     std::size_t Read(char* to, std::size_t room) override {

@@ -10,8 +10,10 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QUuid>
+#include <cerrno>
 
 #include "host/file_names.h"
+#include "host_qt/path_problem.h"
 #include "host_qt/qt_store.h"
 #include "host_qt/shipped_help.h"
 #include "host_qt/shipped_template.h"
@@ -26,6 +28,7 @@ class DraftFile {
   public:
     explicit DraftFile(const QString& path)
         : file_(path + u'.' + QUuid::createUuid().toString(QUuid::Id128)) {
+        errno = 0;
         if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly)) Raise(path);
         lock_ = dup(file_.handle());
         flock(lock_, LOCK_EX);
@@ -49,7 +52,8 @@ class DraftFile {
 
   private:
     [[noreturn]] void Raise(const QString& path) const {
-        throw RuntimeError::OfStore(path.toStdU16String() + u"：" + file_.errorString().toStdU16String());
+        const QString reason = ReasonOfFailure(PathUse::Writing, path, errno);
+        throw RuntimeError::OfStore((path + QStringLiteral("：") + reason).toStdU16String());
     }
 
     QFile file_;
@@ -94,8 +98,16 @@ void WriteCatalogue(const Text& path, const std::function<void(Store&)>& fill) {
 void WriteBytes(const Text& path, std::string_view bytes) {
     QFile file(QString::fromStdU16String(path));
     const auto size = static_cast<qint64>(bytes.size());
+    errno = 0;
     if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.flush()) return;
-    throw RuntimeError::OfStore(path + u"：" + file.errorString().toStdU16String());
+    const QString reason = ReasonOfFailure(PathUse::Writing, file.fileName(), errno);
+    throw RuntimeError::OfStore(path + u"：" + reason.toStdU16String());
+}
+
+void MakeFolder(const QString& path) {
+    errno = 0;
+    if (QDir().mkpath(path)) return;
+    throw FileTrouble(RuntimeError::kPathNotFound, ReasonOfFailure(PathUse::MakingFolder, path, errno));
 }
 
 QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())); }
@@ -104,7 +116,7 @@ QString ToQt(TextView text) { return QString::fromUtf16(text.data(), static_cast
 
 bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& fill) {
     const QDir directory(ToQt(folder));
-    if (!directory.mkpath(QStringLiteral("."))) throw RuntimeError(RuntimeError::kPathNotFound);
+    MakeFolder(directory.absolutePath());
     ClearAbandonedDrafts(directory, ToQt(kCatalogueFileName));
     ClearAbandonedDrafts(directory, ToQt(kHelpFileName));
     const bool wasMissing = CreateMissing(directory.filePath(ToQt(kCatalogueFileName)),
@@ -113,7 +125,7 @@ bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& 
                   [](const Text& draft) { WriteBytes(draft, ShippedHelp()); });
     CreateMissing(directory.filePath(ToQt(kSpreadsheetTemplateName)),
                   [](const Text& draft) { WriteBytes(draft, ShippedTemplate()); });
-    if (!directory.mkpath(ToQt(kRecordFolderName))) throw RuntimeError(RuntimeError::kPathNotFound);
+    MakeFolder(directory.filePath(ToQt(kRecordFolderName)));
     return wasMissing;
 }
 

@@ -9,7 +9,7 @@
 #include <QUuid>
 #include <QVariant>
 
-#include "runtime/runtime_error.h"
+#include "host_qt/path_problem.h"
 
 namespace commtest {
 
@@ -22,13 +22,52 @@ constexpr int kPatienceSeconds = 5;
 
 QString ToQt(const Text& text) { return QString::fromStdU16String(text); }
 
-[[noreturn]] void Raise(const QSqlError& error) {
-    const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    throw RuntimeError::OfStore(text.simplified().toStdU16String());
+// The results of the embedded engine that speak of its file, not of a statement.
+enum class FileResult { None = 0, ReadOnly = 8, Io = 10, Damaged = 11, Full = 13, CannotOpen = 14 };
+
+// The end of a transaction fails with a text alone.
+FileResult FileResultOf(const QString& text) {
+    if (text == u"database or disk is full") return FileResult::Full;
+    if (text == u"disk I/O error") return FileResult::Io;
+    return text == u"database disk image is malformed" ? FileResult::Damaged : FileResult::None;
 }
 
-void RaiseUnless(bool done, const QSqlDatabase& connection) {
-    if (!done) Raise(connection.lastError());
+FileResult FileResultOf(const QSqlError& error) {
+    constexpr int kPrimary = 0xFF;  // the bits of a result without its details
+    if (error.nativeErrorCode().isEmpty()) return FileResultOf(error.databaseText());
+    const auto result = static_cast<FileResult>(error.nativeErrorCode().toInt() & kPrimary);
+    switch (result) {
+        case FileResult::ReadOnly:
+        case FileResult::Io:
+        case FileResult::Damaged:
+        case FileResult::Full:
+        case FileResult::CannotOpen: return result;
+        default: return FileResult::None;
+    }
+}
+
+QString WordsOn(FileResult result, const QString& text) {
+    switch (result) {
+        case FileResult::ReadOnly: return u"没有写数据库文件的权限（%1）"_s.arg(text);
+        case FileResult::Damaged: return u"数据库文件已损坏（%1）"_s.arg(text);
+        case FileResult::Full: return u"磁盘已满（%1）"_s.arg(text);
+        case FileResult::Io: return u"磁盘读写出错（%1）"_s.arg(text);
+        default: return text;
+    }
+}
+
+// `file` is the one of the embedded engine, empty where a caller names it or a server holds the tables.
+[[noreturn]] void Raise(const QSqlError& error, const Text& file) {
+    const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    const FileResult result = FileResultOf(error);
+    Text words = WordsOn(result, text.simplified()).toStdU16String();
+    if (result != FileResult::None && !file.empty()) words = file + u"：" + words;
+    if (result == FileResult::Damaged) throw DamagedStore(words);
+    throw RuntimeError::OfStore(words);
+}
+
+void RaiseUnless(bool done, const QSqlDatabase& connection, const Text& file) {
+    if (!done) Raise(connection.lastError(), file);
 }
 
 StoreEngine EngineOf(const QSqlDriver& driver) {
@@ -51,7 +90,7 @@ QVariant VariantOf(const StoreValue& value) {
     return QVariant(QString::fromRawData(characters, static_cast<qsizetype>(value->size())));
 }
 
-StoreRows RowsOf(QSqlQuery query) {
+StoreRows RowsOf(QSqlQuery query, const Text& file) {
     StoreRows result;
     const QSqlRecord record = query.record();
     const int columns = record.count();
@@ -62,7 +101,7 @@ StoreRows RowsOf(QSqlQuery query) {
         for (int i = 0; i < columns; ++i) row.push_back(ValueOf(query.value(i)));
         result.rows.push_back(std::move(row));
     }
-    if (query.lastError().isValid()) Raise(query.lastError());
+    if (query.lastError().isValid()) Raise(query.lastError(), file);
     return result;
 }
 
@@ -72,11 +111,11 @@ QString UriOf(const QFileInfo& file) {
 
 class QueryCursor : public RowCursor {
   public:
-    explicit QueryCursor(QSqlQuery query) : query_(std::move(query)) {}
+    QueryCursor(QSqlQuery query, Text file) : query_(std::move(query)), file_(std::move(file)) {}
 
     bool Next() override {
         if (query_.next()) return true;
-        if (query_.lastError().isValid()) Raise(query_.lastError());
+        if (query_.lastError().isValid()) Raise(query_.lastError(), file_);
         return false;
     }
 
@@ -86,6 +125,7 @@ class QueryCursor : public RowCursor {
 
   private:
     QSqlQuery query_;
+    Text file_;
 };
 
 }  // namespace
@@ -106,7 +146,10 @@ void QtStore::Open(const StoreAddress& address) {
             Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
         }
         if (address.kind != StoreAddress::Kind::NewFile) RequireTables(*this, address.tables);
-        isFile_ = isFile;
+        if (isFile) file_ = address.location;
+    } catch (const DamagedStore& error) {
+        Close();
+        throw DamagedStore(address.location + u"：" + error.Message());
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.
@@ -116,6 +159,8 @@ void QtStore::Open(const StoreAddress& address) {
 
 void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
+    const QString obstacle = ObstacleTo(PathUse::Reading, file.filePath());
+    if (!obstacle.isEmpty()) throw RuntimeError::OfStore(obstacle.toStdU16String());
     if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
     const QString uri = UriOf(file);
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
@@ -128,7 +173,9 @@ void QtStore::OpenFile(const StoreAddress& address) {
 void QtStore::OpenNewFile(const StoreAddress& address) {
     QFile file(ToQt(address.location));
     if (!file.open(QIODevice::NewOnly)) {
-        throw RuntimeError::OfStore(file.exists() ? u"文件已存在" : u"不能建立数据库文件");
+        if (file.exists()) throw RuntimeError::OfStore(u"文件已存在");
+        throw RuntimeError::OfStore(u"不能建立数据库文件，" +
+                                    ObstacleTo(PathUse::Writing, file.fileName()).toStdU16String());
     }
     file.close();
     try {
@@ -151,16 +198,16 @@ void QtStore::Connect(const QString& driver, const QString& database, const QStr
     QSqlDatabase connection = QSqlDatabase::addDatabase(driver, connectionName_);
     connection.setDatabaseName(database);
     connection.setConnectOptions(options);
-    RaiseUnless(connection.open(), connection);
+    RaiseUnless(connection.open(), connection, file_);
     engine_ = EngineOf(*connection.driver());
     open_ = true;
 }
 
 void QtStore::Close() {
     preparedRow_.reset();
-    if (isFile_) PassOverError([&] { BringLogIntoFile(); });
+    if (IsFile()) PassOverError([&] { BringLogIntoFile(); });
     open_ = false;
-    isFile_ = false;
+    file_.clear();
     commitsToLog_ = false;
     inTransaction_ = false;
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
@@ -169,7 +216,7 @@ void QtStore::Close() {
 // A commit to the log beside the file does not wait for the disk: with the power the last rows may go, the
 // file stays whole. It pays where rows come one by one. Tried once: a locked file commits in the old way.
 void QtStore::CommitToLog() {
-    if (!isFile_ || inTransaction_ || commitsToLog_) return;
+    if (!IsFile() || inTransaction_ || commitsToLog_) return;
     commitsToLog_ = true;
     PassOverError([&] {
         Execute(u"PRAGMA journal_mode=WAL");
@@ -183,14 +230,14 @@ void QtStore::BringLogIntoFile() {
     Execute(u"PRAGMA journal_mode=DELETE");
 }
 
-StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql)); }
+StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql), file_); }
 
 StoreRows QtStore::Query(const Text& sql, const std::vector<StoreValue>& values) {
-    return RowsOf(Run(sql, values));
+    return RowsOf(Run(sql, values), file_);
 }
 
 std::unique_ptr<RowCursor> QtStore::OpenCursor(const Text& sql) {
-    return std::make_unique<QueryCursor>(Run(sql));
+    return std::make_unique<QueryCursor>(Run(sql), file_);
 }
 
 void QtStore::Execute(const Text& sql) { Run(sql); }
@@ -200,16 +247,16 @@ void QtStore::Execute(const Text& sql, const std::vector<StoreValue>& values) { 
 QSqlQuery QtStore::Run(const Text& sql) {
     QSqlQuery query(Connection());
     query.setForwardOnly(true);
-    if (!query.exec(ToQt(sql))) Raise(query.lastError());
+    if (!query.exec(ToQt(sql))) Raise(query.lastError(), file_);
     return query;
 }
 
 QSqlQuery QtStore::Run(const Text& sql, const std::vector<StoreValue>& values) {
     QSqlQuery query(Connection());
     query.setForwardOnly(true);
-    if (!query.prepare(ToQt(sql))) Raise(query.lastError());
+    if (!query.prepare(ToQt(sql))) Raise(query.lastError(), file_);
     for (const StoreValue& value : values) query.addBindValue(VariantOf(value));
-    if (!query.exec()) Raise(query.lastError());
+    if (!query.exec()) Raise(query.lastError(), file_);
     return query;
 }
 
@@ -218,7 +265,7 @@ void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
     CommitToLog();
     PreparedRow& row = PreparedFor(table, columns);
     for (std::size_t i = 0; i < values.size(); ++i) row.Bind(i, values[i]);
-    if (!row.query.exec()) Raise(row.query.lastError());
+    if (!row.query.exec()) Raise(row.query.lastError(), file_);
 }
 
 // Binding costs as much as storing, and neighbouring rows have many values in common.
@@ -244,7 +291,7 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
     QSqlQuery query(Connection());
     const QString sql =
         u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
-    if (!query.prepare(sql)) Raise(query.lastError());
+    if (!query.prepare(sql)) Raise(query.lastError(), file_);
     const std::size_t count = columns.size();
     return preparedRow_.emplace(PreparedRow{table, columns, std::move(marks), std::vector<bool>(count),
                                             std::vector<StoreValue>(count), std::move(query)});
@@ -252,20 +299,20 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
 
 void QtStore::BeginTransaction() {
     QSqlDatabase connection = Connection();
-    RaiseUnless(connection.transaction(), connection);
+    RaiseUnless(connection.transaction(), connection, file_);
     inTransaction_ = true;
 }
 
 void QtStore::Commit() {
     QSqlDatabase connection = Connection();
-    RaiseUnless(connection.commit(), connection);
+    RaiseUnless(connection.commit(), connection, file_);
     inTransaction_ = false;
 }
 
 void QtStore::Rollback() {
     QSqlDatabase connection = Connection();
     inTransaction_ = false;
-    RaiseUnless(connection.rollback(), connection);
+    RaiseUnless(connection.rollback(), connection, file_);
 }
 
 QSqlDatabase QtStore::Connection() const {

@@ -63,11 +63,12 @@ class QtStore : public Store {
     QSqlQuery Run(const Text& sql);
     QSqlQuery Run(const Text& sql, const std::vector<StoreValue>& values);
     QSqlDatabase Connection() const;
+    bool IsFile() const { return !file_.empty(); }
 
     QString connectionName_;
     StoreEngine engine_ = StoreEngine::Sqlite;
     bool open_ = false;
-    bool isFile_ = false;  // that was accepted, and may be written
+    Text file_;  // that was accepted, and may be written; empty for a server
     bool commitsToLog_ = false;
     bool inTransaction_ = false;
     std::optional<PreparedRow> preparedRow_;

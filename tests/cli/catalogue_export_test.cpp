@@ -130,9 +130,9 @@ TEST_F(CatalogueExport, FailureLeavesTheFileThatWasThere) {
 
 TEST_F(CatalogueExport, PlaceThatCannotBeWrittenIsAProblem) {
     QDir(folder.Path("")).mkdir("OutTQ.ini");
-    EXPECT_TRUE(IsProblem(folder.Run({"export"}), 3,
-                          folder.PathText("OutTQ.ini") +
-                              " 写不进去: 实时错误 '52': 文件名或文件号错误。请检查文件名、权限和磁盘空间"));
+    EXPECT_TRUE(IsProblem(
+        folder.Run({"export"}), 3,
+        folder.PathText("OutTQ.ini") + " 写不进去: " + folder.PathText("OutTQ.ini") + " 是文件夹，不是文件"));
     const Outcome outcome = folder.Run({"export", "--output", folder.Path("none/list.ini")});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.results, "");
@@ -142,6 +142,12 @@ TEST_F(CatalogueExport, UnknownInstrumentIsAProblem) {
     EXPECT_TRUE(IsProblem(folder.Run({"export", "--instrument", "OTHER", "--instrument", "none"}), 2,
                           "目录中没有仪表 \"none\"。可用名称请看 commtest-cli list instruments"));
     EXPECT_FALSE(QFile::exists(folder.Path("OutTQ.ini")));
+}
+
+TEST_F(CatalogueExport, PartOfANameThatFitsOneInstrumentIsEnough) {
+    const Outcome outcome = folder.Run({"export", "--output", "-", "--instrument", "EXAMPLE"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.results, HasSubstr("EXAMPLE-METER"));
 }
 
 TEST_F(CatalogueExport, RowsThatLoseACharacterAreTold) {

@@ -167,10 +167,9 @@ TEST_F(CatalogueImport, FailedExportIsToldAndTheImportStands) {
     QDir(folder.Path("")).mkdir("OutTQ.ini");
     const Outcome outcome = folder.Run({"import", "--yes"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.problems,
-              folder.PathText("OutTQ.ini") +
-                  " 写不进去: 实时错误 '52': 文件名或文件号错误。请检查文件名、权限和磁盘空间。"
-                  "导入已经完成，可以用 commtest-cli catalogue export 再写一次\n");
+    EXPECT_EQ(outcome.problems, folder.PathText("OutTQ.ini") + " 写不进去: " + folder.PathText("OutTQ.ini") +
+                                    " 是文件夹，不是文件。"
+                                    "导入已经完成，可以用 commtest-cli catalogue export 再写一次\n");
     EXPECT_EQ(folder.Rows(), "EXAMPLE-METER 测量值 0010 2\n");
 }
 

@@ -58,7 +58,7 @@ TEST_F(CatalogueVerbTest, FileOfThatNameThatIsNoCatalogueIsKeptAndTold) {
 
 TEST_F(CatalogueVerbTest, FolderThatCannotBeMadeIsAProblem) {
     EXPECT_TRUE(IsProblem(RunCommand({"catalogue", "create", "/dev/null/x"}), 3,
-                          "实时错误 '76': 路径未找到 不能建立 /dev/null/x，请检查名称和权限"));
+                          "不能建立 /dev/null/x: /dev/null 是文件，不是文件夹"));
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ class ProblemTest(CommandLineTest):
         with open("/dev/full", "w", encoding="utf-8") as full:
             run = subprocess.run([CLI, "list", "protocols", "--folder", self.folder], stdout=full,
                                  stderr=subprocess.PIPE, encoding="utf-8", check=False)
-        self.assertEqual((run.returncode, run.stderr), (3, "结果写不出去，请检查标准输出\n"))
+        self.assertEqual((run.returncode, run.stderr), (3, "结果写不出去: 磁盘已满，请检查标准输出\n"))
 
     def test_locale_of_another_character_set(self):
         run = subprocess.run([CLI, "list", "instruments", "--folder", self.folder, "--protocol", PLAIN[0]],

@@ -370,7 +370,48 @@ TEST_F(QtStoreTest, AMissingFileIsNotMade) {
 }
 
 TEST_F(QtStoreTest, AFolderIsNoCatalogue) {
-    EXPECT_THAT(RefusalOf(store, AddressOf(".")), HasSubstr("数据库文件不存在"));
+    EXPECT_THAT(RefusalOf(store, AddressOf(".")), HasSubstr("是文件夹，不是文件"));
+}
+
+TEST_F(QtStoreTest, ADamagedFileIsNamedAtTheOpening) {
+    CreateCatalogue();
+    QByteArray bytes = Read(kCatalogue);
+    constexpr qsizetype kHeader = 100;
+    bytes.replace(kHeader, bytes.size() - kHeader, QByteArray(bytes.size() - kHeader, 'x'));
+    Write(kCatalogue, bytes);
+    EXPECT_THROW(store.Open(AddressOf(kCatalogue)), DamagedStore);
+    EXPECT_EQ(RefusalOf(store, AddressOf(kCatalogue)),
+              PathOf(kCatalogue).toStdString() + "：数据库文件已损坏（database disk image is malformed）");
+}
+
+TEST_F(QtStoreTest, DamageThatAStatementMeetsIsToldWithThePath) {
+    CreateCatalogue();
+    constexpr qsizetype kPage = 4096;
+    QByteArray bytes = Read(kCatalogue);
+    constexpr qsizetype kHead = 20 * kPage;
+    bytes.replace(kHead, bytes.size() - kHead, QByteArray(bytes.size() - kHead, '\xFF'));
+    Write(kCatalogue, bytes);
+    store.Open(AddressOf(kCatalogue));
+    try {
+        store.Query(u"SELECT * FROM 仪表_参数");
+        ADD_FAILURE() << "read";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(ToUtf8(error.Message()), PathOf(kCatalogue).toStdString() +
+                                               "：数据库文件已损坏（database disk image is malformed）");
+    }
+}
+
+TEST_F(QtStoreTest, AFullDiskIsToldWithThePath) {
+    CreateCatalogue();
+    store.Open(AddressOf(kCatalogue));
+    store.Query(u"PRAGMA max_page_count=1");  // which leaves those that there are
+    try {
+        for (int i = 0; i < 100; ++i) store.AddRow(u"仪表_类别", {u"类别"}, {Text(5000, u'x')});
+        ADD_FAILURE() << "written";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(ToUtf8(error.Message()),
+                  PathOf(kCatalogue).toStdString() + "：磁盘已满（database or disk is full）");
+    }
 }
 
 TEST_F(QtStoreTest, AFileOfSomethingElseIsRefusedAndStaysAsItWas) {
