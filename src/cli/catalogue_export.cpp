@@ -31,9 +31,7 @@ std::function<bool(const Text&)> WantedOf(const Arguments& arguments, Store& sto
     const std::vector<Text> known = KnownInstruments(store);
     std::set<Text> wanted;
     for (const QString& name : arguments.Values(u"instrument")) {
-        const Text instrument = Trim(name.toStdU16String());
-        RequireKnown(u"仪表", instrument, known, u"list instruments");
-        wanted.insert(instrument);
+        wanted.insert(InstrumentMeant(Trim(name.toStdU16String()), known));
     }
     return [wanted](const Text& name) { return wanted.contains(Trim(name)); };
 }

@@ -30,35 +30,35 @@ void RequireKnownProtocol(const MainForm& form) {
                       QString::fromStdU16String(form.ConCommTypeList.Value())));
 }
 
-void RequireThisProtocol(const MainForm& form, const Text& instrument) {
+bool Fits(const Text& name, const Text& word, bool isPart) {
+    return isPart ? Contains(name, word) : name == word;
+}
+
+void RequireThisProtocol(const MainForm& form, const Text& word, bool isPart) {
     Store& store = form.outside.store;
     for (const Text& protocol : ProtocolNames(store)) {
         const std::vector<Text> names = InstrumentNames(store, protocol);
-        if (std::find(names.begin(), names.end(), instrument) == names.end()) continue;
+        const auto name = std::find_if(names.begin(), names.end(),
+                                       [&](const Text& each) { return Fits(each, word, isPart); });
+        if (name == names.end()) continue;
         throw Problem(ExitStatus::BadUsage,
                       u"仪表 \"%1\" 属于协议 \"%2\"，不属于协议 \"%3\"。请用 --protocol 给出它的协议"_s.arg(
-                          QString::fromStdU16String(instrument), QString::fromStdU16String(protocol),
+                          QString::fromStdU16String(*name), QString::fromStdU16String(protocol),
                           QString::fromStdU16String(form.ConCommTypeList.Value())));
     }
 }
 
-// The instrument of that name, or the only one whose name has it as a part.
-Text InstrumentMeant(const MainForm& form, const Text& word) {
+Text MeantHere(const MainForm& form, const Text& word) {
     const std::vector<Text>& known = form.InstrumentList().Items();
-    if (std::find(known.begin(), known.end(), word) != known.end()) return word;
-    RequireThisProtocol(form, word);
-    std::vector<Text> fitting;
-    for (const Text& name : known) {
-        if (Contains(name, word)) fitting.push_back(name);
+    const auto isHere = [&](bool isPart) {
+        return std::any_of(known.begin(), known.end(),
+                           [&](const Text& name) { return Fits(name, word, isPart); });
+    };
+    for (const bool isPart : {false, true}) {
+        if (isHere(isPart)) break;
+        RequireThisProtocol(form, word, isPart);
     }
-    if (fitting.size() == 1) return fitting.front();
-    if (fitting.empty()) RequireKnown(u"仪表", word, known, u"list instruments");
-    QStringList names;
-    for (const Text& name : fitting) names += QString::fromStdU16String(name);
-    throw Problem(ExitStatus::BadUsage,
-                  u"名称中有 \"%1\" 的仪表有 %2 种: %3。请写全"_s.arg(QString::fromStdU16String(word))
-                      .arg(fitting.size())
-                      .arg(names.join(u"、"_s)));
+    return InstrumentMeant(word, known);
 }
 
 // The field falls back where a protocol has no such address.
@@ -86,7 +86,7 @@ void ChooseInstrument(MainForm& form, const LineOptions& options) {
     RequireAddress(form, options);
     ComposeBorrowedAddress(form);
     if (!options.instrument.empty()) {
-        form.InstrumentList().Set(InstrumentMeant(form, options.instrument));
+        form.InstrumentList().Set(MeantHere(form, options.instrument));
         RunIfSet(form.InstrumentList().Click);
     }
     if (options.showMode) form.ShowMode.Choose(*options.showMode);

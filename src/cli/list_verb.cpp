@@ -104,9 +104,8 @@ Table TableOf(const QString& topic, const Arguments& arguments, Store& store) {
     if (topic == u"protocols") return ProtocolTableOf(store);
     if (topic == u"instruments") return InstrumentTableOf(store, WantedProtocols(arguments, store));
     if (topic == u"chips") return ChipTableOf(store, WantedProtocol(arguments, store));
-    const Text instrument = arguments.Value(u"instrument").toStdU16String();
-    RequireKnown(u"仪表", instrument, AllInstrumentNames(store), u"list instruments");
-    return ParameterTableOf(store, instrument);
+    const Text word = arguments.Value(u"instrument").toStdU16String();
+    return ParameterTableOf(store, InstrumentMeant(word, AllInstrumentNames(store)));
 }
 
 Table PortTableOf(const Arguments& arguments) {

@@ -1,10 +1,11 @@
-#include <QHash>
+#include <QMap>
 
 #include "catalogue/recordings.h"
 #include "cli/catalogue_access.h"
 #include "cli/output_file.h"
 #include "cli/recording_choice.h"
 #include "cli/recording_transfer.h"
+#include "cli/suggestion.h"
 #include "cli/table.h"
 #include "cli/verb.h"
 #include "host_qt/folder_files.h"
@@ -139,17 +140,19 @@ ExitStatus RunAction(const QStringList& words, const Arguments& arguments, Recor
 
 // Judged before the catalogue is looked for, which a first call makes.
 void RequireUsage(const QString& action, const Arguments& arguments) {
-    static const QHash<QString, QStringList> kNeeded = {{u"list"_s, {}},
-                                                        {u"show"_s, {u"instrument"_s, u"note"_s}},
-                                                        {u"rename"_s, {u"instrument"_s, u"to"_s}},
-                                                        {u"note"_s, {u"note"_s, u"to"_s}},
-                                                        {u"delete"_s, {u"instrument"_s, u"note"_s}},
-                                                        {u"undelete"_s, {u"instrument"_s, u"note"_s}},
-                                                        {u"export"_s, {u"instrument"_s, u"note"_s}},
-                                                        {u"import"_s, {}}};
+    static const QMap<QString, QStringList> kNeeded = {{u"list"_s, {}},
+                                                       {u"show"_s, {u"instrument"_s, u"note"_s}},
+                                                       {u"rename"_s, {u"instrument"_s, u"to"_s}},
+                                                       {u"note"_s, {u"note"_s, u"to"_s}},
+                                                       {u"delete"_s, {u"instrument"_s, u"note"_s}},
+                                                       {u"undelete"_s, {u"instrument"_s, u"note"_s}},
+                                                       {u"export"_s, {u"instrument"_s, u"note"_s}},
+                                                       {u"import"_s, {}}};
     const auto needed = kNeeded.constFind(action);
     if (needed == kNeeded.constEnd()) {
-        throw arguments.BadUsage(u"没有动作 \"%1\"，应为 %2"_s.arg(action, kActions));
+        const QString meant = DidYouMean(action, kNeeded.keys());
+        throw arguments.BadUsage(u"没有动作 \"%1\""_s.arg(action) +
+                                 (meant.isEmpty() ? u"，应为 %1"_s.arg(kActions) : meant));
     }
     QStringList known = *needed + QStringList(u"folder"_s);
     if (action == u"list" || action == u"show") known += u"format"_s;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "cli/catalogue_access.h"
@@ -29,14 +30,17 @@ std::vector<InstrumentSheet> SheetSource::All() {
     return all;
 }
 
-InstrumentSheet SheetSource::Of(const Text& instrument) {
-    const std::vector<Text> protocols = Form().ConCommTypeList.Items();
-    const auto protocol = std::find_if(protocols.begin(), protocols.end(), [&](const Text& each) {
-        const std::vector<Text> names = InstrumentNames(store_, each);
-        return std::find(names.begin(), names.end(), instrument) != names.end();
-    });
-    if (protocol == protocols.end()) RequireKnown(u"仪表", instrument, {}, u"list instruments");
-    ChooseProtocol(*protocol);
+InstrumentSheet SheetSource::Of(const Text& word) {
+    std::vector<Text> known;
+    std::map<Text, Text> protocolOf;
+    for (const Text& protocol : Form().ConCommTypeList.Items()) {
+        for (const Text& name : InstrumentNames(store_, protocol)) {
+            known.push_back(name);
+            protocolOf.try_emplace(name, protocol);
+        }
+    }
+    const Text instrument = InstrumentMeant(word, known);
+    ChooseProtocol(protocolOf.at(instrument));
     Form().InstrumentList().Set(instrument);
     return LoadInstrumentSheet(Form());
 }

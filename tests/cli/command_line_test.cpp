@@ -134,6 +134,9 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
          "缺少动作，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 "
          "commtest-cli catalogue "
          "--help"},
+        {{"catalogue", "exprot"},
+         "没有动作 \"exprot\"，是不是 \"export\"？用法请看 commtest-cli catalogue --help"},
+        {{"recordings", "shw"}, "没有动作 \"shw\"，是不是 \"show\"？用法请看 commtest-cli recordings --help"},
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
          "没有动作 \"drop\"，应为 create、import、export、channels、check、restore、spreadsheet。用法请看 "

@@ -80,7 +80,7 @@ TEST(ListVerb, ParametersStandWithTheirRows) {
 
 TEST(ListVerb, ChipRecordsStandWithEveryInstrumentAlsoOneWithoutARecord) {
     const std::string records = RunInFolder({"list", "chips", "--format", "csv"}).results;
-    EXPECT_THAT(records, StartsWith("仪表名称,编号,文件名,日期,实例,属性,功能简述,协议\n"));
+    EXPECT_THAT(records, StartsWith("name,code,file,date,example,attribute,purpose,protocol\n"));
     EXPECT_THAT(records, HasSubstr("\nHX-D10智能数字显示控制仪,11000101,D10V104.HEX,2026-06-02,标准,量产,"
                                    "标准型，带四路报警与变送输出；修正断线时的显示。,TQ仪表协议\n"));
     EXPECT_THAT(records, HasSubstr("\nHX-F40智能流量积算仪,11000301,,,,,,TQ仪表协议\n"));
@@ -90,7 +90,7 @@ TEST(ListVerb, ChipRecordsStandWithEveryInstrumentAlsoOneWithoutARecord) {
 TEST(ListVerb, ChipRecordsOfOneProtocol) {
     const QString protocol = QString::fromUtf8("TQ仪表协议-定制累加和");
     EXPECT_EQ(RunInFolder({"list", "chips", "--protocol", protocol, "--format", "csv"}).results,
-              "仪表名称,编号,文件名,日期,实例,属性,功能简述,协议\n"
+              "name,code,file,date,example,attribute,purpose,protocol\n"
               "HX-D12智能光柱显示仪,12000103,D12V101.HEX,2025-11-03,光柱,量产,"
               "光柱显示，和校验的定制协议。,TQ仪表协议-定制累加和\n");
 }
@@ -112,6 +112,17 @@ TEST(ListVerb, UnknownNamesAreBadUsage) {
                           "目录中没有仪表 \"it's\"。可用名称请看 commtest-cli list instruments"));
     EXPECT_TRUE(IsProblem(RunInFolder({"list", "parameters"}), 2,
                           "缺少选项 --instrument。用法请看 commtest-cli list --help"));
+}
+
+TEST(ListVerb, PartOfANameThatFitsOneInstrumentIsEnough) {
+    const Outcome whole =
+        RunInFolder({"list", "parameters", "--instrument", QString::fromUtf8("HX-M31智能数显表")});
+    const Outcome part = RunInFolder({"list", "parameters", "--instrument", "M31"});
+    EXPECT_EQ(part.status, 0);
+    EXPECT_EQ(part.results, whole.results);
+    const Outcome several = RunInFolder({"list", "parameters", "--instrument", "HX-M"});
+    EXPECT_EQ(several.status, 2);
+    EXPECT_THAT(several.problems, StartsWith("名称中有 \"HX-M\" 的仪表有 "));
 }
 
 TEST(ListVerb, WithoutAFolderTheUsersOwnIsMadeOnce) {

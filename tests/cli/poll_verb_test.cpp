@@ -95,6 +95,10 @@ TEST(PollVerb, InstrumentOfAnotherProtocolIsToldWithItsProtocol) {
                           "仪表 \"HX-D10智能数字显示控制仪\" 属于协议 \"TQ仪表协议\"，不属于协议 "
                           "\"TQ仪表协议-定制累加和\"。请用 "
                           "--protocol 给出它的协议"));
+    EXPECT_TRUE(IsProblem(
+        RunInFolder({"poll", "--protocol", QString::fromUtf8("TQ仪表协议"), "--instrument", "M31"}), 2,
+        "仪表 \"HX-M31智能数显表\" 属于协议 \"ModBus-RTU协议\"，不属于协议 \"TQ仪表协议\"。请用 --protocol "
+        "给出它的协议"));
 }
 
 TEST(PollVerb, PartOfANameIsTakenWhereItFitsOneInstrument) {
