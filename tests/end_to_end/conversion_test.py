@@ -69,8 +69,8 @@ class ConversionTest(unittest.TestCase):
 
     def test_json_is_as_its_schemas_say(self):
         for words, text, name in (
-                (VERIFY, "01 03 00 10 00 01 85 CF\n01 03 00 10 00 01 85 CE\nx\n", "verdicts"),
-                (CHECK, "@01RD\n", "answers"), (TO_VALUE + ["--explain"], "FF\n1G\n", "answers")):
+                (VERIFY, "01 03 00 10 00 01 85 CF\n01 03 00 10 00 01 85 CE\nx\n", "check-verify"),
+                (CHECK, "@01RD\n", "check"), (TO_VALUE + ["--explain"], "FF\n1G\n", "convert")):
             done = run([*words, "--format", "json"], text)
             self.assertEqual(faults(json.loads(done.stdout), schema(name)), [])
 
