@@ -119,6 +119,7 @@ bool CreateProgramFolder(const Text& folder, const std::function<void(Store&)>& 
     MakeFolder(directory.absolutePath());
     ClearAbandonedDrafts(directory, ToQt(kCatalogueFileName));
     ClearAbandonedDrafts(directory, ToQt(kHelpFileName));
+    ClearAbandonedDrafts(directory, ToQt(kSpreadsheetTemplateName));
     const bool wasMissing = CreateMissing(directory.filePath(ToQt(kCatalogueFileName)),
                                           [&](const Text& draft) { WriteCatalogue(draft, fill); });
     CreateMissing(directory.filePath(ToQt(kHelpFileName)),

@@ -35,7 +35,7 @@ class StartUpTest(unittest.TestCase):
         self.assertEqual([status for _, _, status in results], [0] * 4, results)
         self.assertEqual(len({output for output, _, _ in results}), 1)
         self.assertEqual(sorted(path.name for path in (self.home / "CommTest").iterdir()),
-                         sorted([CATALOGUE, "使用说明.ini", "自动保存通讯记录"]))
+                         sorted([CATALOGUE, "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"]))
 
     def test_wrong_calls_make_nothing(self):
         line = ("--protocol", "TQ仪表协议", "--instrument", "HX-D10智能数字显示控制仪")
@@ -62,7 +62,7 @@ class StartUpTest(unittest.TestCase):
         process.communicate(timeout=PATIENCE)
         self.assertEqual(self.run_cli("catalogue", "create", folder)[0], 0)
         self.assertEqual(sorted(path.name for path in folder.iterdir()),
-                         sorted([CATALOGUE, "使用说明.ini", "自动保存通讯记录"]))
+                         sorted([CATALOGUE, "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"]))
 
     def test_help_and_the_meant_word(self):
         self.assertEqual(self.run_cli("help", "poll"), self.run_cli("poll", "--help"))

@@ -97,17 +97,19 @@ TEST_F(ProgramFolderTest, AFailureLeavesNoFileBehind) {
 TEST_F(ProgramFolderTest, ACatalogueThatAppearsMeanwhileIsNotReplaced) {
     EXPECT_FALSE(Create([this](Store&) { Put(catalogue, "of another"); }));
     EXPECT_EQ(ContentOf(catalogue), "of another");
-    EXPECT_THAT(Content(), UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "自动保存通讯记录"));
+    EXPECT_THAT(Content(),
+                UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"));
 }
 
 TEST_F(ProgramFolderTest, WhatAKilledProgramLeftIsClearedAway) {
     ASSERT_TRUE(QDir().mkpath(path));
     Put(catalogue + QStringLiteral(".0123456789abcdef0123456789abcdef"), "half a catalogue");
     Put(catalogue + QStringLiteral(".0123456789abcdef0123456789abcdef-journal"), "its journal");
+    Put(path + QString::fromUtf8("/参数地址表.xls.0123456789abcdef0123456789abcdef"), "half a template");
     Put(catalogue + QStringLiteral(".old"), "the user's own");
     EXPECT_TRUE(Create());
-    EXPECT_THAT(Content(),
-                UnorderedElementsAre("通讯数据.mdb", "通讯数据.mdb.old", "使用说明.ini", "自动保存通讯记录"));
+    EXPECT_THAT(Content(), UnorderedElementsAre("通讯数据.mdb", "通讯数据.mdb.old", "使用说明.ini",
+                                                "参数地址表.xls", "自动保存通讯记录"));
 }
 
 TEST_F(ProgramFolderTest, DraftOfAProgramThatStillWritesStays) {
@@ -115,9 +117,10 @@ TEST_F(ProgramFolderTest, DraftOfAProgramThatStillWritesStays) {
         const std::size_t before = Content().size();
         EXPECT_EQ(before, 1U);
         EXPECT_TRUE(Create());
-        EXPECT_EQ(Content().size(), 4U);
+        EXPECT_EQ(Content().size(), 5U);
     });
-    EXPECT_THAT(Content(), UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "自动保存通讯记录"));
+    EXPECT_THAT(Content(),
+                UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"));
 }
 
 TEST_F(ProgramFolderTest, AFolderThatCannotBeMadeIsPathNotFound) {
