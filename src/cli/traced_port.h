@@ -30,6 +30,7 @@ class TracedPort : public SerialPort {
     std::string Input() override;
 
   private:
+    void AddStamp(std::int64_t wall);  // microseconds since 1970
     void Add(std::string_view direction, const std::string& bytes);
 
     SerialPort& port_;
@@ -38,8 +39,8 @@ class TracedPort : public SerialPort {
     std::string waiting_;
     std::int64_t wallOffset_ = 0;  // microseconds since 1970 less those of the clock
     std::int64_t last_ = 0;
-    std::int64_t stampedAt_ = 0;  // milliseconds since 1970
-    std::string stamp_;           // of that one
+    std::int64_t stampedSecond_ = 0;  // since 1970
+    std::string stamp_;               // of a moment in that one
 };
 
 // The first line of such a file.
