@@ -34,8 +34,8 @@ class SerialPort {
     virtual bool PortOpen() const = 0;
     virtual void SetPortOpen(bool open) = 0;
 
-    // Why the last opening failed, or what the open line does in another way than the settings say, and what
-    // to do, in one line; empty if there is nothing to tell.
+    // Why the last opening failed, or what the open line does in another way than the settings say and who
+    // else reads it, and what to do, in one line; empty if there is nothing to tell.
     virtual Text LastProblem() const = 0;
 
     // The ports that there are at this moment, by number.

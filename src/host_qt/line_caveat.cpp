@@ -3,7 +3,6 @@
 #include <asm/termbits.h>
 #include <sys/ioctl.h>
 
-#include <QStringList>
 #include <cmath>
 
 namespace commtest {
@@ -35,6 +34,11 @@ QString CaveatOf(int descriptor, const LineSettings& settings) {
         caveats += u"串口只在 5 个数据位时有 1.5 个停止位，实际为 2 个"_s;
     }
     return caveats.join(u"；"_s);
+}
+
+QString CaveatOfReaders(const QStringList& programs) {
+    if (programs.isEmpty()) return {};
+    return u"程序 %1 没有锁住串口，也在读它，会取走应答，请先结束它"_s.arg(programs.join(u"、"_s));
 }
 
 QSerialPort::StopBits DriverStopBits(QSerialPort::StopBits wanted) {

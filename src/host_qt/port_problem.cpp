@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QStringList>
 
+#include "host_qt/process_name.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -15,12 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kProcesses = u"/proc"_s;
-
-QString NameOfProcess(const QString& number) {
-    QFile file(u"%1/%2/comm"_s.arg(kProcesses, number));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    return u"%1 (进程 %2)"_s.arg(QString::fromUtf8(file.readAll()).trimmed(), number);
-}
 
 // Programs that share serial ports leave their number in a file of this name.
 QString ProcessInLockFile(const QString& device) {

@@ -10,6 +10,7 @@
 #include <tuple>
 #include <utility>
 
+#include "host_qt/device_readers.h"
 #include "host_qt/line_caveat.h"
 #include "host_qt/line_settings.h"
 #include "host_qt/port_problem.h"
@@ -111,10 +112,16 @@ void QtSerialPort::Open() {
     if (port_.open(QIODevice::ReadWrite)) {
         // What came while the port was closed belongs to nobody.
         port_.clear(QSerialPort::AllDirections);
-        problem_ = CaveatOf(port_.handle(), *settings).toStdU16String();
+        problem_ = CaveatOfOpenLine(*settings).toStdU16String();
     } else {
         problem_ = ReasonOfFailedOpen(device_, port_, settings_).toStdU16String();
     }
+}
+
+QString QtSerialPort::CaveatOfOpenLine(const LineSettings& settings) const {
+    QStringList caveats = {CaveatOf(port_.handle(), settings), CaveatOfReaders(OtherReadersOf(device_))};
+    caveats.removeAll(QString());
+    return caveats.join(u"；"_s);
 }
 
 // Without the links on the way, so that a device is locked under one name.

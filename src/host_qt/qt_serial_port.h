@@ -10,6 +10,8 @@
 
 namespace commtest {
 
+struct LineSettings;
+
 // Devices by port number: {1, "/dev/ttyUSB0"} makes that one COM1.
 using DeviceMap = std::map<int, QString>;
 
@@ -48,6 +50,7 @@ class QtSerialPort : public SerialPort {
   private:
     void Open();
     QString WantedDevice() const;
+    QString CaveatOfOpenLine(const LineSettings& settings) const;
     void HandleError(QSerialPort::SerialPortError error);
     void Lose();
     void LookForLostDevice();

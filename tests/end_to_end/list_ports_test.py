@@ -1,6 +1,7 @@
 """Ports by their device, and the list of them."""
 
 import json
+import os
 import subprocess
 import unittest
 
@@ -35,6 +36,19 @@ class ListPortsTest(CommandLineTest):
     def test_port_that_is_not_there_is_held_by_nobody(self):
         port = self.ports("--port", "COM7=/dev/no-port-to-list")["COM7"]
         self.assertEqual(port, {"name": "COM7", "device": "/dev/no-port-to-list", "description": "", "holder": ""})
+
+    def test_program_that_reads_the_port_without_a_lock_is_told_at_the_opening(self):
+        with self.simulate() as simulator:
+            end = os.open(simulator.device, os.O_RDONLY | os.O_NOCTTY)
+            reader = subprocess.Popen(["sleep", "60"], stdin=end)
+            os.close(end)
+            watched = self.poll(simulator.device, "--exchanges", 2, "--strict", "--format", "json")
+            reader.kill()
+            reader.wait()
+            alone = self.poll(simulator.device, "--exchanges", 2, "--strict", "--format", "json")
+        self.assertEqual((watched.status, alone.status, alone.problems), (0, 0, ""))
+        self.assertEqual(watched.problem_lines,
+                         [f"程序 sleep (进程 {reader.pid}) 没有锁住串口，也在读它，会取走应答，请先结束它"])
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 #include "host_qt/pseudo_terminal.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <termios.h>
@@ -26,6 +27,7 @@ PseudoTerminal::PseudoTerminal() {
     cfmakeraw(&raw);
     tcsetattr(slave, TCSANOW, &raw);
     close(slave);
+    fcntl(master_, F_SETFD, FD_CLOEXEC);
     device_ = QString::fromUtf8(name);
 }
 

@@ -1,0 +1,15 @@
+#include "host_qt/process_name.h"
+
+#include <QFile>
+
+namespace commtest {
+
+using namespace Qt::StringLiterals;
+
+QString NameOfProcess(const QString& number) {
+    QFile file(u"/proc/%1/comm"_s.arg(number));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return u"%1 (进程 %2)"_s.arg(QString::fromUtf8(file.readAll()).trimmed(), number);
+}
+
+}  // namespace commtest
