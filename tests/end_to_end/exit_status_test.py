@@ -20,6 +20,8 @@ from scripted_instrument import ScriptedInstrument, rtu_frame
 GOOD = rtu_frame("0103020064")
 CORRUPT = GOOD[:-1] + bytes([GOOD[-1] ^ 1])
 AT_ONCE = 8  # runs, which mostly wait
+MANY = 1000000  # exchanges
+LONG = 1000  # seconds
 
 ENDS = ("exchanges", "seconds", "until", "interrupt")
 OTHERS = ("strict", "retries", "format", "statistics", "trace", "record on a full disk")
@@ -47,7 +49,7 @@ class VanishingInstrument:
 
 
 class ExitStatusTest(CommandLineTest):
-    def words_of(self, option, place, duration):
+    def words_of(self, option, place, duration, exchanges):
         until = datetime.datetime.now() + datetime.timedelta(seconds=duration + 1)
         return {
             "strict": ("--strict",),
@@ -59,7 +61,7 @@ class ExitStatusTest(CommandLineTest):
             "record on a full disk": ("--record", "/dev/full"),
             "statistics on a full disk": ("--statistics", "/dev/full"),
             "trace on a full disk": ("--trace", "/dev/full"),
-            "exchanges": ("--exchanges", 3),
+            "exchanges": ("--exchanges", exchanges),
             "seconds": ("--seconds", duration),
             "until": ("--until", until.strftime("%Y-%m-%d %H:%M:%S")),
             "interrupt": (),
@@ -67,7 +69,11 @@ class ExitStatusTest(CommandLineTest):
 
     def start_pair(self, device, options, place, duration):
         ends = () if set(options) & set(ENDS) else ("--exchanges", 3)
-        words = [word for option in options for word in self.words_of(option, place, duration)]
+        if "interrupt" in options:  # which is the end that comes first
+            exchanges, duration = MANY, LONG
+        else:
+            exchanges = 3
+        words = [word for option in options for word in self.words_of(option, place, duration, exchanges)]
         return self.start("poll", device, RTU, "--interval", 0, "--command", 50, *ends, *words)
 
     def assert_run(self, run, status, options, place):
