@@ -9,10 +9,10 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <optional>
+#include <utility>
 
 #include "catalogue/shipped_catalogue.h"
 #include "commands/toolbar_commands.h"
@@ -239,12 +239,12 @@ TEST_F(MissingCatalogueTest, StateLineBringsTheBoxBack) {
 TEST_F(MissingCatalogueTest, PagesOfTheCatalogueSayThatItIsMissingInsteadOfFailing) {
     Start();
     Press("不用目录继续");
-    for (const int tab : {2, 3}) {
+    for (const auto& [tab, name] : {std::pair(2, "仪表清单"), std::pair(3, "演示数据")}) {
         program->Window().Views().Event([&] { Form().SSTab2.Choose(tab); });
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << tab;
-        const auto& page = *program->Window().findChild<QStackedWidget*>()->currentWidget();
-        EXPECT_TRUE(FindNamed<EmptyState>(page, "没有仪表目录")->isVisible()) << tab;
-        FindButton(page, "打开目录")->click();
+        const auto& list = *FindNamed<GridView>(program->Window(), name);
+        EXPECT_TRUE(FindNamed<EmptyState>(list, "没有仪表目录")->isVisible()) << tab;
+        FindButton(list, "打开目录")->click();
         ASSERT_NE(Box(), nullptr);
         Press("不用目录继续");
     }
