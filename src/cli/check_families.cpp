@@ -19,7 +19,7 @@ namespace {
 constexpr int kByteWidth = 3;
 constexpr int kCharactersOfWord = 2;
 
-[[noreturn]] void Refuse(const Text& reason) { throw FrameRefusal{reason}; }
+[[noreturn]] void Refuse(TextView reason) { throw FrameRefusal{Text(reason)}; }
 
 Text PlaceOf(std::size_t index, const Text& text) {
     Text place = u"第 ";
@@ -42,7 +42,11 @@ Text WithoutLineEnd(Text frame) {
 
 Text LineOf(const Text& frame, char16_t start, int shortest) {
     Text line = WithoutLineEnd(frame);
-    if (!line.starts_with(start)) Refuse(Text(u"帧不以 \"") + start + u"\" 开头");
+    if (!line.starts_with(start)) {
+        Text reason = u"帧不以 \"?\" 开头";
+        reason[reason.find(u'?')] = start;
+        Refuse(reason);
+    }
     if (Len(line) < shortest) Refuse(u"帧太短");
     return line;
 }

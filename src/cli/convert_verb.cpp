@@ -64,7 +64,8 @@ bool HasLetterForBcdSign(const Text& code) {
 
 Text Quoted(const Text& input) {
     constexpr int kQuotedCells = 60;
-    return u"\"" + ShortenedToWidth(input, kQuotedCells) + u"\" ";
+    Text quoted = ShortenedToWidth(input, kQuotedCells);
+    return quoted.insert(0, 1, u'"').append(u"\" ");
 }
 
 Text ProblemOf(const Conversion& conversion, const RuntimeError& error, const Text& input) {
