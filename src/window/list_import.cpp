@@ -26,7 +26,8 @@ const QString kWaits = u"正在导入参数地址表，完成或取消后可用"
 
 }  // namespace
 
-ListImport::ListImport(const Room& room) : QObject(&room.window), room_(room), slices_(this), saving_(this) {
+ListImport::ListImport(const ListRoom& room)
+    : QObject(&room.window), room_(room), slices_(this), saving_(this) {
     connect(&room.band, &WorkBand::CancelWanted, this, &ListImport::AskToCancel);
     connect(&slices_, &Slices::Done, this, [this] { run_ ? EndImport() : EndLook(); });
     connect(&saving_, &Slices::Done, this, [this] {

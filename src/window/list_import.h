@@ -6,6 +6,7 @@
 #include "app/import_run.h"
 #include "app/list_look.h"
 #include "window/binder.h"
+#include "window/list_room.h"
 #include "window/note_bar.h"
 #include "window/slices.h"
 #include "window/store_wait.h"
@@ -24,15 +25,7 @@ class ListImport : public QObject {
     Q_OBJECT
 
   public:
-    struct Room {
-        Binder& binder;
-        const Theme& theme;
-        NoteBar& notes;
-        WorkBand& band;
-        StoreWait& wait;
-        QWidget& window;
-    };
-    explicit ListImport(const Room& room);
+    explicit ListImport(const ListRoom& room);
     ~ListImport() override;
 
     void Begin();
@@ -62,7 +55,7 @@ class ListImport : public QObject {
 
     MainForm& Form() { return room_.binder.Form(); }
 
-    Room room_;
+    ListRoom room_;
     Slices slices_;
     Slices saving_;
     QElapsedTimer time_;

@@ -24,7 +24,7 @@ const QString kWaits = u"正在导出参数地址表，完成或取消后可用"
 
 }  // namespace
 
-SpreadsheetExport::SpreadsheetExport(const Room& room)
+SpreadsheetExport::SpreadsheetExport(const ListRoom& room)
     : QObject(&room.window),
       Opener([](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }),
       room_(room) {

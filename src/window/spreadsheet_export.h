@@ -8,6 +8,7 @@
 
 #include "catalogue/spreadsheet_run.h"
 #include "window/binder.h"
+#include "window/list_room.h"
 #include "window/note_bar.h"
 #include "window/store_wait.h"
 #include "window/theme.h"
@@ -23,15 +24,7 @@ class SpreadsheetExport : public QObject {
     Q_OBJECT
 
   public:
-    struct Room {
-        Binder& binder;
-        const Theme& theme;
-        NoteBar& notes;
-        WorkBand& band;
-        StoreWait& wait;  // covers what does not go together with an export
-        QWidget& window;
-    };
-    explicit SpreadsheetExport(const Room& room);
+    explicit SpreadsheetExport(const ListRoom& room);
     ~SpreadsheetExport() override;
 
     // Without one nothing is written, and the user is told what to install.
@@ -64,7 +57,7 @@ class SpreadsheetExport : public QObject {
     MainForm& Form() { return room_.binder.Form(); }
     QString Folder();
 
-    Room room_;
+    ListRoom room_;
     SpreadsheetEngine* engine_ = nullptr;
     std::unique_ptr<SpreadsheetRun> run_;
     bool isOfAll_ = false;
