@@ -22,21 +22,31 @@ class Desktop:
     def __init__(self, width=1366, height=768):
         self.size = (width, height)
         reading, writing = os.pipe()
+        # Without -noreset the server starts anew whenever its last client goes: the first question of xprop would
+        # take the window manager's connection with it if it came between.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
-            pass_fds=[writing], stderr=subprocess.DEVNULL)
+            ["Xvfb", "-noreset", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
+             "-nolisten", "tcp"], pass_fds=[writing], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as number:
             self.display = f":{number.readline().strip()}"
         self.environment = {**os.environ, "DISPLAY": self.display, "QT_QPA_PLATFORM": "xcb"}
         self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self._output("xprop", "-root"), "the window manager")
+        try:
+            wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self._output("xprop", "-root"),
+                     "the window manager")
+        except BaseException:
+            self._end()
+            raise
 
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
+        self._end()
+
+    def _end(self):
         for process in (self.manager, self.server):
             process.terminate()
             process.wait(PATIENCE)
