@@ -5,8 +5,8 @@
 
 #include "runtime/runtime_error.h"
 #include "support/error_of.h"
-#include "support/sqlite_store.h"
 #include "support/statement_table.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -15,6 +15,7 @@ using ::testing::ElementsAre;
 using testing::ErrorOf;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
+using ::testing::StartsWith;
 
 const Text kProtocol = u"TQ仪表协议";
 
@@ -38,7 +39,7 @@ std::string LineOf(const RowCursor& row, std::size_t columns) {
     return line;
 }
 
-class InstrumentCatalogueTest : public ::testing::Test {
+class InstrumentCatalogueTest : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
     void AddInstrument(int id, const Text& name, const Text& code, int classId = 1) {
         InstrumentRecord instrument;
@@ -75,11 +76,11 @@ class InstrumentCatalogueTest : public ::testing::Test {
                       {code, file, u"2024-05-06", u"功能", u"实例甲", u"R"});
     }
 
-    std::unique_ptr<testing::SqliteStore> store = testing::MakeEmptyCatalogue();
+    std::unique_ptr<Store> store = testing::MakeEmptyCatalogue(GetParam());
     InstrumentCatalogue catalogue{*store};
 };
 
-TEST_F(InstrumentCatalogueTest, ParametersComeInTheOrderOfTheirKeys) {
+TEST_P(InstrumentCatalogueTest, ParametersComeInTheOrderOfTheirKeys) {
     AddInstrument(1, u"表一", u"11000101");
     AddParameter(2, 1, u"后", u"0012", u"2");
     AddParameter(1, 1, u"先", u"0010", u"2");
@@ -88,7 +89,7 @@ TEST_F(InstrumentCatalogueTest, ParametersComeInTheOrderOfTheirKeys) {
                             "后 0012 2 RW 0 9 -1 1 TQ仪表协议 11000101 -1"));
 }
 
-TEST_F(InstrumentCatalogueTest, InstrumentWithoutParametersHasNoRowsAndIsNotAmongThoseOfItsProtocol) {
+TEST_P(InstrumentCatalogueTest, InstrumentWithoutParametersHasNoRowsAndIsNotAmongThoseOfItsProtocol) {
     AddInstrument(1, u"表一", u"11000101");
     AddInstrument(2, u"空表", u"11000102");
     AddParameter(1, 1, u"值", u"0010", u"2");
@@ -99,7 +100,7 @@ TEST_F(InstrumentCatalogueTest, InstrumentWithoutParametersHasNoRowsAndIsNotAmon
                 ElementsAre("表一 TQ仪表协议 11000101", "空表 TQ仪表协议 11000102"));
 }
 
-TEST_F(InstrumentCatalogueTest, EachInstrumentOfAProtocolStandsOnceHoweverManyParametersItHas) {
+TEST_P(InstrumentCatalogueTest, EachInstrumentOfAProtocolStandsOnceHoweverManyParametersItHas) {
     AddInstrument(1, u"表一", u"11000101");
     AddParameter(1, 1, u"值一", u"0010", u"2");
     AddParameter(2, 1, u"值二", u"0012", u"2");
@@ -107,22 +108,27 @@ TEST_F(InstrumentCatalogueTest, EachInstrumentOfAProtocolStandsOnceHoweverManyPa
     EXPECT_THAT(catalogue.InstrumentsOfProtocol(u"别的协议").rows, IsEmpty());
 }
 
-TEST_F(InstrumentCatalogueTest, QuoteInANameBreaksItsStatementWithTheEnginesText) {
+TEST_P(InstrumentCatalogueTest, QuoteInANameBreaksItsStatementWithTheEnginesText) {
     AddInstrument(1, u"O'K", u"11000101");
     try {
         catalogue.ParametersOfInstrument(u"O'K");
         FAIL() << "no error";
     } catch (const RuntimeError& error) {
-        EXPECT_EQ(ToUtf8(error.StandardMessage()), "数据库错误:\r\n\r\nnear \"K\": syntax error");
+        const std::string message = ToUtf8(error.StandardMessage());
+        if (GetParam().engine == StoreEngine::Sqlite) {
+            EXPECT_EQ(message, "数据库错误:\r\n\r\nnear \"K\": syntax error");
+        } else {
+            EXPECT_THAT(message, StartsWith("数据库错误:\r\n\r\nERROR: syntax error at or near \"K\""));
+        }
     }
 }
 
-TEST_F(InstrumentCatalogueTest, AQuoteIsStoredAsData) {
+TEST_P(InstrumentCatalogueTest, AQuoteIsStoredAsData) {
     AddInstrument(1, u"O'K", u"11000101");
     EXPECT_EQ(ToUtf8(catalogue.AllInstruments().At(0, 1)), "O'K");
 }
 
-TEST_F(InstrumentCatalogueTest, ToolbarListHasTheLengthApartOrInFrontOfTheAddress) {
+TEST_P(InstrumentCatalogueTest, ToolbarListHasTheLengthApartOrInFrontOfTheAddress) {
     AddInstrument(1, u"表一", u"11000101");
     AddParameter(1, 1, u"值", u"0010", u"2");
     EXPECT_THAT(Lines(catalogue.ToolbarParameters(ParameterListForm::LengthApart, u"表一")),
@@ -131,7 +137,7 @@ TEST_F(InstrumentCatalogueTest, ToolbarListHasTheLengthApartOrInFrontOfTheAddres
                 ElementsAre("值 20010 0 RW -1 9"));
 }
 
-TEST_F(InstrumentCatalogueTest, ClearingTakesTheParametersAlongAndLeavesTheRest) {
+TEST_P(InstrumentCatalogueTest, ClearingTakesTheParametersAlongAndLeavesTheRest) {
     AddInstrument(1, u"表一", u"11000101");
     AddParameter(1, 1, u"值", u"0010", u"2");
     AddChip(u"11000101", u"A.BIN");
@@ -143,7 +149,7 @@ TEST_F(InstrumentCatalogueTest, ClearingTakesTheParametersAlongAndLeavesTheRest)
     EXPECT_THAT(store->Query(u"SELECT * From 仪表_芯片").rows, SizeIs(1));
 }
 
-TEST_F(InstrumentCatalogueTest, ClearingInSlicesEndsWhereNoInstrumentIsLeft) {
+TEST_P(InstrumentCatalogueTest, ClearingInSlicesEndsWhereNoInstrumentIsLeft) {
     for (const int id : {-3, 1, 16, 17, 18, 5000}) AddInstrument(id, u"表", u"11000101");
     AddParameter(1, 16, u"值", u"0010", u"2");
     AddParameter(2, 18, u"值", u"0010", u"2");
@@ -156,7 +162,7 @@ TEST_F(InstrumentCatalogueTest, ClearingInSlicesEndsWhereNoInstrumentIsLeft) {
     EXPECT_FALSE(catalogue.ClearSomeInstruments());
 }
 
-TEST_F(InstrumentCatalogueTest, SizeIsTheNumberOfInstrumentsAndOfParameters) {
+TEST_P(InstrumentCatalogueTest, SizeIsTheNumberOfInstrumentsAndOfParameters) {
     EXPECT_EQ(catalogue.Size().instruments, 0);
     EXPECT_EQ(catalogue.Size().parameters, 0);
     AddInstrument(1, u"表一", u"11000101");
@@ -166,7 +172,7 @@ TEST_F(InstrumentCatalogueTest, SizeIsTheNumberOfInstrumentsAndOfParameters) {
     EXPECT_EQ(catalogue.Size().parameters, 3);
 }
 
-TEST_F(InstrumentCatalogueTest, InstrumentsOfTheSameNameComeInTheOrderOfTheirNumbers) {
+TEST_P(InstrumentCatalogueTest, InstrumentsOfTheSameNameComeInTheOrderOfTheirNumbers) {
     for (const int id : {30, 10, 20}) {
         AddInstrument(id, id == 20 ? u"乙" : u"甲", u"11000101");
         AddParameter(id, id, u"值", u"0010", u"2");
@@ -177,11 +183,11 @@ TEST_F(InstrumentCatalogueTest, InstrumentsOfTheSameNameComeInTheOrderOfTheirNum
                             "甲 TQ仪表协议 30 11000101 1"));
 }
 
-TEST_F(InstrumentCatalogueTest, ParameterOfNoInstrumentIsRefused) {
+TEST_P(InstrumentCatalogueTest, ParameterOfNoInstrumentIsRefused) {
     EXPECT_THROW(AddParameter(1, 7, u"值", u"0010", u"2"), RuntimeError);
 }
 
-TEST_F(InstrumentCatalogueTest, InstrumentWithoutAChipIsInTheListsWithNulls) {
+TEST_P(InstrumentCatalogueTest, InstrumentWithoutAChipIsInTheListsWithNulls) {
     AddInstrument(1, u"表一", u"11000102");
     AddInstrument(2, u"表二", u"11000101");
     AddChip(u"11000101", u"A.BIN");
@@ -191,7 +197,7 @@ TEST_F(InstrumentCatalogueTest, InstrumentWithoutAChipIsInTheListsWithNulls) {
     EXPECT_EQ(catalogue.CatalogueList().ColumnOf(u"芯片ID"), 10);
 }
 
-TEST_F(InstrumentCatalogueTest, ChipListIsInTheOrderOfTheSortKey) {
+TEST_P(InstrumentCatalogueTest, ChipListIsInTheOrderOfTheSortKey) {
     AddInstrument(1, u"表一", u"12000101");
     AddInstrument(2, u"表二", u"11000101", 2);
     AddInstrument(3, u"表三", u"11000201", 1);
@@ -202,7 +208,7 @@ TEST_F(InstrumentCatalogueTest, ChipListIsInTheOrderOfTheSortKey) {
     EXPECT_EQ(ToUtf8(list.At(2, 2)), "表一");
 }
 
-TEST_F(InstrumentCatalogueTest, ChipRecordIsFoundByInstrumentAndFile) {
+TEST_P(InstrumentCatalogueTest, ChipRecordIsFoundByInstrumentAndFile) {
     AddInstrument(1, u"表一", u"11000101");
     AddChip(u"11000101", u"A.BIN");
     AddChip(u"11000101", u"B.BIN");
@@ -210,13 +216,13 @@ TEST_F(InstrumentCatalogueTest, ChipRecordIsFoundByInstrumentAndFile) {
                 ElementsAre("表一 11000101 B.BIN 2024-05-06 实例甲 R 功能 1 2"));
 }
 
-TEST_F(InstrumentCatalogueTest, CodeIsFoundByProtocolAndName) {
+TEST_P(InstrumentCatalogueTest, CodeIsFoundByProtocolAndName) {
     AddInstrument(1, u"表一", u"11000101");
     EXPECT_THAT(Lines(catalogue.InstrumentCode(kProtocol, u"表一")), ElementsAre("表一 11000101"));
     EXPECT_THAT(catalogue.InstrumentCode(u"别的协议", u"表一").rows, IsEmpty());
 }
 
-TEST_F(InstrumentCatalogueTest, DeletedRecordingLeavesTheListAndStaysAmongTheInstrumentsOfItsProtocol) {
+TEST_P(InstrumentCatalogueTest, DeletedRecordingLeavesTheListAndStaysAmongTheInstrumentsOfItsProtocol) {
     testing::AddRecording(*store, u"表一", u"甲", u" 40");
     testing::AddRecording(*store, u"表二", u"乙", u" 40");
     catalogue.DeleteRecording(u"表一", u"甲");
@@ -226,21 +232,21 @@ TEST_F(InstrumentCatalogueTest, DeletedRecordingLeavesTheListAndStaysAmongTheIns
     EXPECT_THAT(catalogue.FramesOfRecording(u"表一", u"甲").rows, SizeIs(1));
 }
 
-TEST_F(InstrumentCatalogueTest, DeletingARecordingMarksOnlyTheNoteNamed) {
+TEST_P(InstrumentCatalogueTest, DeletingARecordingMarksOnlyTheNoteNamed) {
     testing::AddRecording(*store, u"表一", u"甲", u" 40");
     testing::AddRecording(*store, u"表一", u"乙", u" 40");
     catalogue.DeleteRecording(u"表一", u"甲");
     EXPECT_THAT(Lines(catalogue.RecordingsList()), ElementsAre("TQ仪表协议 表一 乙 2024-05-06"));
 }
 
-TEST_F(InstrumentCatalogueTest, FramesComeInTheOrderOfTheRecording) {
+TEST_P(InstrumentCatalogueTest, FramesComeInTheOrderOfTheRecording) {
     testing::AddRecording(*store, u"表一", u"甲", u" 42");
     testing::AddRecording(*store, u"表一", u"甲", u" 41");
     EXPECT_THAT(Lines(catalogue.FramesOfRecording(u"表一", u"甲")),
                 ElementsAre(" 40 30 31  42 1 11000101 1", " 40 30 31  41 1 11000101 2"));
 }
 
-TEST_F(InstrumentCatalogueTest, RecordedPairIsKnownByInstrumentReplyAndNote) {
+TEST_P(InstrumentCatalogueTest, RecordedPairIsKnownByInstrumentReplyAndNote) {
     testing::AddRecording(*store, u"表一", u"甲", u" 42");
     EXPECT_THAT(catalogue.RecordedPair(u"表一", u" 42", u"甲").rows, SizeIs(1));
     EXPECT_THAT(catalogue.RecordedPair(u"表二", u" 42", u"甲").rows, IsEmpty());
@@ -248,7 +254,7 @@ TEST_F(InstrumentCatalogueTest, RecordedPairIsKnownByInstrumentReplyAndNote) {
     EXPECT_THAT(catalogue.RecordedPair(u"表一", u" 42", u"乙").rows, IsEmpty());
 }
 
-TEST_F(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirNote) {
+TEST_P(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirNote) {
     testing::AddRecording(*store, u"表一", u"甲", u" 42");
     testing::AddRecording(*store, u"表二", u"乙", u" 42");
     catalogue.RenameRecordedInstrument(u"新表", u"表一");
@@ -258,7 +264,7 @@ TEST_F(InstrumentCatalogueTest, RecordingsAreRenamedByTheirInstrumentAndByTheirN
     EXPECT_THAT(catalogue.NotesOfInstrument(u"表一").rows, IsEmpty());
 }
 
-TEST_F(InstrumentCatalogueTest, ChangedNoteChangesForEveryInstrumentThatHasIt) {
+TEST_P(InstrumentCatalogueTest, ChangedNoteChangesForEveryInstrumentThatHasIt) {
     testing::AddRecording(*store, u"表一", u"甲", u" 42");
     testing::AddRecording(*store, u"表二", u"甲", u" 42");
     testing::AddRecording(*store, u"表二", u"乙", u" 42");
@@ -267,7 +273,7 @@ TEST_F(InstrumentCatalogueTest, ChangedNoteChangesForEveryInstrumentThatHasIt) {
     EXPECT_THAT(Lines(catalogue.NotesOfInstrument(u"表二")), ElementsAre("丙", "乙"));
 }
 
-TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFrontOfTheAddress) {
+TEST_P(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFrontOfTheAddress) {
     AddInstrument(1, u"表一", u"11000201", 2);
     AddInstrument(2, u"表二", u"12000101", 1);
     AddParameter(1, 1, u"值一", u"0010", u"2");
@@ -280,7 +286,7 @@ TEST_F(InstrumentCatalogueTest, ExportIsInTheOrderOfClassesAndPutsTheLengthInFro
     EXPECT_FALSE(rows->Next());
 }
 
-TEST_F(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmedNames) {
+TEST_P(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmedNames) {
     AddProtocol(u"10", u"乙", u"12");
     AddProtocol(u"9", u" 协议 甲 ", u"31");
     const std::vector<ProtocolRecord> protocols = catalogue.ProtocolList();
@@ -292,7 +298,7 @@ TEST_F(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmed
     EXPECT_EQ(protocols[1].Code(), 12);
 }
 
-TEST_F(InstrumentCatalogueTest, CodeOfAProtocolThatIsNoShortNumberFailsOnlyWhereItIsAskedFor) {
+TEST_P(InstrumentCatalogueTest, CodeOfAProtocolThatIsNoShortNumberFailsOnlyWhereItIsAskedFor) {
     AddProtocol(u"1", u"甲", u"x");
     AddProtocol(u"2", u"乙", u"32768");
     store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段"}, {u"协议规定", u"3", u"丙"});
@@ -303,17 +309,20 @@ TEST_F(InstrumentCatalogueTest, CodeOfAProtocolThatIsNoShortNumberFailsOnlyWhere
     EXPECT_EQ(ErrorOf([&] { protocols[2].Code(); }), 13);
 }
 
-TEST_F(InstrumentCatalogueTest, ClassesComeInTheOrderOfTheirNumbers) {
+TEST_P(InstrumentCatalogueTest, ClassesComeInTheOrderOfTheirNumbers) {
     catalogue.AddClass(u"乙", 2);
     catalogue.AddClass(u"甲", 1);
     EXPECT_THAT(Lines(catalogue.Classes()), ElementsAre("甲 1", "乙 2"));
 }
 
-TEST_F(InstrumentCatalogueTest, EveryStatementOfAClosedStoreFails) {
+TEST_P(InstrumentCatalogueTest, EveryStatementOfAClosedStoreFails) {
     store->Close();
     EXPECT_THROW(catalogue.ProtocolList(), RuntimeError);
     EXPECT_THROW(catalogue.ClearCatalogue(), RuntimeError);
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, InstrumentCatalogueTest, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/error_of.h"
-#include "support/sqlite_store.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-class RecordingsTest : public ::testing::Test {
+class RecordingsTest : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
     static RecordedExchange Pair(const Text& instrument, const Text& note, const Text& reply,
                                  const Text& day = u"2024-05-06") {
@@ -30,11 +30,11 @@ class RecordingsTest : public ::testing::Test {
         return lines;
     }
 
-    std::unique_ptr<Store> store = testing::MakeEmptyCatalogue();
+    std::unique_ptr<Store> store = testing::MakeEmptyCatalogue(GetParam());
     Recordings recordings{*store};
 };
 
-TEST_F(RecordingsTest, SummariesCountThePairsOfAnInstrumentUnderANote) {
+TEST_P(RecordingsTest, SummariesCountThePairsOfAnInstrumentUnderANote) {
     recordings.Add({Pair(u"A", u"X", u" 01", u"2024-05-07"), Pair(u"A", u"X", u" 02", u"2024-05-06"),
                     Pair(u"A", u"Y", u" 03"), Pair(u"B", u"X", u" 04")});
     EXPECT_THAT(Lines(recordings.All()),
@@ -46,7 +46,7 @@ TEST_F(RecordingsTest, SummariesCountThePairsOfAnInstrumentUnderANote) {
     EXPECT_THAT(recordings.Of(u"B", u"Y"), IsEmpty());
 }
 
-TEST_F(RecordingsTest, CountOfANoteTakesEachProtocolAndTellsTheDeletedOnes) {
+TEST_P(RecordingsTest, CountOfANoteTakesEachProtocolAndTellsTheDeletedOnes) {
     RecordedExchange deleted = Pair(u"A", u"X", u" 02");
     deleted.protocol = u"Q";
     deleted.isValid = false;
@@ -56,7 +56,7 @@ TEST_F(RecordingsTest, CountOfANoteTakesEachProtocolAndTellsTheDeletedOnes) {
     EXPECT_EQ(recordings.CountOf(u"B", u"Y").all, 0);
 }
 
-TEST_F(RecordingsTest, NamesAndNotesHoldApostrophes) {
+TEST_P(RecordingsTest, NamesAndNotesHoldApostrophes) {
     recordings.Add({Pair(u"A'", u"X'; --", u" 01")});
     EXPECT_THAT(recordings.Exchanges(u"A'", u"X'; --"), SizeIs(1));
     recordings.Rename(u"A'", u"B'");
@@ -65,7 +65,7 @@ TEST_F(RecordingsTest, NamesAndNotesHoldApostrophes) {
     EXPECT_THAT(Lines(recordings.All()), ElementsAre("B'/Y' 2024-05-06 2024-05-06 1 1"));
 }
 
-TEST_F(RecordingsTest, ExchangesComeInTheOrderInWhichTheyWereStored) {
+TEST_P(RecordingsTest, ExchangesComeInTheOrderInWhichTheyWereStored) {
     RecordedExchange deleted = Pair(u"A", u"X", u" 01");
     deleted.isValid = false;
     recordings.Add({Pair(u"A", u"X", u" 02"), deleted});
@@ -82,7 +82,7 @@ TEST_F(RecordingsTest, ExchangesComeInTheOrderInWhichTheyWereStored) {
     EXPECT_FALSE(exchanges[1].isValid);
 }
 
-TEST_F(RecordingsTest, DeletedOnesComeBack) {
+TEST_P(RecordingsTest, DeletedOnesComeBack) {
     recordings.Add({Pair(u"A", u"X", u" 01"), Pair(u"A", u"Y", u" 01")});
     recordings.SetValid(u"A", u"X", false);
     EXPECT_THAT(Lines(recordings.All()),
@@ -91,7 +91,7 @@ TEST_F(RecordingsTest, DeletedOnesComeBack) {
     EXPECT_EQ(recordings.Of(u"A", u"X").at(0).deleted, 0);
 }
 
-TEST_F(RecordingsTest, NothingIsAddedWhereOneCannotBe) {
+TEST_P(RecordingsTest, NothingIsAddedWhereOneCannotBe) {
     store->Execute(u"CREATE UNIQUE INDEX one_reply ON 通讯_仿真 (回送)");
     EXPECT_NE(testing::ErrorOf([this] {
                   recordings.Add({Pair(u"A", u"X", u" 01"), Pair(u"A", u"X", u" 01")});
@@ -101,6 +101,9 @@ TEST_F(RecordingsTest, NothingIsAddedWhereOneCannotBe) {
     recordings.Add({Pair(u"A", u"X", u" 01")});
     EXPECT_THAT(recordings.All(), SizeIs(1));
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, RecordingsTest, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

@@ -1,0 +1,56 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/shipped_catalogue.h"
+#include "host_qt/qt_store.h"
+#include "runtime/runtime_error.h"
+#include "store/private_server.h"
+
+namespace commtest {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using testing::PrivateServer;
+
+// Why a server cannot be opened; empty if it can.
+std::string RefusalOf(const StoreAddress& address) {
+    QtStore store;
+    try {
+        store.Open(address);
+        return "";
+    } catch (const RuntimeError& error) {
+        EXPECT_FALSE(store.IsOpen());
+        return ToUtf8(error.Message());
+    }
+}
+
+TEST(ServerConnection, TheConnectionStringOfSetupIniLeadsToTheCatalogue) {
+    const PrivateServer& server = PrivateServer::OfTheProgram();
+    server.Empty();
+    QtStore filled;
+    filled.Open(server.Address());
+    FillWithShippedCatalogue(filled);
+    QtStore store;
+    store.Open(server.Address(CatalogueTables()));
+    EXPECT_EQ(store.Engine(), StoreEngine::PostgreSql);
+    EXPECT_EQ(ToUtf8(store.Query(u"SELECT 字段 From 表格_设置 Where 使用 ='数据类型' And 列号 = 3").At(0, 0)),
+              "IEEE-754单精度浮点数");
+}
+
+TEST(ServerConnection, AServerWithoutACatalogueIsRefused) {
+    const PrivateServer& server = PrivateServer::OfTheProgram();
+    server.Empty();
+    EXPECT_THAT(RefusalOf(server.Address(CatalogueTables())), HasSubstr("不是仪表通讯数据库"));
+}
+
+TEST(ServerConnection, AWrongPasswordIsRefusedWithTheServersTextAndNotShown) {
+    const std::string refusal = RefusalOf(PrivateServer::OfTheProgram().AddressOf(
+        QStringLiteral("workshop_owner"), QStringLiteral("wrong-Word7")));
+    EXPECT_THAT(refusal, HasSubstr("password authentication failed for user \"workshop_owner\""));
+    EXPECT_THAT(refusal, Not(HasSubstr("wrong-Word7")));
+}
+
+}  // namespace
+}  // namespace commtest
