@@ -132,6 +132,7 @@ std::vector<Text> CatalogueBackups(const ProgramFiles& files) {
 void RestoreCatalogue(Store& store, const ProgramFiles& files, const Text& copy) {
     const auto from = store.Another();
     from->Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
+    MakeMissingIndexes(store);
     store.BeginTransaction();
     try {
         InstrumentCatalogue(store).ClearCatalogue();

@@ -15,4 +15,8 @@ const std::vector<Text>& CatalogueTables();
 // database needs a Chinese collation: the statements hold plain literals.
 void CreateCatalogueTables(Store& store);
 
+// Makes the indexes that an older catalogue lacks; what the store does not allow is passed over. Not within a
+// transaction. Who begins to write calls it.
+void MakeMissingIndexes(Store& store);
+
 }  // namespace commtest

@@ -1,5 +1,6 @@
 #include "catalogue/instrument_catalogue.h"
 
+#include "catalogue/number_columns.h"
 #include "catalogue/statements.h"
 #include "runtime/number.h"
 
@@ -125,9 +126,10 @@ void InstrumentCatalogue::AddClass(const Text& name, int id) {
 }
 
 void InstrumentCatalogue::AddInstrument(const InstrumentRecord& instrument) {
-    store_.AddRow(u"仪表_名称", {u"仪表ID", u"仪表名称", u"编号", u"协议", u"编码", u"类别", u"类别ID"},
-                  {NumberOf(instrument.id), instrument.name, instrument.code, instrument.protocol,
-                   instrument.sortKey, instrument.className, instrument.classId});
+    store_.AddRow(
+        u"仪表_名称", {u"仪表ID", u"仪表名称", u"编号", u"协议", u"编码", u"类别", u"类别ID"},
+        {NumberOf(instrument.id), instrument.name, instrument.code, instrument.protocol, instrument.sortKey,
+         instrument.className, ValueFor(store_.Engine(), u"类别ID", instrument.classId)});
 }
 
 void InstrumentCatalogue::AddParameter(const ParameterRecord& parameter) {

@@ -24,7 +24,7 @@ struct InstrumentRecord {
     Text protocol;       // 协议
     Text sortKey;        // 编码
     Text className;      // 类别
-    StoreValue classId;  // 类别ID, a number
+    StoreValue classId;  // 类别ID, a number; on a server anything else is a null
 };
 
 // A row of 仪表_参数.

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "catalogue/catalogue_schema.h"
 #include "catalogue/parameter_list_export.h"
 #include "host/file_names.h"
 #include "runtime/number.h"
@@ -66,6 +67,7 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes) {
 
 ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list)
     : store_(store), catalogue_(store), lines_(std::move(list)) {
+    MakeMissingIndexes(store_);
     store_.BeginTransaction();
 }
 

@@ -1,5 +1,7 @@
 #include "catalogue/recordings.h"
 
+#include "catalogue/catalogue_schema.h"
+#include "catalogue/statements.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -20,11 +22,11 @@ std::vector<RecordingSummary> Recordings::Of(const Text& instrument, const Text&
 
 std::vector<RecordingSummary> Recordings::Summaries(const Text& condition,
                                                     const std::vector<StoreValue>& values) const {
-    const StoreRows found = store_.Query(
+    const Text statement =
         u"SELECT 协议,仪表名称,说明,MIN(采集日期),MAX(采集日期),COUNT(*),"
         u"SUM(CASE WHEN 有效 = 1 THEN 0 ELSE 1 END) From 通讯_仿真 " +
-            condition + u"Group By 协议,仪表名称,说明 Order By 协议,仪表名称,说明",
-        values);
+        condition + u"Group By 协议,仪表名称,说明 Order By 协议,仪表名称,说明";
+    const StoreRows found = store_.Query(OrderedAlike(store_.Engine(), statement), values);
     std::vector<RecordingSummary> summaries;
     for (std::size_t row = 0; row < found.rows.size(); ++row) {
         summaries.push_back({found.At(row, 0), found.At(row, 1), found.At(row, 2), found.At(row, 3),
@@ -57,6 +59,7 @@ std::vector<RecordedExchange> Recordings::Exchanges(const Text& instrument, cons
 }
 
 void Recordings::Add(const std::vector<RecordedExchange>& exchanges) {
+    MakeMissingIndexes(store_);
     store_.BeginTransaction();
     try {
         for (const RecordedExchange& one : exchanges) {

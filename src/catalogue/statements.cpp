@@ -9,6 +9,25 @@ constexpr TextView kChipJoin = u"仪表_芯片 RIGHT JOIN 仪表_名称 ON 仪�
 constexpr TextView kListColumns =
     u"协议,类别,仪表名称,文件名, 日期, 功能简述,实例,属性,仪表_名称.编号,仪表_名称.仪表ID,仪表_芯片.芯片ID";
 
+// Those with an order.
+constexpr Text Statements::*kOrdered[] = {&Statements::protocolList,
+                                          &Statements::dataTypeList,
+                                          &Statements::gridLayout,
+                                          &Statements::instrumentsOfProtocol,
+                                          &Statements::parametersOfInstrument,
+                                          &Statements::parametersLengthApart,
+                                          &Statements::parametersLengthInFront,
+                                          &Statements::instrumentsByCode,
+                                          &Statements::catalogueList,
+                                          &Statements::chipList,
+                                          &Statements::chipRecord,
+                                          &Statements::recordingsList,
+                                          &Statements::recordedInstruments,
+                                          &Statements::framesOfRecording,
+                                          &Statements::notesOfInstrument,
+                                          &Statements::classes,
+                                          &Statements::exportRows};
+
 Text Joined(std::initializer_list<TextView> parts) {
     Text text;
     for (const TextView part : parts) text += part;
@@ -84,6 +103,16 @@ void AddImportAndExport(Statements& page) {
         u"排序,仪表ID,ID";
 }
 
+// Rows that are equal in the order asked for come by their keys, as they do unasked from the embedded engine.
+void BreakTies(Statements& page) {
+    page.instrumentsOfProtocol += u",仪表_名称.仪表ID";
+    page.instrumentsByCode =
+        u"SELECT 仪表名称,协议,编号 From 仪表_名称 Where 协议 ='?' Group By 仪表名称,协议,编号 "
+        u"ORDER BY 编号,MIN(仪表ID)";
+    for (Text* list : {&page.catalogueList, &page.chipList, &page.chipRecord})
+        *list += u",仪表_名称.仪表ID,仪表_芯片.芯片ID";
+}
+
 Statements PageOf(StoreEngine engine) {
     Statements page;
     AddSettings(page);
@@ -91,6 +120,8 @@ Statements PageOf(StoreEngine engine) {
     AddLists(page);
     AddRecordings(page);
     AddImportAndExport(page);
+    if (engine != StoreEngine::Sqlite) BreakTies(page);
+    for (Text Statements::*statement : kOrdered) page.*statement = OrderedAlike(engine, page.*statement);
     return page;
 }
 
@@ -111,6 +142,19 @@ const Statements& StatementsOf(StoreEngine engine) {
 Text LengthInFrontOfAddress(StoreEngine engine) {
     const TextView join = engine == StoreEngine::SqlServer ? u" + " : u" || ";
     return Joined({u"COALESCE(长度,'')", join, u"COALESCE(地址,'')"});
+}
+
+Text OrderedAlike(StoreEngine engine, const Text& statement) {
+    if (engine != StoreEngine::PostgreSql) return statement;
+    std::size_t order = statement.rfind(u"Order By ");
+    if (order == Text::npos) order = statement.rfind(u"ORDER BY ");
+    if (order == Text::npos) return statement;
+    Text sql = statement.substr(0, order);
+    for (const char16_t character : statement.substr(order)) {
+        if (character == u',') sql += u" NULLS FIRST";
+        sql += character;
+    }
+    return sql + u" NULLS FIRST";
 }
 
 std::optional<Text> CopyStatement(StoreEngine engine, const Text& path) {

@@ -57,6 +57,9 @@ const Statements& StatementsOf(StoreEngine engine);
 // as empty.
 Text LengthInFrontOfAddress(StoreEngine engine);
 
+// A statement in whose order nulls come first, as they do unasked where the engine is another one.
+Text OrderedAlike(StoreEngine engine, const Text& statement);
+
 // The statement with which an engine copies all of itself into a new file; nothing where it has none.
 std::optional<Text> CopyStatement(StoreEngine engine, const Text& path);
 

@@ -11,6 +11,7 @@
 
 #include "cli/command_line.h"
 #include "cli/problem.h"
+#include "host_qt/driver_words.h"
 
 namespace {
 
@@ -34,6 +35,7 @@ int TerminalWidth() {
 int main(int argc, char* argv[]) {
     UseUtf8();
     const QCoreApplication application(argc, argv);
+    commtest::SilenceStoreDrivers();
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
     std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a failed write

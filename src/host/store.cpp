@@ -1,12 +1,31 @@
 #include "host/store.h"
 
+#include <algorithm>
+
+#include "runtime/runtime_error.h"
+
 namespace commtest {
+
+namespace {
+
+char16_t InCapitals(char16_t character) {
+    return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - u'a' + u'A')
+                                                  : character;
+}
+
+}  // namespace
+
+bool IsSameColumn(TextView one, TextView other) {
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [](char16_t a, char16_t b) { return InCapitals(a) == InCapitals(b); });
+}
 
 int StoreRows::ColumnOf(TextView name) const {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const TextView column = columns[i];
         const auto dot = column.rfind(u'.');
-        if ((dot == TextView::npos ? column : column.substr(dot + 1)) == name) return static_cast<int>(i);
+        if (IsSameColumn(dot == TextView::npos ? column : column.substr(dot + 1), name))
+            return static_cast<int>(i);
     }
     return -1;
 }

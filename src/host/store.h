@@ -23,6 +23,10 @@ struct StoreAddress {
 
 using StoreValue = std::optional<Text>;  // nothing for a null
 
+// True for names of one column. Latin letters are equal in both sizes: of all columns ("*") an engine may
+// give them in small ones.
+bool IsSameColumn(TextView one, TextView other);
+
 // The result of one query, read to its end. Columns and rows count from 0.
 struct StoreRows {
     std::vector<Text> columns;

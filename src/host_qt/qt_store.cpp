@@ -9,6 +9,7 @@
 #include <QUuid>
 #include <QVariant>
 
+#include "host_qt/odbc_engine_name.h"
 #include "host_qt/path_problem.h"
 
 namespace commtest {
@@ -56,25 +57,28 @@ QString WordsOn(FileResult result, const QString& text) {
     }
 }
 
-// `file` is the one of the embedded engine, empty where a caller names it or a server holds the tables.
-[[noreturn]] void Raise(const QSqlError& error, const Text& file) {
+[[noreturn]] void Raise(const QSqlError& error, const StoreSource& source) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    const FileResult result = FileResultOf(error);
+    const FileResult result =
+        source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
     Text words = WordsOn(result, text.simplified()).toStdU16String();
-    if (result != FileResult::None && !file.empty()) words = file + u"：" + words;
+    if (result != FileResult::None && !source.file.empty()) words = source.file + u"：" + words;
     if (result == FileResult::Damaged) throw DamagedStore(words);
     throw RuntimeError::OfStore(words);
 }
 
-void RaiseUnless(bool done, const QSqlDatabase& connection, const Text& file) {
-    if (!done) Raise(connection.lastError(), file);
+void RaiseUnless(bool done, const QSqlDatabase& connection, const StoreSource& source) {
+    if (!done) Raise(connection.lastError(), source);
 }
 
-StoreEngine EngineOf(const QSqlDriver& driver) {
+StoreEngine ServerEngineOf(const QSqlDriver& driver) {
     switch (driver.dbmsType()) {
-        case QSqlDriver::SQLite: return StoreEngine::Sqlite;
+        case QSqlDriver::MSSqlServer: return StoreEngine::SqlServer;
         case QSqlDriver::PostgreSQL: return StoreEngine::PostgreSql;
-        default: return StoreEngine::SqlServer;
+        default:
+            throw RuntimeError::OfStore(
+                u"不支持数据库 %1，只支持 SQL Server 和 PostgreSQL"_s.arg(OdbcEngineName(driver))
+                    .toStdU16String());
     }
 }
 
@@ -90,18 +94,25 @@ QVariant VariantOf(const StoreValue& value) {
     return QVariant(QString::fromRawData(characters, static_cast<qsizetype>(value->size())));
 }
 
-StoreRows RowsOf(QSqlQuery query, const Text& file) {
+// The heading as the statement spells it: an engine folds the Latin letters of a name.
+Text HeadingOf(const QString& name, const QString& sql) {
+    const qsizetype place = sql.indexOf(name, 0, Qt::CaseInsensitive);
+    return (place < 0 ? name : sql.mid(place, name.size())).toStdU16String();
+}
+
+StoreRows RowsOf(QSqlQuery query, const StoreSource& source) {
     StoreRows result;
     const QSqlRecord record = query.record();
     const int columns = record.count();
-    for (int i = 0; i < columns; ++i) result.columns.push_back(record.fieldName(i).toStdU16String());
+    const QString sql = source.engine == StoreEngine::PostgreSql ? query.lastQuery() : QString();
+    for (int i = 0; i < columns; ++i) result.columns.push_back(HeadingOf(record.fieldName(i), sql));
     while (query.next()) {
         std::vector<StoreValue> row;
         row.reserve(static_cast<std::size_t>(columns));
         for (int i = 0; i < columns; ++i) row.push_back(ValueOf(query.value(i)));
         result.rows.push_back(std::move(row));
     }
-    if (query.lastError().isValid()) Raise(query.lastError(), file);
+    if (query.lastError().isValid()) Raise(query.lastError(), source);
     return result;
 }
 
@@ -111,11 +122,11 @@ QString UriOf(const QFileInfo& file) {
 
 class QueryCursor : public RowCursor {
   public:
-    QueryCursor(QSqlQuery query, Text file) : query_(std::move(query)), file_(std::move(file)) {}
+    QueryCursor(QSqlQuery query, StoreSource source) : query_(std::move(query)), source_(std::move(source)) {}
 
     bool Next() override {
         if (query_.next()) return true;
-        if (query_.lastError().isValid()) Raise(query_.lastError(), file_);
+        if (query_.lastError().isValid()) Raise(query_.lastError(), source_);
         return false;
     }
 
@@ -125,7 +136,7 @@ class QueryCursor : public RowCursor {
 
   private:
     QSqlQuery query_;
-    Text file_;
+    StoreSource source_;
 };
 
 }  // namespace
@@ -137,16 +148,17 @@ QtStore::~QtStore() { Close(); }
 void QtStore::Open(const StoreAddress& address) {
     Close();
     const bool isFile = address.kind != StoreAddress::Kind::Server;
+    source_.engine = isFile ? StoreEngine::Sqlite : StoreEngine::SqlServer;  // a server tells its own
     try {
         if (address.kind == StoreAddress::Kind::LocalFile) {
             OpenFile(address);
         } else if (address.kind == StoreAddress::Kind::NewFile) {
             OpenNewFile(address);
         } else {
-            Connect(u"QODBC"_s, ToQt(address.location), u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
+            ConnectToServer(ToQt(address.location));
         }
         if (address.kind != StoreAddress::Kind::NewFile) RequireTables(*this, address.tables);
-        if (isFile) file_ = address.location;
+        if (isFile) source_.file = address.location;
     } catch (const DamagedStore& error) {
         Close();
         throw DamagedStore(address.location + u"：" + error.Message());
@@ -194,12 +206,16 @@ void QtStore::ConnectToFile(const QString& uri) {
     Execute(u"PRAGMA foreign_keys=ON");
 }
 
+void QtStore::ConnectToServer(const QString& connection) {
+    Connect(u"QODBC"_s, connection, u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(kPatienceSeconds));
+    source_.engine = ServerEngineOf(*Connection().driver());
+}
+
 void QtStore::Connect(const QString& driver, const QString& database, const QString& options) {
     QSqlDatabase connection = QSqlDatabase::addDatabase(driver, connectionName_);
     connection.setDatabaseName(database);
     connection.setConnectOptions(options);
-    RaiseUnless(connection.open(), connection, file_);
-    engine_ = EngineOf(*connection.driver());
+    RaiseUnless(connection.open(), connection, source_);
     open_ = true;
 }
 
@@ -207,7 +223,7 @@ void QtStore::Close() {
     preparedRow_.reset();
     if (IsFile()) PassOverError([&] { BringLogIntoFile(); });
     open_ = false;
-    file_.clear();
+    source_.file.clear();
     commitsToLog_ = false;
     inTransaction_ = false;
     if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
@@ -230,14 +246,14 @@ void QtStore::BringLogIntoFile() {
     Execute(u"PRAGMA journal_mode=DELETE");
 }
 
-StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql), file_); }
+StoreRows QtStore::Query(const Text& sql) { return RowsOf(Run(sql), source_); }
 
 StoreRows QtStore::Query(const Text& sql, const std::vector<StoreValue>& values) {
-    return RowsOf(Run(sql, values), file_);
+    return RowsOf(Run(sql, values), source_);
 }
 
 std::unique_ptr<RowCursor> QtStore::OpenCursor(const Text& sql) {
-    return std::make_unique<QueryCursor>(Run(sql), file_);
+    return std::make_unique<QueryCursor>(Run(sql), source_);
 }
 
 void QtStore::Execute(const Text& sql) { Run(sql); }
@@ -247,16 +263,16 @@ void QtStore::Execute(const Text& sql, const std::vector<StoreValue>& values) { 
 QSqlQuery QtStore::Run(const Text& sql) {
     QSqlQuery query(Connection());
     query.setForwardOnly(true);
-    if (!query.exec(ToQt(sql))) Raise(query.lastError(), file_);
+    if (!query.exec(ToQt(sql))) Raise(query.lastError(), source_);
     return query;
 }
 
 QSqlQuery QtStore::Run(const Text& sql, const std::vector<StoreValue>& values) {
     QSqlQuery query(Connection());
     query.setForwardOnly(true);
-    if (!query.prepare(ToQt(sql))) Raise(query.lastError(), file_);
+    if (!query.prepare(ToQt(sql))) Raise(query.lastError(), source_);
     for (const StoreValue& value : values) query.addBindValue(VariantOf(value));
-    if (!query.exec()) Raise(query.lastError(), file_);
+    if (!query.exec()) Raise(query.lastError(), source_);
     return query;
 }
 
@@ -265,7 +281,7 @@ void QtStore::AddRow(const Text& table, const std::vector<Text>& columns,
     CommitToLog();
     PreparedRow& row = PreparedFor(table, columns);
     for (std::size_t i = 0; i < values.size(); ++i) row.Bind(i, values[i]);
-    if (!row.query.exec()) Raise(row.query.lastError(), file_);
+    if (!row.query.exec()) Raise(row.query.lastError(), source_);
 }
 
 // Binding costs as much as storing, and neighbouring rows have many values in common.
@@ -291,7 +307,7 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
     QSqlQuery query(Connection());
     const QString sql =
         u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
-    if (!query.prepare(sql)) Raise(query.lastError(), file_);
+    if (!query.prepare(sql)) Raise(query.lastError(), source_);
     const std::size_t count = columns.size();
     return preparedRow_.emplace(PreparedRow{table, columns, std::move(marks), std::vector<bool>(count),
                                             std::vector<StoreValue>(count), std::move(query)});
@@ -299,20 +315,20 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
 
 void QtStore::BeginTransaction() {
     QSqlDatabase connection = Connection();
-    RaiseUnless(connection.transaction(), connection, file_);
+    RaiseUnless(connection.transaction(), connection, source_);
     inTransaction_ = true;
 }
 
 void QtStore::Commit() {
     QSqlDatabase connection = Connection();
-    RaiseUnless(connection.commit(), connection, file_);
+    RaiseUnless(connection.commit(), connection, source_);
     inTransaction_ = false;
 }
 
 void QtStore::Rollback() {
     QSqlDatabase connection = Connection();
     inTransaction_ = false;
-    RaiseUnless(connection.rollback(), connection, file_);
+    RaiseUnless(connection.rollback(), connection, source_);
 }
 
 QSqlDatabase QtStore::Connection() const {

@@ -11,8 +11,15 @@
 
 namespace commtest {
 
-// The store over QtSql: a local file is of SQLite, a server is reached through ODBC. Several live in one
-// process; needs a QCoreApplication.
+// Where statements go.
+struct StoreSource {
+    StoreEngine engine = StoreEngine::Sqlite;
+    Text file;  // that was accepted, and may be written; empty for a server
+};
+
+// The store over QtSql: a local file is of SQLite, a server is reached through ODBC, and refused by its name
+// if it is of an engine that no page of statements is for. Several live in one process; needs a
+// QCoreApplication.
 class QtStore : public Store {
   public:
     QtStore();
@@ -24,7 +31,7 @@ class QtStore : public Store {
     void Close() override;
     bool IsOpen() const override { return open_; }
 
-    StoreEngine Engine() const override { return engine_; }
+    StoreEngine Engine() const override { return source_.engine; }
 
     StoreRows Query(const Text& sql) override;
     std::unique_ptr<RowCursor> OpenCursor(const Text& sql) override;
@@ -56,6 +63,7 @@ class QtStore : public Store {
     void OpenFile(const StoreAddress& address);
     void OpenNewFile(const StoreAddress& address);
     void ConnectToFile(const QString& uri);
+    void ConnectToServer(const QString& connection);
     void Connect(const QString& driver, const QString& database, const QString& options);
     void CommitToLog();
     void BringLogIntoFile();
@@ -63,12 +71,11 @@ class QtStore : public Store {
     QSqlQuery Run(const Text& sql);
     QSqlQuery Run(const Text& sql, const std::vector<StoreValue>& values);
     QSqlDatabase Connection() const;
-    bool IsFile() const { return !file_.empty(); }
+    bool IsFile() const { return !source_.file.empty(); }
 
     QString connectionName_;
-    StoreEngine engine_ = StoreEngine::Sqlite;
     bool open_ = false;
-    Text file_;  // that was accepted, and may be written; empty for a server
+    StoreSource source_;
     bool commitsToLog_ = false;
     bool inTransaction_ = false;
     std::optional<PreparedRow> preparedRow_;

@@ -1,5 +1,6 @@
 #include "replay/capture.h"
 
+#include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "host/clock.h"
 #include "host/dialogs.h"
@@ -44,6 +45,7 @@ void CaptureExchange(MainForm& form) {
     exchange.row = WholeText(form.CurrentRow);
     exchange.request = form.SendText;
     exchange.reply = form.ReplyText;
+    if (form.CapturedCount == 0) MakeMissingIndexes(form.outside.store);
     catalogue.AddRecordedExchange(exchange);
     form.CapturedCount = Add32(form.CapturedCount, 1);
 }

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <iostream>
 
+#include "host_qt/driver_words.h"
 #include "host_qt/named_port.h"
 #include "runtime/runtime_error.h"
 #include "window/toolkit_texts.h"
@@ -74,6 +75,7 @@ void AnswerQuestions(int argc, char* argv[]) {
 int main(int argc, char* argv[]) {
     AnswerQuestions(argc, argv);
     QApplication application(argc, argv);
+    commtest::SilenceStoreDrivers();
     NameProgram();
     const commtest::WindowOptions options = OptionsOf(application);
     try {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "catalogue/number_columns.h"
 #include "runtime/runtime_error.h"
 #include "support/error_of.h"
 #include "support/statement_table.h"
@@ -67,7 +68,7 @@ class InstrumentCatalogueTest : public ::testing::TestWithParam<testing::StoreUn
         catalogue.AddParameter(parameter);
     }
 
-    void AddProtocol(const Text& number, const Text& name, const Text& code) {
+    void AddProtocol(const Text& number, const Text& name, const StoreValue& code) {
         store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度"}, {u"协议规定", number, name, code});
     }
 
@@ -299,7 +300,7 @@ TEST_P(InstrumentCatalogueTest, ProtocolsComeInTheOrderOfTheirNumbersWithTrimmed
 }
 
 TEST_P(InstrumentCatalogueTest, CodeOfAProtocolThatIsNoShortNumberFailsOnlyWhereItIsAskedFor) {
-    AddProtocol(u"1", u"甲", u"x");
+    AddProtocol(u"1", u"甲", ValueFor(store->Engine(), u"宽度", u"x"));
     AddProtocol(u"2", u"乙", u"32768");
     store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段"}, {u"协议规定", u"3", u"丙"});
     const std::vector<ProtocolRecord> protocols = catalogue.ProtocolList();
@@ -319,6 +320,72 @@ TEST_P(InstrumentCatalogueTest, EveryStatementOfAClosedStoreFails) {
     store->Close();
     EXPECT_THROW(catalogue.ProtocolList(), RuntimeError);
     EXPECT_THROW(catalogue.ClearCatalogue(), RuntimeError);
+}
+
+TEST_P(InstrumentCatalogueTest, NamesAreInTheOrderOfTheirCodePoints) {
+    int id = 0;
+    for (const char16_t* name : {u"长", u"𠮷", u"阿", u"a", u"中", u"A", u"ｱ", u"北", u"", u"a b", u"B"}) {
+        AddInstrument(++id, name, u"11000101");
+        AddParameter(id, id, u"值", u"0010", u"2");
+    }
+    std::vector<std::string> names;
+    for (const std::vector<StoreValue>& row : catalogue.InstrumentsOfProtocol(kProtocol).rows)
+        names.push_back(ToUtf8(*row[0]));
+    EXPECT_THAT(names, ElementsAre("", "A", "B", "a", "a b", "中", "北", "长", "阿", "ｱ", "𠮷"));
+}
+
+TEST_P(InstrumentCatalogueTest, NullsStandAtTheHeadOfAList) {
+    AddInstrument(1, u"表一", u"11000101", 1);
+    catalogue.AddInstrument({2, u"表二", u"11000101", kProtocol, u"11", u"", std::nullopt});
+    store->AddRow(u"仪表_名称", {u"仪表ID", u"仪表名称"}, {u"3", u"表三"});
+    for (const int id : {1, 2, 3}) AddParameter(id, id, u"值", u"0010", u"2");
+    for (const StoreRows& list : {catalogue.CatalogueList(), catalogue.ChipList()}) {
+        EXPECT_EQ(ToUtf8(list.At(0, 2)), "表三");
+        EXPECT_EQ(ToUtf8(list.At(1, 2)), "表二");
+        EXPECT_EQ(ToUtf8(list.At(2, 2)), "表一");
+    }
+    const auto rows = catalogue.OpenExportRows();
+    std::vector<std::string> owners;
+    while (rows->Next()) owners.push_back(ToUtf8(rows->At(7)));
+    EXPECT_THAT(owners, ElementsAre("表二", "表三", "表一"));
+}
+
+TEST_P(InstrumentCatalogueTest, WhatIsEqualInTheOrderComesByItsKeys) {
+    for (const int id : {30, 10, 20}) {
+        AddInstrument(id, u"甲", u"11000101");
+        AddParameter(id, id, u"值", u"0010", u"2");
+    }
+    for (const StoreRows& list :
+         {catalogue.CatalogueList(), catalogue.ChipList(), catalogue.InstrumentsOfProtocol(kProtocol)}) {
+        std::vector<std::string> keys;
+        const auto column = static_cast<std::size_t>(list.ColumnOf(u"仪表ID"));
+        for (std::size_t row = 0; row < list.rows.size(); ++row) keys.push_back(ToUtf8(list.At(row, column)));
+        EXPECT_THAT(keys, ElementsAre("10", "20", "30"));
+    }
+    AddInstrument(5, u"乙", u"11000101");
+    EXPECT_THAT(Lines(catalogue.InstrumentsByCode(kProtocol)),
+                ElementsAre("乙 TQ仪表协议 11000101", "甲 TQ仪表协议 11000101"));
+}
+
+TEST_P(InstrumentCatalogueTest, HeadingsAreSpelledAsTheStatementHasThem) {
+    AddInstrument(1, u"表一", u"11000101");
+    const StoreRows list = catalogue.CatalogueList();
+    EXPECT_EQ(ToUtf8(list.columns.at(9)), "仪表ID");
+    EXPECT_EQ(ToUtf8(list.columns.at(10)), "芯片ID");
+    EXPECT_EQ(catalogue.AllInstruments().ColumnOf(u"仪表ID"), 0);
+}
+
+TEST_P(InstrumentCatalogueTest, AClassThatIsNoNumberIsANullForAServer) {
+    const bool isServer = store->Engine() != StoreEngine::Sqlite;
+    const StoreValue classes[] = {u"7", u"07", u"", u"AB", u"1.5", u"99999999999", std::nullopt};
+    int id = 0;
+    for (const StoreValue& number : classes)
+        catalogue.AddInstrument({++id, u"表", u"", u"", u"", u"", number});
+    const StoreRows rows = store->Query(u"SELECT 类别ID From 仪表_名称 Order By 仪表ID");
+    EXPECT_EQ(rows.At(0, 0), u"7");
+    EXPECT_EQ(rows.At(1, 0), u"7");
+    for (const std::size_t row : {2U, 3U, 4U, 5U}) EXPECT_EQ(rows.rows[row][0].has_value(), !isServer) << row;
+    EXPECT_EQ(rows.rows[6][0], std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, InstrumentCatalogueTest, ::testing::ValuesIn(testing::StoresUnderTest()),

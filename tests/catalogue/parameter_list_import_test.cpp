@@ -297,7 +297,7 @@ TEST_F(ParameterListImportTest, WhicheverStatementFailsNothingHasChanged) {
     Put(kListFileName, {u"DEVICE A", u"TYPE 11000101", u"1 PV 1010 R", u"2 SV 1011 R", u"END", u"DEVICE B",
                         u"TYPE 31000301", u"1 PV 1010 R", u"END", u"DEVICE   END"});
     testing::FailingStore failing(*store);
-    int call = 1;
+    int call = 1 + testing::kIndexCalls;
     for (;; ++call) {
         ASSERT_LT(call, 100);
         failing.FailAt(call);
@@ -305,7 +305,7 @@ TEST_F(ParameterListImportTest, WhicheverStatementFailsNothingHasChanged) {
         if (!dialogs.Shown.empty()) break;  // the export behind the import
         ExpectTheOldInstrument();
     }
-    EXPECT_GT(call, 10);
+    EXPECT_GT(call, 10 + testing::kIndexCalls);
     EXPECT_THAT(Instruments(), SizeIs(2));
 }
 

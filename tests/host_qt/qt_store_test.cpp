@@ -106,68 +106,6 @@ TEST_F(QtStoreTest, ReadsTheShippedCatalogue) {
     EXPECT_EQ(protocols[12].Code(), 42);
 }
 
-TEST_F(QtStoreTest, ANullIsNothingWhateverItsType) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    const StoreRows list = InstrumentCatalogue(store).CatalogueList();
-    const auto column = [&](const char16_t* name) { return static_cast<std::size_t>(list.ColumnOf(name)); };
-    const auto row = std::find_if(list.rows.begin(), list.rows.end(), [&](const auto& each) {
-        return each[column(u"仪表名称")] == u"HX-F40智能流量积算仪";  // which has no chip record
-    });
-    ASSERT_NE(row, list.rows.end());
-    const auto at = [&](const char16_t* name) { return (*row)[column(name)]; };
-    EXPECT_EQ(at(u"芯片ID"), std::nullopt);
-    EXPECT_EQ(at(u"文件名"), std::nullopt);
-    EXPECT_NE(at(u"仪表ID"), std::nullopt);
-}
-
-TEST_F(QtStoreTest, ANullGoesInAsNothingAndAnEmptyTextAsAnEmptyText) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"x'"), std::nullopt});
-    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"y"), Text()});
-    const StoreRows rows = store.Query(u"SELECT 原字符,新字符 From 字符_替换 Where 原字符 In ('x''','y')");
-    ASSERT_THAT(rows.rows, SizeIs(2));
-    EXPECT_EQ(rows.rows[0][1], std::nullopt);
-    EXPECT_EQ(rows.rows[1][1], Text());
-}
-
-TEST_F(QtStoreTest, NeighbouringRowsHaveValuesInCommonOrNot) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    store.Execute(u"Delete From 字符_替换");
-    const Text longText(100, u'长');
-    const std::vector<std::vector<StoreValue>> rows = {{Text(u"a"), longText},   {Text(u"b"), longText},
-                                                       {longText, std::nullopt}, {longText, std::nullopt},
-                                                       {longText, Text()},       {std::nullopt, Text(u"b")},
-                                                       {Text(u"a"), Text(u"b")}};
-    for (const auto& row : rows) {
-        std::vector<StoreValue> values = row;
-        store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, values);
-        for (StoreValue& value : values) value = Text(100, u'x');
-    }
-    EXPECT_EQ(store.Query(u"SELECT 原字符,新字符 From 字符_替换").rows, rows);
-}
-
-TEST_F(QtStoreTest, ARowOfOtherColumnsStandsInThem) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    store.Execute(u"Delete From 字符_替换");
-    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"a"), Text(u"b")});
-    store.AddRow(u"字符_替换", {u"新字符", u"原字符"}, {Text(u"a"), Text(u"b")});
-    store.AddRow(u"仪表_类别", {u"类别", u"类别ID"}, {Text(u"a"), Text(u"90")});
-    const StoreRows rows = store.Query(u"SELECT 原字符,新字符 From 字符_替换");
-    EXPECT_EQ(rows.At(0, 0) + rows.At(0, 1), u"ab");
-    EXPECT_EQ(rows.At(1, 0) + rows.At(1, 1), u"ba");
-}
-
-TEST_F(QtStoreTest, ClearingTheCatalogueTakesTheParametersAlong) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    InstrumentCatalogue(store).ClearCatalogue();
-    EXPECT_THAT(InstrumentCatalogue(store).AllParameters().rows, IsEmpty());
-}
-
 TEST_F(QtStoreTest, AFailingStatementRaisesTheEnginesText) {
     CreateCatalogue();
     store.Open(AddressOf(kCatalogue));
@@ -177,30 +115,6 @@ TEST_F(QtStoreTest, AFailingStatementRaisesTheEnginesText) {
     } catch (const RuntimeError& error) {
         EXPECT_EQ(ToUtf8(error.StandardMessage()), "数据库错误:\r\n\r\nnear \"K\": syntax error");
     }
-}
-
-TEST_F(QtStoreTest, AFailedRowLeavesTheStoreUsable) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    InstrumentCatalogue catalogue(store);
-    EXPECT_THROW(catalogue.AddClass(u"再来一次", 1), RuntimeError);
-    EXPECT_THROW(store.AddRow(u"没有的表", {u"列"}, {Text(u"1")}), RuntimeError);
-    catalogue.AddClass(u"新类别", 90);
-    EXPECT_THAT(catalogue.Classes().rows, SizeIs(8));
-}
-
-TEST_F(QtStoreTest, ARolledBackTransactionLeavesNothing) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    InstrumentCatalogue catalogue(store);
-    store.BeginTransaction();
-    catalogue.AddClass(u"新类别", 90);
-    store.Rollback();
-    EXPECT_THAT(catalogue.Classes().rows, SizeIs(7));
-    store.BeginTransaction();
-    catalogue.AddClass(u"新类别", 90);
-    store.Commit();
-    EXPECT_THAT(catalogue.Classes().rows, SizeIs(8));
 }
 
 TEST_F(QtStoreTest, SeveralStoresLiveSideBySide) {
@@ -236,30 +150,6 @@ TEST_F(QtStoreTest, AClosedStoreRunsNothing) {
             EXPECT_EQ(ToUtf8(error.Message()), "数据库没有打开");
         }
     }
-}
-
-TEST_F(QtStoreTest, ACursorGivesRowByRow) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    store.Execute(u"Delete From 字符_替换");
-    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"温"), std::nullopt});
-    store.AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"度"), Text()});
-    const auto cursor = store.OpenCursor(u"SELECT 原字符,新字符 From 字符_替换 Order By 原字符 Desc");
-    ASSERT_TRUE(cursor->Next());
-    EXPECT_EQ(cursor->At(0), u"温");
-    EXPECT_EQ(cursor->At(1), u"");
-    EXPECT_EQ(cursor->ValueAt(1), std::nullopt);
-    ASSERT_TRUE(cursor->Next());
-    EXPECT_EQ(cursor->ValueAt(0), u"度");
-    EXPECT_EQ(cursor->ValueAt(1), u"");
-    EXPECT_FALSE(cursor->Next());
-    EXPECT_FALSE(cursor->Next());
-}
-
-TEST_F(QtStoreTest, ACursorWithoutARowHasNone) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    EXPECT_FALSE(store.OpenCursor(u"SELECT * From 仪表_参数 Where 1 = 0")->Next());
 }
 
 TEST_F(QtStoreTest, ACursorRaisesTheErrorOfTheRowWhereItComes) {
@@ -551,20 +441,6 @@ TEST_P(StatementOnQtStore, Runs) {
 
 INSTANTIATE_TEST_SUITE_P(Page, StatementOnQtStore, ::testing::ValuesIn(testing::AllStatements()),
                          [](const auto& tested) { return tested.param.name; });
-
-TEST_F(QtStoreTest, BoundValuesAreDataWhateverTheyHold) {
-    CreateCatalogue();
-    store.Open(AddressOf(kCatalogue));
-    store.Execute(u"INSERT INTO 字符_替换 (原字符,新字符) VALUES (?,?)",
-                  {Text(u"x' OR '1'='1"), std::nullopt});
-    const Text query = u"SELECT 原字符,新字符 FROM 字符_替换 WHERE 原字符 = ?";
-    const StoreRows found = store.Query(query, {Text(u"x' OR '1'='1")});
-    ASSERT_THAT(found.rows, SizeIs(1));
-    EXPECT_EQ(found.At(0, 0), u"x' OR '1'='1");
-    EXPECT_FALSE(found.rows[0][1].has_value());
-    EXPECT_THAT(store.Query(query, {Text(u"x")}).rows, IsEmpty());
-    EXPECT_THROW(store.Query(u"SELECT 原字符 FROM 字符_替换 WHERE nowhere = ?", {Text()}), RuntimeError);
-}
 
 }  // namespace
 }  // namespace commtest

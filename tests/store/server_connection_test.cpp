@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QLocalServer>
+
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/shipped_catalogue.h"
 #include "host_qt/qt_store.h"
@@ -50,6 +53,31 @@ TEST(ServerConnection, AWrongPasswordIsRefusedWithTheServersTextAndNotShown) {
         QStringLiteral("workshop_owner"), QStringLiteral("wrong-Word7")));
     EXPECT_THAT(refusal, HasSubstr("password authentication failed for user \"workshop_owner\""));
     EXPECT_THAT(refusal, Not(HasSubstr("wrong-Word7")));
+}
+
+TEST(ServerConnection, AnEngineThatIsNoneOfTheKnownIsRefusedByItsName) {
+    PrivateServer::OfTheProgram();
+    const QTemporaryDir folder;
+    const QString text =
+        QStringLiteral("driver={Other Engine};database=%1").arg(folder.filePath(QStringLiteral("a")));
+    EXPECT_EQ(RefusalOf({StoreAddress::Kind::Server, text.toStdU16String(), {}}),
+              "不支持数据库 SQLite，只支持 SQL Server 和 PostgreSQL");
+}
+
+// It takes the connection and never says a word.
+TEST(ServerConnection, ASilentServerIsGivenUpAfterFiveSeconds) {
+    PrivateServer::OfTheProgram();
+    const QTemporaryDir folder;
+    QLocalServer silent;
+    ASSERT_TRUE(silent.listen(folder.filePath(QStringLiteral(".s.PGSQL.5432"))));
+    const QString text =
+        QStringLiteral("driver={SQL Server};Server=%1;uid=a;pwd=silent-Word7;database=b").arg(folder.path());
+    QElapsedTimer watch;
+    watch.start();
+    const std::string refusal = RefusalOf({StoreAddress::Kind::Server, text.toStdU16String(), {}});
+    EXPECT_LT(watch.elapsed(), 7000);
+    EXPECT_FALSE(refusal.empty());
+    EXPECT_THAT(refusal, Not(HasSubstr("silent-Word7")));
 }
 
 }  // namespace

@@ -7,6 +7,9 @@
 
 namespace commtest::testing {
 
+// The calls with which who begins to write makes missing indexes; it does without one that fails.
+inline constexpr int kIndexCalls = 7;
+
 // A store over another one, of whose calls one fails with the text "call N failed" and without reaching it.
 // Counted are opening, every statement, every row of a cursor, begin and commit, also those of the stores
 // that it gives; not closing and rolling back.

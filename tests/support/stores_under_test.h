@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct StoreUnderTest {
     StoreEngine engine = StoreEngine::Sqlite;
     std::function<std::unique_ptr<Store>()> makeBare;  // open, without any table
 };
+
+inline void PrintTo(const StoreUnderTest& store, std::ostream* out) { *out << store.name; }
 
 // Those of the test program: each says which they are.
 const std::vector<StoreUnderTest>& StoresUnderTest();
