@@ -6,6 +6,7 @@
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/statements.h"
+#include "catalogue/table_copy.h"
 #include "host/file_names.h"
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
@@ -56,27 +57,10 @@ bool IsYounger(const Text& one, const Text& other) {
     return one.size() != other.size() ? one.size() > other.size() : one > other;
 }
 
-void CopyTable(Store& from, Store& to, const Text& table) {
-    const std::vector<Text> columns = to.Query(u"SELECT * From " + table + u" Where 1 = 0").columns;
-    Text names;
-    for (const Text& column : columns) names += (names.empty() ? u"" : u",") + column;
-    const auto rows = from.OpenCursor(u"SELECT " + names + u" From " + table);
-    std::vector<StoreValue> values(columns.size());
-    while (rows->Next()) {
-        for (std::size_t i = 0; i < values.size(); ++i) values[i] = rows->ValueAt(i);
-        to.AddRow(table, columns, values);
-    }
-}
-
 void CopyRowByRow(Store& store, const Text& path) {
     const auto copy = store.Another();
     copy->Open({StoreAddress::Kind::NewFile, path, {}});
-    copy->BeginTransaction();
-    CreateCatalogueTables(*copy);
-    for (const Text& table : CatalogueTables()) {
-        if (table != kParameterView) CopyTable(store, *copy, table);
-    }
-    copy->Commit();
+    CopyCatalogueInto(store, *copy);
 }
 
 void CopyInto(const Text& path, Store& store) {

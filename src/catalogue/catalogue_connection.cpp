@@ -30,8 +30,8 @@ Text NextValue(LineReader& lines) {
     return Trim(Behind(*line, u' '));
 }
 
-ServerFile ReadServerFile(const ProgramFiles& files) {
-    const auto lines = files.ReadLines(Text(kServerFileName));
+ServerFile ReadServerFile(const ProgramFiles& files, const Text& name = Text(kServerFileName)) {
+    const auto lines = files.ReadLines(name);
     ServerFile file;
     for (Text* value : {&file.server, &file.user, &file.password, &file.database}) *value = NextValue(*lines);
     return file;
@@ -57,7 +57,9 @@ StoreAddress LocalCatalogue(const ProgramFiles& files) {
     return {StoreAddress::Kind::LocalFile, files.PathOf(Text(kCatalogueFileName)), CatalogueTables()};
 }
 
-StoreAddress ServerCatalogue(const ProgramFiles& files) { return AddressOf(ReadServerFile(files)); }
+StoreAddress ServerCatalogue(const ProgramFiles& files, const Text& name) {
+    return AddressOf(ReadServerFile(files, name));
+}
 
 void OpenCatalogue(MainForm& form, int mode) {
     TextControl& panel = form.StatusBar1[0];

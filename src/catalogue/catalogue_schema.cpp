@@ -75,6 +75,8 @@ std::vector<Text> Indexes(StoreEngine engine) {
     };
 }
 
+bool HandsOutKeys(const Text& table) { return table == u"仪表_芯片" || table == u"通讯_仿真"; }
+
 }  // namespace
 
 const std::vector<Text>& CatalogueTables() {
@@ -87,6 +89,32 @@ void CreateCatalogueTables(Store& store) {
     for (const Text& table : TablesOf(store.Engine())) store.Execute(table);
     store.Execute(ViewOf(store.Engine()));
     for (const Text& index : Indexes(store.Engine())) store.Execute(u"CREATE INDEX " + index);
+}
+
+Text KeyOfTable(const Text& table) {
+    if (table == u"仪表_类别") return u"类别ID";
+    if (table == u"仪表_名称") return u"仪表ID";
+    if (table == u"仪表_芯片") return u"芯片ID";
+    return table == u"仪表_参数" || table == u"通讯_仿真" ? u"ID" : u"";
+}
+
+std::optional<Text> KeyCounterStatement(StoreEngine engine, const Text& table) {
+    if (engine != StoreEngine::PostgreSql || !HandsOutKeys(table)) return std::nullopt;
+    const Text key = KeyOfTable(table);
+    // The name of a column is asked for in the letters to which it was folded.
+    const Text column = table == u"仪表_芯片" ? u"芯片id" : u"id";
+    return u"SELECT setval(pg_get_serial_sequence('" + table + u"','" + column + u"'),COALESCE(MAX(" + key +
+           u"),1),MAX(" + key + u") IS NOT NULL) From " + table;
+}
+
+OwnKeys::OwnKeys(Store& store, const Text& table) : store_(store) {
+    if (store.Engine() != StoreEngine::SqlServer || !HandsOutKeys(table)) return;
+    store_.Execute(u"SET IDENTITY_INSERT " + table + u" ON");
+    table_ = table;
+}
+
+OwnKeys::~OwnKeys() {
+    if (!table_.empty()) PassOverError([&] { store_.Execute(u"SET IDENTITY_INSERT " + table_ + u" OFF"); });
 }
 
 void MakeMissingIndexes(Store& store) {

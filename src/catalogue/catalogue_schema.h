@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "host/store.h"
@@ -14,6 +15,26 @@ const std::vector<Text>& CatalogueTables();
 // Makes the tables, the view and the indexes in an open store that has none of them. On SQL Server the
 // database needs a Chinese collation: the statements hold plain literals.
 void CreateCatalogueTables(Store& store);
+
+// The key column of a table; empty for one without a key.
+Text KeyOfTable(const Text& table);
+
+// The statement that puts the counter of a table's own keys behind the highest key; nothing where the engine,
+// or the table, needs none.
+std::optional<Text> KeyCounterStatement(StoreEngine engine, const Text& table);
+
+// While it stands, rows of the table bring their own keys, which one of the engines has to be told.
+class OwnKeys {
+  public:
+    OwnKeys(Store& store, const Text& table);
+    OwnKeys(const OwnKeys&) = delete;
+    OwnKeys& operator=(const OwnKeys&) = delete;
+    ~OwnKeys();
+
+  private:
+    Store& store_;
+    Text table_;  // empty where nothing has to be told
+};
 
 // Makes the indexes that an older catalogue lacks; what the store does not allow is passed over. Not within a
 // transaction. Who begins to write calls it.

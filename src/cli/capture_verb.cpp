@@ -28,7 +28,8 @@ ExitStatus Capture(const Arguments& arguments, Console& console) {
     const Text note = NoteOf(arguments);
     const ReadingOptions reading = ReadingOptionsOf(arguments);
     const RunOptions run = RunOptionsOf(arguments);
-    const LineOptions lineOptions = LineOptionsOf(arguments, console);
+    LineOptions lineOptions = LineOptionsOf(arguments, console);
+    lineOptions.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Writing);
     LineSession line(lineOptions, console);
     MainForm& form = line.Form();
     ChooseReading(form, reading);

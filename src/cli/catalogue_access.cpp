@@ -1,5 +1,6 @@
 #include "cli/catalogue_access.h"
 
+#include <QDir>
 #include <algorithm>
 #include <set>
 
@@ -7,12 +8,31 @@
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/shipped_catalogue.h"
 #include "cli/suggestion.h"
+#include "host/file_names.h"
 #include "host_qt/path_problem.h"
 #include "host_qt/program_folder.h"
 
 namespace commtest {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The server's own words hold no password.
+Problem ServerProblem(const ProgramFiles& files, const CataloguePlace& place, const RuntimeError& error) {
+    const QString file = QString::fromStdU16String(files.PathOf(place.settings));
+    const QString message = QString::fromStdU16String(error.StandardMessage()).simplified();
+    return {ExitStatus::NoAccess, u"%1 服务器上的目录打不开，请检查 %2 和服务器"_s.arg(message, file)};
+}
+
+QString WhatToDo(const RuntimeError& error, const QString& catalogue) {
+    if (!ObstacleTo(PathUse::Reading, catalogue).isEmpty()) return u" 请检查 --folder"_s;
+    const QString anew = u"用 commtest-cli catalogue create 在另一个文件夹新建目录"_s;
+    if (dynamic_cast<const DamagedStore*>(&error) != nullptr) return u" 请放回完好的一份，或"_s + anew;
+    return u" 请检查 --folder，结束占用目录的其他程序，或"_s + anew;
+}
+
+}  // namespace
 
 const Option kFolderOption = {
     u"folder", u"文件夹",
@@ -30,18 +50,48 @@ QString ProgramFolderOf(const Arguments& arguments, Console& console) {
     }
 }
 
-namespace {
+const Option kServerOption = {u"server", {}, u"用服务器上的目录，服务器见程序文件夹中的 Setup.ini"};
+const Option kServerSettingsOption = {u"server-settings", u"文件", u"用服务器上的目录，服务器见这个文件"};
 
-QString WhatToDo(const RuntimeError& error, const QString& catalogue) {
-    if (!ObstacleTo(PathUse::Reading, catalogue).isEmpty()) return u" 请检查 --folder"_s;
-    const QString anew = u"用 commtest-cli catalogue create 在另一个文件夹新建目录"_s;
-    if (dynamic_cast<const DamagedStore*>(&error) != nullptr) return u" 请放回完好的一份，或"_s + anew;
-    return u" 请检查 --folder，结束占用目录的其他程序，或"_s + anew;
+CataloguePlace CataloguePlaceOf(const Arguments& arguments, CatalogueUse use) {
+    CataloguePlace place = ServerPlaceOf(arguments, use);
+    place.isServer = arguments.Has(kServerOption.name) || arguments.Has(kServerSettingsOption.name);
+    return place;
 }
 
-}  // namespace
+CataloguePlace ServerPlaceOf(const Arguments& arguments, CatalogueUse use) {
+    if (!arguments.Has(kServerSettingsOption.name)) return {true, Text(kServerFileName), use};
+    const QString file = arguments.Value(kServerSettingsOption.name);
+    return {true, QDir().absoluteFilePath(file).toStdU16String(), use};
+}
 
-void OpenCatalogueOf(const ProgramFiles& files, Store& store) {
+void OpenServer(const ProgramFiles& files, Store& store, const CataloguePlace& place) {
+    try {
+        StoreAddress address = ServerCatalogue(files, place.settings);
+        address.tables.clear();
+        store.Open(address);
+    } catch (const RuntimeError& error) {
+        throw ServerProblem(files, place, error);
+    }
+}
+
+CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const CataloguePlace& place,
+                               Console& console) {
+    if (place.isServer) {
+        try {
+            store.Open(ServerCatalogue(files, place.settings));
+            return place;
+        } catch (const RuntimeError& error) {
+            const Problem problem = ServerProblem(files, place, error);
+            if (place.use == CatalogueUse::Writing) throw problem;
+            console.Tell(problem.Line() + u"。改用本地目录"_s);
+        }
+    }
+    OpenLocalCatalogue(files, store);
+    return {};
+}
+
+void OpenLocalCatalogue(const ProgramFiles& files, Store& store) {
     const StoreAddress address = LocalCatalogue(files);
     try {
         store.Open(address);

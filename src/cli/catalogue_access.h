@@ -16,8 +16,34 @@ extern const Option kFolderOption;
 // the user's own, which is made from the shipped catalogue the first time.
 QString ProgramFolderOf(const Arguments& arguments, Console& console);
 
-// Opens the catalogue of the folder; a Problem if that fails, also if another program holds it.
-void OpenCatalogueOf(const ProgramFiles& files, Store& store);
+extern const Option kServerOption;
+extern const Option kServerSettingsOption;
+
+enum class CatalogueUse { Reading, Writing };
+
+// Which catalogue a verb opens: the local file of the program folder, or that of a server.
+struct CataloguePlace {
+    bool isServer = false;
+    Text settings;  // the file that says where the server is; a name of the program folder, or a full path
+    CatalogueUse use = CatalogueUse::Reading;
+};
+
+CataloguePlace CataloguePlaceOf(const Arguments& arguments, CatalogueUse use);
+
+// The server, for a verb to which one belongs in any case.
+CataloguePlace ServerPlaceOf(const Arguments& arguments, CatalogueUse use);
+
+// Opens the catalogue; a Problem if that fails, also if another program holds it. Where a server does not
+// give it to who only reads, the local file takes its place, and the user is told why. The place of the one
+// that is open.
+CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const CataloguePlace& place,
+                               Console& console);
+
+// The local file of the folder.
+void OpenLocalCatalogue(const ProgramFiles& files, Store& store);
+
+// A server, with or without a catalogue; a Problem if it cannot be opened.
+void OpenServer(const ProgramFiles& files, Store& store, const CataloguePlace& place);
 
 // What the catalogue knows.
 std::vector<Text> ProtocolNames(Store& store);

@@ -12,5 +12,7 @@ Verb CatalogueChannels();
 Verb CatalogueCheck();
 Verb CatalogueRestore();
 Verb CatalogueSpreadsheet();
+Verb CatalogueInfo();
+Verb CatalogueTransfer();
 
 }  // namespace commtest

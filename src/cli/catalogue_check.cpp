@@ -74,7 +74,7 @@ ExitStatus Check(const Arguments& arguments, Console& console) {
     const FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource list(files, named, kListFileName);
     QtStore store;
-    OpenCatalogueOf(files, store);
+    OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     Report report(list.Path(), format, console);
     ListProgress progress(console);
     const ListContent content = LookThrough(
@@ -89,7 +89,7 @@ Verb CatalogueCheck() {
     return {u"catalogue check",
             u"[文件] [选项]",
             u"检查参数表: 每处问题在第几行，导入时会怎样；目录不改动",
-            {kFolderOption, kReportFormatOption},
+            {kFolderOption, kServerOption, kServerSettingsOption, kReportFormatOption},
             Check,
             uR"(不给出文件时检查程序文件夹中的 TQ.ini。有问题时退出状态为 1。
 )"};

@@ -1,6 +1,7 @@
 #include <QDir>
 
 #include "catalogue/shipped_catalogue.h"
+#include "catalogue/table_copy.h"
 #include "cli/catalogue_access.h"
 #include "cli/catalogue_actions.h"
 #include "host/file_names.h"
@@ -28,10 +29,32 @@ bool MakeFolder(const QString& folder) {
 // A file of that name which is no catalogue was kept, but is no success.
 void RequireCatalogue(const QString& folder) {
     QtStore store;
-    OpenCatalogueOf(FolderFiles(folder), store);
+    OpenLocalCatalogue(FolderFiles(folder), store);
+}
+
+// The tables, and what a new catalogue holds, in one transaction; a server that has a catalogue keeps it.
+ExitStatus CreateOnServer(const Arguments& arguments, const CataloguePlace& place, Console& console) {
+    const auto named = arguments.OnePositionalAtMost();
+    const FolderFiles files(named ? *named : ProgramFolderOf(arguments, console));
+    QtStore store;
+    OpenServer(files, store, place);
+    if (HoldsCatalogue(store)) {
+        console.Print(u"服务器上已有目录，没有改动\n"_s);
+        return ExitStatus::Good;
+    }
+    try {
+        FillWithShippedCatalogue(store);
+    } catch (const RuntimeError& error) {
+        throw Problem(ExitStatus::NoAccess, QString::fromStdU16String(error.StandardMessage()).simplified() +
+                                                u" 不能在服务器上建立目录，请检查用户的权限"_s);
+    }
+    console.Print(u"已在服务器上建立目录\n"_s);
+    return ExitStatus::Good;
 }
 
 ExitStatus Create(const Arguments& arguments, Console& console) {
+    const CataloguePlace place = CataloguePlaceOf(arguments, CatalogueUse::Writing);
+    if (place.isServer) return CreateOnServer(arguments, place, console);
     const QString folder = arguments.Positional(1, u"文件夹").constFirst();
     if (folder.isEmpty()) throw arguments.BadUsage(u"缺少参数: 文件夹"_s);
     const bool isNew = MakeFolder(folder);
@@ -45,10 +68,12 @@ ExitStatus Create(const Arguments& arguments, Console& console) {
 
 Verb CatalogueCreate() {
     return {u"catalogue create",
-            u"文件夹",
+            u"文件夹 | --server [选项]",
             u"建立程序文件夹: 随附的目录、使用说明、表格模板和存放记录的文件夹；已有的文件不改动",
-            {},
-            Create};
+            {kServerOption, kServerSettingsOption, kFolderOption},
+            Create,
+            uR"(给出 --server 或 --server-settings 时在服务器的数据库中建立随附的目录；已有的目录不改动。
+)"};
 }
 
 }  // namespace commtest

@@ -55,7 +55,7 @@ ExitStatus Export(const Arguments& arguments, Console& console) {
     }
     FolderFiles files(ProgramFolderOf(arguments, console));
     QtStore store;
-    OpenCatalogueOf(files, store);
+    OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     const auto wanted = WantedOf(arguments, store);
     ListProgress progress(console);
     ListOutput output(OutputKind::ParameterList, named, files, console);
@@ -72,6 +72,8 @@ Verb CatalogueExport() {
             u"[选项]",
             u"把目录中的仪表和参数写成参数表，默认追加到 OutTQ.ini",
             {kFolderOption,
+             kServerOption,
+             kServerSettingsOption,
              kListOutputOption,
              {u"instrument", u"名称", u"只导出这种仪表；可以给出多次", {}, true},
              kReportFormatOption},

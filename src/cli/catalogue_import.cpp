@@ -175,7 +175,7 @@ ExitStatus Import(const Arguments& arguments, Console& console) {
     QtStore store;
     BeforeAnyChange([&] {
         list.Open();
-        OpenCatalogueOf(files, store);
+        OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
         if (!arguments.Has(kYesOption.name)) Ask(list, store, console);
     });
     Report report(format, console);
@@ -202,7 +202,7 @@ Verb CatalogueImport() {
     return {u"catalogue import",
             u"[文件] [选项]",
             u"由参数表重建目录中的仪表和参数，先备份",
-            {kFolderOption, kYesOption, kReportFormatOption},
+            {kFolderOption, kServerOption, kServerSettingsOption, kYesOption, kReportFormatOption},
             Import,
             kNotes};
 }

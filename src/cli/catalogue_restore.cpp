@@ -91,7 +91,7 @@ ExitStatus Restore(const Arguments& arguments, Console& console) {
     const Text copy = CopyOf(named, files);
     QtStore store;
     BeforeAnyChange([&] {
-        OpenCatalogueOf(files, store);
+        OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
         const CatalogueSize size = SizeOfCopy(files, copy);
         if (!arguments.Has(kYesOption.name)) Ask(copy, size, store, console);
         const Text backup = CopyCatalogue(store, files, copy);
@@ -107,7 +107,7 @@ Verb CatalogueRestore() {
     return {u"catalogue restore",
             u"[备份] [选项]",
             u"由备份恢复目录中的仪表和参数，先备份现在的目录",
-            {kFolderOption, kYesOption, kReportFormatOption},
+            {kFolderOption, kServerOption, kServerSettingsOption, kYesOption, kReportFormatOption},
             Restore,
             uR"(不给出备份时用程序文件夹中最新的一个。只恢复仪表和参数，目录中其他内容不变。
 )"};

@@ -100,7 +100,7 @@ ExitStatus Write(const Arguments& arguments, Console& console) {
     RequireOneChoice(arguments);
     FolderFiles files(ProgramFolderOf(arguments, console));
     const Text folder = FolderOfResults(arguments, files);
-    SheetSource source(files, console);
+    SheetSource source(files, CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     QtSpreadsheetEngine engine;
     SpreadsheetRun run(engine, {files.PathOf(Text(kSpreadsheetTemplateName)), folder},
                        WantedSheets(arguments, source));
@@ -115,6 +115,8 @@ Verb CatalogueSpreadsheet() {
             u"--instrument 名称 | --all [选项]",
             u"把仪表的参数地址表写成表格 (.xls)，默认写入程序文件夹中的 自动保存通讯记录",
             {kFolderOption,
+             kServerOption,
+             kServerSettingsOption,
              {kInstrument, u"名称", u"写这种仪表的表格；可以给出多次", {}, true},
              {kAll, u"", u"写所有仪表的表格"},
              {kOutput, u"文件夹", u"写入这个文件夹"}},

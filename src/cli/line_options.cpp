@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "cli/catalogue_access.h"
 #include "host_qt/line_settings.h"
 #include "host_qt/named_port.h"
 
@@ -69,6 +68,8 @@ std::optional<int> ShowModeOf(const Arguments& arguments) {
 const OptionList& LineOptionList() {
     static const OptionList kOptions = {
         kFolderOption,
+        kServerOption,
+        kServerSettingsOption,
         {u"protocol", u"名称", u"通讯协议，见 list protocols"},
         {u"instrument", u"名称", u"仪表，见 list instruments"},
         {u"address", u"N", u"仪表地址", u"1"},
@@ -91,6 +92,7 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console) {
                                   : ShortestInterval(options.settings));
     options.showMode = ShowModeOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
+    options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);
     return options;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "cli/arguments.h"
+#include "cli/catalogue_access.h"
 #include "cli/console.h"
 #include "host_qt/qt_serial_port.h"
 
@@ -12,6 +13,7 @@ namespace commtest {
 // Which instrument is talked to, and over which line.
 struct LineOptions {
     QString folder;
+    CataloguePlace catalogue;
     Text protocol;    // empty: the first of the catalogue
     Text instrument;  // empty: the first of the protocol
     Text address;

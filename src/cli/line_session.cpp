@@ -20,7 +20,7 @@ LineSession::LineSession(const LineOptions& options, Console& console)
       port_(options.devices),
       dialogs_(console),
       session_({traced_, dialogs_, clock_, files_, store_, settings_, program_}) {
-    OpenCatalogueOf(files_, store_);
+    OpenCatalogueOf(files_, store_, options.catalogue, console);
     ChooseInstrument(Form(), options);
     ShowStoredPortSettings(Form(), options.settings + u" " + options.port);
     WireEvents();

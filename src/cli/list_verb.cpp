@@ -125,7 +125,7 @@ Table PortTableOf(const Arguments& arguments) {
 
 QStringList OptionsOf(const QString& topic) {
     if (topic == u"ports") return {u"port"_s, u"format"_s};
-    QStringList options = {u"folder"_s, u"format"_s};
+    QStringList options = {u"folder"_s, u"server"_s, u"server-settings"_s, u"format"_s};
     if (topic == u"instruments" || topic == u"chips") options += u"protocol"_s;
     if (topic == u"parameters") options += u"instrument"_s;
     return options;
@@ -147,7 +147,8 @@ ExitStatus List(const Arguments& arguments, Console& console) {
     }
     if (topic == u"parameters") arguments.Value(u"instrument");
     QtStore store;
-    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
+    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
+                    CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     console.Print(Printed(TableOf(topic, arguments, store), format));
     return ExitStatus::Good;
 }
@@ -159,6 +160,8 @@ Verb ListVerb() {
             u"ports|protocols|instruments|parameters|chips [选项]",
             u"列出本机的串口，目录中的协议、仪表、芯片资料，或一种仪表的参数",
             {kFolderOption,
+             kServerOption,
+             kServerSettingsOption,
              {u"protocol", u"名称", u"只列出这个协议的仪表或芯片资料"},
              {u"instrument", u"名称", u"列出这种仪表的参数"},
              kPortOption,

@@ -162,13 +162,19 @@ void RequireUsage(const QString& action, const Arguments& arguments) {
     FormatOf(arguments);
 }
 
+CatalogueUse UseOf(const QString& action) {
+    const bool isReading = action == u"list" || action == u"show" || action == u"export";
+    return isReading ? CatalogueUse::Reading : CatalogueUse::Writing;
+}
+
 ExitStatus RunRecordings(const Arguments& arguments, Console& console) {
     const QString action = arguments.FirstPositional(kActions);
     const bool takesFile = action == u"export" || action == u"import";
     const QStringList words = arguments.Positional(takesFile ? 2 : 1, u"文件");
     RequireUsage(action, arguments);
     QtStore store;
-    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store);
+    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
+                    CataloguePlaceOf(arguments, UseOf(action)), console);
     Recordings recordings(store);
     return RunAction(words, arguments, recordings, console);
 }
@@ -180,6 +186,8 @@ Verb RecordingsVerb() {
             u"list|show|rename|note|delete|undelete|export 文件|import 文件 [选项]",
             u"列出、查看、改名、删除、恢复、导出、导入演示数据",
             {kFolderOption,
+             kServerOption,
+             kServerSettingsOption,
              {u"instrument", u"名称", u"演示数据的仪表 (show、rename、delete、undelete、export)"},
              {u"note", u"说明", u"演示数据的说明，用大写 (show、note、delete、undelete、export)"},
              {u"to", u"名称", u"新的仪表名称 (rename) 或新的说明 (note)"},

@@ -19,6 +19,8 @@ constexpr int kInterval = 1000;  // milliseconds between two exchanges of a repl
 OptionList ReplayOptionList() {
     OptionList options = {
         kFolderOption,
+        kServerOption,
+        kServerSettingsOption,
         {u"instrument", u"名称", u"演示数据的仪表，见 recordings list"},
         kNoteOption,
         {u"speed", u"1|N|max", u"倍速: 间隔为 1000 毫秒除以 N，max 时没有间隔", u"1"},
@@ -38,9 +40,11 @@ int IntervalOf(const Arguments& arguments) {
     return kInterval / speed;
 }
 
-Text ProtocolOfRecording(const QString& folder, const Text& instrument, const Text& note) {
+// A server that does not answer is asked once.
+Text ProtocolOfRecording(LineOptions& options, const Text& note, Console& console) {
+    const Text& instrument = options.instrument;
     QtStore store;
-    OpenCatalogueOf(FolderFiles(folder), store);
+    options.catalogue = OpenCatalogueOf(FolderFiles(options.folder), store, options.catalogue, console);
     for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
         if (one.deleted < one.exchanges) return one.protocol;
     }
@@ -56,7 +60,8 @@ ExitStatus Replay(const Arguments& arguments, Console& console) {
     options.showMode = ShowModeOf(arguments);
     const RunOptions run = RunOptionsOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
-    options.protocol = ProtocolOfRecording(options.folder, options.instrument, note);
+    options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);
+    options.protocol = ProtocolOfRecording(options, note, console);
     options.address = u"1";
     options.settings = u"9600,N,8,1";
     options.port = u"COM1";  // the session wants one, and nothing opens it

@@ -36,6 +36,8 @@ struct SearchOptions {
 
 OptionList SearchOptionList() {
     return {kFolderOption,
+            kServerOption,
+            kServerSettingsOption,
             {u"from", u"N", u"起始地址", u"1"},
             {u"to", u"N", u"终止地址", u"10"},
             {u"baud", u"9600,19200",
@@ -88,6 +90,7 @@ LineOptions LineOptionsOf(const Arguments& arguments, const SearchOptions& searc
     options.interval = u"100";
     TakePortOptions(arguments, options);
     options.folder = ProgramFolderOf(arguments, console);
+    options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);
     return options;
 }
 

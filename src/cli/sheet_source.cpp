@@ -5,13 +5,11 @@
 #include <map>
 #include <utility>
 
-#include "cli/catalogue_access.h"
-
 namespace commtest {
 
-SheetSource::SheetSource(FolderFiles& files, Console& console)
+SheetSource::SheetSource(FolderFiles& files, const CataloguePlace& catalogue, Console& console)
     : dialogs_(console), session_({port_, dialogs_, clock_, files, store_, settings_, program_}) {
-    OpenCatalogueOf(files, store_);
+    OpenCatalogueOf(files, store_, catalogue, console);
     LoadCatalogueLists(Form());
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/session.h"
 #include "catalogue/spreadsheet_cells.h"
+#include "cli/catalogue_access.h"
 #include "cli/console_dialogs.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
@@ -16,7 +17,7 @@ namespace commtest {
 class SheetSource {
   public:
     // A Problem if the catalogue cannot be opened.
-    SheetSource(FolderFiles& files, Console& console);
+    SheetSource(FolderFiles& files, const CataloguePlace& catalogue, Console& console);
 
     // Of the instruments of all protocols.
     std::vector<InstrumentSheet> All();

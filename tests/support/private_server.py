@@ -179,7 +179,8 @@ class PrivateServer:
         """What psql prints of a statement: the server seen with other eyes than the program's."""
         words = [server_programs() / "psql", "--no-psqlrc", "--quiet", "--tuples-only", "--no-align", "-v",
                  "ON_ERROR_STOP=1", "-h", self.server, "-U", self.user, database or self.database, "-c", statement]
-        return subprocess.run(words, check=True, env=os.environ | {"PGPASSWORD": self.password},
+        environment = os.environ | {"PGPASSWORD": self.password, "PGOPTIONS": "-c client_min_messages=warning"}
+        return subprocess.run(words, check=True, env=environment,
                               stdout=subprocess.PIPE, encoding="utf-8").stdout
 
     def end(self):
