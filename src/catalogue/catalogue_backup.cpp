@@ -60,7 +60,7 @@ bool IsYounger(const Text& one, const Text& other) {
 void CopyRowByRow(Store& store, const Text& path) {
     const auto copy = store.Another();
     copy->Open({StoreAddress::Kind::NewFile, path, {}});
-    CopyCatalogueInto(store, *copy);
+    CopyCatalogueIntoNew(store, *copy);
 }
 
 void CopyInto(const Text& path, Store& store) {

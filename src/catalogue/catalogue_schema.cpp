@@ -1,5 +1,7 @@
 #include "catalogue/catalogue_schema.h"
 
+#include <map>
+
 #include "catalogue/statements.h"
 #include "runtime/runtime_error.h"
 
@@ -89,6 +91,20 @@ void CreateCatalogueTables(Store& store) {
     for (const Text& table : TablesOf(store.Engine())) store.Execute(table);
     store.Execute(ViewOf(store.Engine()));
     for (const Text& index : Indexes(store.Engine())) store.Execute(u"CREATE INDEX " + index);
+}
+
+const std::vector<Text>& ColumnsOfTable(const Text& table) {
+    static const std::map<Text, std::vector<Text>> columns = {
+        {u"仪表_类别", {u"类别", u"类别ID"}},
+        {u"仪表_名称", {u"仪表ID", u"仪表名称", u"编号", u"协议", u"编码", u"类别", u"类别ID"}},
+        {u"仪表_参数",
+         {u"ID", u"仪表ID", u"参数名称", u"地址", u"长度", u"属性", u"小数点", u"下限值", u"上限值"}},
+        {u"仪表_芯片", {u"芯片ID", u"编号", u"文件名", u"日期", u"功能简述", u"实例", u"属性"}},
+        {u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"}},
+        {u"字符_替换", {u"原字符", u"新字符"}},
+        {u"通讯_仿真",
+         {u"ID", u"仪表名称", u"协议", u"说明", u"编码", u"采集日期", u"地址", u"指令", u"回送", u"有效"}}};
+    return columns.at(table);
 }
 
 Text KeyOfTable(const Text& table) {

@@ -16,6 +16,9 @@ const std::vector<Text>& CatalogueTables();
 // database needs a Chinese collation: the statements hold plain literals.
 void CreateCatalogueTables(Store& store);
 
+// The columns of a table in their order, spelled as the statements have them.
+const std::vector<Text>& ColumnsOfTable(const Text& table);
+
 // The key column of a table; empty for one without a key.
 Text KeyOfTable(const Text& table);
 

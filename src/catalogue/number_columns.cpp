@@ -15,13 +15,18 @@ bool IsNumberColumn(TextView column) {
                        [&](TextView number) { return IsSameColumn(number, column); });
 }
 
-StoreValue ValueFor(StoreEngine engine, TextView column, const StoreValue& value) {
-    if (!value || engine == StoreEngine::Sqlite || !IsNumberColumn(column)) return value;
+StoreValue WholeNumberOf(const Text& text) {
     StoreValue number;
     PassOverError([&] {
-        if (ToNumber(*value) == ToWhole32(*value)) number = WholeText(ToWhole32(*value));
+        const Text capitals = UCase(text);  // an exponent, too
+        if (ToNumber(capitals) == ToWhole32(capitals)) number = WholeText(ToWhole32(capitals));
     });
     return number;
+}
+
+StoreValue ValueFor(StoreEngine engine, TextView column, const StoreValue& value) {
+    if (!value || engine == StoreEngine::Sqlite || !IsNumberColumn(column)) return value;
+    return WholeNumberOf(*value);
 }
 
 }  // namespace commtest

@@ -35,6 +35,27 @@ void EmptyTables(Store& store) {
     for (const Text& table : tables) store.Execute(u"Delete From " + table);
 }
 
+std::vector<TableSize> CopyAll(Store& from, Store& to, bool hasTables, const RowProgress& progress) {
+    std::vector<TableSize> copied;
+    BeginReading(from);
+    try {
+        to.BeginTransaction();
+        if (hasTables) {
+            EmptyTables(to);
+        } else {
+            CreateCatalogueTables(to);
+        }
+        for (const Text& table : TablesToFill()) FillTable(from, to, table, copied, progress);
+        to.Commit();
+    } catch (...) {
+        PassOverError([&] { to.Rollback(); });
+        PassOverError([&] { from.Rollback(); });
+        throw;
+    }
+    from.Rollback();
+    return copied;
+}
+
 }  // namespace
 
 const std::vector<Text>& TablesToFill() {
@@ -88,25 +109,9 @@ std::vector<TableSize> SizesOfTables(Store& store) {
 }
 
 std::vector<TableSize> CopyCatalogueInto(Store& from, Store& to, const RowProgress& progress) {
-    const bool hasTables = HoldsCatalogue(to);
-    std::vector<TableSize> copied;
-    BeginReading(from);
-    try {
-        to.BeginTransaction();
-        if (hasTables) {
-            EmptyTables(to);
-        } else {
-            CreateCatalogueTables(to);
-        }
-        for (const Text& table : TablesToFill()) FillTable(from, to, table, copied, progress);
-        to.Commit();
-    } catch (...) {
-        PassOverError([&] { to.Rollback(); });
-        PassOverError([&] { from.Rollback(); });
-        throw;
-    }
-    from.Rollback();
-    return copied;
+    return CopyAll(from, to, HoldsCatalogue(to), progress);
 }
+
+std::vector<TableSize> CopyCatalogueIntoNew(Store& from, Store& to) { return CopyAll(from, to, false, {}); }
 
 }  // namespace commtest

@@ -39,4 +39,7 @@ std::vector<TableSize> SizesOfTables(Store& store);
 // gets its tables. All in one transaction: an error leaves the store as it was. What was copied.
 std::vector<TableSize> CopyCatalogueInto(Store& from, Store& to, const RowProgress& progress = {});
 
+// The same where the other store is known to be empty.
+std::vector<TableSize> CopyCatalogueIntoNew(Store& from, Store& to);
+
 }  // namespace commtest

@@ -9,6 +9,7 @@
 #include "catalogue/shipped_catalogue.h"
 #include "cli/suggestion.h"
 #include "host/file_names.h"
+#include "host_qt/older_catalogue.h"
 #include "host_qt/path_problem.h"
 #include "host_qt/program_folder.h"
 
@@ -30,6 +31,15 @@ QString WhatToDo(const RuntimeError& error, const QString& catalogue) {
     const QString anew = u"用 commtest-cli catalogue create 在另一个文件夹新建目录"_s;
     if (dynamic_cast<const DamagedStore*>(&error) != nullptr) return u" 请放回完好的一份，或"_s + anew;
     return u" 请检查 --folder，结束占用目录的其他程序，或"_s + anew;
+}
+
+void RefuseOlderCatalogue(const QString& file, Console& console) {
+    if (!IsOlderCatalogue(file)) return;
+    console.Tell(u"%1 是旧格式的桌面数据库，不能直接使用，没有改动"_s.arg(file));
+    throw Problem(
+        ExitStatus::NoAccess,
+        u"请用 Debian 的 mdbtools 把其中的表写成文件 (mdb-tables 列出表，mdb-export 数据库 表 > 表.csv)，"
+        u"再用 commtest-cli catalogue load 新文件夹 --tables 表的文件夹 建立目录"_s);
 }
 
 }  // namespace
@@ -87,12 +97,13 @@ CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const Ca
             console.Tell(problem.Line() + u"。改用本地目录"_s);
         }
     }
-    OpenLocalCatalogue(files, store);
+    OpenLocalCatalogue(files, store, console);
     return {};
 }
 
-void OpenLocalCatalogue(const ProgramFiles& files, Store& store) {
+void OpenLocalCatalogue(const ProgramFiles& files, Store& store, Console& console) {
     const StoreAddress address = LocalCatalogue(files);
+    RefuseOlderCatalogue(QString::fromStdU16String(address.location), console);
     try {
         store.Open(address);
     } catch (const RuntimeError& error) {

@@ -39,8 +39,8 @@ CataloguePlace ServerPlaceOf(const Arguments& arguments, CatalogueUse use);
 CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const CataloguePlace& place,
                                Console& console);
 
-// The local file of the folder.
-void OpenLocalCatalogue(const ProgramFiles& files, Store& store);
+// The local file of the folder; of one in the older desktop format the user is told how to bring it over.
+void OpenLocalCatalogue(const ProgramFiles& files, Store& store, Console& console);
 
 // A server, with or without a catalogue; a Problem if it cannot be opened.
 void OpenServer(const ProgramFiles& files, Store& store, const CataloguePlace& place);

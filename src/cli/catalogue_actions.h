@@ -14,5 +14,7 @@ Verb CatalogueRestore();
 Verb CatalogueSpreadsheet();
 Verb CatalogueInfo();
 Verb CatalogueTransfer();
+Verb CatalogueLoad();
+Verb CatalogueDump();
 
 }  // namespace commtest

@@ -27,9 +27,9 @@ bool MakeFolder(const QString& folder) {
 }
 
 // A file of that name which is no catalogue was kept, but is no success.
-void RequireCatalogue(const QString& folder) {
+void RequireCatalogue(const QString& folder, Console& console) {
     QtStore store;
-    OpenLocalCatalogue(FolderFiles(folder), store);
+    OpenLocalCatalogue(FolderFiles(folder), store, console);
 }
 
 // The tables, and what a new catalogue holds, in one transaction; a server that has a catalogue keeps it.
@@ -58,7 +58,7 @@ ExitStatus Create(const Arguments& arguments, Console& console) {
     const QString folder = arguments.Positional(1, u"文件夹").constFirst();
     if (folder.isEmpty()) throw arguments.BadUsage(u"缺少参数: 文件夹"_s);
     const bool isNew = MakeFolder(folder);
-    if (!isNew) RequireCatalogue(folder);
+    if (!isNew) RequireCatalogue(folder, console);
     const QString file = QDir(folder).filePath(QString::fromStdU16String(Text(kCatalogueFileName)));
     console.Print(isNew ? u"已建立 %1\n"_s.arg(file) : u"%1 已存在，没有改动\n"_s.arg(file));
     return ExitStatus::Good;

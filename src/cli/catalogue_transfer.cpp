@@ -89,7 +89,7 @@ void CopyToServer(const Arguments& arguments, FolderFiles& files, const Catalogu
                   Console& console) {
     QtStore from;
     QtStore to;
-    OpenLocalCatalogue(files, from);
+    OpenLocalCatalogue(files, from, console);
     OpenServer(files, to, server);
     const auto backup = SecureTarget(to, arguments, files, console);
     Print(backup, RunCopy(from, to, console), console);
@@ -107,7 +107,7 @@ void CopyToFolder(const Arguments& arguments, FolderFiles& files, const Catalogu
         return Print({}, copied, console);
     }
     QtStore to;
-    OpenLocalCatalogue(files, to);
+    OpenLocalCatalogue(files, to, console);
     const auto backup = SecureTarget(to, arguments, files, console);
     Print(backup, RunCopy(from, to, console), console);
 }

@@ -10,7 +10,8 @@ Verb CatalogueVerb() {
             nullptr,
             {},
             {CatalogueCreate(), CatalogueImport(), CatalogueExport(), CatalogueChannels(), CatalogueCheck(),
-             CatalogueRestore(), CatalogueSpreadsheet(), CatalogueInfo(), CatalogueTransfer()}};
+             CatalogueRestore(), CatalogueSpreadsheet(), CatalogueInfo(), CatalogueTransfer(),
+             CatalogueLoad(), CatalogueDump()}};
 }
 
 }  // namespace commtest

@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include "host_qt/odbc_engine_name.h"
+#include "host_qt/older_catalogue.h"
 #include "host_qt/path_problem.h"
 
 namespace commtest {
@@ -174,6 +175,7 @@ void QtStore::OpenFile(const StoreAddress& address) {
     const QString obstacle = ObstacleTo(PathUse::Reading, file.filePath());
     if (!obstacle.isEmpty()) throw RuntimeError::OfStore(obstacle.toStdU16String());
     if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
+    if (IsOlderCatalogue(file.filePath())) throw RuntimeError::OfStore(u"是旧格式的桌面数据库，未作任何改动");
     const QString uri = UriOf(file);
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
     Connect(u"QSQLITE"_s, uri + u"?immutable=1"_s, u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);

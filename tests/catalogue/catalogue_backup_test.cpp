@@ -71,7 +71,7 @@ TEST_F(CatalogueBackupTest, ACopyIsNamedByItsMomentAndHoldsEverything) {
 }
 
 TEST_F(CatalogueBackupTest, ACopyOfAServersCatalogueIsALocalFileThatHoldsEverything) {
-    store.PretendToBe(StoreEngine::PostgreSql);
+    store.PretendToBe(StoreEngine::SqlServer);
     EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName);
     EXPECT_EQ(Contents(kFirstName), Contents(Catalogue()));
     EXPECT_THAT(files.NamesBeginning(u""), SizeIs(2));
@@ -144,7 +144,7 @@ TEST_F(CatalogueBackupTest, ANewCopyStaysWhateverTheClockSays) {
 TEST_F(CatalogueBackupTest, ACopyThatFailsAnywhereLeavesNoFileAndTheOthers) {
     for (const int day : {1, 2, 3}) BackUpCatalogue(store, files, {2024, 5, day, 0, 0, 0});
     const std::vector<Text> before = files.NamesBeginning(u"");
-    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::PostgreSql}) {
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::SqlServer}) {
         store.PretendToBe(engine);
         int call = 1;
         for (;; ++call) {
@@ -163,7 +163,7 @@ TEST_F(CatalogueBackupTest, ACopyThatFailsAnywhereLeavesNoFileAndTheOthers) {
 // No file can be made in this folder, by whomever.
 TEST_F(CatalogueBackupTest, AFolderThatTakesNoFileIsToldAndNothingElseHappens) {
     const std::vector<Text> before = files.NamesBeginning(u"");
-    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::PostgreSql}) {
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::SqlServer}) {
         store.PretendToBe(engine);
         files.MoveTo(u"/proc/self");
         EXPECT_EQ(ErrorOf([&] { BackUpCatalogue(store, files, kMoment); }), RuntimeError::kStore);

@@ -131,7 +131,8 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"list", "protocols", "--format", "xml"},
          "选项 --format 的值 \"xml\" 不对，应为 text、csv 或 json。用法请看 commtest-cli list --help"},
         {{"catalogue"},
-         "缺少动作，应为 create、import、export、channels、check、restore、spreadsheet、info、copy。用法请看 "
+         "缺少动作，应为 "
+         "create、import、export、channels、check、restore、spreadsheet、info、copy、load、dump。用法请看 "
          "commtest-cli catalogue "
          "--help"},
         {{"catalogue", "exprot"},
@@ -140,7 +141,7 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"catalogue", "create"}, "缺少参数: 文件夹。用法请看 commtest-cli catalogue create --help"},
         {{"catalogue", "drop", "x"},
          "没有动作 \"drop\"，应为 "
-         "create、import、export、channels、check、restore、spreadsheet、info、copy。用法请看 "
+         "create、import、export、channels、check、restore、spreadsheet、info、copy、load、dump。用法请看 "
          "commtest-cli "
          "catalogue --help"},
     };
