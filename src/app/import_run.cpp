@@ -27,7 +27,8 @@ void ImportRun::CopyCatalogue() {
 
 void ImportRun::ImportLine() {
     if (!import_) {
-        import_ = std::make_unique<ParameterListImport>(store_, files_.OpenBytes(Text(kListFileName)));
+        import_ =
+            std::make_unique<ParameterListImport>(store_, files_.OpenBytes(Text(kListFileName)), switches_);
         return;
     }
     const bool goesOn = import_->Step();

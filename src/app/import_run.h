@@ -17,8 +17,8 @@ class ImportRun {
   public:
     enum class Stage { Copying, Importing, Exporting, Ended };
 
-    ImportRun(Store& store, ProgramFiles& files, const Clock& clock)
-        : store_(store), files_(files), clock_(clock) {}
+    ImportRun(Store& store, ProgramFiles& files, const Clock& clock, const Switches& switches = {})
+        : store_(store), files_(files), clock_(clock), switches_(switches) {}
 
     // False behind the last step.
     bool Step();
@@ -59,6 +59,7 @@ class ImportRun {
     Store& store_;
     ProgramFiles& files_;
     const Clock& clock_;
+    Switches switches_;
     Stage stage_ = Stage::Copying;
     std::unique_ptr<ParameterListImport> import_;
     std::unique_ptr<GrowingFile> exportFile_;

@@ -18,8 +18,9 @@ bool ListLook::Step() {
 }
 
 void ListLook::Begin() {
-    check_ = std::make_unique<ListCheck>(InstrumentCatalogue(store_), files_.OpenBytes(name_),
-                                         [this](const ListFinding& finding) { Take(finding); });
+    check_ = std::make_unique<ListCheck>(
+        InstrumentCatalogue(store_), files_.OpenBytes(name_),
+        [this](const ListFinding& finding) { Take(finding); }, switches_);
 }
 
 void ListLook::Take(const ListFinding& finding) {

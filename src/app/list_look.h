@@ -20,8 +20,8 @@ class ListLook {
     };
     static constexpr std::size_t kMostQuoted = 20;
 
-    ListLook(Store& store, const ProgramFiles& files, Text name)
-        : store_(store), files_(files), name_(std::move(name)) {}
+    ListLook(Store& store, const ProgramFiles& files, Text name, const Switches& switches = {})
+        : store_(store), files_(files), name_(std::move(name)), switches_(switches) {}
 
     // False at the end: all is known, or there is a problem.
     bool Step();
@@ -47,6 +47,7 @@ class ListLook {
     Store& store_;
     const ProgramFiles& files_;
     Text name_;
+    Switches switches_;
     std::unique_ptr<ListCheck> check_;
     bool isChecked_ = false;
     std::unique_ptr<ListLines> lines_;  // for the quotations

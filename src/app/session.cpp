@@ -34,9 +34,9 @@ void WireHandlers(MainForm& form) {
 
 }  // namespace
 
-Session::Session(const Outside& outside, const Texts& texts)
+Session::Session(const Outside& outside, const Face& face)
     : tools_(outside.dialogs, outside.clock, outside.program),
-      form_(outside, Protocols(), companions_, texts) {
+      form_(outside, Protocols(), companions_, face) {
     WireHandlers(form_);
     form_.ToolWindowWanted = [this] { ShowToolWindow(tools_, form_.outside.store); };
 }

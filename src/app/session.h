@@ -9,8 +9,7 @@ namespace commtest {
 // A whole session: the form and the tool window over their outside world, their handlers wired.
 class Session {
   public:
-    // `texts` are the words of the face.
-    explicit Session(const Outside& outside, const Texts& texts = kChineseTexts);
+    explicit Session(const Outside& outside, const Face& face = kChineseFace);
 
     MainForm& Form() { return form_; }
     DataTools& Tools() { return tools_; }

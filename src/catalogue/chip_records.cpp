@@ -22,7 +22,7 @@ void EmptyFields(MainForm& form) {
 void FillFields(MainForm& form, const StoreRows& records) {
     std::size_t column = 0;
     for (ListControl& field : form.ConCpudataCombo) field.Set(records.At(0, column++));
-    form.ConCpudataText.Set(records.At(0, column));
+    if (form.switches.chipDescription) form.ConCpudataText.Set(records.At(0, column));
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ bool IsNumber(const Text& text) {
 }
 
 // How many addresses a parameter of `length` bytes takes.
-int AddressesTaken(int protocolCode, int length) {
-    switch (ListProtocolOf(protocolCode).unit) {
+int AddressesTaken(AddressUnit unit, int length) {
+    switch (unit) {
         case AddressUnit::Byte: return std::max(length, 1);
         case AddressUnit::Register: return std::max((length + 1) / 2, 1);
         case AddressUnit::Parameter: return 1;
@@ -51,9 +51,11 @@ Kind KindOf(UnreadableLine::Reason reason) {
     return Kind::HoldsNul;
 }
 
-ListCheck::ListCheck(const InstrumentCatalogue& catalogue, std::unique_ptr<ByteReader> list, Sink sink)
+ListCheck::ListCheck(const InstrumentCatalogue& catalogue, std::unique_ptr<ByteReader> list, Sink sink,
+                     const Switches& switches)
     : lines_(std::move(list)),
       sink_(std::move(sink)),
+      switches_(switches),
       classes_(catalogue.Classes()),
       walk_(lines_, ReplacementsOf(catalogue.Replacements())) {}
 
@@ -120,7 +122,7 @@ void ListCheck::CheckDevice() {
         })) {
         return EndWith(Kind::CodeNoNumber, lines_.Line(), code);
     }
-    if (!IsListProtocol(protocolCode_)) {
+    if (!IsListProtocol(protocolCode_, switches_)) {
         Tell({.kind = Kind::ProtocolUnknown, .name = device.name, .value = code});
     }
     const ClassOfList itsClass = ClassOfCode(device.code, classes_);
@@ -152,7 +154,8 @@ void ListCheck::CheckAddress(const ListRow& row) {
     const ParameterRecord parameter = ParameterOfList(row, protocolCode_);
     const int address = HexParse(u"0" + parameter.address);
     if (address == 0) return;  // commands have none
-    const int taken = AddressesTaken(protocolCode_, HexParse(parameter.length));
+    const int taken =
+        AddressesTaken(ListProtocolOf(protocolCode_, switches_).unit, HexParse(parameter.length));
     const Owner* met = nullptr;
     for (int i = address; i < address + taken; ++i) {
         const auto [place, isFree] = owners_.try_emplace(i, Owner{row.name, address});

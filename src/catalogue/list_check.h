@@ -8,6 +8,7 @@
 
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/parameter_list.h"
+#include "session/switches.h"
 
 namespace commtest {
 
@@ -60,7 +61,8 @@ class ListCheck {
     using Sink = std::function<void(const ListFinding& finding)>;
 
     // The catalogue gives its classes and replacements. Errors of the store.
-    ListCheck(const InstrumentCatalogue& catalogue, std::unique_ptr<ByteReader> list, Sink sink);
+    ListCheck(const InstrumentCatalogue& catalogue, std::unique_ptr<ByteReader> list, Sink sink,
+              const Switches& switches = {});
 
     // False behind the last line. Error 52 if the file cannot be read.
     bool Step();
@@ -92,6 +94,7 @@ class ListCheck {
 
     ListLines lines_;
     Sink sink_;
+    Switches switches_;
     StoreRows classes_;
     ListWalk walk_;
     std::unordered_map<int, Owner> owners_;  // of the block, by address

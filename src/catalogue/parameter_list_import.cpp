@@ -14,18 +14,19 @@ namespace commtest {
 
 namespace {
 
+// Q235: two of them are not of every face.
 constexpr std::array kListProtocols = {
     ListProtocol{11, u"TQ仪表协议", AddressUnit::Byte},
     ListProtocol{12, u"TQ仪表协议-定制累加和", AddressUnit::Byte},
     ListProtocol{13, u"TQ仪表协议-定制异或和", AddressUnit::Byte},
     ListProtocol{21, u"ModBus-Ascii协议", AddressUnit::Register},
     ListProtocol{22, u"ModBus-Ascii协议-定制01", AddressUnit::Parameter},
-    ListProtocol{23, u"ModBus-Ascii协议-定制02", AddressUnit::Register},
+    ListProtocol{23, u"ModBus-Ascii协议-定制02", AddressUnit::Register, false},
     ListProtocol{31, u"ModBus-RTU协议", AddressUnit::Register},
     ListProtocol{32, u"ModBus-RTU协议-定制01", AddressUnit::Register},
     ListProtocol{33, u"ModBus-RTU协议-KD700记录仪", AddressUnit::Register},
     ListProtocol{34, u"ModBus-RTU协议-TQ记录仪板卡", AddressUnit::Register},
-    ListProtocol{35, u"ModBus-RTU协议-标准流量表", AddressUnit::Register},
+    ListProtocol{35, u"ModBus-RTU协议-标准流量表", AddressUnit::Register, false},
     ListProtocol{41, u"TQ特殊仪表协议-NOVAX", AddressUnit::Parameter},
     ListProtocol{42, u"TQ特殊仪表协议-HCT615D", AddressUnit::Parameter},
     ListProtocol{kModuleCode, u"ModBus-RTU协议-M46T", AddressUnit::Register},
@@ -37,13 +38,17 @@ bool IsSameNumber(const Text& one, const Text& other) {
 
 }  // namespace
 
-const ListProtocol& ListProtocolOf(int code) {
-    const auto* const row = std::find_if(kListProtocols.begin(), kListProtocols.end(),
-                                         [&](const ListProtocol& protocol) { return protocol.code == code; });
+const ListProtocol& ListProtocolOf(int code, const Switches& switches) {
+    const auto* const row =
+        std::find_if(kListProtocols.begin(), kListProtocols.end(), [&](const ListProtocol& protocol) {
+            return protocol.code == code && (protocol.isOfEveryFace || switches.everyListProtocol);
+        });
     return row == kListProtocols.end() ? kListProtocols.front() : *row;
 }
 
-bool IsListProtocol(int code) { return ListProtocolOf(code).code == code; }
+bool IsListProtocol(int code, const Switches& switches) {
+    return ListProtocolOf(code, switches).code == code;
+}
 
 ParameterRecord ParameterOfList(const ListRow& row, int protocolCode) {
     ParameterRecord parameter;
@@ -65,8 +70,9 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes) {
     return {wanted, wanted, false};
 }
 
-ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list)
-    : store_(store), catalogue_(store), lines_(std::move(list)) {
+ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list,
+                                         const Switches& switches)
+    : store_(store), catalogue_(store), lines_(std::move(list)), switches_(switches) {
     MakeMissingIndexes(store_);
     store_.BeginTransaction();
 }
@@ -104,7 +110,7 @@ void ParameterListImport::AddDevice() {
     instrument.code = device.code;
     instrument.sortKey = Mid(device.code, 1, 2);
     protocolCode_ = ToWhole16(instrument.sortKey);
-    instrument.protocol = ListProtocolOf(protocolCode_).name;
+    instrument.protocol = ListProtocolOf(protocolCode_, switches_).name;
     instrument.className = itsClass.name;
     instrument.classId = itsClass.id;
     catalogue_.AddInstrument(instrument);
@@ -133,10 +139,10 @@ Text ParameterListImport::Message() const {
     return Mid(names, 2) + u"  参数数据导入出现错误！";
 }
 
-void ImportParameterList(Store& store, ProgramFiles& files, Dialogs& dialogs) {
+void ImportParameterList(Store& store, ProgramFiles& files, Dialogs& dialogs, const Switches& switches) {
     Text message;
     {
-        ParameterListImport import(store, files.OpenBytes(Text(kListFileName)));
+        ParameterListImport import(store, files.OpenBytes(Text(kListFileName)), switches);
         while (import.Step()) {
         }
         import.Commit();

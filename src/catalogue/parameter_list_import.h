@@ -8,6 +8,7 @@
 #include "catalogue/parameter_list.h"
 #include "host/dialogs.h"
 #include "host/program_files.h"
+#include "session/switches.h"
 
 namespace commtest {
 
@@ -19,11 +20,12 @@ struct ListProtocol {
     int code;
     TextView name;
     AddressUnit unit;
+    bool isOfEveryFace = true;
 };
 
-// Every code that has no row of its own is the native protocol's.
-const ListProtocol& ListProtocolOf(int code);
-bool IsListProtocol(int code);
+// Every code that has no row of its own, or none on this face, is the native protocol's.
+const ListProtocol& ListProtocolOf(int code, const Switches& switches);
+bool IsListProtocol(int code, const Switches& switches);
 
 // 51: two bytes a parameter, and the length digit is part of the address.
 inline constexpr int kModuleCode = 51;
@@ -45,7 +47,7 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes);
 class ParameterListImport {
   public:
     // Begins the transaction. Errors of the store.
-    ParameterListImport(Store& store, std::unique_ptr<ByteReader> list);
+    ParameterListImport(Store& store, std::unique_ptr<ByteReader> list, const Switches& switches = {});
     ParameterListImport(const ParameterListImport&) = delete;
     ParameterListImport& operator=(const ParameterListImport&) = delete;
     ~ParameterListImport();
@@ -77,6 +79,7 @@ class ParameterListImport {
     Store& store_;
     InstrumentCatalogue catalogue_;
     ListLines lines_;
+    Switches switches_;
     StoreRows classes_;
     std::unique_ptr<ListWalk> walk_;  // once the catalogue is empty
     int protocolCode_ = 0;
@@ -89,6 +92,6 @@ class ParameterListImport {
 // Rebuilds the catalogue from TQ.ini, says so, and appends the new list to OutTQ.ini. Error 53 without the
 // file; errors as of a step, behind which the catalogue is as it was; a failure behind the message is that of
 // the export, and the import stands.
-void ImportParameterList(Store& store, ProgramFiles& files, Dialogs& dialogs);
+void ImportParameterList(Store& store, ProgramFiles& files, Dialogs& dialogs, const Switches& switches = {});
 
 }  // namespace commtest

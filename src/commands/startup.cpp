@@ -182,7 +182,7 @@ void SaveSettings(MainForm& form) {
 }
 
 void StatusBar1_PanelDblClick(MainForm& form, int panel) {
-    if (panel != 1) return;
+    if (panel != 1 || !form.switches.catalogueModeSwitch) return;
     Text soft = Stored(form, kSoftSetting);
     const bool isLocal = soft.ends_with(u'1');
     const Text present(isLocal ? kLocalWord : kNetworkWord);

@@ -14,7 +14,8 @@ void RunToolbarCommand(MainForm& form, int index) {
     switch (index) {
         case toolbar::kImport:
             if (form.outside.dialogs.AskYesNo(Text(kImportQuestion)))
-                ImportParameterList(form.outside.store, form.outside.files, form.outside.dialogs);
+                ImportParameterList(form.outside.store, form.outside.files, form.outside.dialogs,
+                                    form.switches);
             break;
         case toolbar::kSearch: form.FindFrame.SetVisible(!form.FindFrame.Visible()); break;
         case toolbar::kStartStop: StartOrStop(form, {StopCause::User}); break;

@@ -86,6 +86,15 @@ Text WordsOnCheck(CheckWord check, const Texts& texts) {
     }
 }
 
+Text WordsOnRead(const Exchange& exchange, const Texts& texts) {
+    Text words(texts.asciiBeforeReadAddress);
+    if (texts.asciiBehindReadAddress) {
+        words += AddressInDecimal(exchange);
+        words += *texts.asciiBehindReadAddress;
+    }
+    return words;
+}
+
 }  // namespace
 
 Verdict JudgeAsciiReply(const Exchange& exchange) { return Judge(exchange, LrcOfPairs); }
@@ -94,10 +103,7 @@ Verdict JudgeAsciiReplyTwo(const Exchange& exchange) { return Judge(exchange, Lr
 
 Text WordsOnAsciiReply(const Exchange& exchange, const Verdict& verdict, const Texts& texts) {
     const Text words = WordsOnCheck(verdict.check, texts);
-    if (verdict.word == kRead) {
-        return words + Text(texts.asciiBeforeReadAddress) + AddressInDecimal(exchange) +
-               Text(texts.asciiBehindReadAddress);
-    }
+    if (verdict.word == kRead) return words + WordsOnRead(exchange, texts);
     if (verdict.word == kWrite) return words + WordsOnWritten(exchange);
     if (const Exception* const known = Find(verdict.word)) return words + Text(known->text);
     return words +

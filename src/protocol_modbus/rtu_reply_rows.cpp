@@ -45,13 +45,13 @@ Text TakeBytes(Data& data, int count) {
 }
 
 // Takes a row's share out of the data; nothing if its length names none. Q136: on a flow meter the data of
-// one reply stay for the following rows.
+// one reply stay for the following rows. Q234: not on every face.
 class RowCutter {
   public:
     explicit RowCutter(const Conversation& talk)
         : grid_(talk.ParameterGrid()),
           format_(Mid(talk.MeterCodeText, 3, 2)),
-          isFlowMeter_(Contains(talk.InstrumentName(), u"流量计")) {}
+          isFlowMeter_(talk.switches.instrumentTypeHandling && Contains(talk.InstrumentName(), u"流量计")) {}
 
     std::optional<Text> Cut(int row, Data& data) const {
         const Text& length = grid_.Cell(row, column::kLength);
@@ -82,9 +82,9 @@ class RowCutter {
     bool isFlowMeter_;
 };
 
-void ShowValue(const InstrumentInUse& instrument, Grid& grid, int row, int rawColumn) {
+void ShowValue(const Conversation& talk, Grid& grid, int row, int rawColumn) {
     Text value = grid.Cell(row, rawColumn);
-    DecodeRtuValue(instrument, value);
+    DecodeRtuValue(talk, value);
     grid.SetCell(row, column::kValue, value);
     if (grid.Cell(row, column::kDecimals) != u"0") ScaleByDecimalRow(grid, row, value, true);
     grid.SetCell(row, column::kScaledValue, value);

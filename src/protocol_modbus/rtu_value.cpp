@@ -10,17 +10,17 @@ void EncodeRtuValue(const InstrumentInUse& instrument, Text& value) {
     ValueToCommCode(value, FormatOfInstrument(instrument));
 }
 
-bool ShowsConstant(const InstrumentInUse& instrument, const Text& code) {
-    return Len(code) == 8 && Contains(instrument.InstrumentName(), u"相");
+bool ShowsConstant(const Conversation& talk, const Text& code) {
+    return talk.switches.instrumentTypeHandling && Len(code) == 8 && Contains(talk.InstrumentName(), u"相");
 }
 
-void DecodeRtuValue(const InstrumentInUse& instrument, Text& value) {
+void DecodeRtuValue(const Conversation& talk, Text& value) {
     // Q139: a constant stands for the received code.
-    if (ShowsConstant(instrument, value)) {
+    if (ShowsConstant(talk, value)) {
         value = u"42460000";
         CommCodeToValue(value, register_format::kIeeeSingle);
     } else {
-        CommCodeToValue(value, FormatOfInstrument(instrument));
+        CommCodeToValue(value, FormatOfInstrument(talk));
     }
 }
 

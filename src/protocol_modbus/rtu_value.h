@@ -4,6 +4,7 @@
 
 namespace commtest {
 
+struct Conversation;
 struct InstrumentInUse;
 
 // An RTU instrument has one number format (session/instrument_codec.h) for all its values. Errors of the
@@ -13,10 +14,10 @@ struct InstrumentInUse;
 void EncodeRtuValue(const InstrumentInUse& instrument, Text& value);
 
 // Whether the value shown for a code is a constant: on an instrument named with "相" that of every code of
-// eight characters.
-bool ShowsConstant(const InstrumentInUse& instrument, const Text& code);
+// eight characters, on a face that heeds the name.
+bool ShowsConstant(const Conversation& talk, const Text& code);
 
-// Code text to number text. On an instrument named with "相" every code of eight characters reads 49.5.
-void DecodeRtuValue(const InstrumentInUse& instrument, Text& value);
+// Code text to number text; the constant is 49.5.
+void DecodeRtuValue(const Conversation& talk, Text& value);
 
 }  // namespace commtest

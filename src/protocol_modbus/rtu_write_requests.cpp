@@ -63,20 +63,27 @@ Text NextAddress(const Text& address) {
     return FittedToWidth(HexOf(static_cast<double>(HexParse(address)) + 1), 4);
 }
 
+Text AdviceOnFirstHalf(const Conversation& talk) {
+    if (!talk.switches.multiRegisterWrite) return u" 参数占用了4个字节的地址,所以请再操作一次,修改方可完成！";
+    return u"由于 " + CellOfRow(talk, column::kName) +
+           u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！";
+}
+
 // Q124: the second entry gives the second word, of whatever row it is made in.
 void ComposeNextHalf(Conversation& talk, Dialogs& dialogs, const Text& code) {
     const Text& address = CellOfRow(talk, column::kAddress);
     if (talk.SecondHalfPending) {
         Compose(talk, kWriteOne, NextAddress(address), Bytes(code, 3, 2));
     } else {
-        dialogs.ShowAdvice(u"由于 " + CellOfRow(talk, column::kName) +
-                           u" 参数占用了4个字节的地址,所以修改完成后,请再操作一次,修改方可全部完成！");
+        dialogs.ShowAdvice(AdviceOnFirstHalf(talk));
         Compose(talk, kWriteOne, address, Bytes(code, 1, 2));
     }
     talk.SecondHalfPending = !talk.SecondHalfPending;
 }
 
 void ComposeByWriteType(Conversation& talk, Dialogs& dialogs, const Text& code) {
+    // Q233: whatever is chosen.
+    if (!talk.switches.multiRegisterWrite) return ComposeNextHalf(talk, dialogs, code);
     const Text& address = CellOfRow(talk, column::kAddress);
     const HexText data = Bytes(code, 1, 4);
     switch (talk.WriteType.Chosen()) {

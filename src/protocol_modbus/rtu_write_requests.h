@@ -18,6 +18,7 @@ void BuildRtuWrite(Conversation& talk, Dialogs& dialogs);  // codes 31, 32, 34
 //   0  two frames, the second one at the next entry  " 01 06 00 10 42 C8 B9 39", " 01 06 00 11 00 00 D9 CF"
 //   1  one frame of four bytes                       " 01 06 00 10 42 C8 00 00 B3 82"
 //   2  one frame of function 10                      " 01 10 00 10 00 02 04 42 C8 00 00 67 25"
+// A face without the choice writes in the way of 0, with words of its own at the first entry.
 void BuildRtuWriteFlow(Conversation& talk, Dialogs& dialogs);  // code 35
 
 // The code of an entry for a row, as much of it as such a frame carries. Errors as above.

@@ -9,6 +9,7 @@
 #include "runtime/hex_text.h"
 #include "session/command_code.h"
 #include "session/grid_rows.h"
+#include "session/switches.h"
 
 namespace commtest {
 
@@ -82,6 +83,8 @@ struct HalfWrites {
     bool AsciiSecondHalfPending = false;  // of an ASCII instrument
 };
 
-struct Conversation : InstrumentInUse, Frames, ParameterRows, Operation, NativeReads, HalfWrites {};
+struct Conversation : InstrumentInUse, Frames, ParameterRows, Operation, NativeReads, HalfWrites {
+    Switches switches;  // of the face
+};
 
 }  // namespace commtest

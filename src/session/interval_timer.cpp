@@ -11,6 +11,7 @@
 namespace commtest {
 
 void TimeSetup_Click(MainForm& form) {
+    if (!form.switches.intervalTimer) return;
     if (form.TimeSetup.Value()) {
         form.IntervalMinutes = 1;
         // Q56: an empty answer ends the handler here.

@@ -12,12 +12,14 @@ void Offer(ListControl& list, const std::array<TextView, N>& items) {
 }  // namespace
 
 MainForm::MainForm(const Outside& theOutside, const ProtocolTable& protocolTable,
-                   Companions& companionRoutines, const Texts& faceTexts)
+                   Companions& companionRoutines, const Face& face)
     : outside(theOutside),
       MSComm1(theOutside.port),
       protocols(protocolTable),
       companions(companionRoutines),
-      texts(faceTexts) {
+      texts(face.texts),
+      settingsTable(face.settingsTable) {
+    switches = face.switches;
     InputText.SetVisible(false);
     FindFrame.SetVisible(false);
     ConCpuDataShow.SetVisible(false);

@@ -9,13 +9,13 @@
 #include "host/notice.h"
 #include "session/companions.h"
 #include "session/conversation.h"
+#include "session/face.h"
 #include "session/outcome_ring.h"
 #include "session/protocol.h"
 #include "session/record_pane.h"
 #include "session/search_hit.h"
 #include "session/statistics_number.h"
 #include "session/stop.h"
-#include "session/texts.h"
 
 namespace commtest {
 
@@ -216,7 +216,7 @@ class MainForm : public Conversation,
                  public WindowState {
   public:
     MainForm(const Outside& theOutside, const ProtocolTable& protocolTable, Companions& companionRoutines,
-             const Texts& faceTexts = kChineseTexts);
+             const Face& face = kChineseFace);
     MainForm(const MainForm&) = delete;
     MainForm& operator=(const MainForm&) = delete;
 
@@ -225,6 +225,7 @@ class MainForm : public Conversation,
     const ProtocolTable& protocols;
     Companions& companions;
     const Texts& texts;
+    const TextView settingsTable;
 
     std::array<Timer, 3> Timer1 = {Timer(true, 1000), Timer(false, 300), Timer(false, 1000)};
     Timer& PollTimer() { return Timer1[1]; }

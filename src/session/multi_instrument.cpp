@@ -34,6 +34,8 @@ void Check1_Click(MainForm& form) {
     if (wasRunning) StartOrStop(form, {StopCause::Questions});
 }
 
-void WriteType_Click(MainForm& form) { form.SSTab2.Choose(0); }
+void WriteType_Click(MainForm& form) {
+    if (form.switches.multiRegisterWrite) form.SSTab2.Choose(0);
+}
 
 }  // namespace commtest

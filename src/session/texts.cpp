@@ -50,4 +50,54 @@ const Texts kChineseTexts = {
                  .displaySwitch = u"显示切换"},
 };
 
+// Q230, Q231: what has no place here stays Chinese.
+const Texts kEnglishTexts = {
+    .beforeVersion = u"KERO- series instruments communication demo software V ",
+    .start = u"Run",
+    .stop = u"Stop",
+    .beforeSendCount = u"",
+    .beforeInstrument = u" time, to ",
+    .beforeSent = u" send: ",
+    .beforeReceived = u"   receive: ",
+    .beforeTotal = u"Times: ",
+    .behindTotal = u"",
+    .beforePort = u"COM",
+    .beforePortState = u"                                                 COM Port:  ",
+    .portOpen = u"Open",
+    .portClosed = u"Close",
+    .asciiCheckRight = u"CRC correct check  ",
+    .asciiCheckWrong = u"CRC   ",  // Q232
+    .asciiBeforeReadAddress = u"  successful reading  static / dynamic data of instrument",
+    .asciiBehindReadAddress = std::nullopt,
+    .asciiNoAnswer =
+        u"receive:  instrument has no answering  note: instrument has no answering or return to "
+        u"un-identified data",
+    .clockPanel = DayFirstClockPanelText,
+    .parameterHeadings = {u"serial", u"parameter name", u"address", u"length", u"attribute", u"Dec",
+                          u"RE 读值", u"RR/RD", u"value1", u"value2", u"modified value"},
+    .captions = {.advancedSettings = u"Advanced Settings",
+                 .anyLength = u"arbitrary length",
+                 .stopScrolling = u"stop rolling screen",
+                 .capture = u"Data collection",
+                 .replay = u"Data demonstration",
+                 .saveRecord = u"Automatic store record",
+                 .saveErrors = u"store error record",
+                 .search = u"Instrument Search",
+                 .searchStart = u"Start",
+                 .searchClose = u"Close",
+                 .searchPort = u"COM Port",
+                 .searchEndAddress = u"End Address",
+                 .searchStartAddress = u"Start Address",
+                 .searchBaudRates = u"Baud Rate",
+                 .instrumentSelection = u"Instrument Selection",
+                 .instrumentName = u"Name",
+                 .instrumentAddress = u"Address",
+                 .parameterCount = u"Parameter Number",
+                 .portFields = {u"COM Port：", u"Baud Rate：", u"Data Bit：", u"Parity Check：",
+                                u"Stop Bit："},
+                 .hexadecimal = u"Hex",
+                 .ascii = u" Ascii",
+                 .displaySwitch = u"display switch"},
+};
+
 }  // namespace commtest

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "host/clock.h"
 #include "runtime/text.h"
@@ -51,7 +52,7 @@ struct Texts {
     TextView asciiCheckRight;  // of replies in ASCII digits
     TextView asciiCheckWrong;
     TextView asciiBeforeReadAddress;
-    TextView asciiBehindReadAddress;
+    std::optional<TextView> asciiBehindReadAddress;  // none: the words name no address
     TextView asciiNoAnswer;
     Text (*clockPanel)(const DateTime& now);     // third panel of the status bar
     std::array<TextView, 11> parameterHeadings;  // of the parameter grid, by column
@@ -59,5 +60,6 @@ struct Texts {
 };
 
 extern const Texts kChineseTexts;
+extern const Texts kEnglishTexts;
 
 }  // namespace commtest

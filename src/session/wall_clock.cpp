@@ -22,6 +22,11 @@ Text ClockPanelText(const DateTime& now) {
                    now.second);
 }
 
+Text DayFirstClockPanelText(const DateTime& now) {
+    return Printed("%02d / %02d / %04d   %02d:%02d:%02d", now.day, now.month, now.year, now.hour, now.minute,
+                   now.second);
+}
+
 Text TimeStampText(const DateTime& now) {
     return Printed("%04d-%02d-%02d %02d:%02d:%02d", now.year, now.month, now.day, now.hour, now.minute,
                    now.second);

@@ -45,7 +45,8 @@ ListImport::~ListImport() = default;
 void ListImport::Begin() {
     if (IsUnderWay() || question_ || result_) return;
     run_.reset();
-    look_ = std::make_unique<ListLook>(Form().outside.store, Form().outside.files, Text(kListFileName));
+    look_ = std::make_unique<ListLook>(Form().outside.store, Form().outside.files, Text(kListFileName),
+                                       Form().switches);
     time_.start();
     slices_.Begin([this] { return look_->Step(); });
 }
@@ -101,7 +102,7 @@ void ListImport::Import() {
     const Outside& outside = Form().outside;
     saving_.End();
     isResultShown_ = false;
-    run_ = std::make_unique<ImportRun>(outside.store, outside.files, outside.clock);
+    run_ = std::make_unique<ImportRun>(outside.store, outside.files, outside.clock, Form().switches);
     room_.wait.Begin(kWaits);
     Form().CaptureWaits = true;
     room_.band.Begin({u"导入进度"_s, u"正在导入 "_s + kList});

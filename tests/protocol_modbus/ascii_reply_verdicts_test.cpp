@@ -227,6 +227,30 @@ TEST(AsciiVerdict, GoodAnswersNameTheInstrumentInDecimal) {
     }
 }
 
+TEST(AsciiVerdict, EnglishFaceHasItsOwnWordsForTheCheckAReadAndASilence) {
+    const auto words = [](const char* reply, Ending ending) {
+        const Exchange exchange = Received(FrameOf(reply), ending);
+        return ToUtf8(WordsOnAsciiReply(exchange, JudgeAsciiReply(exchange), kEnglishTexts));
+    };
+    EXPECT_EQ(words(kGoodReply, Ending::Complete),
+              "CRC correct check    successful reading  static / dynamic data of instrument");
+    EXPECT_EQ(words(":010302006497\r\n", Ending::Complete),
+              "CRC     successful reading  static / dynamic data of instrument");
+    EXPECT_EQ(words("", Ending::Silent),
+              "receive:  instrument has no answering  note: instrument has no answering or return to "
+              "un-identified data");
+}
+
+TEST(AsciiVerdict, WhatElseTheEnglishFaceSaysIsChinese) {
+    const auto words = [](const char* reply, Ending ending) {
+        const Exchange exchange = Received(FrameOf(reply), ending);
+        return ToUtf8(WordsOnAsciiReply(exchange, JudgeAsciiReply(exchange), kEnglishTexts));
+    };
+    EXPECT_EQ(words(":0106001003E8FE\r\n", Ending::Complete), "CRC correct check  成功修改 1# 仪表的参数");
+    EXPECT_EQ(words(":018802CD\r\n", Ending::Complete), "CRC   仪表系统忙！");
+    EXPECT_EQ(words(":010302", Ending::Incomplete), "数据不完整  注意：仪表无应答或返回软件无法识别的数据");
+}
+
 TEST(AsciiVerdict, FiveOfTheWordsAreThoseOfTheFace) {
     Texts face = kChineseTexts;
     face.asciiCheckRight = u"right ";

@@ -287,6 +287,29 @@ TEST(RtuRows, EveryFourByteValueOfAPhaseInstrumentReadsTheConstant) {
     }
 }
 
+TEST(RtuRows, FaceThatDoesNotHeedTheNameDecodesAPhaseInstrumentLikeAnyOther) {
+    RowsBench bench(u"03");
+    bench.Talk().switches.instrumentTypeHandling = false;
+    bench.SetName(u"三相电量表");
+    bench.SetCell(6, column::kLength, u"4");
+    bench.Walk(u" 42 C8 00 00");
+    EXPECT_EQ(bench.Reading(6), (Cells{"42C80000", "", "100", "100"}));
+}
+
+TEST(RtuRows, FaceThatDoesNotHeedTheNameSharesAReplyOutOverTheRowsOfAFlowMeter) {
+    for (const Text length : {u"4", u"5"}) {
+        RowsBench bench;
+        bench.Talk().switches.instrumentTypeHandling = false;
+        bench.SetName(u"涡街流量计");
+        bench.SetColumn(column::kLength, std::vector<Text>(9, length));
+        bench.Walk(BytesOf(8));
+        const bool isFour = length == u"4";
+        EXPECT_EQ(bench.Column(column::kSingleRead, 3),
+                  (isFour ? Cells{"11223344", "55667788", ""} : Cells{"1122334455667788", "", ""}));
+        EXPECT_EQ(bench.Talk().CurrentRow, isFour ? 8 : 7);
+    }
+}
+
 TEST(RtuRows, DecimalsScaleOnlyTheLastColumn) {
     RowsBench bench(u"01");
     bench.SetCell(14, column::kValue, u"2");

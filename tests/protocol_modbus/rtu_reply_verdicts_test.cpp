@@ -26,6 +26,18 @@ std::string WordsOn(const HexText& reply, Ending ending = Ending::Complete) {
     return WordsOn(Received(reply, ending));
 }
 
+// --- The face ---
+
+TEST(RtuVerdict, EnglishFaceSaysTheSameOfAReplyAlsoToFunction10) {
+    const auto words = [](const HexText& reply) {
+        const Exchange exchange = Received(reply);
+        return ToUtf8(WordsOnRtuReply(exchange, JudgeRtuReply(exchange), kEnglishTexts));
+    };
+    EXPECT_EQ(words(kGoodReply), kRight + "成功读取 1# 仪表的静态/动态数据");
+    EXPECT_EQ(words(kBadReply), kWrong + "成功读取 1# 仪表的静态/动态数据");
+    EXPECT_EQ(words(u" 01 10 00 10 00 02 40 0D"), kRight + "成功修改 1# 仪表的参数");
+}
+
 // --- The function ---
 
 TEST(RtuVerdict, FunctionChoosesWordsAndWhereTheReplyGoes) {

@@ -163,6 +163,27 @@ TEST(RtuFlowWrite, OneFrameOfFourBytesIsChosenAtFirst) {
     EXPECT_TRUE(bench.dialogs.HaveShownNothing());
 }
 
+TEST(RtuFlowWrite, WithoutTheMultiRegisterWriteAnyWriteTypeIsTwoFramesAndOneMessage) {
+    for (const int writeType : {write_type::kTwoBytes, write_type::kFourBytes, write_type::kSeveral}) {
+        WriteBench bench(35, u"03", u"4");
+        bench.Talk().switches.multiRegisterWrite = false;
+        bench.Talk().WriteType.Choose(writeType);
+        EXPECT_EQ(bench.Write(u"100"), " 01 06 00 10 42 C8 B9 39");
+        EXPECT_EQ(bench.Write(u"100"), " 01 06 00 11 00 00 D9 CF");
+        EXPECT_EQ(bench.dialogs.Messages,
+                  std::vector<std::string>{" 参数占用了4个字节的地址,所以请再操作一次,修改方可完成！"});
+    }
+}
+
+TEST(RtuWrite, WithoutTheMultiRegisterWriteFourBytesAreStillOneFrameAndNoMessage) {
+    for (const int code : {31, 32, 34}) {
+        WriteBench bench(code, u"03", u"4");
+        bench.Talk().switches.multiRegisterWrite = false;
+        EXPECT_EQ(bench.Write(u"100"), " 01 06 00 10 42 C8 00 00 B3 82") << code;
+        EXPECT_TRUE(bench.dialogs.HaveShownNothing());
+    }
+}
+
 TEST(RtuFlowWrite, FirstHalfAsksForASecondEntry) {
     WriteBench bench(35, u"03", u"4");
     bench.Talk().WriteType.Choose(write_type::kTwoBytes);

@@ -17,6 +17,11 @@ TEST(WallClock, ClockPanelNamesYearMonthAndDay) {
     EXPECT_EQ(ToUtf8(ClockPanelText(kLateEvening)), "1999年12月31日  23:59:59");
 }
 
+TEST(WallClock, ClockPanelOfTheEnglishFaceHasTheDayFirst) {
+    EXPECT_EQ(ToUtf8(DayFirstClockPanelText(kMorning)), "06 / 05 / 2024   07:08:09");
+    EXPECT_EQ(ToUtf8(DayFirstClockPanelText(kLateEvening)), "31 / 12 / 1999   23:59:59");
+}
+
 TEST(WallClock, TimeStampHasYearMonthDayByHyphens) {
     EXPECT_EQ(ToUtf8(TimeStampText(kMorning)), "2024-05-06 07:08:09");
     EXPECT_EQ(ToUtf8(TimeStampText(kLateEvening)), "1999-12-31 23:59:59");

@@ -27,8 +27,9 @@ std::unique_ptr<Store> MakeCatalogueWithProtocols() {
 
 }  // namespace
 
-BenchSession::BenchSession()
-    : store(MakeCatalogueWithProtocols()), session_({line, dialogs, line, files, *store, settings, program}) {
+BenchSession::BenchSession(const Face& face)
+    : store(MakeCatalogueWithProtocols()),
+      session_({line, dialogs, line, files, *store, settings, program}, face) {
     MainForm& form = Form();
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [&form] { PortReceives(form); };

@@ -17,7 +17,7 @@ namespace commtest::testing {
 // the benchmarks run. Verbs make a test a short story; texts are UTF-8.
 class BenchSession {
   public:
-    BenchSession();
+    explicit BenchSession(const Face& face = kChineseFace);
 
     MainForm& Form() { return session_.Form(); }
     DataTools& Tools() { return session_.Tools(); }

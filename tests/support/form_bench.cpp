@@ -4,9 +4,9 @@
 
 namespace commtest::testing {
 
-FormBench::FormBench(ProtocolTable table)
+FormBench::FormBench(ProtocolTable table, const Face& face)
     : protocols(std::move(table)),
-      form({line, dialogs, line, files, *store, settings, program}, protocols, companions) {
+      form({line, dialogs, line, files, *store, settings, program}, protocols, companions, face) {
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [this] { PortReceives(form); };
     line.TimerTick = [this](int index) { TimerTicks(form, index); };

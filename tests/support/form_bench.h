@@ -43,7 +43,7 @@ class NotingCompanions : public Companions {
 // choice; no handler of a control is wired. For what a whole session (BenchSession) does not let a test
 // reach.
 struct FormBench {
-    explicit FormBench(ProtocolTable table = Protocols());
+    explicit FormBench(ProtocolTable table = Protocols(), const Face& face = kChineseFace);
 
     VirtualLine line;
     FakeDialogs dialogs;
