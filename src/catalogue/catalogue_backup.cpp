@@ -11,6 +11,7 @@
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/face.h"
 
 namespace commtest {
 

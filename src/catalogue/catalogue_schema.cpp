@@ -4,6 +4,7 @@
 
 #include "catalogue/statements.h"
 #include "runtime/runtime_error.h"
+#include "session/face.h"
 
 namespace commtest {
 
@@ -31,6 +32,13 @@ ColumnTypes TypesOf(StoreEngine engine) {
     return {u"TEXT", u"TEXT", u"INTEGER", u"INTEGER PRIMARY KEY"};
 }
 
+Text SettingsTable(StoreEngine engine, TextView table) {
+    const ColumnTypes types = TypesOf(engine);
+    return u"CREATE TABLE " + NameInStatement(engine, table) + u" (使用 " + types.text + u", 列号 " +
+           types.number + u", 字段 " + types.text + u", 宽度 " + types.number + u", 合并 " + types.number +
+           u", 对齐 " + types.number + u")";
+}
+
 std::vector<Text> TablesOf(StoreEngine engine) {
     const auto& [text, longText, number, ownKey] = TypesOf(engine);
     return {
@@ -43,8 +51,8 @@ std::vector<Text> TablesOf(StoreEngine engine) {
             text + u")",
         u"CREATE TABLE 仪表_芯片 (芯片ID " + ownKey + u", 编号 " + text + u", 文件名 " + text + u", 日期 " +
             text + u", 功能简述 " + longText + u", 实例 " + text + u", 属性 " + text + u")",
-        u"CREATE TABLE 表格_设置 (使用 " + text + u", 列号 " + number + u", 字段 " + text + u", 宽度 " +
-            number + u", 合并 " + number + u", 对齐 " + number + u")",
+        SettingsTable(engine, kSettingsTable),
+        SettingsTable(engine, kEnglishSettingsTable),
         u"CREATE TABLE 字符_替换 (原字符 " + text + u", 新字符 " + text + u")",
         u"CREATE TABLE 通讯_仿真 (ID " + ownKey + u", 仪表名称 " + text + u", 协议 " + text + u", 说明 " +
             text + u", 编码 " + text + u", 采集日期 " + text + u", 地址 " + text + u", 指令 " + longText +
@@ -70,6 +78,7 @@ std::vector<Text> Indexes(StoreEngine engine) {
         u"instruments_by_code ON 仪表_名称 (编号)",  // the lists join chips and instruments by it
         u"chips_by_code ON 仪表_芯片 (编号)",
         u"settings_by_use ON 表格_设置 (使用, 列号)",
+        u"english_settings_by_use ON " + NameInStatement(engine, kEnglishSettingsTable) + u" (使用, 列号)",
         // A capture looks for the reply at each exchange. The servers take no long text into an index.
         u"recordings_by_instrument ON 通讯_仿真 (仪表名称, 说明" +
             Text(engine == StoreEngine::Sqlite ? u", 回送)" : u")"),
@@ -93,6 +102,17 @@ void CreateCatalogueTables(Store& store) {
     for (const Text& index : Indexes(store.Engine())) store.Execute(u"CREATE INDEX " + index);
 }
 
+bool HasEnglishSettings(Store& store) {
+    return IsMet([&] {
+        RequireTables(store, {NameInStatement(store.Engine(), kEnglishSettingsTable)});
+        return true;
+    });
+}
+
+void CreateEnglishSettings(Store& store) {
+    store.Execute(SettingsTable(store.Engine(), kEnglishSettingsTable));
+}
+
 const std::vector<Text>& ColumnsOfTable(const Text& table) {
     static const std::map<Text, std::vector<Text>> columns = {
         {u"仪表_类别", {u"类别", u"类别ID"}},
@@ -100,7 +120,8 @@ const std::vector<Text>& ColumnsOfTable(const Text& table) {
         {u"仪表_参数",
          {u"ID", u"仪表ID", u"参数名称", u"地址", u"长度", u"属性", u"小数点", u"下限值", u"上限值"}},
         {u"仪表_芯片", {u"芯片ID", u"编号", u"文件名", u"日期", u"功能简述", u"实例", u"属性"}},
-        {u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"}},
+        {Text(kSettingsTable), {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"}},
+        {Text(kEnglishSettingsTable), {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"}},
         {u"字符_替换", {u"原字符", u"新字符"}},
         {u"通讯_仿真",
          {u"ID", u"仪表名称", u"协议", u"说明", u"编码", u"采集日期", u"地址", u"指令", u"回送", u"有效"}}};

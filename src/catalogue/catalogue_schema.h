@@ -9,12 +9,18 @@ namespace commtest {
 
 inline constexpr TextView kParameterView = u"仪表参数";
 
-// What a store must hold to be taken for a catalogue: the seven tables and the view 仪表参数.
+// What a store must hold to be taken for a catalogue: seven tables and the view 仪表参数. The settings table
+// of the English face may be missing.
 const std::vector<Text>& CatalogueTables();
 
-// Makes the tables, the view and the indexes in an open store that has none of them. On SQL Server the
-// database needs a Chinese collation: the statements hold plain literals.
+// Makes the tables, that of the English face too, the view and the indexes in an open store that has none of
+// them. On SQL Server the database needs a Chinese collation: the statements hold plain literals.
 void CreateCatalogueTables(Store& store);
+
+// The settings table of the English face, which an older catalogue lacks. Asked not within a transaction: a
+// server ends one over it.
+bool HasEnglishSettings(Store& store);
+void CreateEnglishSettings(Store& store);
 
 // The columns of a table in their order, spelled as the statements have them.
 const std::vector<Text>& ColumnsOfTable(const Text& table);

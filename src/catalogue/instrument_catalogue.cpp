@@ -19,8 +19,8 @@ int CountOf(Store& store, const Text& statement) { return ToWhole32(store.Query(
 std::int16_t ProtocolRecord::Code() const { return ToWhole16(codeText); }
 
 // Columns of the result: 字段, 宽度.
-std::vector<ProtocolRecord> InstrumentCatalogue::ProtocolList() const {
-    const StoreRows result = store_.Query(PageOf(store_).protocolList);
+std::vector<ProtocolRecord> InstrumentCatalogue::ProtocolList(TextView table) const {
+    const StoreRows result = SettingsOf(table, PageOf(store_).protocolList);
     std::vector<ProtocolRecord> protocols;
     for (std::size_t row = 0; row < result.rows.size(); ++row) {
         protocols.push_back({Trim(result.At(row, 0)), result.At(row, 1)});
@@ -28,9 +28,17 @@ std::vector<ProtocolRecord> InstrumentCatalogue::ProtocolList() const {
     return protocols;
 }
 
-StoreRows InstrumentCatalogue::DataTypeList() const { return store_.Query(PageOf(store_).dataTypeList); }
+StoreRows InstrumentCatalogue::DataTypeList(TextView table) const {
+    return SettingsOf(table, PageOf(store_).dataTypeList);
+}
 
-StoreRows InstrumentCatalogue::GridLayout() const { return store_.Query(PageOf(store_).gridLayout); }
+StoreRows InstrumentCatalogue::GridLayout(TextView table) const {
+    return SettingsOf(table, PageOf(store_).gridLayout);
+}
+
+StoreRows InstrumentCatalogue::SettingsOf(TextView table, const Text& statement) const {
+    return store_.Query(StatementWith(statement, {NameInStatement(store_.Engine(), table)}));
+}
 
 StoreRows InstrumentCatalogue::Replacements() const { return store_.Query(PageOf(store_).replacements); }
 

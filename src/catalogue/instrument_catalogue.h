@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/store.h"
+#include "session/face.h"
 
 namespace commtest {
 
@@ -69,12 +70,12 @@ class InstrumentCatalogue {
   public:
     explicit InstrumentCatalogue(Store& store) : store_(store) {}
 
-    // The protocols in their order.
-    std::vector<ProtocolRecord> ProtocolList() const;
+    // Of a settings table: the protocols in their order.
+    std::vector<ProtocolRecord> ProtocolList(TextView table = kSettingsTable) const;
     // 字段
-    StoreRows DataTypeList() const;
+    StoreRows DataTypeList(TextView table = kSettingsTable) const;
     // *, of one row a grid column: 使用, 列号, 字段, 宽度, 合并, 对齐.
-    StoreRows GridLayout() const;
+    StoreRows GridLayout(TextView table = kSettingsTable) const;
     // 原字符, 新字符
     StoreRows Replacements() const;
 
@@ -128,6 +129,8 @@ class InstrumentCatalogue {
     std::unique_ptr<RowCursor> OpenExportRows() const;
 
   private:
+    StoreRows SettingsOf(TextView table, const Text& statement) const;
+
     Store& store_;
 };
 

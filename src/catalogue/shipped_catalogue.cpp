@@ -8,7 +8,9 @@
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
+#include "catalogue/statements.h"
 #include "runtime/runtime_error.h"
+#include "session/face.h"
 
 namespace commtest {
 
@@ -88,6 +90,43 @@ bool IsLimit(std::string_view text) {
     return text.empty() || std::from_chars(text.data(), end, limit).ptr == end;
 }
 
+// A row of a settings table: 字段, 宽度, 合并, 对齐.
+struct SettingRow {
+    Text field;
+    Text width;
+    Text merge = u"0";
+    Text alignment = u"0";
+};
+
+constexpr const char* kProtocolForm = "code | name";
+
+std::vector<SettingRow> ProtocolSettings(const std::vector<Line>& lines) {
+    std::vector<SettingRow> rows;
+    for (const Line& line : lines) {
+        const Fields fields = FieldsOf(line, kProtocolForm);
+        RequireField(line, IsDigits(fields[0]) && fields[0].size() == 2, "a code of two digits");
+        rows.push_back({FromUtf8(fields[1]), FromUtf8(fields[0])});
+    }
+    return rows;
+}
+
+std::vector<SettingRow> DataTypeSettings(const std::vector<Line>& lines) {
+    std::vector<SettingRow> rows;
+    for (const Line& line : lines) rows.push_back({FromUtf8(line.text), u"0"});
+    return rows;
+}
+
+std::vector<SettingRow> ColumnSettings(const std::vector<Line>& lines) {
+    std::vector<SettingRow> rows;
+    for (const Line& line : lines) {
+        const Fields fields = FieldsOf(line, "heading | width | merge | alignment");
+        RequireField(line, IsDigits(fields[1]) && IsDigits(fields[2]) && IsDigits(fields[3]),
+                     "numbers for width, merge and alignment");
+        rows.push_back({FromUtf8(fields[0]), FromUtf8(fields[1]), FromUtf8(fields[2]), FromUtf8(fields[3])});
+    }
+    return rows;
+}
+
 // Reads the files one by one into the store. The settings come first: an instrument names its protocol and
 // its class by their numbers.
 class Filler {
@@ -95,25 +134,17 @@ class Filler {
     explicit Filler(Store& store) : store_(store), catalogue_(store) {}
 
     void AddProtocols(const std::vector<Line>& lines) {
+        AddSettings(u"协议规定", ProtocolSettings(lines));
         for (const Line& line : lines) {
-            const Fields fields = FieldsOf(line, "code | name");
-            RequireField(line, IsDigits(fields[0]) && fields[0].size() == 2, "a code of two digits");
-            AddSetting(u"协议规定", fields[1], fields[0]);
+            const Fields fields = FieldsOf(line, kProtocolForm);
             protocols_[std::string(fields[0])] = FromUtf8(fields[1]);
         }
     }
 
-    void AddDataTypes(const std::vector<Line>& lines) {
-        for (const Line& line : lines) AddSetting(u"数据类型", line.text, "0");
-    }
+    void AddDataTypes(const std::vector<Line>& lines) { AddSettings(u"数据类型", DataTypeSettings(lines)); }
 
-    void AddGridColumns(const std::vector<Line>& lines) {
-        for (const Line& line : lines) {
-            const Fields fields = FieldsOf(line, "heading | width | merge | alignment");
-            RequireField(line, IsDigits(fields[1]) && IsDigits(fields[2]) && IsDigits(fields[3]),
-                         "numbers for width, merge and alignment");
-            AddSetting(u"仪表通信", fields[0], fields[1], fields[2], fields[3]);
-        }
+    void AddGridColumns(TextView table, const std::vector<Line>& lines) {
+        AddSettings(table, u"仪表通信", ColumnSettings(lines));
     }
 
     void AddReplacements(const std::vector<Line>& lines) {
@@ -157,11 +188,18 @@ class Filler {
     }
 
   private:
-    void AddSetting(const Text& use, std::string_view field, std::string_view width,
-                    std::string_view merge = "0", std::string_view alignment = "0") {
-        store_.AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
-                      {use, FromUtf8(std::to_string(settingRows_[use]++)), FromUtf8(field), FromUtf8(width),
-                       FromUtf8(merge), FromUtf8(alignment)});
+    // Rows that all faces have.
+    void AddSettings(const Text& use, const std::vector<SettingRow>& rows) {
+        for (const TextView table : {kSettingsTable, kEnglishSettingsTable}) AddSettings(table, use, rows);
+    }
+
+    void AddSettings(TextView table, const Text& use, const std::vector<SettingRow>& rows) {
+        const Text name = NameInStatement(store_.Engine(), table);
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            const auto& [field, width, merge, alignment] = rows[row];
+            store_.AddRow(name, {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
+                          {use, FromUtf8(std::to_string(row)), field, width, merge, alignment});
+        }
     }
 
     InstrumentRecord InstrumentOf(const Line& line) const {
@@ -210,34 +248,56 @@ class Filler {
     InstrumentCatalogue catalogue_;
     std::map<std::string, Text> protocols_;  // by code
     std::map<std::string, Text> classes_;    // by number
-    std::map<Text, int> settingRows_;        // rows so far, by 使用
     int lastInstrument_ = 0;
     int lastParameter_ = 0;
 };
 
-// Adds the file of that name, which must be there.
-template <typename AddLines>
-void AddFile(std::span<const CatalogueFile> files, std::string_view name, AddLines&& addLines) {
+// The lines of the file of that name, which must be there.
+std::vector<Line> LinesOfFile(std::span<const CatalogueFile> files, std::string_view name) {
     for (const CatalogueFile& file : files) {
-        if (file.name == name) return addLines(LinesOf(file));
+        if (file.name == name) return LinesOf(file);
     }
     throw CatalogueFileError(std::string(name) + ": expected a file of this name, found none");
 }
 
+std::string_view ColumnFileOf(TextView table) {
+    return table == kEnglishSettingsTable ? "grid_columns_english.txt" : "grid_columns.txt";
+}
+
 void AddFiles(Store& store, std::span<const CatalogueFile> files) {
     Filler filler(store);
-    AddFile(files, "protocols.txt", [&](const auto& lines) { filler.AddProtocols(lines); });
-    AddFile(files, "data_types.txt", [&](const auto& lines) { filler.AddDataTypes(lines); });
-    AddFile(files, "grid_columns.txt", [&](const auto& lines) { filler.AddGridColumns(lines); });
-    AddFile(files, "replacements.txt", [&](const auto& lines) { filler.AddReplacements(lines); });
-    AddFile(files, "classes.txt", [&](const auto& lines) { filler.AddClasses(lines); });
-    AddFile(files, "chips.txt", [&](const auto& lines) { filler.AddChips(lines); });
+    filler.AddProtocols(LinesOfFile(files, "protocols.txt"));
+    filler.AddDataTypes(LinesOfFile(files, "data_types.txt"));
+    for (const TextView table : {kSettingsTable, kEnglishSettingsTable})
+        filler.AddGridColumns(table, LinesOfFile(files, ColumnFileOf(table)));
+    filler.AddReplacements(LinesOfFile(files, "replacements.txt"));
+    filler.AddClasses(LinesOfFile(files, "classes.txt"));
+    filler.AddChips(LinesOfFile(files, "chips.txt"));
     for (const CatalogueFile& file : files) {
         if (file.name.starts_with("instruments/")) filler.AddInstrument(LinesOf(file));
     }
 }
 
+std::vector<SettingRow> SettingsOf(TextView table, SettingsUse use) {
+    const auto files = ShippedCatalogueFiles();
+    switch (use) {
+        case SettingsUse::Protocols: return ProtocolSettings(LinesOfFile(files, "protocols.txt"));
+        case SettingsUse::DataTypes: return DataTypeSettings(LinesOfFile(files, "data_types.txt"));
+        case SettingsUse::GridColumns: return ColumnSettings(LinesOfFile(files, ColumnFileOf(table)));
+    }
+    return {};
+}
+
 }  // namespace
+
+StoreRows ShippedSettings(TextView table, SettingsUse use) {
+    StoreRows settings{{u"字段", u"宽度", u"列号", u"合并", u"对齐"}, {}};
+    for (const auto& [field, width, merge, alignment] : SettingsOf(table, use)) {
+        const Text number = FromUtf8(std::to_string(settings.rows.size()));
+        settings.rows.push_back({field, width, number, merge, alignment});
+    }
+    return settings;
+}
 
 void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
     store.BeginTransaction();

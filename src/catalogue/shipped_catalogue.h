@@ -23,6 +23,13 @@ class CatalogueFileError : public std::runtime_error {
 // The files of data/catalogue, as they were when the program was built.
 std::span<const CatalogueFile> ShippedCatalogueFiles();
 
+// A kind of rows of a settings table.
+enum class SettingsUse { Protocols, DataTypes, GridColumns };
+
+// The rows that ship for the settings table of a face: 字段, 宽度, and of a grid column 列号, 合并, 对齐,
+// too.
+StoreRows ShippedSettings(TextView table, SettingsUse use);
+
 // Makes the tables in an open and empty store and fills them from catalogue files, in one transaction: a
 // failure (CatalogueFileError, or the store's run-time error) leaves the store as it was.
 void FillCatalogue(Store& store, std::span<const CatalogueFile> files);

@@ -35,9 +35,9 @@ Text Joined(std::initializer_list<TextView> parts) {
 }
 
 void AddSettings(Statements& page) {
-    page.protocolList = u"SELECT 字段,宽度 From 表格_设置 Where 使用 ='协议规定' Order By 列号";
-    page.dataTypeList = u"SELECT 字段 FROM 表格_设置 Where 使用 ='数据类型' Order By 列号";
-    page.gridLayout = u"SELECT * From 表格_设置 Where 使用 ='仪表通信' Order By 列号";
+    page.protocolList = u"SELECT 字段,宽度 From ? Where 使用 ='协议规定' Order By 列号";
+    page.dataTypeList = u"SELECT 字段 FROM ? Where 使用 ='数据类型' Order By 列号";
+    page.gridLayout = u"SELECT * From ? Where 使用 ='仪表通信' Order By 列号";
     page.replacements = u"SELECT 原字符,新字符 From 字符_替换";
 }
 
@@ -137,6 +137,12 @@ const Statements& StatementsOf(StoreEngine engine) {
         case StoreEngine::Sqlite: break;
     }
     return sqlite;
+}
+
+Text NameInStatement(StoreEngine engine, TextView table) {
+    if (table.find(u'-') == TextView::npos) return Text(table);
+    const bool isInBrackets = engine == StoreEngine::SqlServer;
+    return Joined({isInBrackets ? u"[" : u"\"", table, isInBrackets ? u"]" : u"\""});
 }
 
 Text LengthInFrontOfAddress(StoreEngine engine) {

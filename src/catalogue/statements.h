@@ -10,10 +10,10 @@ namespace commtest {
 // The SQL of the catalogue for one engine. A "?" stands where a value is joined in (StatementWith); the
 // statements without one are complete.
 struct Statements {
-    // Settings tables
-    Text protocolList;
-    Text dataTypeList;
-    Text gridLayout;
+    // Settings tables; their name as NameInStatement gives it
+    Text protocolList;  // table
+    Text dataTypeList;  // table
+    Text gridLayout;    // table
     Text replacements;
 
     // Instruments and parameters
@@ -52,6 +52,9 @@ struct Statements {
 
 // The page of an engine.
 const Statements& StatementsOf(StoreEngine engine);
+
+// The name of a table as it stands in a statement: quoted where it has a hyphen.
+Text NameInStatement(StoreEngine engine, TextView table);
 
 // The length of a parameter and its address joined to one text, as an expression of the engine; a null counts
 // as empty.

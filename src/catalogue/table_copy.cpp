@@ -7,6 +7,7 @@
 #include "catalogue/statements.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/face.h"
 
 namespace commtest {
 
@@ -29,23 +30,31 @@ void FillTable(Store& from, Store& to, const Text& table, std::vector<TableSize>
     CountKeysOnwards(to, table);
 }
 
-void EmptyTables(Store& store) {
-    std::vector<Text> tables = TablesToFill();
+void EmptyTables(Store& store, std::vector<Text> tables) {
     std::reverse(tables.begin(), tables.end());
-    for (const Text& table : tables) store.Execute(u"Delete From " + table);
+    for (const Text& table : tables)
+        store.Execute(u"Delete From " + NameInStatement(store.Engine(), table));
 }
 
-std::vector<TableSize> CopyAll(Store& from, Store& to, bool hasTables, const RowProgress& progress) {
+void CreateWhatIsMissing(Store& store, const std::vector<Text>& tables) {
+    if (tables.empty()) {
+        CreateCatalogueTables(store);
+    } else if (tables.size() < TablesToFill().size()) {
+        CreateEnglishSettings(store);
+    }
+}
+
+// `there` are the tables that the second store has.
+std::vector<TableSize> CopyAll(Store& from, Store& to, const std::vector<Text>& there,
+                               const RowProgress& progress) {
     std::vector<TableSize> copied;
+    const std::vector<Text> tables = TablesOf(from);
     BeginReading(from);
     try {
         to.BeginTransaction();
-        if (hasTables) {
-            EmptyTables(to);
-        } else {
-            CreateCatalogueTables(to);
-        }
-        for (const Text& table : TablesToFill()) FillTable(from, to, table, copied, progress);
+        EmptyTables(to, there);
+        CreateWhatIsMissing(to, there);
+        for (const Text& table : tables) FillTable(from, to, table, copied, progress);
         to.Commit();
     } catch (...) {
         PassOverError([&] { to.Rollback(); });
@@ -62,21 +71,30 @@ const std::vector<Text>& TablesToFill() {
     static const std::vector<Text> tables = [] {
         std::vector<Text> all = CatalogueTables();
         all.pop_back();  // the view
+        all.emplace_back(kEnglishSettingsTable);
         return all;
     }();
     return tables;
 }
 
+std::vector<Text> TablesOf(Store& store) {
+    std::vector<Text> tables = TablesToFill();
+    if (!HasEnglishSettings(store)) std::erase(tables, kEnglishSettingsTable);
+    return tables;
+}
+
 int CopyTable(Store& from, Store& to, const Text& table, const RowProgress& progress) {
-    const std::vector<Text> columns = to.Query(u"SELECT * From " + table + u" Where 1 = 0").columns;
+    const Text ownName = NameInStatement(to.Engine(), table);
+    const std::vector<Text> columns = to.Query(u"SELECT * From " + ownName + u" Where 1 = 0").columns;
     const OwnKeys ownKeys(to, table);
-    const auto rows = from.OpenCursor(u"SELECT " + Listed(columns) + u" From " + table + OrderOf(table));
+    const auto rows = from.OpenCursor(u"SELECT " + Listed(columns) + u" From " +
+                                      NameInStatement(from.Engine(), table) + OrderOf(table));
     std::vector<StoreValue> values(columns.size());
     int count = 0;
     while (rows->Next()) {
         for (std::size_t i = 0; i < values.size(); ++i)
             values[i] = ValueFor(to.Engine(), columns[i], rows->ValueAt(i));
-        to.AddRow(table, columns, values);
+        to.AddRow(ownName, columns, values);
         ++count;
         if (progress) progress(table, count);
     }
@@ -101,17 +119,21 @@ bool HoldsCatalogue(Store& store) {
     });
 }
 
-std::vector<TableSize> SizesOfTables(Store& store) {
+std::vector<TableSize> SizesOf(const std::vector<Text>& tables, Store& store) {
     std::vector<TableSize> sizes;
-    for (const Text& table : TablesToFill())
-        sizes.push_back({table, ToWhole32(store.Query(u"SELECT COUNT(*) From " + table).At(0, 0))});
+    for (const Text& table : tables) {
+        const Text name = NameInStatement(store.Engine(), table);
+        sizes.push_back({table, ToWhole32(store.Query(u"SELECT COUNT(*) From " + name).At(0, 0))});
+    }
     return sizes;
 }
 
+std::vector<TableSize> SizesOfTables(Store& store) { return SizesOf(TablesOf(store), store); }
+
 std::vector<TableSize> CopyCatalogueInto(Store& from, Store& to, const RowProgress& progress) {
-    return CopyAll(from, to, HoldsCatalogue(to), progress);
+    return CopyAll(from, to, HoldsCatalogue(to) ? TablesOf(to) : std::vector<Text>(), progress);
 }
 
-std::vector<TableSize> CopyCatalogueIntoNew(Store& from, Store& to) { return CopyAll(from, to, false, {}); }
+std::vector<TableSize> CopyCatalogueIntoNew(Store& from, Store& to) { return CopyAll(from, to, {}, {}); }
 
 }  // namespace commtest

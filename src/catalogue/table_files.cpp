@@ -6,8 +6,10 @@
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/csv_lines.h"
 #include "catalogue/number_columns.h"
+#include "catalogue/statements.h"
 #include "runtime/code_page.h"
 #include "runtime/runtime_error.h"
+#include "session/face.h"
 
 namespace commtest {
 
@@ -78,7 +80,7 @@ class Loading {
         for (const std::size_t field : fields_) values.push_back(fields[field]);
         if (!HasGoodKeys(values, reader.Line())) return;
         for (std::size_t i = 0; i < values.size(); ++i) MakeNumber(columns_[i], values[i], reader.Line());
-        store_.AddRow(table_, columns_, values);
+        store_.AddRow(NameInStatement(store_.Engine(), table_), columns_, values);
         ++rows_;
     }
 
@@ -132,7 +134,8 @@ std::vector<TableSize> FillTables(Store& store, const TableFile& file,
     for (const Text& table : TablesToFill()) {
         const std::optional<std::string> bytes = file(table);
         Loading loading(store, table, instruments, found);
-        if (!bytes) found({Kind::NoFile, table, 0, {}, {}});
+        // Few bring the settings of the English face, which has its own without them.
+        if (!bytes && table != kEnglishSettingsTable) found({Kind::NoFile, table, 0, {}, {}});
         sizes.push_back({table, bytes ? loading.Run(FromFileBytes(*bytes)) : 0});
         CountKeysOnwards(store, table);
         if (table == kInstrumentTable) instruments = loading.Keys();
@@ -162,8 +165,8 @@ void DumpTable(Store& store, const Text& table, const std::function<void(const s
     Text names;
     for (const Text& column : columns) names += (names.empty() ? u"" : u",") + column;
     const Text key = KeyOfTable(table);
-    const auto rows =
-        store.OpenCursor(u"SELECT " + names + u" From " + table + (key.empty() ? u"" : u" Order By " + key));
+    const auto rows = store.OpenCursor(u"SELECT " + names + u" From " +
+                                       NameInStatement(store.Engine(), table) + (key.empty() ? u"" : u" Order By " + key));
     std::vector<StoreValue> values(columns.size());
     while (rows->Next()) {
         for (std::size_t i = 0; i < values.size(); ++i) values[i] = rows->ValueAt(i);

@@ -92,7 +92,8 @@ void ListImport::ChooseFileOfFindings() {
 }
 
 void ListImport::SaveFindings(const QString& path) {
-    findings_ = std::make_unique<SavedFindings>(Form().outside.store, Form().outside.files, kList, path);
+    findings_ = std::make_unique<SavedFindings>(Form().outside.store, Form().outside.files, kList, path,
+                                                Form().switches);
     saving_.Begin([this] { return findings_->Step(); });
 }
 

@@ -9,7 +9,7 @@ namespace commtest {
 using namespace Qt::StringLiterals;
 
 SavedFindings::SavedFindings(Store& store, const ProgramFiles& files, const QString& list,
-                             const QString& path)
+                             const QString& path, const Switches& switches)
     : list_(list), file_(path) {
     if (!file_.open(QIODevice::WriteOnly)) {
         problem_ = file_.errorString();
@@ -17,9 +17,9 @@ SavedFindings::SavedFindings(Store& store, const ProgramFiles& files, const QStr
     }
     file_.write("\xEF\xBB\xBF");
     try {
-        check_ =
-            std::make_unique<ListCheck>(InstrumentCatalogue(store), files.OpenBytes(list.toStdU16String()),
-                                        [this](const ListFinding& finding) { Write(finding); });
+        check_ = std::make_unique<ListCheck>(
+            InstrumentCatalogue(store), files.OpenBytes(list.toStdU16String()),
+            [this](const ListFinding& finding) { Write(finding); }, switches);
     } catch (const RuntimeError& error) {
         problem_ = ToQt(error.StandardMessage());
     }

@@ -10,7 +10,8 @@ namespace commtest {
 // All findings of a list, written into a file of the user's choice, a line of the list a step.
 class SavedFindings {
   public:
-    SavedFindings(Store& store, const ProgramFiles& files, const QString& list, const QString& path);
+    SavedFindings(Store& store, const ProgramFiles& files, const QString& list, const QString& path,
+                  const Switches& switches);
 
     // False at the end.
     bool Step();

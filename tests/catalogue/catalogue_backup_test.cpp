@@ -77,6 +77,23 @@ TEST_F(CatalogueBackupTest, ACopyOfAServersCatalogueIsALocalFileThatHoldsEveryth
     EXPECT_THAT(files.NamesBeginning(u""), SizeIs(2));
 }
 
+TEST_F(CatalogueBackupTest, ACopyOfAServersCatalogueHoldsTheSettingsOfTheEnglishFace) {
+    inner.AddRow(u"\"表格-设置\"", {u"使用", u"列号", u"字段"}, {Text(u"数据类型"), Text(u"1"), Text(u"x")});
+    store.PretendToBe(StoreEngine::SqlServer);
+    BackUpCatalogue(store, files, kMoment);
+    testing::SqliteStore copy;
+    copy.Open({StoreAddress::Kind::LocalFile, files.PathOf(kFirstName), {}});
+    EXPECT_THAT(RowsOf(copy, u"\"表格-设置\""), SizeIs(1));
+    EXPECT_EQ(RowsOf(copy, u"\"表格-设置\""), RowsOf(inner, u"\"表格-设置\""));
+}
+
+TEST_F(CatalogueBackupTest, AServersCatalogueWithoutTheSettingsOfTheEnglishFaceIsCopiedAllTheSame) {
+    inner.Execute(u"DROP TABLE \"表格-设置\"");
+    store.PretendToBe(StoreEngine::PostgreSql);
+    EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName);
+    EXPECT_EQ(Contents(kFirstName), Contents(Catalogue()));
+}
+
 TEST_F(CatalogueBackupTest, ACopyKeepsTheRelation) {
     for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::SqlServer}) {
         store.PretendToBe(engine);

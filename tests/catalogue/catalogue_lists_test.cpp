@@ -104,6 +104,96 @@ TEST_F(CatalogueLists, GridLayoutOfAColumnThatTheGridLacksRaisesError9) {
     EXPECT_EQ(ErrorOf([&] { LoadGridLayout(form); }), 9);
 }
 
+// --- The English face ---
+
+class EnglishLists : public ::testing::Test {
+  protected:
+    void AddSetting(const Text& table, const Text& use, const Text& number, const Text& field,
+                    const Text& width) {
+        bench.store->AddRow(table, {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
+                            {use, number, field, width, u"0", u"7"});
+    }
+
+    std::vector<std::string> Headings() const {
+        std::vector<std::string> headings;
+        for (int col = 0; col < grid.Cols(); ++col) headings.push_back(ToUtf8(grid.Cell(0, col)));
+        return headings;
+    }
+
+    const Text kOwn = u"\"表格-设置\"";
+    FormBench bench{Protocols(), kEnglishFace};
+    MainForm& form = bench.form;
+    Grid& grid = form.ParameterGrid();
+};
+
+TEST_F(EnglishLists, ProtocolsAndDataTypesAreThoseOfItsOwnTable) {
+    AddSetting(u"表格_设置", u"协议规定", u"1", u"甲", u"11");
+    AddSetting(u"表格_设置", u"数据类型", u"1", u"乙", u"0");
+    AddSetting(kOwn, u"协议规定", u"1", u"丙", u"31");
+    AddSetting(kOwn, u"数据类型", u"1", u"丁", u"0");
+    LoadProtocolList(form);
+    LoadDataTypes(form);
+    EXPECT_THAT(form.ConCommTypeList.Items(), ElementsAre(u"丙"));
+    EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(31));
+    EXPECT_THAT(form.ConDataTypeList.Items(), ElementsAre(u"丁"));
+}
+
+TEST_F(EnglishLists, ColumnsSixToTenAreAsWideAsThoseOfTheChineseFaceUnderTheirOwnHeadings) {
+    AddSetting(u"表格_设置", u"仪表通信", u"2", u"地址", u"701");
+    AddSetting(u"表格_设置", u"仪表通信", u"6", u"RE 读值", u"1301");
+    AddSetting(u"表格_设置", u"仪表通信", u"10", u"修改值", u"1201");
+    AddSetting(kOwn, u"仪表通信", u"2", u"address", u"801");
+    AddSetting(kOwn, u"仪表通信", u"6", u"single", u"99");
+    LoadGridLayout(form);
+    EXPECT_EQ(grid.Column(2).width, 801);
+    EXPECT_EQ(grid.Column(6).width, 1301);
+    EXPECT_EQ(grid.Column(10).width, 1201);
+    EXPECT_EQ(grid.Column(10).alignment, 7);
+    EXPECT_TRUE(grid.Column(10).isLaidOut);
+    EXPECT_FALSE(grid.Column(7).isLaidOut);
+    EXPECT_THAT(Headings(),
+                ElementsAre("", "", "address", "", "", "", "RE 读值", "", "", "", "modified value"));
+}
+
+TEST_F(EnglishLists, CatalogueWithoutItsTableGivesTheShippedRowsAndStaysAsItIs) {
+    bench.store->Execute(u"DROP TABLE \"表格-设置\"");
+    AddSetting(u"表格_设置", u"仪表通信", u"9", u"小数点修正值", u"1401");
+    const auto contents = [&] { return bench.store->Query(u"SELECT * FROM sqlite_master").rows; };
+    const auto before = contents();
+    LoadProtocolList(form);
+    LoadDataTypes(form);
+    LoadGridLayout(form);
+    EXPECT_EQ(form.ConCommTypeList.Items().size(), 14U);
+    EXPECT_EQ(ToUtf8(form.ConCommTypeList.At(0)), "TQ仪表协议");
+    EXPECT_EQ(form.ProtocolCodeOfType.back(), 51);
+    EXPECT_FALSE(form.ConDataTypeList.Items().empty());
+    EXPECT_THAT(Headings(), ElementsAre("serial", "parameter name", "address", "length", "attribute", "Dec",
+                                        "", "", "", "value2", ""));
+    EXPECT_EQ(grid.Column(1).width, 3200);
+    EXPECT_EQ(grid.Column(1).alignment, 1);
+    EXPECT_EQ(grid.Column(9).width, 1401);
+    EXPECT_EQ(contents(), before);
+}
+
+TEST_F(EnglishLists, OwnTableWithoutRowsGivesTheShippedOnesToo) {
+    LoadProtocolList(form);
+    EXPECT_EQ(form.ConCommTypeList.Items().size(), 14U);
+    EXPECT_TRUE(bench.store->Query(u"SELECT * FROM \"表格-设置\"").rows.empty());
+}
+
+TEST_F(EnglishLists, CatalogueThatIsNotOpenGivesNoList) {
+    bench.store->Close();
+    EXPECT_NE(ErrorOf([&] { LoadProtocolList(form); }), 0);
+    EXPECT_NE(ErrorOf([&] { LoadDataTypes(form); }), 0);
+    EXPECT_NE(ErrorOf([&] { LoadGridLayout(form); }), 0);
+    EXPECT_TRUE(form.ConCommTypeList.Items().empty());
+}
+
+TEST_F(CatalogueLists, FaceWhoseTableIsInEveryCatalogueTakesNoShippedRows) {
+    LoadProtocolList(form);
+    EXPECT_TRUE(form.ConCommTypeList.Items().empty());
+}
+
 TEST_F(CatalogueLists, TabTwoShowsTheInstrumentsWithNumberedRows) {
     AddInstrument(1, u"仪表乙", u"1102");
     AddInstrument(2, u"仪表甲", u"1101");

@@ -35,6 +35,12 @@ TEST(CatalogueTables, AStoreThatLacksAnyOfThemIsRefusedByItsName) {
     }
 }
 
+TEST(CatalogueTables, StoreWithoutTheSettingsOfTheEnglishFaceIsTaken) {
+    const auto store = testing::MakeEmptyCatalogue();
+    store->Execute(u"DROP TABLE \"表格-设置\"");
+    EXPECT_NO_THROW(RequireTables(*store, CatalogueTables()));
+}
+
 TEST(CatalogueSchema, RecordedTrafficIsValidUnlessMarkedOtherwise) {
     const auto store = testing::MakeEmptyCatalogue();
     store->AddRow(u"通讯_仿真", {u"仪表名称"}, {u"表一"});

@@ -163,6 +163,19 @@ TEST_F(ListCheckTest, UnknownProtocolAndClass) {
     ExpectOne(CheckRows({}, u"11002901"), Kind::ClassUnknown, "2|METER|29|");
 }
 
+TEST_F(ListCheckTest, ProtocolThatTheFaceLacksIsUnknown) {
+    const std::string bytes = BytesOf(
+        {u"DEVICE METER", u"TYPE 23000101", u"END", u"DEVICE B", u"TYPE 35000101", u"END", u"DEVICE   END"});
+    std::vector<std::string> found;
+    ListCheck check(
+        catalogue, std::make_unique<BytesOfText>(bytes),
+        [&](const ListFinding& finding) { found.push_back(Words(finding)); }, kEnglishFace.switches);
+    while (check.Step()) {
+    }
+    EXPECT_THAT(found, ::testing::ElementsAre("2|METER|23|", "5|B|35|"));
+    EXPECT_THAT(CheckOf(catalogue, bytes).findings, IsEmpty());
+}
+
 TEST_F(ListCheckTest, TypeLineThatDoesNotComeWithinThirty) {
     std::vector<Text> lines = {u"DEVICE METER"};
     lines.insert(lines.end(), 29, u"REMARK");

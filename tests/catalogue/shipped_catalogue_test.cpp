@@ -177,6 +177,21 @@ TEST_F(ShippedCatalogueTest, EveryDecimalPointThatIsAnAddressNamesADecimalPointP
     }
 }
 
+TEST_F(ShippedCatalogueTest, EnglishFaceHasTheSameProtocolsAndDataTypesAndSixColumnsOfItsOwn) {
+    const auto names = [](const std::vector<ProtocolRecord>& protocols) {
+        std::vector<std::string> texts;
+        for (const ProtocolRecord& one : protocols) texts.push_back(ToUtf8(one.codeText + u" " + one.name));
+        return texts;
+    };
+    EXPECT_EQ(names(catalogue.ProtocolList(u"表格-设置")), names(catalogue.ProtocolList()));
+    EXPECT_THAT(catalogue.ProtocolList(u"表格-设置"), SizeIs(14));
+    EXPECT_EQ(catalogue.DataTypeList(u"表格-设置").rows, catalogue.DataTypeList().rows);
+    const StoreRows layout = catalogue.GridLayout(u"表格-设置");
+    EXPECT_THAT(ColumnOf(layout, 1), ElementsAre("0", "1", "2", "3", "4", "5"));
+    EXPECT_THAT(ColumnOf(layout, 2),
+                ElementsAre("serial", "parameter name", "address", "length", "attribute", "Dec"));
+}
+
 TEST_F(ShippedCatalogueTest, CommandsAreInFrontOfTheInstrumentsThatTakeThem) {
     const StoreRows list = catalogue.ParametersOfInstrument(u"HX-D10智能数字显示控制仪");
     for (std::size_t i = 0; i < 3; ++i) {
@@ -211,6 +226,7 @@ class CatalogueFilesTest : public ::testing::Test {
         {"protocols.txt", "11 | TQ仪表协议\n"},
         {"data_types.txt", "单字节\n"},
         {"grid_columns.txt", "序号 | 530 | 0 | 4\n"},
+        {"grid_columns_english.txt", "serial | 530 | 0 | 4\n"},
         {"replacements.txt", "（ | (\n"},
         {"classes.txt", "01 | 显示仪表\n"},
         {"chips.txt", "11000101 | A.HEX | 2026-06-02 | 标准 | 量产 | 带报警。\n"},
@@ -233,6 +249,12 @@ TEST_F(CatalogueFilesTest, ColumnsAndClassesNeedNumbers) {
     EXPECT_EQ(Refusal("grid_columns.txt", "# A remark.\n序号 | breit | 0 | 4\n"),
               "grid_columns.txt:2: expected numbers for width, merge and alignment, found \"序号 | breit | 0 "
               "| 4\"");
+}
+
+TEST_F(CatalogueFilesTest, ColumnsOfTheEnglishFaceNeedNumbersToo) {
+    EXPECT_EQ(Refusal("grid_columns_english.txt", "serial | wide | 0 | 4\n"),
+              "grid_columns_english.txt:1: expected numbers for width, merge and alignment, found \"serial | "
+              "wide | 0 | 4\"");
 }
 
 TEST_F(CatalogueFilesTest, ClassesNeedTwoDigits) {
@@ -335,7 +357,7 @@ TEST_F(CatalogueFilesTest, WhicheverStatementFailsTheStoreIsAsItWas) {
             EXPECT_TRUE(store.Query(u"SELECT * From sqlite_master").rows.empty()) << failures;
         }
     }
-    EXPECT_EQ(failures - 1, 1 + 7 + 1 + 8 + 8 + 1);  // begin, tables, view, indexes, rows, commit
+    EXPECT_EQ(failures - 1, 1 + 8 + 1 + 9 + 11 + 1);  // begin, tables, view, indexes, rows, commit
 }
 
 }  // namespace

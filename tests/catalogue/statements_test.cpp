@@ -80,6 +80,23 @@ TEST(Statements, LengthAndAddressAreJoinedInTheWordsOfTheEngine) {
         "ORDER BY ID");
 }
 
+TEST(Statements, SettingsTableWithAHyphenIsQuotedAsTheEngineWantsIt) {
+    const auto text = [](StoreEngine engine, TextView table, Text Statements::*statement) {
+        return ToUtf8(StatementWith(StatementsOf(engine).*statement, {NameInStatement(engine, table)}));
+    };
+    const Text hyphened = u"表格-设置";
+    EXPECT_EQ(text(StoreEngine::Sqlite, hyphened, &Statements::protocolList),
+              "SELECT 字段,宽度 From \"表格-设置\" Where 使用 ='协议规定' Order By 列号");
+    EXPECT_EQ(text(StoreEngine::PostgreSql, hyphened, &Statements::dataTypeList),
+              "SELECT 字段 FROM \"表格-设置\" Where 使用 ='数据类型' Order By 列号");
+    EXPECT_EQ(text(StoreEngine::SqlServer, hyphened, &Statements::gridLayout),
+              "SELECT * From [表格-设置] Where 使用 ='仪表通信' Order By 列号");
+    for (const StoreEngine engine : kEngines) {
+        EXPECT_EQ(text(engine, u"表格_设置", &Statements::gridLayout),
+                  "SELECT * From 表格_设置 Where 使用 ='仪表通信' Order By 列号");
+    }
+}
+
 TEST(Statements, JoinedStatementsAreSpelledOut) {
     EXPECT_EQ(TextOf(StoreEngine::Sqlite, &Statements::instrumentsOfProtocol),
               "SELECT DISTINCT 仪表名称,协议,仪表_名称.仪表ID,编号,类别ID From  仪表_名称  Where 协议 ='?' "

@@ -91,7 +91,7 @@ class TableFiles : public ::testing::TestWithParam<testing::StoreUnderTest> {
 TEST_P(TableFiles, ColumnsOfATableAreThoseOfTheStore) {
     CreateCatalogueTables(*store);
     for (const Text& table : TablesToFill()) {
-        const std::vector<Text> columns = store->Query(u"SELECT * From " + table + u" Where 1 = 0").columns;
+        const std::vector<Text> columns = store->Query(u"SELECT * From " + NameInStatement(store->Engine(), table) + u" Where 1 = 0").columns;
         ASSERT_EQ(columns.size(), ColumnsOfTable(table).size());
         for (std::size_t i = 0; i < columns.size(); ++i)
             EXPECT_TRUE(IsSameColumn(columns[i], ColumnsOfTable(table)[i])) << ToUtf8(columns[i]);

@@ -4,9 +4,9 @@ namespace commtest::testing {
 
 const std::vector<NamedStatement>& AllStatements() {
     static const std::vector<NamedStatement> statements = {
-        {"protocolList", &Statements::protocolList, 0},
-        {"dataTypeList", &Statements::dataTypeList, 0},
-        {"gridLayout", &Statements::gridLayout, 0},
+        {"protocolList", &Statements::protocolList, 1, u"表格_设置"},
+        {"dataTypeList", &Statements::dataTypeList, 1, u"表格_设置"},
+        {"gridLayout", &Statements::gridLayout, 1, u"表格_设置"},
         {"replacements", &Statements::replacements, 0},
         {"instrumentsOfProtocol", &Statements::instrumentsOfProtocol, 1},
         {"parametersOfInstrument", &Statements::parametersOfInstrument, 1},
@@ -41,9 +41,9 @@ Text WithArbitraryValues(const Statements& page, const NamedStatement& statement
     const Text& text = page.*statement.text;
     switch (statement.values) {
         case 0: return text;
-        case 1: return StatementWith(text, {u"仪表甲"});
-        case 2: return StatementWith(text, {u"仪表甲", u"说明乙"});
-        default: return StatementWith(text, {u"仪表甲", u"说明乙", u"说明丙"});
+        case 1: return StatementWith(text, {statement.first});
+        case 2: return StatementWith(text, {statement.first, u"说明乙"});
+        default: return StatementWith(text, {statement.first, u"说明乙", u"说明丙"});
     }
 }
 

@@ -7,11 +7,12 @@
 
 namespace commtest::testing {
 
-// A statement of the catalogue by its name, and how many values are joined into it.
+// A statement of the catalogue by its name, how many values are joined into it, and what may be the first.
 struct NamedStatement {
     std::string name;
     Text Statements::*text;
     int values;
+    Text first = u"仪表甲";
 };
 
 // All of them.
