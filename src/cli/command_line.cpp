@@ -49,7 +49,8 @@ QString WholeHelp() {
     }
     help += u"\n选项:\n"_s +
             Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助；与 help [动词] 相同", kWidth) +
-            Line(u"--version"_s, u"显示版本", kWidth);
+            Line(u"--version"_s, u"显示版本", kWidth) +
+            Line(u"--face english"_s, u"英文的记录和统计 (poll、capture、replay、write)", kWidth);
     return help + u'\n' + kStatusHelp;
 }
 
@@ -116,7 +117,19 @@ QStringList HelpWordsOf(const QStringList& words) {
     return words.mid(1) + QStringList(u"--help"_s);
 }
 
-ExitStatus RunWords(const QStringList& words, Console& console) {
+// --face may stand in front of the verb; behind it, it is an option like any other.
+QStringList WithFaceBehindVerb(const QStringList& words) {
+    const bool isOneWord = words.value(0).startsWith(u"--face=");
+    const qsizetype width = isOneWord ? 1 : 2;
+    if ((!isOneWord && words.value(0) != u"--face") || words.size() <= width) return words;
+    const QStringList rest = words.mid(width);
+    const qsizetype separator = rest.indexOf(u"--"_s);
+    const qsizetype end = separator < 0 ? rest.size() : separator;
+    return rest.mid(0, end) + words.mid(0, width) + rest.mid(end);
+}
+
+ExitStatus RunWords(const QStringList& given, Console& console) {
+    const QStringList words = WithFaceBehindVerb(given);
     const QString first = words.value(0);
     if (first == u"help") return RunWords(HelpWordsOf(words), console);
     QStringList verbs = {u"help"_s};

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint64 kLongestBlock = 1 << 20;  // bytes
 constexpr qint64 kLongestListHead = 64;    // bytes
-constexpr std::array kFaces = {&kChineseTexts};
+constexpr std::array kFaces = {&kChineseTexts, &kEnglishTexts};
 
 QString Quoted(TextView text) {
     return QRegularExpression::escape(QString::fromUtf16(text.data(), std::ssize(text)));

@@ -46,6 +46,16 @@ const Option kPortOption = {u"port", u"COM1[=设备]|设备",
                             u"串口，见 list ports；不写设备时 COM1 为本机第 1 个串口 (USB 在前)", u"COM1"};
 const Option kSettingsOption = {u"settings", u"9600,N,8,1", u"波特率、校验、数据位、停止位", u"9600,N,8,1"};
 
+const Option kFaceOption = {u"face", u"chinese|english", u"记录和统计的文字；也可以写在动词之前", u"chinese"};
+
+const Texts& WordsOf(const Arguments& arguments) {
+    const QString face = arguments.Value(u"face");
+    if (face != u"chinese" && face != u"english") {
+        throw arguments.BadValue(u"face", u" chinese 或 english"_s);
+    }
+    return face == u"english" ? kEnglishTexts : kChineseTexts;
+}
+
 void TakePort(const Arguments& arguments, LineOptions& options) {
     const auto port = NamedPortOf(WithNumber(arguments.Value(u"port")));
     if (!port) throw arguments.BadValue(u"port", u" COM1、COM1=设备 或 /dev/ttyUSB0 的形式"_s);
@@ -77,6 +87,7 @@ const OptionList& LineOptionList() {
         kSettingsOption,
         {kIntervalOptionName, u"毫秒", u"两次通讯的间隔", u"100"},
         {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
+        kFaceOption,
     };
     return kOptions;
 }
@@ -91,6 +102,7 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console) {
                                   ? arguments.WholeNumber(kIntervalOptionName, 0, kLongestInterval)
                                   : ShortestInterval(options.settings));
     options.showMode = ShowModeOf(arguments);
+    options.words = &WordsOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
     options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);
     return options;

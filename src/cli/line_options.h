@@ -7,6 +7,7 @@
 #include "cli/catalogue_access.h"
 #include "cli/console.h"
 #include "host_qt/qt_serial_port.h"
+#include "session/texts.h"
 
 namespace commtest {
 
@@ -23,6 +24,7 @@ struct LineOptions {
     Text settings;                           // "9600,N,8,1"
     Text interval;                           // milliseconds between two exchanges
     std::optional<int> showMode;             // index of ShowMode; the protocol's own where there is none
+    const Texts* words = &kChineseTexts;     // of the record and the statistics
 };
 
 inline constexpr QStringView kIntervalOptionName = u"interval";
@@ -34,6 +36,9 @@ LineOptions LineOptionsOf(const Arguments& arguments, Console& console);
 // The option of the port and that of its settings, for a verb that talks to no one instrument.
 extern const Option kPortOption;
 extern const Option kSettingsOption;
+// The option of the words that the record and the statistics are in.
+extern const Option kFaceOption;
+const Texts& WordsOf(const Arguments& arguments);
 std::optional<int> ShowModeOf(const Arguments& arguments);        // of --show
 void TakePort(const Arguments& arguments, LineOptions& options);  // of --port alone
 void TakePortOptions(const Arguments& arguments, LineOptions& options);

@@ -19,7 +19,8 @@ LineSession::LineSession(const LineOptions& options, Console& console)
       files_(options.folder),
       port_(options.devices),
       dialogs_(console),
-      session_({traced_, dialogs_, clock_, files_, store_, settings_, program_}) {
+      session_({traced_, dialogs_, clock_, files_, store_, settings_, program_},
+               {*options.words, kChineseFace.settingsTable, kChineseFace.switches}) {
     OpenCatalogueOf(files_, store_, options.catalogue, console);
     ChooseInstrument(Form(), options);
     ShowStoredPortSettings(Form(), options.settings + u" " + options.port);

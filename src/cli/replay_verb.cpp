@@ -25,6 +25,7 @@ OptionList ReplayOptionList() {
         kNoteOption,
         {u"speed", u"1|N|max", u"倍速: 间隔为 1000 毫秒除以 N，max 时没有间隔", u"1"},
         {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
+        kFaceOption,
     };
     options.insert(options.end(), RunOptionList().begin(), RunOptionList().end());
     return options;
@@ -58,6 +59,7 @@ ExitStatus Replay(const Arguments& arguments, Console& console) {
     const Text note = NoteOf(arguments);
     options.interval = WholeText(IntervalOf(arguments));
     options.showMode = ShowModeOf(arguments);
+    options.words = &WordsOf(arguments);
     const RunOptions run = RunOptionsOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
     options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);

@@ -69,7 +69,8 @@ std::string StatisticsFile(LineSession& line, Format format) {
 bool IsStatisticsFile(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
     static const QRegularExpression kWords(
-        u"\\A总计通讯: \\d+ 次\\s+数据不完整 \\d+ 次;校验出错 \\d+ 次;无应答 \\d+ 次; 错误率 [^\\n]*\\n\\z"_s);
+        u"\\A(?:总计通讯: \\d+ 次|Times: \\d+)\\s+"
+        u"数据不完整 \\d+ 次;校验出错 \\d+ 次;无应答 \\d+ 次; 错误率 [^\\n]*\\n\\z"_s);
     static const QRegularExpression kTable(u"\\A%1\\n[\\d,]+\\n\\z"_s.arg(Keys().join(u',')));
     if (kWords.match(text).hasMatch() || kTable.match(text).hasMatch()) return true;
     const QJsonDocument document = QJsonDocument::fromJson(bytes);

@@ -47,7 +47,8 @@ TEST(CommandLine, EachVerbHasItsHelp) {
     } rows[] = {
         {"poll",
          {"--folder", "--protocol", "--instrument", "--address", "--port", "--settings", "--interval",
-          "--command", "--count", "--exchanges", "--seconds", "--show", "--record", "--format", "--strict"}},
+          "--command", "--count", "--exchanges", "--seconds", "--show", "--face", "--record", "--format",
+          "--strict"}},
         {"write", {"--row", "--value", "--port"}},
         {"list", {"ports|protocols|instruments|parameters|chips", "--format"}},
         {"catalogue", {"create", "import", "export", "channels", "check", "restore", "spreadsheet"}},
@@ -116,6 +117,8 @@ TEST(CommandLine, WrongWordsAreBadUsageInOneLine) {
         {{"recordings", "show", "--note", "x"},
          "缺少选项 --instrument。用法请看 commtest-cli recordings --help"},
         {{"poll", "--port"}, "选项 --port 的值缺少或多余。用法请看 commtest-cli poll --help"},
+        {{"--face", "english"}, "没有动词 \"--face\"。用法请看 commtest-cli --help"},
+        {{"--face", "english", "list", "protocols"}, "没有选项 \"face\"。用法请看 commtest-cli list --help"},
         {{"poll", "-x"}, "多余的参数 \"-x\"。用法请看 commtest-cli poll --help"},
         {{"write", "--value", "-12.5", "--row", "0"},
          "选项 --row 的值 \"0\" 不对，应为 1 到 32767 的整数。用法请看 commtest-cli write --help"},

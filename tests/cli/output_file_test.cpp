@@ -53,9 +53,20 @@ TEST_F(OutputFileTest, NewAndEmptyFilesAndEarlierRecordsAreTaken) {
     Put("empty.txt", "");
     Put("record.txt", std::string(kRecord) + "第 2 次, cut in the mid");
     Put("silent.txt", "第 10 次, 向 甲 发送:  01 03   收到: \n\n仪表无应答\n\n");
-    for (const char* name : {"new.txt", "empty.txt", "record.txt", "silent.txt"}) {
+    Put("english.txt", "1 time, to 甲 send: @01RD17\\0D   receive: \n@01RD0710\\0D\n\n");
+    for (const char* name : {"new.txt", "empty.txt", "record.txt", "silent.txt", "english.txt"}) {
         EXPECT_EQ(Refusal(name), QString()) << name;
     }
+}
+
+TEST_F(OutputFileTest, StatisticsOfEitherFaceAreTaken) {
+    const char* failures = "         数据不完整 0 次;校验出错 0 次;无应答 0 次; 错误率 0%\n";
+    Put("chinese.txt", std::string("总计通讯: 3 次") + failures);
+    Put("english.txt", std::string("Times: 3") + failures);
+    Put("other.txt", std::string("Time: 3") + failures);
+    EXPECT_EQ(Refusal("chinese.txt", OutputKind::Statistics), QString());
+    EXPECT_EQ(Refusal("english.txt", OutputKind::Statistics), QString());
+    EXPECT_NE(Refusal("other.txt", OutputKind::Statistics), QString());
 }
 
 TEST_F(OutputFileTest, WhatIsNoWholeRecordIsRefused) {

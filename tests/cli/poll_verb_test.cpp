@@ -36,6 +36,7 @@ TEST(PollVerb, WrongValuesAreBadUsageInOneLine) {
         {{"--seconds", "soon"}, "选项 --seconds 的值 \"soon\" 不对，应为大于 0 的秒数"},
         {{"--command", "33"}, "选项 --command 的值 \"33\" 不对，应为 10、20、31、40、50、60、80、90、91"},
         {{"--show", "octal"}, "选项 --show 的值 \"octal\" 不对，应为 ascii 或 hex"},
+        {{"--face", "latin"}, "选项 --face 的值 \"latin\" 不对，应为 chinese 或 english"},
         {{"--format", "xml"}, "选项 --format 的值 \"xml\" 不对，应为 text、csv、json 或 jsonl"},
         {{"--port", "ttyUSB0"},
          "选项 --port 的值 \"ttyUSB0\" 不对，应为 COM1、COM1=设备 或 /dev/ttyUSB0 的形式"},

@@ -49,6 +49,24 @@ TEST_F(ReplayVerb, PlaysWhatIsStoredAgainAndAgainAndFillsTheGrid) {
                 HasSubstr("总计通讯: 3 次         数据不完整 0 次;校验出错 0 次;无应答 0 次"));
 }
 
+TEST_F(ReplayVerb, EnglishFaceSpeaksInTheRecordTheGridAndTheStatistics) {
+    const Outcome outcome = Replay({"--speed", "max", "--exchanges", "3", "--face", "english"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.problems, "");
+    EXPECT_THAT(outcome.results,
+                HasSubstr("3 time, to HX-D10智能数字显示控制仪 send: @01RD17\\0D   receive: "));
+    EXPECT_THAT(outcome.results, HasSubstr("parameter name"));
+    EXPECT_THAT(outcome.results, HasSubstr("Times: 3         数据不完整 0 次;校验出错 0 次;无应答 0 次"));
+}
+
+TEST_F(ReplayVerb, FaceMayStandInFrontOfTheVerb) {
+    const QStringList words = {"replay",      "--instrument", kIndicator, "--note",      "bench", "--folder",
+                               folder.path(), "--speed",      "max",      "--exchanges", "1"};
+    for (const QStringList& face : {QStringList{"--face", "english"}, QStringList{"--face=english"}})
+        EXPECT_THAT(RunCommand(face + words).results, HasSubstr("Times: 1 "));
+    EXPECT_THAT(RunCommand(QStringList{"--face", "chinese"} + words).results, HasSubstr("总计通讯: 1 次"));
+}
+
 TEST_F(ReplayVerb, SpeedIsAWholeNumberOrMax) {
     for (const char* speed : {"0", "1001", "fast", "1.5"}) {
         EXPECT_TRUE(
