@@ -32,8 +32,7 @@ void FillTable(Store& from, Store& to, const Text& table, std::vector<TableSize>
 
 void EmptyTables(Store& store, std::vector<Text> tables) {
     std::reverse(tables.begin(), tables.end());
-    for (const Text& table : tables)
-        store.Execute(u"Delete From " + NameInStatement(store.Engine(), table));
+    for (const Text& table : tables) store.Execute(u"Delete From " + NameInStatement(store.Engine(), table));
 }
 
 void CreateWhatIsMissing(Store& store, const std::vector<Text>& tables) {

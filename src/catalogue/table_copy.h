@@ -36,7 +36,8 @@ struct TableSize {
 // True if a store holds a catalogue.
 bool HoldsCatalogue(Store& store);
 
-// How much stands in these tables of a catalogue, and in all that it has; the second not within a transaction.
+// How much stands in these tables of a catalogue, and in all that it has; the second not within a
+// transaction.
 std::vector<TableSize> SizesOf(const std::vector<Text>& tables, Store& store);
 std::vector<TableSize> SizesOfTables(Store& store);
 

@@ -165,8 +165,9 @@ void DumpTable(Store& store, const Text& table, const std::function<void(const s
     Text names;
     for (const Text& column : columns) names += (names.empty() ? u"" : u",") + column;
     const Text key = KeyOfTable(table);
-    const auto rows = store.OpenCursor(u"SELECT " + names + u" From " +
-                                       NameInStatement(store.Engine(), table) + (key.empty() ? u"" : u" Order By " + key));
+    const auto rows =
+        store.OpenCursor(u"SELECT " + names + u" From " + NameInStatement(store.Engine(), table) +
+                         (key.empty() ? u"" : u" Order By " + key));
     std::vector<StoreValue> values(columns.size());
     while (rows->Next()) {
         for (std::size_t i = 0; i < values.size(); ++i) values[i] = rows->ValueAt(i);

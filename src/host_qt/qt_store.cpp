@@ -60,8 +60,7 @@ QString WordsOn(FileResult result, const QString& text) {
 
 [[noreturn]] void Raise(const QSqlError& error, const StoreSource& source) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    const FileResult result =
-        source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
+    const FileResult result = source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
     Text words = WordsOn(result, text.simplified()).toStdU16String();
     if (result != FileResult::None && !source.file.empty()) words = source.file + u"：" + words;
     if (result == FileResult::Damaged) throw DamagedStore(words);

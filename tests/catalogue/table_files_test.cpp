@@ -7,6 +7,7 @@
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/csv_lines.h"
+#include "catalogue/statements.h"
 #include "runtime/code_page.h"
 #include "runtime/runtime_error.h"
 #include "support/stores_under_test.h"
@@ -91,7 +92,9 @@ class TableFiles : public ::testing::TestWithParam<testing::StoreUnderTest> {
 TEST_P(TableFiles, ColumnsOfATableAreThoseOfTheStore) {
     CreateCatalogueTables(*store);
     for (const Text& table : TablesToFill()) {
-        const std::vector<Text> columns = store->Query(u"SELECT * From " + NameInStatement(store->Engine(), table) + u" Where 1 = 0").columns;
+        const std::vector<Text> columns =
+            store->Query(u"SELECT * From " + NameInStatement(store->Engine(), table) + u" Where 1 = 0")
+                .columns;
         ASSERT_EQ(columns.size(), ColumnsOfTable(table).size());
         for (std::size_t i = 0; i < columns.size(); ++i)
             EXPECT_TRUE(IsSameColumn(columns[i], ColumnsOfTable(table)[i])) << ToUtf8(columns[i]);
