@@ -6,6 +6,7 @@
 #include "cli/printable_text.h"
 #include "cli/suggestion.h"
 #include "cli/verb.h"
+#include "host_qt/own_version.h"
 #include "host_qt/path_problem.h"
 #include "runtime/runtime_error.h"
 
@@ -49,7 +50,7 @@ QString WholeHelp() {
     }
     help += u"\n选项:\n"_s +
             Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助；与 help [动词] 相同", kWidth) +
-            Line(u"--version"_s, u"显示版本", kWidth) +
+            Line(u"--version"_s, u"显示版本、提交、工具库和数据库引擎的版本", kWidth) +
             Line(u"--face english"_s, u"英文的记录和统计 (poll、capture、replay、write)", kWidth);
     return help + u'\n' + kStatusHelp;
 }
@@ -138,7 +139,7 @@ ExitStatus RunWords(const QStringList& given, Console& console) {
         verbs += verb.name.toString();
     }
     if (first == u"--version") {
-        console.Print(std::string("commtest-cli " COMMTEST_VERSION "\n"));
+        console.Print(OwnVersionLines("commtest-cli"));
         return ExitStatus::Good;
     }
     if (first.startsWith(u'-') && AsksForHelp(words)) {

@@ -19,7 +19,10 @@ using ::testing::StartsWith;
 TEST(CommandLine, TellsItsVersion) {
     const Outcome outcome = RunCommand({"--version"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.results, MatchesRegex("commtest-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(outcome.results, MatchesRegex("commtest-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                              "commit: ([0-9a-f]{12}(-dirty)?|none)\n"
+                                              "toolkit: Qt 6\\.[0-9]+\\.[0-9]+\n"
+                                              "store: SQLite 3\\.[0-9.]+\n"));
 }
 
 TEST(CommandLine, HelpNamesEachVerbAndEachExitStatus) {
