@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/completion.h"
 #include "cli/printable_text.h"
 #include "cli/suggestion.h"
 #include "cli/verb.h"
@@ -108,6 +109,16 @@ ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console)
     return ExitStatus::Good;
 }
 
+// For the making of the package: the help does not tell it.
+ExitStatus PrintCompletion(const QStringList& words, Console& console) {
+    const QString shell = words.join(u' ');
+    if (shell != u"bash" && shell != u"zsh") {
+        throw Problem(ExitStatus::BadUsage, u"没有 shell \"%1\"，应为 bash、zsh"_s.arg(shell));
+    }
+    console.Print(CompletionScript(shell == u"bash" ? Shell::Bash : Shell::Zsh, Verbs()));
+    return ExitStatus::Good;
+}
+
 // "help", "help VERB" and "help VERB ACTION" in the words of --help.
 QStringList HelpWordsOf(const QStringList& words) {
     constexpr qsizetype kMostWords = 3;
@@ -138,6 +149,7 @@ ExitStatus RunWords(const QStringList& given, Console& console) {
         if (verb.name == first) return RunVerb(verb, words.mid(1), console);
         verbs += verb.name.toString();
     }
+    if (first == u"completion") return PrintCompletion(words.mid(1), console);
     if (first == u"--version") {
         console.Print(OwnVersionLines("commtest-cli"));
         return ExitStatus::Good;
