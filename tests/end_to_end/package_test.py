@@ -56,6 +56,12 @@ class PackageTest(unittest.TestCase):
         self.assertRegex(self.field("Recommends"), r"\bfonts-dejavu-core, fonts-wqy-microhei\b")
         self.assertEqual(self.field("Suggests"), "gnumeric, odbc-postgresql, tdsodbc")
 
+    def test_the_page_of_libraries_names_what_it_depends_on_and_recommends(self):
+        page = (self.share / "doc/commtest/html/libraries.html").read_text(encoding="utf-8")
+        for field in ("Depends", "Recommends", "Suggests"):
+            for package in re.findall(r"[a-z][\w.+-]*(?=[ ,|(]|$)", re.sub(r"\(.*?\)", "", self.field(field))):
+                self.assertIn(f"<code>{package}</code>", page)
+
     def test_a_new_user_polls_the_simulator_with_what_is_in_it(self):
         protocol, instrument, _ = PLAIN
         description = (self.share / "commtest/simulator/indicator.txt").read_text(encoding="utf-8")
