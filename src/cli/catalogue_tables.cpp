@@ -116,9 +116,8 @@ ExitStatus Dump(const Arguments& arguments, Console& console) {
     QtStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
-    const std::vector<Text> all = TablesOf(store);
     BeginReading(store);
-    for (const TableSize& size : SizesOf(all, store)) {
+    for (const TableSize& size : SizesOfTables(store)) {
         DumpInto(PathOf(tables, size.table), store, size.table);
         console.Print(u"%1 %2 行\n"_s.arg(QString::fromStdU16String(size.table)).arg(size.rows));
     }
