@@ -51,7 +51,6 @@ function(commtest_program name)
     cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
-    target_compile_definitions(${name} PRIVATE COMMTEST_VERSION="${PROJECT_VERSION}")
     target_link_libraries(${name} PRIVATE ${arg_DEPENDS} commtest_warnings)
 endfunction()
 

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/completion.h"
 #include "cli/printable_text.h"
 #include "cli/suggestion.h"
 #include "cli/verb.h"
+#include "host_qt/own_version.h"
 #include "host_qt/path_problem.h"
 #include "runtime/runtime_error.h"
 
@@ -49,7 +51,7 @@ QString WholeHelp() {
     }
     help += u"\n选项:\n"_s +
             Line(u"--help"_s, u"显示帮助，动词之后为该动词的帮助；与 help [动词] 相同", kWidth) +
-            Line(u"--version"_s, u"显示版本", kWidth) +
+            Line(u"--version"_s, u"显示版本、提交、工具库和数据库引擎的版本", kWidth) +
             Line(u"--face english"_s, u"英文的记录和统计 (poll、capture、replay、write)", kWidth);
     return help + u'\n' + kStatusHelp;
 }
@@ -107,6 +109,16 @@ ExitStatus RunVerb(const Verb& verb, const QStringList& words, Console& console)
     return ExitStatus::Good;
 }
 
+// For the making of the package: the help does not tell it.
+ExitStatus PrintCompletion(const QStringList& words, Console& console) {
+    const QString shell = words.join(u' ');
+    if (shell != u"bash" && shell != u"zsh") {
+        throw Problem(ExitStatus::BadUsage, u"没有 shell \"%1\"，应为 bash、zsh"_s.arg(shell));
+    }
+    console.Print(CompletionScript(shell == u"bash" ? Shell::Bash : Shell::Zsh, Verbs()));
+    return ExitStatus::Good;
+}
+
 // "help", "help VERB" and "help VERB ACTION" in the words of --help.
 QStringList HelpWordsOf(const QStringList& words) {
     constexpr qsizetype kMostWords = 3;
@@ -137,8 +149,9 @@ ExitStatus RunWords(const QStringList& given, Console& console) {
         if (verb.name == first) return RunVerb(verb, words.mid(1), console);
         verbs += verb.name.toString();
     }
+    if (first == u"completion") return PrintCompletion(words.mid(1), console);
     if (first == u"--version") {
-        console.Print(std::string("commtest-cli " COMMTEST_VERSION "\n"));
+        console.Print(OwnVersionLines("commtest-cli"));
         return ExitStatus::Good;
     }
     if (first.startsWith(u'-') && AsksForHelp(words)) {

@@ -5,7 +5,9 @@
 
 #include "host_qt/driver_words.h"
 #include "host_qt/named_port.h"
+#include "host_qt/own_version.h"
 #include "runtime/runtime_error.h"
+#include "version/build_facts.h"
 #include "window/toolkit_texts.h"
 #include "window/window_program.h"
 
@@ -43,7 +45,7 @@ void AddOptions(QCommandLineParser& parser) {
 
 void NameProgram() {
     QCoreApplication::setApplicationName(u"commtest"_s);
-    QCoreApplication::setApplicationVersion(QStringLiteral(COMMTEST_VERSION));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(commtest::VersionOfBuild()));
     commtest::LoadToolkitTexts();
 }
 
@@ -67,6 +69,10 @@ void AnswerQuestions(int argc, char* argv[]) {
     if (!parser.isSet(u"help"_s) && !parser.isSet(u"help-all"_s) && !parser.isSet(u"version"_s)) return;
     const QCoreApplication application(argc, argv);
     NameProgram();
+    if (parser.isSet(u"version"_s)) {
+        std::cout << commtest::OwnVersionLines("commtest") << std::flush;
+        std::exit(0);
+    }
     OptionsOf(application);
 }
 

@@ -9,6 +9,7 @@ namespace commtest {
 
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using testing::IsProblem;
 using ::testing::MatchesRegex;
@@ -19,7 +20,17 @@ using ::testing::StartsWith;
 TEST(CommandLine, TellsItsVersion) {
     const Outcome outcome = RunCommand({"--version"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.results, MatchesRegex("commtest-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(outcome.results, MatchesRegex("commtest-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                              "commit: ([0-9a-f]{12}(-dirty)?|none)\n"
+                                              "toolkit: Qt 6\\.[0-9]+\\.[0-9]+\n"
+                                              "store: SQLite 3\\.[0-9.]+\n"));
+}
+
+TEST(CommandLine, CompletionIsMadeForTheShellsItKnows) {
+    EXPECT_THAT(RunCommand({"completion", "bash"}).results,
+                EndsWith("\ncomplete -F _commtest_cli commtest-cli\n"));
+    EXPECT_THAT(RunCommand({"completion", "zsh"}).results, StartsWith("#compdef commtest-cli\n"));
+    EXPECT_TRUE(IsProblem(RunCommand({"completion", "fish"}), 2, "没有 shell \"fish\"，应为 bash、zsh"));
 }
 
 TEST(CommandLine, HelpNamesEachVerbAndEachExitStatus) {

@@ -16,6 +16,7 @@
 #include "simulator/description.h"
 #include "simulator/program/line_device.h"
 #include "simulator/program/options.h"
+#include "version/version_lines.h"
 
 namespace {
 
@@ -165,6 +166,10 @@ int main(int argc, char** argv) {
         const Options options = ReadOptions({argv + 1, argv + argc});
         if (options.help) {
             std::cout << kUsage;
+            return 0;
+        }
+        if (options.version) {
+            std::cout << commtest::VersionLines("instrument-simulator", {});
             return 0;
         }
         return Run(options);

@@ -27,6 +27,7 @@ const char* const kUsage =
     "  --refuse [XX[XX]:]R how often a request is refused, 0 to 1 (0), of Modbus instruments with that\n"
     "                      exception: function and code (8802); can be given several times\n"
     "  --help              this text\n"
+    "  --version           the program's version, and its commit\n"
     "SIGUSR1 takes the power off, SIGUSR2 gives it back. Ends with SIGTERM or SIGINT.\n";
 
 namespace {
@@ -97,6 +98,10 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--help") {
             options.help = true;
+            return options;
+        }
+        if (arguments[i] == "--version") {
+            options.version = true;
             return options;
         }
         const auto setter = setters.find(arguments[i]);

@@ -21,6 +21,7 @@ struct Options {
     int turnaroundMs = 0;
     int partLength = 0;
     bool help = false;
+    bool version = false;
 };
 
 class UsageError : public std::runtime_error {
