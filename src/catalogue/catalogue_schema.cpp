@@ -103,7 +103,10 @@ void CreateCatalogueTables(Store& store) {
 }
 
 bool HasEnglishSettings(Store& store) {
-    return HasTables(store, {NameInStatement(store.Engine(), kEnglishSettingsTable)});
+    const bool isLocal = store.Engine() == StoreEngine::Sqlite;
+    const Text names = isLocal ? u"name From sqlite_master Where name"
+                               : u"table_name From information_schema.tables Where table_name";
+    return !store.Query(u"SELECT " + names + u" = '" + Text(kEnglishSettingsTable) + u"'").rows.empty();
 }
 
 void CreateEnglishSettings(Store& store) {

@@ -115,16 +115,14 @@ void BeginReading(Store& store) {
 
 bool HoldsCatalogue(Store& store) { return HasTables(store, CatalogueTables()); }
 
-std::vector<TableSize> SizesOf(const std::vector<Text>& tables, Store& store) {
+std::vector<TableSize> SizesOfTables(Store& store) {
     std::vector<TableSize> sizes;
-    for (const Text& table : tables) {
+    for (const Text& table : TablesOf(store)) {
         const Text name = NameInStatement(store.Engine(), table);
         sizes.push_back({table, ToWhole32(store.Query(u"SELECT COUNT(*) From " + name).At(0, 0))});
     }
     return sizes;
 }
-
-std::vector<TableSize> SizesOfTables(Store& store) { return SizesOf(TablesOf(store), store); }
 
 std::vector<TableSize> CopyCatalogueInto(Store& from, Store& to, const RowProgress& progress) {
     return CopyAll(from, to, HoldsCatalogue(to) ? TablesOf(to) : std::vector<Text>(), progress);

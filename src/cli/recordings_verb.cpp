@@ -154,7 +154,7 @@ void RequireUsage(const QString& action, const Arguments& arguments) {
         throw arguments.BadUsage(u"没有动作 \"%1\""_s.arg(action) +
                                  (meant.isEmpty() ? u"，应为 %1"_s.arg(kActions) : meant));
     }
-    QStringList known = *needed + QStringList(u"folder"_s);
+    QStringList known = *needed + QStringList({u"folder"_s, u"server"_s, u"server-settings"_s});
     if (action == u"list" || action == u"show") known += u"format"_s;
     if (action == u"rename" || action == u"note" || action == u"import") known += u"yes"_s;
     arguments.RequireKnownToAction(u"recordings "_s + action, known);

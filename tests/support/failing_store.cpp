@@ -29,6 +29,15 @@ class FailingStore::Cursor : public RowCursor {
     std::shared_ptr<Calls> calls_;
 };
 
+void FailingStore::PretendToBe(StoreEngine engine) {
+    const bool isFirst = !pretended_;
+    pretended_ = engine;
+    if (!isFirst) return;
+    inner_.Execute(u"ATTACH ':memory:' As information_schema");
+    inner_.Execute(
+        u"CREATE TABLE information_schema.tables As SELECT name As table_name From main.sqlite_master");
+}
+
 void FailingStore::Open(const StoreAddress& address) {
     calls_->Count();
     inner_.Open(address);

@@ -8,7 +8,7 @@
 namespace commtest::testing {
 
 // The calls with which who begins to write makes missing indexes; it does without one that fails.
-inline constexpr int kIndexCalls = 7;
+inline constexpr int kIndexCalls = 9;
 
 // A store over another one, of whose calls one fails with the text "call N failed" and without reaching it.
 // Counted are opening, every statement, every row of a cursor, begin and commit, also those of the stores
@@ -23,8 +23,9 @@ class FailingStore : public Store {
     void LoseAt(int call) { *calls_ = {0, call, true}; }
     int CallsSoFar() const { return calls_->count; }
 
-    // The engine that it says it is; those that it gives stay what they are.
-    void PretendToBe(StoreEngine engine) { pretended_ = engine; }
+    // The engine that it says it is; those that it gives stay what they are. The open store tells as a server
+    // does which tables it has now.
+    void PretendToBe(StoreEngine engine);
 
     void Open(const StoreAddress& address) override;
     void Close() override { inner_.Close(); }
