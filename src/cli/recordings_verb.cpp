@@ -8,8 +8,8 @@
 #include "cli/suggestion.h"
 #include "cli/table.h"
 #include "cli/verb.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -172,7 +172,7 @@ ExitStatus RunRecordings(const Arguments& arguments, Console& console) {
     const bool takesFile = action == u"export" || action == u"import";
     const QStringList words = arguments.Positional(takesFile ? 2 : 1, u"文件");
     RequireUsage(action, arguments);
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, UseOf(action)), console);
     Recordings recordings(store);

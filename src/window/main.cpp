@@ -6,6 +6,7 @@
 #include "host_qt/driver_words.h"
 #include "host_qt/named_port.h"
 #include "host_qt/own_version.h"
+#include "host_qt/store_thread.h"
 #include "runtime/runtime_error.h"
 #include "version/build_facts.h"
 #include "window/toolkit_texts.h"
@@ -76,10 +77,7 @@ void AnswerQuestions(int argc, char* argv[]) {
     OptionsOf(application);
 }
 
-}  // namespace
-
-int main(int argc, char* argv[]) {
-    AnswerQuestions(argc, argv);
+int Run(int argc, char* argv[]) {
     QApplication application(argc, argv);
     commtest::SilenceStoreDrivers();
     NameProgram();
@@ -96,4 +94,11 @@ int main(int argc, char* argv[]) {
                                   u"\n\n程序文件夹不能建立，请用 --folder 指定另一个文件夹。"_s);
         return kNoAccess;
     }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    AnswerQuestions(argc, argv);
+    return commtest::EndedWith(Run(argc, argv));
 }

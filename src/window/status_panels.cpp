@@ -26,6 +26,13 @@ QString MakerWords(const MainForm& form) {
     return words.endsWith(local + local) ? words.chopped(local.size()) : words;
 }
 
+// A catalogue that came in the place of the server's says so here alone.
+QString MakerToolTip(const MainForm& form) {
+    const QString tip = u"双击第一栏框,可以修改数据库的连接方式"_s;
+    if (form.ServerProblem.empty()) return tip;
+    return tip + u"\n服务器上的目录打不开："_s + ToQt(form.ServerProblem).simplified();
+}
+
 }  // namespace
 
 StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
@@ -45,8 +52,11 @@ StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
 void StatusPanels::AddMakerPanel() {
     auto* maker = new QLabel(this);
     maker->setObjectName(u"makerPanel"_s);
-    maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
-    binder_.AtEachLook([maker, &form = binder_.Form()] { maker->setText(MakerWords(form)); });
+    binder_.AtEachLook([maker, &form = binder_.Form()] {
+        maker->setText(MakerWords(form));
+        const QString tip = MakerToolTip(form);
+        if (tip != maker->toolTip()) maker->setToolTip(tip);
+    });
     maker->installEventFilter(this);
     WhenEntered(*maker, [this] { SwitchCatalogue(); });
     maker_ = maker;

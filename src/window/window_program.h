@@ -5,11 +5,11 @@
 
 #include "app/session.h"
 #include "host/settings_store.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
 #include "host_qt/qt_spreadsheet.h"
-#include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
 #include "window/kept_choice.h"
@@ -62,7 +62,7 @@ class WindowProgram {
     SimulatedInstrument simulated_;
 
     FolderFiles files_;
-    QtStore catalogue_;
+    CatalogueStore catalogue_;
     QtSerialPort port_;
     WindowDialogs dialogs_;
     SystemClock clock_;

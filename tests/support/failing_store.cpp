@@ -7,9 +7,9 @@
 namespace commtest::testing {
 
 void FailingStore::Calls::Count() {
-    if (++count == failing) {
-        throw RuntimeError::OfStore(FromUtf8("call " + std::to_string(count) + " failed"));
-    }
+    if (++count != failing) return;
+    if (isLost) throw LostStore(u"lost");
+    throw RuntimeError::OfStore(FromUtf8("call " + std::to_string(count) + " failed"));
 }
 
 class FailingStore::Cursor : public RowCursor {
@@ -21,6 +21,7 @@ class FailingStore::Cursor : public RowCursor {
         calls_->Count();
         return inner_->Next();
     }
+    std::size_t Columns() const override { return inner_->Columns(); }
     StoreValue ValueAt(std::size_t column) const override { return inner_->ValueAt(column); }
 
   private:

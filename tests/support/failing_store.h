@@ -19,6 +19,8 @@ class FailingStore : public Store {
 
     // Of the calls from now on the n-th fails, 1 for the next; none with 0.
     void FailAt(int call) { *calls_ = {0, call}; }
+    // The same as a server that is lost.
+    void LoseAt(int call) { *calls_ = {0, call, true}; }
     int CallsSoFar() const { return calls_->count; }
 
     // The engine that it says it is; those that it gives stay what they are. The open store tells as a server
@@ -43,11 +45,13 @@ class FailingStore : public Store {
     void Rollback() override { inner_.Rollback(); }
 
     std::unique_ptr<Store> Another() const override;
+    Patience Wait(Patience patience) override { return inner_.Wait(patience); }
 
   private:
     struct Calls {
         int count = 0;
         int failing = 0;
+        bool isLost = false;
 
         void Count();
     };
