@@ -45,12 +45,13 @@ StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
 void StatusPanels::AddMakerPanel() {
     auto* maker = new QLabel(this);
     maker->setObjectName(u"makerPanel"_s);
-    maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
     binder_.AtEachLook([maker, &form = binder_.Form()] { maker->setText(MakerWords(form)); });
-    maker->installEventFilter(this);
-    WhenEntered(*maker, [this] { SwitchCatalogue(); });
     maker_ = maker;
     addWidget(maker);
+    if (!binder_.Form().switches.catalogueModeSwitch) return;
+    maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
+    maker->installEventFilter(this);
+    WhenEntered(*maker, [this] { SwitchCatalogue(); });
 }
 
 void StatusPanels::AddPortPanel() {
