@@ -6,9 +6,9 @@
 #include "cli/catalogue_actions.h"
 #include "cli/printable_text.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/program_folder.h"
-#include "host_qt/catalogue_store.h"
 #include "host_qt/whole_file.h"
 #include "runtime/runtime_error.h"
 

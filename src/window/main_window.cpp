@@ -21,6 +21,7 @@
 #include "window/emptied_record.h"
 #include "window/empty_pages.h"
 #include "window/error_page.h"
+#include "window/face_choice.h"
 #include "window/filter_box.h"
 #include "window/first_geometry.h"
 #include "window/first_steps.h"
@@ -107,6 +108,7 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
                            tabRow_->Tabs(),
                            {pages_->widget(kCatalogueTab), pages_->widget(kRecordingsTab)},
                            *this});
+    AddFaceChoice(form_, *toolBar_, settings_, *notes_);
     AddShortcuts();
     FitInto(screen()->availableGeometry());
     RestoreState();

@@ -5,6 +5,7 @@
 
 #include "commands/startup.h"
 #include "host/store.h"
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/note_bar.h"
 #include "window/notice_words.h"
@@ -28,9 +29,11 @@ QString MakerWords(const MainForm& form) {
 
 // A catalogue that came in the place of the server's says so here alone.
 QString MakerToolTip(const MainForm& form) {
-    const QString tip = u"双击第一栏框,可以修改数据库的连接方式"_s;
-    if (form.ServerProblem.empty()) return tip;
-    return tip + u"\n服务器上的目录打不开："_s + ToQt(form.ServerProblem).simplified();
+    QStringList lines;
+    if (form.switches.catalogueModeSwitch) lines += u"双击第一栏框,可以修改数据库的连接方式"_s;
+    if (!form.ServerProblem.empty())
+        lines += Words::tr("服务器上的目录打不开：%1").arg(ToQt(form.ServerProblem).simplified());
+    return lines.join(u'\n');
 }
 
 }  // namespace
@@ -57,10 +60,11 @@ void StatusPanels::AddMakerPanel() {
         const QString tip = MakerToolTip(form);
         if (tip != maker->toolTip()) maker->setToolTip(tip);
     });
-    maker->installEventFilter(this);
-    WhenEntered(*maker, [this] { SwitchCatalogue(); });
     maker_ = maker;
     addWidget(maker);
+    if (!binder_.Form().switches.catalogueModeSwitch) return;
+    maker->installEventFilter(this);
+    WhenEntered(*maker, [this] { SwitchCatalogue(); });
 }
 
 void StatusPanels::AddPortPanel() {

@@ -19,6 +19,7 @@
 #include "window/simulated_instrument.h"
 #include "window/tool_window.h"
 #include "window/window_dialogs.h"
+#include "window/window_face.h"
 
 namespace commtest {
 
@@ -27,7 +28,11 @@ struct WindowOptions {
     QString settingsFile;       // empty: the user's
     DeviceMap devices;          // ports that have a device of their own
     bool hasSimulator = false;  // the session then keeps nothing in the user's settings; the window does
+    const WindowFace* face = nullptr;  // none: the one that the settings remember
 };
+
+// The face of a program with these options.
+const WindowFace& ChosenFace(const WindowOptions& options);
 
 // The program with a window: a session over the machine it runs on.
 class WindowProgram {
