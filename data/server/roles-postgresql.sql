@@ -16,11 +16,12 @@ REVOKE CREATE ON SCHEMA public FROM PUBLIC;
 GRANT USAGE ON SCHEMA public TO commtest_reader, commtest_importer;
 
 -- Reads, polls, replays, and adds what it captures; changes and deletes nothing.
-GRANT SELECT ON 仪表_类别, 仪表_名称, 仪表_参数, 仪表_芯片, 表格_设置, 字符_替换, 通讯_仿真, 仪表参数 TO commtest_reader;
+GRANT SELECT ON 仪表_类别, 仪表_名称, 仪表_参数, 仪表_芯片, 表格_设置, "表格-设置", 字符_替换, 通讯_仿真, 仪表参数
+    TO commtest_reader;
 GRANT INSERT ON 通讯_仿真 TO commtest_reader;
 
 -- Does all this, imports, restores, copies, and changes recordings.
 GRANT commtest_reader TO commtest_importer;
-GRANT INSERT, UPDATE, DELETE ON 仪表_类别, 仪表_名称, 仪表_参数, 仪表_芯片, 表格_设置, 字符_替换, 通讯_仿真
+GRANT INSERT, UPDATE, DELETE ON 仪表_类别, 仪表_名称, 仪表_参数, 仪表_芯片, 表格_设置, "表格-设置", 字符_替换, 通讯_仿真
     TO commtest_importer;
 GRANT USAGE, UPDATE ON ALL SEQUENCES IN SCHEMA public TO commtest_importer;

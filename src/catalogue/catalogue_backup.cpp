@@ -93,6 +93,7 @@ void RemoveOldCopies(ProgramFiles& files, const Text& newest, const Text& spared
 Text BackUpCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared) {
     const Text name = FreeName(files, now);
     const Text unfinished = name + Text(kUnfinishedCopyMark);
+    const PatienceScope patience(store, Patience::Unlimited);
     RemoveUnfinishedCopies(files);
     try {
         CopyInto(files.PathOf(unfinished), store);
@@ -117,6 +118,7 @@ std::vector<Text> CatalogueBackups(const ProgramFiles& files) {
 void RestoreCatalogue(Store& store, const ProgramFiles& files, const Text& copy) {
     const auto from = store.Another();
     from->Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
+    const PatienceScope patience(store, Patience::Unlimited);
     MakeMissingIndexes(store);
     store.BeginTransaction();
     try {

@@ -51,6 +51,15 @@ void OpenServerCatalogue(MainForm& form) {
     form.outside.store.Open(AddressOf(file));
 }
 
+void OpenServerOrSayWhyNot(MainForm& form) {
+    form.ServerProblem.clear();
+    try {
+        OpenServerCatalogue(form);
+    } catch (const RuntimeError& error) {
+        form.ServerProblem = error.StandardMessage();
+    }
+}
+
 }  // namespace
 
 StoreAddress LocalCatalogue(const ProgramFiles& files) {
@@ -66,7 +75,7 @@ void OpenCatalogue(MainForm& form, int mode) {
     PassOverErrors(
         [&] {
             if (mode == kServerMode) {
-                OpenServerCatalogue(form);
+                OpenServerOrSayWhyNot(form);
             } else {
                 form.outside.store.Open(LocalCatalogue(form.outside.files));
             }

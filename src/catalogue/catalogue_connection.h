@@ -18,8 +18,8 @@ StoreAddress ServerCatalogue(const ProgramFiles& files, const Text& name = Text(
 
 // Opens the catalogue of the server in mode 0, where a newer program is offered first, else the local one,
 // and adds the word for the mode to the first panel of the status bar. Errors are passed over: the store then
-// stays closed and the word is added all the same. Who wants to know the reason opens LocalCatalogue or
-// ServerCatalogue directly.
+// stays closed and the word is added all the same. Why the server was not opened stands in ServerProblem; who
+// wants to know it of the local one opens LocalCatalogue directly.
 void OpenCatalogue(MainForm& form, int mode);
 
 }  // namespace commtest

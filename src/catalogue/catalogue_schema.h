@@ -17,8 +17,7 @@ const std::vector<Text>& CatalogueTables();
 // them. On SQL Server the database needs a Chinese collation: the statements hold plain literals.
 void CreateCatalogueTables(Store& store);
 
-// The settings table of the English face, which an older catalogue lacks. Asked not within a transaction: a
-// server ends one over it.
+// The settings table of the English face, which an older catalogue lacks.
 bool HasEnglishSettings(Store& store);
 void CreateEnglishSettings(Store& store);
 

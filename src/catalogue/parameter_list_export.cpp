@@ -61,11 +61,13 @@ Text ListLineOf(int serial, const Text& name, const Text& address, const Text& d
 }
 
 ParameterListExport::ParameterListExport(Store& store, Sink sink, std::function<bool(const Text&)> wanted)
-    : sink_(std::move(sink)),
-      wanted_(std::move(wanted)),
-      rows_(InstrumentCatalogue(store).OpenExportRows()) {}
+    : store_(store), sink_(std::move(sink)), wanted_(std::move(wanted)) {
+    const PatienceScope patience(store_, Patience::Unlimited);
+    rows_ = InstrumentCatalogue(store_).OpenExportRows();
+}
 
 bool ParameterListExport::Step() {
+    const PatienceScope patience(store_, Patience::Unlimited);
     if (!rows_->Next()) {
         WriteLine(u"END", {});
         WriteLine(u"DEVICE   END", {});

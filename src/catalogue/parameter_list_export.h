@@ -45,6 +45,7 @@ class ParameterListExport {
     void WriteLine(const Text& line, const Text& rowName);
     void Flush();
 
+    Store& store_;
     Sink sink_;
     std::function<bool(const Text& name)> wanted_;
     std::unique_ptr<RowCursor> rows_;

@@ -73,11 +73,13 @@ ClassOfList ClassOfCode(const Text& code, const StoreRows& classes) {
 ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReader> list,
                                          const Switches& switches)
     : store_(store), catalogue_(store), lines_(std::move(list)), switches_(switches) {
+    const PatienceScope patience(store_, Patience::Unlimited);
     MakeMissingIndexes(store_);
     store_.BeginTransaction();
 }
 
 ParameterListImport::~ParameterListImport() {
+    const PatienceScope patience(store_, Patience::Unlimited);
     if (isOpen_) PassOverError([&] { store_.Rollback(); });
 }
 
@@ -87,6 +89,7 @@ void ParameterListImport::BeginReading() {
 }
 
 bool ParameterListImport::Step() {
+    const PatienceScope patience(store_, Patience::Unlimited);
     if (walk_ == nullptr) {
         if (catalogue_.ClearSomeInstruments()) return true;
         BeginReading();
@@ -128,6 +131,7 @@ void ParameterListImport::AddRow() {
 }
 
 void ParameterListImport::Commit() {
+    const PatienceScope patience(store_, Patience::Unlimited);
     store_.Commit();
     isOpen_ = false;
 }

@@ -59,6 +59,7 @@ std::vector<RecordedExchange> Recordings::Exchanges(const Text& instrument, cons
 }
 
 void Recordings::Add(const std::vector<RecordedExchange>& exchanges) {
+    const PatienceScope patience(store_, Patience::Unlimited);
     MakeMissingIndexes(store_);
     store_.BeginTransaction();
     try {

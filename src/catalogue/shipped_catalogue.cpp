@@ -300,6 +300,7 @@ StoreRows ShippedSettings(TextView table, SettingsUse use) {
 }
 
 void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
+    const PatienceScope patience(store, Patience::Unlimited);
     store.BeginTransaction();
     try {
         CreateCatalogueTables(store);

@@ -46,6 +46,8 @@ void CreateWhatIsMissing(Store& store, const std::vector<Text>& tables) {
 // `there` are the tables that the second store has.
 std::vector<TableSize> CopyAll(Store& from, Store& to, const std::vector<Text>& there,
                                const RowProgress& progress) {
+    const PatienceScope patienceFrom(from, Patience::Unlimited);
+    const PatienceScope patienceTo(to, Patience::Unlimited);
     std::vector<TableSize> copied;
     const std::vector<Text> tables = TablesOf(from);
     BeginReading(from);
@@ -111,23 +113,16 @@ void BeginReading(Store& store) {
         store.Execute(u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
 }
 
-bool HoldsCatalogue(Store& store) {
-    return IsMet([&] {
-        RequireTables(store, CatalogueTables());
-        return true;
-    });
-}
+bool HoldsCatalogue(Store& store) { return HasTables(store, CatalogueTables()); }
 
-std::vector<TableSize> SizesOf(const std::vector<Text>& tables, Store& store) {
+std::vector<TableSize> SizesOfTables(Store& store) {
     std::vector<TableSize> sizes;
-    for (const Text& table : tables) {
+    for (const Text& table : TablesOf(store)) {
         const Text name = NameInStatement(store.Engine(), table);
         sizes.push_back({table, ToWhole32(store.Query(u"SELECT COUNT(*) From " + name).At(0, 0))});
     }
     return sizes;
 }
-
-std::vector<TableSize> SizesOfTables(Store& store) { return SizesOf(TablesOf(store), store); }
 
 std::vector<TableSize> CopyCatalogueInto(Store& from, Store& to, const RowProgress& progress) {
     return CopyAll(from, to, HoldsCatalogue(to) ? TablesOf(to) : std::vector<Text>(), progress);

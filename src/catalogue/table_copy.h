@@ -10,8 +10,7 @@ namespace commtest {
 // The tables of a catalogue in the order in which they are filled: who is referred to comes first.
 const std::vector<Text>& TablesToFill();
 
-// Those of them that a catalogue has: an older one lacks the settings of the English face. Not within a
-// transaction.
+// Those of them that a catalogue has: an older one lacks the settings of the English face.
 std::vector<Text> TablesOf(Store& store);
 
 // Called behind each row with its table and how many of it stand so far.
@@ -36,9 +35,7 @@ struct TableSize {
 // True if a store holds a catalogue.
 bool HoldsCatalogue(Store& store);
 
-// How much stands in these tables of a catalogue, and in all that it has; the second not within a
-// transaction.
-std::vector<TableSize> SizesOf(const std::vector<Text>& tables, Store& store);
+// How much stands in each table of a catalogue.
 std::vector<TableSize> SizesOfTables(Store& store);
 
 // Puts everything that a catalogue holds in the place of what another one does; a store without a catalogue

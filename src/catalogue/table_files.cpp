@@ -147,6 +147,7 @@ std::vector<TableSize> FillTables(Store& store, const TableFile& file,
 
 std::vector<TableSize> LoadTables(Store& store, const TableFile& file,
                                   const std::function<void(const TableFinding&)>& found) {
+    const PatienceScope patience(store, Patience::Unlimited);
     store.BeginTransaction();
     try {
         CreateCatalogueTables(store);
@@ -160,6 +161,7 @@ std::vector<TableSize> LoadTables(Store& store, const TableFile& file,
 }
 
 void DumpTable(Store& store, const Text& table, const std::function<void(const std::string&)>& write) {
+    const PatienceScope patience(store, Patience::Unlimited);
     const std::vector<Text>& columns = ColumnsOfTable(table);
     write(ToUtf8(CsvLineOf(std::vector<StoreValue>(columns.begin(), columns.end()), {})) + "\n");
     Text names;

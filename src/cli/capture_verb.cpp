@@ -3,6 +3,7 @@
 #include "cli/recording_choice.h"
 #include "cli/verb.h"
 #include "runtime/number.h"
+#include "runtime/runtime_error.h"
 
 namespace commtest {
 
@@ -23,6 +24,15 @@ void TellDeleted(const PairCount& count, const Text& note, Console& console) {
                  u" 条已删除的数据，回送相同的不再采集。要恢复请用 commtest-cli recordings undelete");
 }
 
+Text CountIn(const Recordings& recordings, const MainForm& form, const Text& note) {
+    Text words = u"新采集 " + WholeText(form.CapturedCount) + u" 条";
+    PassOverError(
+        [&] { words += u"，共 " + WholeText(recordings.CountOf(form.InstrumentName(), note).all) + u" 条"; });
+    if (form.MissedPairCount > 0)
+        words += u"，服务器没有应答而未采集 " + WholeText(form.MissedPairCount) + u" 条";
+    return words;
+}
+
 ExitStatus Capture(const Arguments& arguments, Console& console) {
     arguments.Positional(0, u"");
     const Text note = NoteOf(arguments);
@@ -35,13 +45,9 @@ ExitStatus Capture(const Arguments& arguments, Console& console) {
     ChooseReading(form, reading);
     form.CaptureNote = note;
     form.ConSaveData.Set(true);
-    const Text instrument = form.InstrumentName();
-    const PairCount before = Recordings(form.outside.store).CountOf(instrument, note);
-    TellDeleted(before, note, console);
+    TellDeleted(Recordings(form.outside.store).CountOf(form.InstrumentName(), note), note, console);
     const ExitStatus status = PollAndReport(line, lineOptions, run, console);
-    const PairCount behind = Recordings(form.outside.store).CountOf(instrument, note);
-    console.Tell(u"说明 \"" + note + u"\": 新采集 " + WholeText(behind.all - before.all) + u" 条，共 " +
-                 WholeText(behind.all) + u" 条");
+    console.Tell(u"说明 \"" + note + u"\": " + CountIn(Recordings(form.outside.store), form, note));
     return status;
 }
 

@@ -6,8 +6,8 @@
 #include "cli/printable_text.h"
 #include "cli/table.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 
 namespace commtest {
 
@@ -73,7 +73,7 @@ ExitStatus Check(const Arguments& arguments, Console& console) {
     const Format format = ReportFormatOf(arguments);
     const FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource list(files, named, kListFileName);
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     Report report(list.Path(), format, console);
     ListProgress progress(console);

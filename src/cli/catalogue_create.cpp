@@ -5,10 +5,10 @@
 #include "cli/catalogue_access.h"
 #include "cli/catalogue_actions.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/path_problem.h"
 #include "host_qt/program_folder.h"
-#include "host_qt/qt_store.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -28,7 +28,7 @@ bool MakeFolder(const QString& folder) {
 
 // A file of that name which is no catalogue was kept, but is no success.
 void RequireCatalogue(const QString& folder, Console& console) {
-    QtStore store;
+    CatalogueStore store;
     OpenLocalCatalogue(FolderFiles(folder), store, console);
 }
 
@@ -36,7 +36,7 @@ void RequireCatalogue(const QString& folder, Console& console) {
 ExitStatus CreateOnServer(const Arguments& arguments, const CataloguePlace& place, Console& console) {
     const auto named = arguments.OnePositionalAtMost();
     const FolderFiles files(named ? *named : ProgramFolderOf(arguments, console));
-    QtStore store;
+    CatalogueStore store;
     OpenServer(files, store, place);
     if (HoldsCatalogue(store)) {
         console.Print(u"服务器上已有目录，没有改动\n"_s);

@@ -7,8 +7,8 @@
 #include "cli/list_export.h"
 #include "cli/list_words.h"
 #include "cli/table.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 
 namespace commtest {
 
@@ -54,7 +54,7 @@ ExitStatus Export(const Arguments& arguments, Console& console) {
         throw arguments.BadUsage(u"选项 --output - 和 --format json 只能用一个"_s);
     }
     FolderFiles files(ProgramFolderOf(arguments, console));
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     const auto wanted = WantedOf(arguments, store);
     ListProgress progress(console);

@@ -12,8 +12,8 @@
 #include "cli/table.h"
 #include "commands/toolbar_commands.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 
 namespace commtest {
 
@@ -172,7 +172,7 @@ ExitStatus Import(const Arguments& arguments, Console& console) {
     RequireConsent(arguments, console);
     FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource list(files, named, kListFileName);
-    QtStore store;
+    CatalogueStore store;
     BeforeAnyChange([&] {
         list.Open();
         OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);

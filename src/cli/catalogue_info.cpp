@@ -2,8 +2,8 @@
 #include "cli/catalogue_access.h"
 #include "cli/catalogue_actions.h"
 #include "cli/table.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 
 namespace commtest {
 
@@ -51,7 +51,7 @@ QString Lines(const CatalogueFacts& facts) {
 ExitStatus Info(const Arguments& arguments, Console& console) {
     arguments.Positional(0, u"");
     const Format format = ReportFormatOf(arguments);
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     const CatalogueFacts facts = FactsOf(store);

@@ -9,8 +9,8 @@
 #include "cli/consent.h"
 #include "cli/list_words.h"
 #include "cli/table.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -22,7 +22,7 @@ namespace {
 QString WordsOn(const CatalogueSize& size) { return WordsOnSize(size.instruments, size.parameters); }
 
 CatalogueSize OpenedSize(const FolderFiles& files, const Text& copy) {
-    QtStore store;
+    CatalogueStore store;
     store.Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
     return InstrumentCatalogue(store).Size();
 }
@@ -89,7 +89,7 @@ ExitStatus Restore(const Arguments& arguments, Console& console) {
     RequireConsent(arguments, console);
     FolderFiles files(ProgramFolderOf(arguments, console));
     const Text copy = CopyOf(named, files);
-    QtStore store;
+    CatalogueStore store;
     BeforeAnyChange([&] {
         OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
         const CatalogueSize size = SizeOfCopy(files, copy);

@@ -6,9 +6,9 @@
 #include "cli/catalogue_actions.h"
 #include "cli/printable_text.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/program_folder.h"
-#include "host_qt/qt_store.h"
 #include "host_qt/whole_file.h"
 #include "runtime/runtime_error.h"
 
@@ -113,12 +113,12 @@ ExitStatus Dump(const Arguments& arguments, Console& console) {
         if (QFile::exists(PathOf(tables, table)))
             throw Problem(ExitStatus::NoAccess, u"%1 已存在，没有改动"_s.arg(PathOf(tables, table)));
     }
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
-    const std::vector<Text> all = TablesOf(store);
+    const PatienceScope patience(store, Patience::Unlimited);
     BeginReading(store);
-    for (const TableSize& size : SizesOf(all, store)) {
+    for (const TableSize& size : SizesOfTables(store)) {
         DumpInto(PathOf(tables, size.table), store, size.table);
         console.Print(u"%1 %2 行\n"_s.arg(QString::fromStdU16String(size.table)).arg(size.rows));
     }

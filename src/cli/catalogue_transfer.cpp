@@ -7,9 +7,9 @@
 #include "cli/consent.h"
 #include "cli/table.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/program_folder.h"
-#include "host_qt/qt_store.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
 
@@ -87,8 +87,8 @@ void Print(const std::optional<Text>& backup, const std::vector<TableSize>& copi
 
 void CopyToServer(const Arguments& arguments, FolderFiles& files, const CataloguePlace& server,
                   Console& console) {
-    QtStore from;
-    QtStore to;
+    CatalogueStore from;
+    CatalogueStore to;
     OpenLocalCatalogue(files, from, console);
     OpenServer(files, to, server);
     const auto backup = SecureTarget(to, arguments, files, console);
@@ -98,7 +98,7 @@ void CopyToServer(const Arguments& arguments, FolderFiles& files, const Catalogu
 // A folder without a catalogue is made with all that belongs into one.
 void CopyToFolder(const Arguments& arguments, FolderFiles& files, const CataloguePlace& server,
                   Console& console) {
-    QtStore from;
+    CatalogueStore from;
     OpenCatalogueOf(files, from, server, console);
     if (!files.Exists(Text(kCatalogueFileName))) {
         std::vector<TableSize> copied;
@@ -106,7 +106,7 @@ void CopyToFolder(const Arguments& arguments, FolderFiles& files, const Catalogu
         CreateProgramFolder(files.Folder().toStdU16String(), fill);
         return Print({}, copied, console);
     }
-    QtStore to;
+    CatalogueStore to;
     OpenLocalCatalogue(files, to, console);
     const auto backup = SecureTarget(to, arguments, files, console);
     Print(backup, RunCopy(from, to, console), console);

@@ -7,11 +7,11 @@
 #include "cli/console_dialogs.h"
 #include "cli/line_options.h"
 #include "cli/traced_port.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
-#include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
 
@@ -84,7 +84,7 @@ class LineSession {
 
     Console& console_;
     FolderFiles files_;
-    QtStore store_;
+    CatalogueStore store_;
     QtSerialPort port_;
     SystemClock clock_;
     TracedPort traced_{port_, clock_};

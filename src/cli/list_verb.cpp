@@ -7,9 +7,9 @@
 #include "cli/suggestion.h"
 #include "cli/table.h"
 #include "cli/verb.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/port_problem.h"
-#include "host_qt/qt_store.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -146,7 +146,7 @@ ExitStatus List(const Arguments& arguments, Console& console) {
         return ExitStatus::Good;
     }
     if (topic == u"parameters") arguments.Value(u"instrument");
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, CatalogueUse::Reading), console);
     console.Print(Printed(TableOf(topic, arguments, store), format));

@@ -12,6 +12,7 @@
 #include "cli/command_line.h"
 #include "cli/problem.h"
 #include "host_qt/driver_words.h"
+#include "host_qt/store_thread.h"
 
 namespace {
 
@@ -30,9 +31,7 @@ int TerminalWidth() {
     return isKnown ? size.ws_col : kUsualWidth;
 }
 
-}  // namespace
-
-int main(int argc, char* argv[]) {
+int Run(int argc, char* argv[]) {
     UseUtf8();
     const QCoreApplication application(argc, argv);
     commtest::SilenceStoreDrivers();
@@ -48,3 +47,7 @@ int main(int argc, char* argv[]) {
     }
     return status;
 }
+
+}  // namespace
+
+int main(int argc, char* argv[]) { return commtest::EndedWith(Run(argc, argv)); }

@@ -8,8 +8,8 @@
 #include "cli/suggestion.h"
 #include "cli/table.h"
 #include "cli/verb.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -154,7 +154,7 @@ void RequireUsage(const QString& action, const Arguments& arguments) {
         throw arguments.BadUsage(u"没有动作 \"%1\""_s.arg(action) +
                                  (meant.isEmpty() ? u"，应为 %1"_s.arg(kActions) : meant));
     }
-    QStringList known = *needed + QStringList(u"folder"_s);
+    QStringList known = *needed + QStringList({u"folder"_s, u"server"_s, u"server-settings"_s});
     if (action == u"list" || action == u"show") known += u"format"_s;
     if (action == u"rename" || action == u"note" || action == u"import") known += u"yes"_s;
     arguments.RequireKnownToAction(u"recordings "_s + action, known);
@@ -172,7 +172,7 @@ ExitStatus RunRecordings(const Arguments& arguments, Console& console) {
     const bool takesFile = action == u"export" || action == u"import";
     const QStringList words = arguments.Positional(takesFile ? 2 : 1, u"文件");
     RequireUsage(action, arguments);
-    QtStore store;
+    CatalogueStore store;
     OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
                     CataloguePlaceOf(arguments, UseOf(action)), console);
     Recordings recordings(store);

@@ -3,8 +3,8 @@
 #include "cli/poll_run.h"
 #include "cli/recording_choice.h"
 #include "cli/verb.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 #include "replay/replay_script.h"
 #include "runtime/number.h"
 
@@ -44,7 +44,7 @@ int IntervalOf(const Arguments& arguments) {
 // A server that does not answer is asked once.
 Text ProtocolOfRecording(LineOptions& options, const Text& note, Console& console) {
     const Text& instrument = options.instrument;
-    QtStore store;
+    CatalogueStore store;
     options.catalogue = OpenCatalogueOf(FolderFiles(options.folder), store, options.catalogue, console);
     for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
         if (one.deleted < one.exchanges) return one.protocol;

@@ -4,11 +4,11 @@
 #include "catalogue/spreadsheet_cells.h"
 #include "cli/catalogue_access.h"
 #include "cli/console_dialogs.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
-#include "host_qt/qt_store.h"
 #include "host_qt/system_clock.h"
 
 namespace commtest {
@@ -29,7 +29,7 @@ class SheetSource {
     MainForm& Form() { return session_.Form(); }
     void ChooseProtocol(const Text& protocol);
 
-    QtStore store_;
+    CatalogueStore store_;
     QtSerialPort port_;
     ConsoleDialogs dialogs_;
     SystemClock clock_;

@@ -41,9 +41,22 @@ void RequireTables(Store& store, const std::vector<Text>& tables) {
             store.Query(u"SELECT * From " + table + u" Where 1 = 0");
         } catch (const DamagedStore&) {
             throw;
+        } catch (const LostStore&) {
+            throw;
         } catch (const RuntimeError& error) {
             throw RuntimeError::OfStore(u"不是仪表通讯数据库，未作任何改动（" + error.Message() + u"）");
         }
+    }
+}
+
+bool HasTables(Store& store, const std::vector<Text>& tables) {
+    try {
+        RequireTables(store, tables);
+        return true;
+    } catch (const LostStore&) {
+        throw;
+    } catch (const RuntimeError&) {
+        return false;
     }
 }
 

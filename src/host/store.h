@@ -47,6 +47,7 @@ class RowCursor {
     // The next row, the first one at first; false behind the last.
     virtual bool Next() = 0;
 
+    virtual std::size_t Columns() const = 0;
     virtual StoreValue ValueAt(std::size_t column) const = 0;
 
     // A value of the row as text, a null as the empty text.
@@ -59,8 +60,22 @@ class DamagedStore : public RuntimeError {
     explicit DamagedStore(Text words) : RuntimeError(RuntimeError::OfStore(std::move(words))) {}
 };
 
+// A server that did not answer in time, or whose connection has broken. The next call connects anew.
+class LostStore : public RuntimeError {
+  public:
+    explicit LostStore(Text words) : RuntimeError(RuntimeError::OfStore(std::move(words))) {}
+};
+
+// How long a call to a server is waited for; a file is always waited for.
+enum class Patience {
+    Usual,      // 1 s
+    Capture,    // 250 ms: the line goes on meanwhile
+    Unlimited,  // of who brings or takes many rows
+};
+
 // One connection to the catalogue's store. A statement that fails raises the store's run-time error with the
-// engine's text (RuntimeError::OfStore); so does every statement while the store is closed.
+// engine's text (RuntimeError::OfStore); so does every statement while the store is closed. Where one
+// fails within a transaction of a server, all behind it do, until the rollback.
 class Store {
   public:
     virtual ~Store() = default;
@@ -82,7 +97,9 @@ class Store {
     virtual StoreRows Query(const Text& sql, const std::vector<StoreValue>& values) = 0;
     virtual void Execute(const Text& sql, const std::vector<StoreValue>& values) = 0;
 
-    // Adds one row; values go in as data, not as part of the statement.
+    // Adds one row; values go in as data, not as part of the statement. In a transaction of a server the rows
+    // are collected and go out many at a time, table by table as the transaction has added to them first:
+    // what is wrong with one is raised by a later call, the commit at the latest.
     virtual void AddRow(const Text& table, const std::vector<Text>& columns,
                         const std::vector<StoreValue>& values) = 0;
 
@@ -92,10 +109,29 @@ class Store {
 
     // A second connection of the same kind, closed.
     virtual std::unique_ptr<Store> Another() const = 0;
+
+    // How long calls are waited for from now on; how long they were. Said by a PatienceScope.
+    virtual Patience Wait(Patience) { return Patience::Usual; }
+};
+
+// While it stands, the calls of a store are waited for so long.
+class PatienceScope {
+  public:
+    PatienceScope(Store& store, Patience patience) : store_(store), former_(store.Wait(patience)) {}
+    PatienceScope(const PatienceScope&) = delete;
+    PatienceScope& operator=(const PatienceScope&) = delete;
+    ~PatienceScope() { store_.Wait(former_); }
+
+  private:
+    Store& store_;
+    Patience former_;
 };
 
 // Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,
-// which says that this is no catalogue and holds the engine's text; a DamagedStore passes.
+// which says that this is no catalogue and holds the engine's text; a DamagedStore and a LostStore pass.
 void RequireTables(Store& store, const std::vector<Text>& tables);
+
+// False where it lacks one; a LostStore passes. Asked not within a transaction: a server ends one over it.
+bool HasTables(Store& store, const std::vector<Text>& tables);
 
 }  // namespace commtest

@@ -6,7 +6,6 @@
 #include <QSqlError>
 #include <QSqlRecord>
 #include <QUrl>
-#include <QUuid>
 #include <QVariant>
 
 #include "host_qt/odbc_engine_name.h"
@@ -130,6 +129,8 @@ class QueryCursor : public RowCursor {
         return false;
     }
 
+    std::size_t Columns() const override { return static_cast<std::size_t>(query_.record().count()); }
+
     StoreValue ValueAt(std::size_t column) const override {
         return ValueOf(query_.value(static_cast<int>(column)));
     }
@@ -140,8 +141,6 @@ class QueryCursor : public RowCursor {
 };
 
 }  // namespace
-
-QtStore::QtStore() : connectionName_(QUuid::createUuid().toString(QUuid::Id128)) {}
 
 QtStore::~QtStore() { Close(); }
 
@@ -213,10 +212,10 @@ void QtStore::ConnectToServer(const QString& connection) {
 }
 
 void QtStore::Connect(const QString& driver, const QString& database, const QString& options) {
-    QSqlDatabase connection = QSqlDatabase::addDatabase(driver, connectionName_);
-    connection.setDatabaseName(database);
-    connection.setConnectOptions(options);
-    RaiseUnless(connection.open(), connection, source_);
+    connection_ = UnlistedConnection(driver);
+    connection_.setDatabaseName(database);
+    connection_.setConnectOptions(options);
+    RaiseUnless(connection_.open(), connection_, source_);
     open_ = true;
 }
 
@@ -227,7 +226,7 @@ void QtStore::Close() {
     source_.file.clear();
     commitsToLog_ = false;
     inTransaction_ = false;
-    if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::removeDatabase(connectionName_);
+    connection_ = UnlistedConnection();
 }
 
 // A commit to the log beside the file does not wait for the disk: with the power the last rows may go, the
@@ -334,7 +333,7 @@ void QtStore::Rollback() {
 
 QSqlDatabase QtStore::Connection() const {
     if (!open_) throw RuntimeError::OfStore(u"数据库没有打开");
-    return QSqlDatabase::database(connectionName_, false);
+    return connection_;
 }
 
 }  // namespace commtest

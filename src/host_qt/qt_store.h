@@ -17,12 +17,20 @@ struct StoreSource {
     Text file;  // that was accepted, and may be written; empty for a server
 };
 
+// A connection that stands in no list of the toolkit's, which would close it, and wait for it, at the end of
+// the program.
+class UnlistedConnection : public QSqlDatabase {
+  public:
+    UnlistedConnection() = default;
+    explicit UnlistedConnection(const QString& driver) : QSqlDatabase(driver) {}
+};
+
 // The store over QtSql: a local file is of SQLite, a server is reached through ODBC, and refused by its name
 // if it is of an engine that no page of statements is for. Several live in one process; needs a
-// QCoreApplication.
+// QCoreApplication. It is used on the thread on which it was opened.
 class QtStore : public Store {
   public:
-    QtStore();
+    QtStore() = default;
     QtStore(const QtStore&) = delete;
     QtStore& operator=(const QtStore&) = delete;
     ~QtStore() override;
@@ -73,7 +81,7 @@ class QtStore : public Store {
     QSqlDatabase Connection() const;
     bool IsFile() const { return !source_.file.empty(); }
 
-    QString connectionName_;
+    UnlistedConnection connection_;
     bool open_ = false;
     StoreSource source_;
     bool commitsToLog_ = false;

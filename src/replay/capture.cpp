@@ -14,30 +14,25 @@ namespace {
 
 constexpr int kDay = 10;  // characters of "2024-05-06 12:00:00"
 
-}  // namespace
-
-void ConSaveData_Click(MainForm& form) {
-    form.SentFrames().Clear();
-    form.CapturedCount = 0;
-    form.KnownPairCount = 0;
+// Q220: one row a reply, whatever was asked.
+bool IsKnown(MainForm& form) {
+    Store& store = form.outside.store;
+    const PatienceScope patience(store, Patience::Capture);
+    const StoreRows found =
+        InstrumentCatalogue(store).RecordedPair(form.InstrumentName(), form.ReplyText, form.CaptureNote);
+    return !found.rows.empty();
 }
 
-void CaptureExchange(MainForm& form) {
-    if (form.CaptureWaits) return;
-    InstrumentCatalogue catalogue(form.outside.store);
-    const Text name = form.InstrumentName();
-    // Q220: one row a reply, whatever was asked.
-    if (!catalogue.RecordedPair(name, form.ReplyText, form.CaptureNote).rows.empty()) {
-        form.KnownPairCount = Add32(form.KnownPairCount, 1);
-        return;
-    }
-    if (form.CaptureNote.empty()) {
-        // Q221: it stays for the run of the program; an empty one is asked for again.
-        form.CaptureNote =
-            UCase(form.outside.dialogs.AskText(u"数据说明", u"请输入采集数据说明,以便今后区分", {}));
-    }
+void AskForNote(MainForm& form) {
+    if (!form.CaptureNote.empty()) return;
+    // Q221: it stays for the run of the program; an empty one is asked for again.
+    form.CaptureNote =
+        UCase(form.outside.dialogs.AskText(u"数据说明", u"请输入采集数据说明,以便今后区分", {}));
+}
+
+RecordedExchange ExchangeOf(const MainForm& form) {
     RecordedExchange exchange;
-    exchange.instrument = name;
+    exchange.instrument = form.InstrumentName();
     exchange.protocol = Trim(form.ConCommTypeList.Value());
     exchange.note = form.CaptureNote;
     exchange.code = form.MeterCodeText;
@@ -45,9 +40,37 @@ void CaptureExchange(MainForm& form) {
     exchange.row = WholeText(form.CurrentRow);
     exchange.request = form.SendText;
     exchange.reply = form.ReplyText;
-    if (form.CapturedCount == 0) MakeMissingIndexes(form.outside.store);
-    catalogue.AddRecordedExchange(exchange);
-    form.CapturedCount = Add32(form.CapturedCount, 1);
+    return exchange;
+}
+
+void AddPair(MainForm& form) {
+    Store& store = form.outside.store;
+    const PatienceScope patience(store, Patience::Capture);
+    if (form.CapturedCount == 0) MakeMissingIndexes(store);
+    InstrumentCatalogue(store).AddRecordedExchange(ExchangeOf(form));
+}
+
+void CountOneMore(std::int32_t& count) { count = Add32(count, 1); }
+
+}  // namespace
+
+void ConSaveData_Click(MainForm& form) {
+    form.SentFrames().Clear();
+    form.CapturedCount = 0;
+    form.KnownPairCount = 0;
+    form.MissedPairCount = 0;
+}
+
+void CaptureExchange(MainForm& form) {
+    if (form.CaptureWaits) return;
+    try {
+        if (IsKnown(form)) return CountOneMore(form.KnownPairCount);
+        AskForNote(form);
+        AddPair(form);
+        CountOneMore(form.CapturedCount);
+    } catch (const LostStore&) {
+        CountOneMore(form.MissedPairCount);
+    }
 }
 
 }  // namespace commtest

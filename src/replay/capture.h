@@ -9,8 +9,9 @@ class MainForm;
 void ConSaveData_Click(MainForm& form);
 
 // Stores the finished exchange in 通讯_仿真, unless CaptureWaits is set or its reply is there already under
-// this instrument and note. The note of the run is asked for first where it is empty. Errors of the store,
-// which an apostrophe in a name or in the note brings, too.
+// this instrument and note. The note of the run is asked for first where it is empty. One that a
+// LostStore keeps out is missed and counted. Other errors of the store, which an apostrophe in a name or in
+// the note brings, too.
 void CaptureExchange(MainForm& form);
 
 }  // namespace commtest

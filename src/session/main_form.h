@@ -110,10 +110,11 @@ struct ReplayScript {
     std::vector<HexText> DemoReplies;
     std::vector<std::int16_t> DemoRows;
     std::int16_t DemoIndex = 0;
-    Text CaptureNote;                 // of the run of the program
-    bool CaptureWaits = false;        // for the store, which is within another's transaction
-    std::int32_t CapturedCount = 0;   // pairs stored since ConSaveData was last clicked
-    std::int32_t KnownPairCount = 0;  // and those that were there already
+    Text CaptureNote;                  // of the run of the program
+    bool CaptureWaits = false;         // for the store, which is within another's transaction
+    std::int32_t CapturedCount = 0;    // pairs stored since ConSaveData was last clicked
+    std::int32_t KnownPairCount = 0;   // and those that were there already
+    std::int32_t MissedPairCount = 0;  // and those for which the store was not waited any longer
     TickControl ConMyCommDriver;
 };
 
@@ -193,6 +194,7 @@ struct WindowState {
     TextControl Caption;
     Presence ComShow;  // blink indicator
     std::array<TextControl, 3> StatusBar1;
+    Text ServerProblem;  // why the server's catalogue was not opened; empty where it was, or was not asked
     NoticeControl StatusNote;  // a passing word to the user, beside the three panels
     OptionGroup SSTab2{0};
     FocusWish Focus;

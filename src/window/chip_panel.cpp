@@ -66,7 +66,7 @@ ChipPanel::ChipPanel(Binder& binder, const Theme& theme, QWidget* parent)
     layout->addWidget(MakeHead());
     layout->addWidget(MakeList(theme), 1);
     layout->addWidget(MakeFields());
-    layout->addWidget(MakeText());
+    if (form_.switches.chipDescription) layout->addWidget(MakeText());
     layout->addWidget(MakeButtons());
     setWidget(contents);
     hide();

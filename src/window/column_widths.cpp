@@ -7,6 +7,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "session/grid_rows.h"
 #include "window/grid_columns.h"
 #include "window/theme.h"
 
@@ -32,20 +33,30 @@ void Divide(int amount, const std::vector<int>& shares, std::vector<int>& widths
 
 }  // namespace
 
-ColumnWidths::ColumnWidths(const Grid& grid, int index) : grid_(grid), index_(index) { BeginAnew(); }
+ColumnWidths::ColumnWidths(const Grid& grid, int index, const FaceLayout& layout)
+    : grid_(grid), index_(index), layout_(layout) {
+    BeginAnew();
+}
 
 void ColumnWidths::BeginAnew() {
     columns_.resize(static_cast<std::size_t>(grid_.Cols()));
     for (int col = 0; col < grid_.Cols(); ++col) {
         const ColumnLook look = LookOfColumn(index_, col);
         Column& column = columns_[static_cast<std::size_t>(col)];
-        column.smallest = std::max(look.smallest, index_ == 0 ? 0 : WidthOfTexts(col));
+        column.smallest = SmallestOf(col);
         column.wanted = std::max(column.smallest, WidthOf(grid_.Column(col)));
         column.weight = look.weight;
         column.isHidden =
             IsLeftToTheListBeside(index_, col) ||
             (CanBeHidden(index_, col) && grid_.Column(col).isLaidOut && grid_.Column(col).width == 0);
     }
+}
+
+int ColumnWidths::SmallestOf(int col) const {
+    const int smallest = LookOfColumn(index_, col).smallest;
+    if (index_ != 0) return std::max(smallest, WidthOfTexts(col));
+    return col < column::kCount ? std::max(smallest, layout_.columns[static_cast<std::size_t>(col)])
+                                : smallest;
 }
 
 int ColumnWidths::WidthOfTexts(int col) const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/grid.h"
+#include "window/window_face.h"
 
 namespace commtest {
 
@@ -14,7 +15,7 @@ namespace commtest {
 // decided otherwise.
 class ColumnWidths {
   public:
-    ColumnWidths(const Grid& grid, int index);
+    ColumnWidths(const Grid& grid, int index, const FaceLayout& layout);
 
     // The grid has other columns or other texts. Lists whose columns the catalogue does not lay out are
     // measured.
@@ -45,10 +46,12 @@ class ColumnWidths {
 
     enum Choice : qint8 { kOfTheCatalogue, kHidden, kShown };
 
+    int SmallestOf(int col) const;
     int WidthOfTexts(int col) const;
 
     const Grid& grid_;
     int index_;
+    FaceLayout layout_;
     std::vector<Column> columns_;
     QList<qint32> byUser_;  // 0 for a column that the user has not set
     QList<qint8> chosen_;   // a Choice each

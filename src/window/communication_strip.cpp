@@ -122,15 +122,17 @@ void CommunicationStrip::FillPace(Binder& binder) {
     auto* multi = new QCheckBox(u"多台通讯"_s, pace_);
     multi->setToolTip(u"支持多台任意有效仪表地址"_s);
     BindAskingTick(binder, form.Check1, *multi);
-    auto* pauses = new QCheckBox(u"间歇性通讯"_s, pace_);
-    BindAskingTick(binder, form.TimeSetup, *pauses);
     line->addWidget(paceBorder_);
     line->addWidget(label);
     line->addWidget(interval);
     line->addWidget(MakeCaption(u"毫秒"_s));
     line->addWidget(MakeHairline(Qt::Vertical, kBorderLength));
     line->addWidget(multi);
-    line->addWidget(pauses);
+    if (form.switches.intervalTimer) {
+        auto* pauses = new QCheckBox(u"间歇性通讯"_s, pace_);
+        BindAskingTick(binder, form.TimeSetup, *pauses);
+        line->addWidget(pauses);
+    }
     line->addStretch();
 }
 

@@ -23,26 +23,27 @@ void CoverPane(Binder& binder, const Theme& theme, RecordView& pane, const Empty
 
 }  // namespace
 
-void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings,
-                    const WaysToFillLists& ways) {
-    MainForm& form = binder.Form();
-    auto* noInstruments = new EmptyState(
-        u"special-address"_s,
-        {u"目录里没有仪表"_s,
-         u"把 TQ.ini 放进程序文件夹后导入"_s,
-         {{u"导入地址"_s, ways.importInstruments}, {u"恢复备份..."_s, ways.restoreInstruments}}},
-        theme, &catalogue);
-    noInstruments->CoverWhile(
-        binder, [&form, &catalogue] { return form.outside.store.IsOpen() && IsEmpty(catalogue); });
+void AddEmptyCatalogueState(Binder& binder, const Theme& theme, GridView& list,
+                            const WaysToFillCatalogue& ways) {
+    auto* state = new EmptyState(u"special-address"_s,
+                                 {u"目录里没有仪表"_s,
+                                  u"把 TQ.ini 放进程序文件夹后导入"_s,
+                                  {{u"导入地址"_s, ways.import}, {u"恢复备份..."_s, ways.restore}}},
+                                 theme, &list);
+    state->CoverWhile(
+        binder, [&form = binder.Form(), &list] { return form.outside.store.IsOpen() && IsEmpty(list); });
+}
 
+void AddEmptyRecordingsState(Binder& binder, const Theme& theme, GridView& list,
+                             std::function<void()> import) {
+    MainForm& form = binder.Form();
     const auto capture = [&binder, &form] { binder.Event([&form] { form.ConSaveData.Set(true); }); };
-    auto* noRecordings = new EmptyState(u"history"_s,
-                                        {u"没有录制的数据"_s,
-                                         u"勾选 数据采集 并开始通讯，\n每一种应答存一条"_s,
-                                         {{u"开始采集"_s, capture}, {u"导入录制"_s, ways.importRecording}}},
-                                        theme, &recordings);
-    noRecordings->CoverWhile(
-        binder, [&form, &recordings] { return form.outside.store.IsOpen() && IsEmpty(recordings); });
+    auto* state = new EmptyState(u"history"_s,
+                                 {u"没有录制的数据"_s,
+                                  u"勾选 数据采集 并开始通讯，\n每一种应答存一条"_s,
+                                  {{u"开始采集"_s, capture}, {u"导入录制"_s, std::move(import)}}},
+                                 theme, &list);
+    state->CoverWhile(binder, [&form, &list] { return form.outside.store.IsOpen() && IsEmpty(list); });
 }
 
 void AddEmptyRecordState(Binder& binder, const Theme& theme, RecordView& record) {

@@ -9,13 +9,14 @@
 namespace commtest {
 
 // The lists of instruments and of recordings of an open catalogue say what to do while they are empty.
-struct WaysToFillLists {
-    std::function<void()> importInstruments;
-    std::function<void()> restoreInstruments;
-    std::function<void()> importRecording;
+struct WaysToFillCatalogue {
+    std::function<void()> import;
+    std::function<void()> restore;
 };
-void AddEmptyStates(Binder& binder, const Theme& theme, GridView& catalogue, GridView& recordings,
-                    const WaysToFillLists& ways);
+void AddEmptyCatalogueState(Binder& binder, const Theme& theme, GridView& list,
+                            const WaysToFillCatalogue& ways);
+void AddEmptyRecordingsState(Binder& binder, const Theme& theme, GridView& list,
+                             std::function<void()> import);
 
 // The record of a session that stands still, and the explanation of a value, say how they come to be while
 // they are empty; their keys and clicks stay theirs.

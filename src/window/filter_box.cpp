@@ -21,8 +21,12 @@ constexpr int kHitsWidth = 56;
 
 }  // namespace
 
-FilterBox::FilterBox(const Theme& theme, QWidget* parent)
-    : QWidget(parent), lens_(new QToolButton(this)), field_(new QLineEdit(this)), hits_(new QLabel(field_)) {
+FilterBox::FilterBox(const Theme& theme, int width, QWidget* parent)
+    : QWidget(parent),
+      width_(width),
+      lens_(new QToolButton(this)),
+      field_(new QLineEdit(this)),
+      hits_(new QLabel(field_)) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(lens_);
@@ -37,7 +41,7 @@ FilterBox::FilterBox(const Theme& theme, QWidget* parent)
     connect(lens_, &QToolButton::clicked, this, &FilterBox::TakeFocus);
 
     field_->setProperty("compact", true);
-    field_->setFixedSize(kWidth, kHeight);
+    field_->setFixedSize(width_, kHeight);
     field_->setPlaceholderText(u"筛选名称、地址、属性"_s);
     field_->setAccessibleName(u"筛选"_s);
     field_->setClearButtonEnabled(true);
@@ -45,7 +49,7 @@ FilterBox::FilterBox(const Theme& theme, QWidget* parent)
     hits_->setProperty("caption", true);
     hits_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     hits_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    hits_->setGeometry(kWidth - kClearWidth - kHitsWidth, 2, kHitsWidth, kHeight - 4);
+    hits_->setGeometry(width_ - kClearWidth - kHitsWidth, 2, kHitsWidth, kHeight - 4);
     field_->installEventFilter(this);
     connect(field_, &QLineEdit::textChanged, this, [this](const QString& words) {
         if (!grid_.isNull() && words != grid_->Filter().Words()) grid_->FilterBy(words);

@@ -16,9 +16,9 @@ class FilterBox : public QWidget {
     Q_OBJECT
 
   public:
-    FilterBox(const Theme& theme, QWidget* parent);
+    FilterBox(const Theme& theme, int width, QWidget* parent);
 
-    static constexpr int kWidth = 180;
+    int FieldWidth() const { return width_; }
 
     // The grid that is filtered from now on; each keeps its words. Null hides the field.
     void Serve(GridView* grid);
@@ -38,6 +38,7 @@ class FilterBox : public QWidget {
     void Fold();
     void GoIntoTheGrid();
 
+    int width_;
     QToolButton* lens_;
     QLineEdit* field_;
     QAction* sign_;

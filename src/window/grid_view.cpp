@@ -47,7 +47,7 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
       grid_(GridOf(binder, index)),
       index_(index),
       theme_(theme),
-      widths_(grid_, index),
+      widths_(grid_, index, FaceOf(binder.Form()).layout),
       model_(new GridModel(grid_, this, index == 0)),
       flash_(new CellFlash([this](CellFlash::Cell cell) { UpdateCell(cell.first, cell.second); }, this)),
       delegate_(new GridDelegate(form_, index, theme, *flash_, this)),

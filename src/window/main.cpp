@@ -6,9 +6,11 @@
 #include "host_qt/driver_words.h"
 #include "host_qt/named_port.h"
 #include "host_qt/own_version.h"
+#include "host_qt/store_thread.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "version/build_facts.h"
-#include "window/toolkit_texts.h"
+#include "window/spoken_words.h"
 #include "window/window_program.h"
 
 namespace {
@@ -37,7 +39,8 @@ void AddOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(u"与串口上的工业仪表通讯：轮询、修改参数、记录。"_s);
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({{u"folder"_s, u"程序文件夹，目录文件 通讯数据.mdb 在其中。"_s, u"文件夹"_s},
+    parser.addOptions({{u"face"_s, u"界面，默认为上次选定的。"_s, u"chinese|english"_s},
+                       {u"folder"_s, u"程序文件夹，目录文件 通讯数据.mdb 在其中。"_s, u"文件夹"_s},
                        {u"settings"_s, u"设置文件，默认为用户的设置。"_s, u"文件"_s},
                        {u"port"_s, u"串口的设备，可以多次给出。"_s, u"COM1=设备"_s},
                        {u"simulator"_s, u"在 COM1 上接一台模拟仪表。"_s}});
@@ -46,7 +49,26 @@ void AddOptions(QCommandLineParser& parser) {
 void NameProgram() {
     QCoreApplication::setApplicationName(u"commtest"_s);
     QCoreApplication::setApplicationVersion(QString::fromLatin1(commtest::VersionOfBuild()));
-    commtest::LoadToolkitTexts();
+}
+
+QStringList ArgumentsOf(int argc, char* argv[]) { return {argv, argv + argc}; }
+
+// The face that the arguments ask for, as far as they can be read.
+const commtest::WindowFace& FaceIn(const QStringList& arguments) {
+    QCommandLineParser parser;
+    AddOptions(parser);
+    parser.parse(arguments);
+    commtest::WindowOptions options;
+    options.settingsFile = parser.value(u"settings"_s);
+    options.face = commtest::FindFace(parser.value(u"face"_s));
+    return commtest::ChosenFace(options);
+}
+
+const commtest::WindowFace* NamedFaceOf(const QCommandLineParser& parser) {
+    if (!parser.isSet(u"face"_s)) return nullptr;
+    const commtest::WindowFace* face = commtest::FindFace(parser.value(u"face"_s));
+    if (face == nullptr) RefuseOption(commtest::Words::tr("--face 须是 chinese 或 english"));
+    return face;
 }
 
 commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
@@ -56,6 +78,7 @@ commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
     commtest::WindowOptions options;
     options.folder = parser.value(u"folder"_s);
     options.settingsFile = parser.value(u"settings"_s);
+    options.face = NamedFaceOf(parser);
     options.devices = DevicesOf(parser.values(u"port"_s));
     options.hasSimulator = parser.isSet(u"simulator"_s);
     return options;
@@ -65,7 +88,7 @@ commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
 void AnswerQuestions(int argc, char* argv[]) {
     QCommandLineParser parser;
     AddOptions(parser);
-    parser.parse(QStringList(argv, argv + argc));
+    parser.parse(ArgumentsOf(argc, argv));
     if (!parser.isSet(u"help"_s) && !parser.isSet(u"help-all"_s) && !parser.isSet(u"version"_s)) return;
     const QCoreApplication application(argc, argv);
     NameProgram();
@@ -73,16 +96,15 @@ void AnswerQuestions(int argc, char* argv[]) {
         std::cout << commtest::OwnVersionLines("commtest") << std::flush;
         std::exit(0);
     }
+    const commtest::SpokenWords words(FaceIn(ArgumentsOf(argc, argv)));
     OptionsOf(application);
 }
 
-}  // namespace
-
-int main(int argc, char* argv[]) {
-    AnswerQuestions(argc, argv);
+int Run(int argc, char* argv[]) {
     QApplication application(argc, argv);
     commtest::SilenceStoreDrivers();
     NameProgram();
+    const commtest::SpokenWords words(FaceIn(QCoreApplication::arguments()));
     const commtest::WindowOptions options = OptionsOf(application);
     try {
         commtest::WindowProgram program(options);
@@ -96,4 +118,11 @@ int main(int argc, char* argv[]) {
                                   u"\n\n程序文件夹不能建立，请用 --folder 指定另一个文件夹。"_s);
         return kNoAccess;
     }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    AnswerQuestions(argc, argv);
+    return commtest::EndedWith(Run(argc, argv));
 }

@@ -21,6 +21,7 @@
 #include "window/emptied_record.h"
 #include "window/empty_pages.h"
 #include "window/error_page.h"
+#include "window/face_choice.h"
 #include "window/filter_box.h"
 #include "window/first_geometry.h"
 #include "window/first_steps.h"
@@ -62,7 +63,16 @@ constexpr int kSidebarBeside = 952;  // below, it lies over the main area
 constexpr int kRoomyHeight = 800;
 constexpr int kLowHeight = 560;
 
+constexpr int kCatalogueTab = 2;
+constexpr int kRecordingsTab = 3;
 constexpr int kAreas = 4;  // sidebar, page, strip, record
+
+// The page itself, if it is one, and those in it.
+QList<GridView*> GridsOf(QWidget& page) {
+    QList<GridView*> grids = page.findChildren<GridView*>();
+    if (auto* const grid = qobject_cast<GridView*>(&page)) grids += grid;
+    return grids;
+}
 
 QString ColumnsKey(const GridView& grid) { return u"Columns%1"_s.arg(grid.Index()); }
 
@@ -87,7 +97,6 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
         communication_->Parameters().PopUpMenu(mapToGlobal(kPlace));
     });
     connect(&tabRow_->SidebarButton(), &QToolButton::clicked, this, &MainWindow::ToggleSidebar);
-    binder_.Watch(form_.SSTab2, [this] { ServeFilter(); });
     tabRow_->Follow().AskForReason([this] { return communication_->Parameters().Holds(); });
     lostPort_ = new PortReturn(binder_, communication_->Strip().State(), *notes_, this);
     lists_ = new ListWork({binder_,
@@ -97,8 +106,9 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
                            *toolBar_,
                            *sidebar_,
                            tabRow_->Tabs(),
-                           {catalogue_, recordings_},
+                           {pages_->widget(kCatalogueTab), pages_->widget(kRecordingsTab)},
                            *this});
+    AddFaceChoice(form_, *toolBar_, settings_, *notes_);
     AddShortcuts();
     FitInto(screen()->availableGeometry());
     RestoreState();
@@ -186,25 +196,18 @@ QWidget* MainWindow::MakePages() {
     communication_ = new CommunicationPage(binder_, theme_, *notes_, pages_);
     new StopLine(binder_, communication_->Strip().State(), communication_->Record());
     new EmptiedRecord(binder_, *notes_, communication_->Record());
-    catalogue_ = new CataloguePage(binder_, theme_, pages_);
-    recordings_ = new GridView(binder_, theme_, 2, pages_);
-    auto* recordingWork = new RecordingWork(binder_, theme_, *notes_, *recordings_);
-    AddEmptyStates(binder_, theme_, catalogue_->List(), *recordings_,
-                   {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); },
-                    [recordingWork] { recordingWork->Import().AskForFile(); }});
     clearedCounters_ = new ClearedCounters(binder_, *notes_, pages_);
     ServeStatistics(*communication_);
-    const auto makePorts = [this](QWidget* place) { return new PortPage(binder_, theme_, place); };
-    const auto makeErrors = [this](QWidget* place) {
-        auto* page = new ErrorPage(binder_, theme_, *notes_, place);
-        ServeStatistics(*page);
-        return page;
-    };
-    for (QWidget* page :
-         std::initializer_list<QWidget*>{communication_, new LateView(makePorts, pages_), catalogue_,
-                                         recordings_, new LateView(makeErrors, pages_)})
-        pages_->addWidget(page);
-    binder_.Watch(form_.SSTab2, [this] { pages_->setCurrentIndex(form_.SSTab2.Chosen()); });
+    pages_->addWidget(communication_);
+    for (const auto make : {&MainWindow::MakePorts, &MainWindow::MakeCatalogue, &MainWindow::MakeRecordings,
+                            &MainWindow::MakeErrors})
+        pages_->addWidget(
+            new LateView([this, make](QWidget* place) { return (this->*make)(place); }, pages_));
+    recordingWork_ = new RecordingWork(binder_, theme_, *notes_, *pages_->widget(kRecordingsTab));
+    binder_.Watch(form_.SSTab2, [this] {
+        pages_->setCurrentIndex(form_.SSTab2.Chosen());
+        ServeFilter();
+    });
     return pages_;
 }
 
@@ -212,6 +215,36 @@ QWidget* MainWindow::MakeSearch(QWidget* place) {
     auto* panel = new SearchPanel(binder_, theme_, place);
     communication_->ShowHits(*new HitList(binder_, theme_, *notes_, panel->WayBack(), communication_));
     return panel;
+}
+
+QWidget* MainWindow::MakePorts(QWidget* place) { return new PortPage(binder_, theme_, place); }
+
+QWidget* MainWindow::MakeCatalogue(QWidget* place) {
+    catalogue_ = new CataloguePage(binder_, theme_, place);
+    AddEmptyCatalogueState(binder_, theme_, catalogue_->List(),
+                           {[this] { lists_->Import().Begin(); }, [this] { lists_->Restore().Ask(); }});
+    TakeLists(*catalogue_);
+    return catalogue_;
+}
+
+QWidget* MainWindow::MakeRecordings(QWidget* place) {
+    auto* recordings = new GridView(binder_, theme_, 2, place);
+    recordingWork_->AddToMenu(*recordings);
+    AddEmptyRecordingsState(binder_, theme_, *recordings, [this] { recordingWork_->Import().AskForFile(); });
+    TakeLists(*recordings);
+    return recordings;
+}
+
+QWidget* MainWindow::MakeErrors(QWidget* place) {
+    auto* page = new ErrorPage(binder_, theme_, *notes_, place);
+    ServeStatistics(*page);
+    return page;
+}
+
+void MainWindow::TakeLists(QWidget& page) {
+    RestoreColumns(page);
+    FitRows(page);
+    for (GridView* list : GridsOf(page)) emit ListMade(*list);
 }
 
 void MainWindow::ServeStatistics(QWidget& page) {
@@ -222,7 +255,7 @@ void MainWindow::ServeFilter() {
     const QWidget* page = pages_->widget(form_.SSTab2.Chosen());
     GridView* grid = nullptr;
     if (page == communication_) grid = &communication_->Parameters();
-    if (page == catalogue_) grid = &catalogue_->List();
+    if (catalogue_ != nullptr && page->isAncestorOf(catalogue_)) grid = &catalogue_->List();
     tabRow_->Filter().Serve(grid);
 }
 
@@ -246,9 +279,13 @@ void MainWindow::RestoreState() {
     wantsSidebar_ = settings_.value(u"Sidebar"_s, true).toBool();
     columns_->restoreState(settings_.value(u"SidebarSplitter"_s).toByteArray());
     communication_->RestoreState(settings_);
-    for (GridView* grid : pages_->findChildren<GridView*>())
-        grid->RestoreWidths(settings_.value(ColumnsKey(*grid)).toByteArray());
     settings_.endGroup();
+    RestoreColumns(*communication_);
+}
+
+void MainWindow::RestoreColumns(QWidget& page) {
+    for (GridView* grid : GridsOf(page))
+        grid->RestoreWidths(settings_.value(u"Window/"_s + ColumnsKey(*grid)).toByteArray());
 }
 
 // --- Focus and keys ---
@@ -258,7 +295,9 @@ void MainWindow::FollowFocus() {
         using enum FocusWish::Target;
         switch (form_.Focus.Wanted()) {
             case ParameterGrid: communication_->Parameters().setFocus(); break;
-            case CatalogueGrid: catalogue_->List().setFocus(); break;
+            case CatalogueGrid:
+                if (catalogue_ != nullptr) catalogue_->List().setFocus();
+                break;
             case CellEditor: communication_->FocusCellEditor(); break;
             case Address: sidebar_->findChild<QWidget*>(u"ConMeterAddr"_s)->setFocus(); break;
             case None: break;
@@ -374,12 +413,15 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 
 void MainWindow::Adapt() {
     toolBar_->SetCompact(width() < kWithCaptions);
-    const bool isRoomy = height() >= kRoomyHeight;
-    sidebar_->SetOptionHeight(isRoomy ? 24 : 20);
-    for (GridView* grid : pages_->findChildren<GridView*>()) grid->SetRowHeight(isRoomy ? 24 : 22);
+    sidebar_->SetOptionHeight(height() >= kRoomyHeight ? 24 : 20);
+    FitRows(*pages_);
     communication_->Strip().SetLow(height() < kLowHeight);
     isNarrow_ = width() < kWithSidebar;
     ShowSidebar(!isNarrow_ && wantsSidebar_);
+}
+
+void MainWindow::FitRows(QWidget& page) {
+    for (GridView* grid : GridsOf(page)) grid->SetRowHeight(height() >= kRoomyHeight ? 24 : 22);
 }
 
 void MainWindow::AdaptMainArea() {

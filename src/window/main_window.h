@@ -20,6 +20,7 @@ class LateView;
 class ListWork;
 class NoteBar;
 class PortReturn;
+class RecordingWork;
 class Sidebar;
 class StateLine;
 class TabRow;
@@ -50,6 +51,9 @@ class MainWindow : public QMainWindow {
     // scroll.
     void FitInto(const QRect& free);
 
+  signals:
+    void ListMade(GridView& list);  // of the catalogue; a list is made when its page is first seen
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -60,9 +64,15 @@ class MainWindow : public QMainWindow {
     QWidget* MakeMainArea();
     QWidget* MakePages();
     QWidget* MakeSearch(QWidget* place);
+    QWidget* MakePorts(QWidget* place);
+    QWidget* MakeCatalogue(QWidget* place);
+    QWidget* MakeRecordings(QWidget* place);
+    QWidget* MakeErrors(QWidget* place);
     void ServeStatistics(QWidget& page);
     void ServeFilter();
     void RestoreState();
+    void RestoreColumns(QWidget& page);
+    void TakeLists(QWidget& page);
     void FollowFocus();
     void AddShortcuts();
     QShortcut* AddKey(const QKeySequence& keys, std::function<void()> action);
@@ -75,6 +85,7 @@ class MainWindow : public QMainWindow {
 
     void Adapt();
     void AdaptMainArea();
+    void FitRows(QWidget& page);
     void ToggleSidebar();
     void ShowSidebar(bool shown);
     void LaySidebarOver(bool over);
@@ -98,8 +109,8 @@ class MainWindow : public QMainWindow {
     ClearedCounters* clearedCounters_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     CommunicationPage* communication_ = nullptr;
-    CataloguePage* catalogue_ = nullptr;
-    GridView* recordings_ = nullptr;
+    CataloguePage* catalogue_ = nullptr;  // once it has been seen
+    RecordingWork* recordingWork_ = nullptr;
     ListWork* lists_ = nullptr;
     bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough
     bool sidebarLiesOver_ = false;  // it lies over the main area

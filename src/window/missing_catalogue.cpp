@@ -62,9 +62,7 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
                             .action = u"打开目录"_s,
                             .act = [this] { Ask(); }};
     });
-    for (GridView* list : window.findChildren<GridView*>()) {
-        if (list->Index() > 0) CoverList(*list, theme);
-    }
+    connect(&window, &MainWindow::ListMade, this, &MissingCatalogue::CoverList);
     if (!IsOpen()) {
         window.LeftSide().ShowFormerChoice(settings_.value(kProtocolKey).toString(),
                                            settings_.value(kInstrumentKey).toString());
@@ -72,10 +70,11 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
     }
 }
 
-void MissingCatalogue::CoverList(GridView& list, const Theme& theme) {
-    auto* state = new EmptyState(
-        u"special-address"_s,
-        {u"没有仪表目录"_s, u"通讯需要先选定一台仪表"_s, {{u"打开目录"_s, [this] { Ask(); }}}}, theme, &list);
+void MissingCatalogue::CoverList(GridView& list) {
+    auto* state =
+        new EmptyState(u"special-address"_s,
+                       {u"没有仪表目录"_s, u"通讯需要先选定一台仪表"_s, {{u"打开目录"_s, [this] { Ask(); }}}},
+                       *theme_, &list);
     state->CoverWhile(window_->Views(), [this] { return !IsOpen(); });
 }
 

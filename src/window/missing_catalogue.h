@@ -37,7 +37,7 @@ class MissingCatalogue : public QObject {
 
   private:
     bool IsOpen() const;
-    void CoverList(GridView& list, const Theme& theme);
+    void CoverList(GridView& list);
     void Ask();
     void Create();
     void OpenOrSay();

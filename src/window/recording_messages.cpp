@@ -35,8 +35,9 @@ QString CaptureCounts(const MainForm& form) {
     QString words = u"采集"_s;
     if (!form.CaptureNote.empty()) words += u' ' + ToQt(form.CaptureNote);
     if (form.CaptureWaits) words += u" 暂停，正在导入"_s;
-    return words +
-           u" 新 %1 已有 %2"_s.arg(GroupedNumber(form.CapturedCount), GroupedNumber(form.KnownPairCount));
+    words += u" 新 %1 已有 %2"_s.arg(GroupedNumber(form.CapturedCount), GroupedNumber(form.KnownPairCount));
+    if (form.MissedPairCount > 0) words += u" 未存 %1"_s.arg(GroupedNumber(form.MissedPairCount));
+    return words;
 }
 
 }  // namespace commtest

@@ -14,8 +14,10 @@ class RecordingWork : public QObject {
     Q_OBJECT
 
   public:
-    // `list` shows them; boxes belong to its window.
-    RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes, GridView& list);
+    // Boxes belong to the window of `place`, where they are listed.
+    RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes, QWidget& place);
+
+    void AddToMenu(GridView& list);
 
     RecordingImport& Import() { return *import_; }
 

@@ -12,6 +12,7 @@
 #include "window/bindings.h"
 #include "window/list_browsing.h"
 #include "window/pieces.h"
+#include "window/window_face.h"
 
 namespace commtest {
 
@@ -147,30 +148,32 @@ QWidget* Sidebar::MakeAdvanced(Binder& binder) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(8);
     layout->setVerticalSpacing(kGapOfTicks);
-    layout->setColumnStretch(0, 1);
-    layout->setColumnStretch(1, 1);
+    const WindowFace& face = FaceOf(form);
+    const int columns = face.layout.tickColumns;
+    for (int column = 0; column < columns; ++column) layout->setColumnStretch(column, 1);
     auto* title = new QHBoxLayout;
     title->setContentsMargins(0, 0, 0, 8 - kGapOfTicks);
     title->setSpacing(4);
     title->addWidget(MakeTitle(ToQt(captions.advancedSettings)));
-    title->addWidget(MakeCaption(u"(通讯时,可不理会这些设置)"_s));
+    title->addWidget(MakeCaption(face.behindAdvancedSettings.toString()));
     title->addStretch();
-    layout->addLayout(title, 0, 0, 1, 2);
-    const auto add = [&](TickControl& control, TextView caption, const QString& tip, int row, int column) {
+    layout->addLayout(title, 0, 0, 1, columns);
+    auto add = [&, place = columns](TickControl& control, TextView caption, const QString& tip) mutable {
         auto* box = new QCheckBox(ToQt(caption));
         box->setFixedHeight(kTickHeight);
         box->setToolTip(tip);
         Bind(binder, control, *box);
-        layout->addWidget(box, row, column);
+        layout->addWidget(box, place / columns, place % columns);
+        ++place;
         return box;
     };
-    add(form.Check2, captions.anyLength, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s, 1, 0);
-    add(form.ConSelChange, captions.stopScrolling, {}, 1, 1);
-    add(form.ConAutoSave[0], captions.saveRecord, u"保存所有的通讯过程"_s, 2, 0);
-    add(form.ConAutoSave[1], captions.saveErrors, {}, 2, 1);
-    add(form.ConSaveData, captions.capture, u"收集并保存通讯数据,供仿真使用"_s, 3, 0);
+    add(form.Check2, captions.anyLength, u"在读多个参数时，随机变化读取数据的长度，用于通讯测试"_s);
+    add(form.ConSelChange, captions.stopScrolling, {});
+    add(form.ConAutoSave[0], captions.saveRecord, u"保存所有的通讯过程"_s);
+    add(form.ConAutoSave[1], captions.saveErrors, {});
+    add(form.ConSaveData, captions.capture, u"收集并保存通讯数据,供仿真使用"_s);
     replay_ = add(form.ConMyCommDriver, captions.replay,
-                  u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s, 3, 1);
+                  u"可以在不接入仪表的情况下模拟通讯(暂时只对TQ仪表协议有效)"_s);
     return advanced;
 }
 

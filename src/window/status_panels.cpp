@@ -5,6 +5,7 @@
 
 #include "commands/startup.h"
 #include "host/store.h"
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/note_bar.h"
 #include "window/notice_words.h"
@@ -26,6 +27,15 @@ QString MakerWords(const MainForm& form) {
     return words.endsWith(local + local) ? words.chopped(local.size()) : words;
 }
 
+// A catalogue that came in the place of the server's says so here alone.
+QString MakerToolTip(const MainForm& form) {
+    QStringList lines;
+    if (form.switches.catalogueModeSwitch) lines += u"双击第一栏框,可以修改数据库的连接方式"_s;
+    if (!form.ServerProblem.empty())
+        lines += Words::tr("服务器上的目录打不开：%1").arg(ToQt(form.ServerProblem).simplified());
+    return lines.join(u'\n');
+}
+
 }  // namespace
 
 StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
@@ -45,12 +55,16 @@ StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
 void StatusPanels::AddMakerPanel() {
     auto* maker = new QLabel(this);
     maker->setObjectName(u"makerPanel"_s);
-    maker->setToolTip(u"双击第一栏框,可以修改数据库的连接方式"_s);
-    binder_.AtEachLook([maker, &form = binder_.Form()] { maker->setText(MakerWords(form)); });
-    maker->installEventFilter(this);
-    WhenEntered(*maker, [this] { SwitchCatalogue(); });
+    binder_.AtEachLook([maker, &form = binder_.Form()] {
+        maker->setText(MakerWords(form));
+        const QString tip = MakerToolTip(form);
+        if (tip != maker->toolTip()) maker->setToolTip(tip);
+    });
     maker_ = maker;
     addWidget(maker);
+    if (!binder_.Form().switches.catalogueModeSwitch) return;
+    maker->installEventFilter(this);
+    WhenEntered(*maker, [this] { SwitchCatalogue(); });
 }
 
 void StatusPanels::AddPortPanel() {

@@ -8,6 +8,7 @@
 #include "window/follow_tick.h"
 #include "window/icons.h"
 #include "window/pieces.h"
+#include "window/window_face.h"
 
 namespace commtest {
 
@@ -25,7 +26,7 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
     : QWidget(parent),
       sidebarButton_(new QToolButton(this)),
       tabs_(new QTabBar(this)),
-      filter_(new FilterBox(theme, this)),
+      filter_(new FilterBox(theme, FaceOf(binder.Form()).layout.filterWidth, this)),
       follow_(new FollowTick(binder, this)) {
     setObjectName(u"tabRow"_s);
     setAttribute(Qt::WA_StyledBackground);
@@ -62,15 +63,14 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
     layout->addStretch();
     layout->addWidget(filter_);
     layout->addWidget(follow_);
-    layout->addWidget(MakeHairline(Qt::Vertical, kBorderLength));
-    AddWriteTypes(binder);
+    if (form.switches.multiRegisterWrite) AddWriteTypes(binder);
 }
 
 // The tabs and what stands beside them go before the whole filter.
 void TabRow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const QMargins margins = layout()->contentsMargins();
-    int needed = margins.left() + margins.right() + FilterBox::kWidth;
+    int needed = margins.left() + margins.right() + filter_->FieldWidth();
     for (int item = 0; item < layout()->count(); ++item) {
         const QWidget* piece = layout()->itemAt(item)->widget();
         if (piece != nullptr && piece != filter_ && !piece->isHidden())
@@ -80,6 +80,7 @@ void TabRow::resizeEvent(QResizeEvent* event) {
 }
 
 void TabRow::AddWriteTypes(Binder& binder) {
+    layout()->addWidget(MakeHairline(Qt::Vertical, kBorderLength));
     QList<QAbstractButton*> options;
     for (const QString& caption : {u" 参数双字节修改"_s, u" 参数四字节修改"_s, u" 参数批量修改"_s}) {
         auto* option = new QRadioButton(caption, this);

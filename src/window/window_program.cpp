@@ -11,6 +11,7 @@
 #include "host_qt/unsaved_settings.h"
 #include "session/events.h"
 #include "session/port_settings.h"
+#include "window/face_choice.h"
 #include "window/kept_picture.h"
 #include "window/list_work.h"
 #include "window/port_return.h"
@@ -62,7 +63,15 @@ Theme::Choice PaletteChoice(const QSettings& settings) {
     return choice == u"light" ? Theme::Choice::Light : Theme::Choice::Auto;
 }
 
+const WindowFace& FaceIn(const QSettings& settings, const WindowOptions& options) {
+    return options.face == nullptr ? RememberedFace(settings) : *options.face;
+}
+
 }  // namespace
+
+const WindowFace& ChosenFace(const WindowOptions& options) {
+    return FaceIn(*OpenSettings(options.settingsFile), options);
+}
 
 WindowProgram::WindowProgram(const WindowOptions& options)
     : store_(OpenSettings(options.settingsFile)),
@@ -71,7 +80,8 @@ WindowProgram::WindowProgram(const WindowOptions& options)
       files_(FolderOf(options, *store_)),
       port_(DevicesOf(options, simulated_, *store_)),
       settings_(SettingsIn(*store_, options), catalogue_),
-      session_({port_, dialogs_, clock_, files_, catalogue_, settings_, program_}),
+      session_({port_, dialogs_, clock_, files_, catalogue_, settings_, program_},
+               FaceIn(*store_, options).session),
       theme_(std::make_unique<Theme>(PaletteChoice(*store_))),
       choices_(Form(), *store_, !options.hasSimulator) {
     dialogs_.SetSession(Form());

@@ -5,11 +5,11 @@
 
 #include "app/session.h"
 #include "host/settings_store.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/qt_program.h"
 #include "host_qt/qt_serial_port.h"
 #include "host_qt/qt_spreadsheet.h"
-#include "host_qt/qt_store.h"
 #include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
 #include "window/kept_choice.h"
@@ -19,6 +19,7 @@
 #include "window/simulated_instrument.h"
 #include "window/tool_window.h"
 #include "window/window_dialogs.h"
+#include "window/window_face.h"
 
 namespace commtest {
 
@@ -27,7 +28,11 @@ struct WindowOptions {
     QString settingsFile;       // empty: the user's
     DeviceMap devices;          // ports that have a device of their own
     bool hasSimulator = false;  // the session then keeps nothing in the user's settings; the window does
+    const WindowFace* face = nullptr;  // none: the one that the settings remember
 };
+
+// The face of a program with these options.
+const WindowFace& ChosenFace(const WindowOptions& options);
 
 // The program with a window: a session over the machine it runs on.
 class WindowProgram {
@@ -62,7 +67,7 @@ class WindowProgram {
     SimulatedInstrument simulated_;
 
     FolderFiles files_;
-    QtStore catalogue_;
+    CatalogueStore catalogue_;
     QtSerialPort port_;
     WindowDialogs dialogs_;
     SystemClock clock_;

@@ -89,7 +89,7 @@ TEST_F(CatalogueBackupTest, ACopyOfAServersCatalogueHoldsTheSettingsOfTheEnglish
 
 TEST_F(CatalogueBackupTest, AServersCatalogueWithoutTheSettingsOfTheEnglishFaceIsCopiedAllTheSame) {
     inner.Execute(u"DROP TABLE \"表格-设置\"");
-    store.PretendToBe(StoreEngine::PostgreSql);
+    store.PretendToBe(StoreEngine::SqlServer);
     EXPECT_EQ(BackUpCatalogue(store, files, kMoment), kFirstName);
     EXPECT_EQ(Contents(kFirstName), Contents(Catalogue()));
 }

@@ -101,6 +101,19 @@ TEST_F(CatalogueConnectionTest, FallingBackToTheLocalFileAddsItsWordBehindThatOf
     EXPECT_EQ(Panel(), "衡岫仪器公司    网络数据库    本地数据库");
 }
 
+TEST_F(CatalogueConnectionTest, ReasonWhyTheServerWasNotOpenedOutlastsTheLocalFile) {
+    store.Offer(kLocalFile, CreateCatalogueTables);
+    OpenCatalogue(session.Form(), 0);
+    OpenCatalogue(session.Form(), 1);
+    EXPECT_EQ(ToUtf8(session.Form().ServerProblem), "实时错误 '53':\r\n\r\n文件未找到");
+    files.TextFiles[u"Setup.ini"] = u"server host\nuser sa\npassword secret\ndatabase d";
+    OpenCatalogue(session.Form(), 0);
+    EXPECT_EQ(ToUtf8(session.Form().ServerProblem), "数据库错误:\r\n\r\nno server answers");
+    store.Offer(u"driver={SQL Server};Server=host;uid=sa;pwd=secret;database=d", CreateCatalogueTables);
+    OpenCatalogue(session.Form(), 0);
+    EXPECT_EQ(ToUtf8(session.Form().ServerProblem), "");
+}
+
 TEST_F(CatalogueConnectionTest, AnyOtherModeOpensTheLocalFileUnderTheNetworksWord) {
     store.Offer(kLocalFile, CreateCatalogueTables);
     OpenCatalogue(session.Form(), 7);

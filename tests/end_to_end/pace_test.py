@@ -5,32 +5,30 @@ import unittest
 
 from programs import CommandLineTest
 
-RUNS = 8
+RUNS = 40
 CYCLE_TICK = 0.3  # seconds that a session of the window waits in front of its first frame
 
 
 class PaceTest(CommandLineTest):
-    def shortest(self, run):
-        """The quickest of some runs, which a busy machine does not slow down alike."""
-        times = []
+    def check_waits_for_no_tick(self, run):
+        """One run without the tick shows it; a busy machine slows down others."""
         for _ in range(RUNS):
             began = time.monotonic()
             self.assertEqual(run().status, 0)
-            times.append(time.monotonic() - began)
-        return min(times)
+            if time.monotonic() - began < CYCLE_TICK / 2:
+                return
+        self.fail(f"each of {RUNS} runs took half a tick and more")
 
     def test_first_frame_of_a_poll_leaves_at_once(self):
         with self.simulate() as simulator:
-            shortest = self.shortest(lambda: self.poll(simulator.device, "--exchanges", 1, "--strict"))
-        self.assertLess(shortest, CYCLE_TICK / 2)
+            self.check_waits_for_no_tick(lambda: self.poll(simulator.device, "--exchanges", 1, "--strict"))
 
     def test_write_and_its_read_back_wait_for_no_more_than_the_line(self):
         with self.simulate() as simulator:
             def write():
                 return self.finish(self.start("write", simulator.device, ("TQ仪表协议", "HX-D10智能数字显示控制仪", None),
                                               "--set", "15=7"))
-            shortest = self.shortest(write)
-        self.assertLess(shortest, CYCLE_TICK / 2)
+            self.check_waits_for_no_tick(write)
 
     def test_interval_that_is_given_parts_the_frames_of_a_write(self):
         with self.simulate() as simulator:

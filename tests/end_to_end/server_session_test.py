@@ -16,7 +16,7 @@ CHANGES = (f"UPDATE 仪表_名称 SET 仪表名称 = '{NAME}' WHERE 仪表ID = 1
            "UPDATE 仪表_参数 SET 上限值 = NULL, 下限值 = '' WHERE ID = 3",
            "UPDATE 仪表_参数 SET 下限值 = NULL, 上限值 = NULL WHERE ID = 4",
            "UPDATE 仪表_名称 SET 类别ID = NULL, 类别 = NULL WHERE 仪表ID = 1",
-           "INSERT INTO 仪表_芯片 (芯片ID, 编号, 文件名) VALUES (9, '11000101', '固件𠮷.BIN')",
+           "INSERT INTO 仪表_芯片 (芯片ID, 编号, 文件名) VALUES (99, '11000101', '固件𠮷.BIN')",
            "INSERT INTO 通讯_仿真 (仪表名称, 协议, 说明, 编码, 采集日期, 地址, 指令, 回送) "
            f"VALUES ('{NAME}', '{PROTOCOL}', '空', NULL, '2024-05-06', '1', ' 40', '')")
 

@@ -9,11 +9,12 @@ from pathlib import Path
 from programs import CLI
 from server_case import ServerTest
 
-SHIPPED = {"仪表_类别": 7, "仪表_名称": 19, "仪表_参数": 825, "仪表_芯片": 0, "表格_设置": 36, "字符_替换": 14, "通讯_仿真": 0}
+SHIPPED = {"仪表_类别": 7, "仪表_名称": 19, "仪表_参数": 825, "仪表_芯片": 14, "表格_设置": 36, "字符_替换": 14, "通讯_仿真": 0,
+           "表格-设置": 31}
 MOVED = "已复制 " + "，".join(f"{table} {rows} 行" for table, rows in SHIPPED.items()) + "\n"
 FILE = "通讯数据.mdb"
 KEYS = {"仪表_类别": "类别ID", "仪表_名称": "仪表ID", "仪表_参数": "ID", "仪表_芯片": "芯片ID", "表格_设置": "rowid",
-        "字符_替换": "rowid", "通讯_仿真": "ID"}
+        "字符_替换": "rowid", "通讯_仿真": "ID", "表格-设置": "rowid"}
 READING = (("list", "protocols"), ("catalogue", "info"), ("recordings", "list"), ("catalogue", "check", "TQ.ini"))
 TEXTS = ("仪表", "𠮷😀", "", None, "㎡ ℃ €", " 两端 ", 'a"b,c')
 
@@ -21,7 +22,7 @@ TEXTS = ("仪表", "𠮷😀", "", None, "㎡ ℃ €", " 两端 ", 'a"b,c')
 def contents(folder):
     """All rows of the local catalogue, with the kinds of their values."""
     with sqlite3.connect(folder / FILE) as file:
-        return {table: file.execute(f"SELECT * FROM {table} ORDER BY {key}").fetchall() for table, key in KEYS.items()}
+        return {table: file.execute(f'SELECT * FROM "{table}" ORDER BY {key}').fetchall() for table, key in KEYS.items()}
 
 
 def change(folder, *statements):
@@ -119,7 +120,7 @@ class CatalogueCopyTest(ServerTest):
         self.assertEqual(self.copy(folder, "server").status, 0)
         self.server.sql("INSERT INTO 通讯_仿真 (仪表名称) VALUES ('B'); INSERT INTO 仪表_芯片 (编号) VALUES ('C')")
         self.assertEqual(self.server.sql("SELECT ID FROM 通讯_仿真 WHERE 仪表名称 = 'B'"), "4712\n")
-        self.assertEqual(self.server.sql("SELECT 芯片ID FROM 仪表_芯片"), "1\n")
+        self.assertEqual(self.server.sql("SELECT 芯片ID FROM 仪表_芯片 WHERE 编号 = 'C'"), "15\n")
 
     def test_a_target_with_rows_is_asked_for_and_kept(self):
         self.create()

@@ -138,6 +138,36 @@ TEST_F(Capture, WaitsWhileTheStoreIsWithinAnothersTransaction) {
     EXPECT_THAT(Rows(), SizeIs(1));
 }
 
+TEST_F(Capture, PairIsMissedAndCountedWhileTheServerIsLost) {
+    Form().CaptureNote = u"A";
+    Form().ReplyText = u" 41";
+    for (const int call : {1, 2}) {  // the look, and the first index
+        storeCalls.LoseAt(call);
+        CaptureExchange(Form());
+        EXPECT_EQ(storeCalls.CallsSoFar(), call) << "nothing more is tried";
+    }
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_EQ(Form().MissedPairCount, 2);
+    CaptureExchange(Form());
+    EXPECT_THAT(Rows(), SizeIs(1));
+    EXPECT_EQ(Form().MissedPairCount, 2);
+    EXPECT_EQ(Form().CapturedCount, 1);
+    Form().ConSaveData.Set(false);
+    EXPECT_EQ(Form().MissedPairCount, 0);
+}
+
+TEST_F(Capture, PollingGoesOnWhileTheServerIsLost) {
+    Form().CaptureNote = u"A";
+    storeCalls.LoseAt(1);
+    WillAnswer({frames::kDynamicReply, frames::kDynamicReply});
+    Press(4);
+    line.RunUntil(3000);
+    EXPECT_TRUE(Form().IsRunning());
+    EXPECT_THAT(dialogs.Shown, IsEmpty());
+    EXPECT_EQ(Form().MissedPairCount, 1);
+    EXPECT_THAT(Rows(), SizeIs(1));
+}
+
 TEST_F(Capture, DeletedPairCountsAsKnown) {
     Form().ReplyText = u" 41";
     CaptureExchange(Form());

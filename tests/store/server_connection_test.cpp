@@ -6,7 +6,7 @@
 
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/shipped_catalogue.h"
-#include "host_qt/qt_store.h"
+#include "host_qt/catalogue_store.h"
 #include "runtime/runtime_error.h"
 #include "store/private_server.h"
 
@@ -19,7 +19,7 @@ using testing::PrivateServer;
 
 // Why a server cannot be opened; empty if it can.
 std::string RefusalOf(const StoreAddress& address) {
-    QtStore store;
+    CatalogueStore store;
     try {
         store.Open(address);
         return "";

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "catalogue/instrument_catalogue.h"
 #include "runtime/runtime_error.h"
 #include "support/statement_table.h"
@@ -23,9 +25,12 @@ class StoreTest : public ::testing::TestWithParam<StoreUnderTest> {
 
 TEST_P(StoreTest, ANullIsNothingWhateverItsType) {
     const StoreRows list = InstrumentCatalogue(*store).CatalogueList();
-    const auto at = [&](const char16_t* name) {
-        return list.rows[0][static_cast<std::size_t>(list.ColumnOf(name))];
-    };
+    const auto column = [&](const char16_t* name) { return static_cast<std::size_t>(list.ColumnOf(name)); };
+    const auto row = std::find_if(list.rows.begin(), list.rows.end(), [&](const auto& each) {
+        return each[column(u"仪表名称")] == u"HX-F40智能流量积算仪";  // which has no chip record
+    });
+    ASSERT_NE(row, list.rows.end());
+    const auto at = [&](const char16_t* name) { return (*row)[column(name)]; };
     EXPECT_EQ(at(u"芯片ID"), std::nullopt);
     EXPECT_EQ(at(u"文件名"), std::nullopt);
     EXPECT_NE(at(u"仪表ID"), std::nullopt);

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <optional>
 
-#include "host_qt/qt_store.h"
+#include "host_qt/catalogue_store.h"
 #include "store/private_server.h"
 #include "support/stores_under_test.h"
 
@@ -25,7 +25,7 @@ class FileStore : public QtStore {
 std::unique_ptr<Store> MakeBareServer() {
     const PrivateServer& server = PrivateServer::OfTheProgram();
     server.Empty();
-    auto store = std::make_unique<QtStore>();
+    auto store = std::make_unique<CatalogueStore>();
     store->Open(server.Address());
     return store;
 }

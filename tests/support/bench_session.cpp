@@ -29,7 +29,7 @@ std::unique_ptr<Store> MakeCatalogueWithProtocols() {
 
 BenchSession::BenchSession(const Face& face)
     : store(MakeCatalogueWithProtocols()),
-      session_({line, dialogs, line, files, *store, settings, program}, face) {
+      session_({line, dialogs, line, files, storeCalls, settings, program}, face) {
     MainForm& form = Form();
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [&form] { PortReceives(form); };

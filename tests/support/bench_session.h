@@ -6,6 +6,7 @@
 
 #include "app/session.h"
 #include "host/store.h"
+#include "support/failing_store.h"
 #include "support/fakes.h"
 #include "support/frame_text.h"
 #include "support/test_parameter.h"
@@ -48,6 +49,7 @@ class BenchSession {
     FakeSettings settings;
     FakeProgram program;
     std::unique_ptr<Store> store;
+    FailingStore storeCalls{*store};  // those of the session
 
   private:
     Session session_;

@@ -7,9 +7,9 @@
 namespace commtest::testing {
 
 void FailingStore::Calls::Count() {
-    if (++count == failing) {
-        throw RuntimeError::OfStore(FromUtf8("call " + std::to_string(count) + " failed"));
-    }
+    if (++count != failing) return;
+    if (isLost) throw LostStore(u"lost");
+    throw RuntimeError::OfStore(FromUtf8("call " + std::to_string(count) + " failed"));
 }
 
 class FailingStore::Cursor : public RowCursor {
@@ -21,12 +21,22 @@ class FailingStore::Cursor : public RowCursor {
         calls_->Count();
         return inner_->Next();
     }
+    std::size_t Columns() const override { return inner_->Columns(); }
     StoreValue ValueAt(std::size_t column) const override { return inner_->ValueAt(column); }
 
   private:
     std::unique_ptr<RowCursor> inner_;
     std::shared_ptr<Calls> calls_;
 };
+
+void FailingStore::PretendToBe(StoreEngine engine) {
+    const bool isFirst = !pretended_;
+    pretended_ = engine;
+    if (!isFirst) return;
+    inner_.Execute(u"ATTACH ':memory:' As information_schema");
+    inner_.Execute(
+        u"CREATE TABLE information_schema.tables As SELECT name As table_name From main.sqlite_master");
+}
 
 void FailingStore::Open(const StoreAddress& address) {
     calls_->Count();

@@ -8,7 +8,7 @@
 namespace commtest::testing {
 
 // The calls with which who begins to write makes missing indexes; it does without one that fails.
-inline constexpr int kIndexCalls = 7;
+inline constexpr int kIndexCalls = 9;
 
 // A store over another one, of whose calls one fails with the text "call N failed" and without reaching it.
 // Counted are opening, every statement, every row of a cursor, begin and commit, also those of the stores
@@ -19,10 +19,13 @@ class FailingStore : public Store {
 
     // Of the calls from now on the n-th fails, 1 for the next; none with 0.
     void FailAt(int call) { *calls_ = {0, call}; }
+    // The same as a server that is lost.
+    void LoseAt(int call) { *calls_ = {0, call, true}; }
     int CallsSoFar() const { return calls_->count; }
 
-    // The engine that it says it is; those that it gives stay what they are.
-    void PretendToBe(StoreEngine engine) { pretended_ = engine; }
+    // The engine that it says it is; those that it gives stay what they are. The open store tells as a server
+    // does which tables it has now.
+    void PretendToBe(StoreEngine engine);
 
     void Open(const StoreAddress& address) override;
     void Close() override { inner_.Close(); }
@@ -42,11 +45,13 @@ class FailingStore : public Store {
     void Rollback() override { inner_.Rollback(); }
 
     std::unique_ptr<Store> Another() const override;
+    Patience Wait(Patience patience) override { return inner_.Wait(patience); }
 
   private:
     struct Calls {
         int count = 0;
         int failing = 0;
+        bool isLost = false;
 
         void Count();
     };

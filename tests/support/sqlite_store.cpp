@@ -84,6 +84,9 @@ std::unique_ptr<RowCursor> SqliteStore::OpenCursor(const Text& sql) {
       public:
         Cursor(SqliteStore& store, Statement statement) : store_(store), statement_(std::move(statement)) {}
         bool Next() override { return store_.Step(statement_); }
+        std::size_t Columns() const override {
+            return static_cast<std::size_t>(sqlite3_column_count(statement_.get()));
+        }
         StoreValue ValueAt(std::size_t column) const override {
             return ColumnOf(statement_.get(), static_cast<int>(column));
         }

@@ -77,7 +77,7 @@ TEST_F(CatalogueRestoreTest, NoteBehindAnImportLeadsToTheQuestion) {
 
 TEST_F(CatalogueRestoreTest, MenuOfToolsHasItsEntry) {
     ImportListOf(2);
-    Tools().Button(10).menu()->actions().last()->trigger();
+    Tools().Button(10).menu()->actions().at(3)->trigger();
     EXPECT_TRUE(Read(Box()).startsWith("确定要恢复原目录吗？"));
 }
 

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -60,6 +61,14 @@ class ChipPanelTest : public ::testing::Test {
         return fields;
     }
 
+    // It is made when it is first seen.
+    static CataloguePage& PageOf(MainWindow& window) {
+        auto* pages = window.findChild<QStackedWidget*>();
+        pages->setCurrentIndex(2);
+        pages->setCurrentIndex(0);
+        return *window.findChild<CataloguePage*>();
+    }
+
     void Click(int row) {
         GridView& list = panel.List();
         const QModelIndex cell = list.model()->index(row - 1, 4);
@@ -72,7 +81,7 @@ class ChipPanelTest : public ::testing::Test {
     QTemporaryDir folder;
     QSettings settings{folder.filePath("settings.ini"), QSettings::IniFormat};
     MainWindow window{form, theme, settings};
-    CataloguePage& page = *window.findChild<CataloguePage*>();
+    CataloguePage& page = PageOf(window);
     ChipPanel& panel = page.Chips();
 };
 

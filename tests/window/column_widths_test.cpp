@@ -34,13 +34,18 @@ class ColumnWidthsTest : public ::testing::Test {
 
     ColumnWidthsTest() { grid.SetSize(13, 11); }
 
-    ColumnWidths Parameters() { return {grid, 0}; }
+    ColumnWidths Parameters(const WindowFace& face = kWindowFaces[0]) { return {grid, 0, face.layout}; }
 };
 
 TEST_F(ColumnWidthsTest, NarrowRoomLeavesTheSmallestWidths) {
     for (const int room : {0, 500, kSmallest}) {
         EXPECT_THAT(Parameters().InRoom(room), ElementsAre(48, 172, 60, 48, 52, 60, 104, 118, 100, 116, 120));
     }
+}
+
+TEST_F(ColumnWidthsTest, LongHeadingsOfTheEnglishFaceHaveTheirRoom) {
+    EXPECT_THAT(Parameters(*FindFace(u"english")).InRoom(0),
+                ElementsAre(48, 172, 60, 52, 72, 60, 104, 118, 100, 116, 144));
 }
 
 TEST_F(ColumnWidthsTest, SpareWidthGoesByWeight) {
@@ -169,7 +174,7 @@ TEST_F(ListWidthsTest, NoTextIsCutOff) {
     Fill({{u"序号", u"协议类型", u"芯片", u"仪表名称以及说明文字"},
           {u"001 ", u"TQ仪表协议", u"", u"TQ智能数字/光柱显示控制仪"},
           {u"002 ", u"ModBus-RTU协议-标准流量表", u"", u"甲"}});
-    const std::vector<int> widths = ColumnWidths(grid, 1).InRoom(0);
+    const std::vector<int> widths = ColumnWidths(grid, 1, kWindowFaces[0].layout).InRoom(0);
     for (int row = 0; row < grid.Rows(); ++row) {
         const QFont font = row == 0 ? Theme::CaptionFont() : Theme::UiFont();
         for (int col = 0; col < grid.Cols(); ++col) {
@@ -181,22 +186,22 @@ TEST_F(ListWidthsTest, NoTextIsCutOff) {
 
 TEST_F(ListWidthsTest, ShortTextsLeaveTheSmallestWidth) {
     Fill({{u"", u"甲", u""}, {u"1", u"", u"乙"}});
-    EXPECT_THAT(ColumnWidths(grid, 1).InRoom(0), Each(48));
+    EXPECT_THAT(ColumnWidths(grid, 1, kWindowFaces[0].layout).InRoom(0), Each(48));
 }
 
 TEST_F(ListWidthsTest, VeryLongTextDoesNotTakeTheWholeList) {
     Fill({{u"", u""}, {u"", Text(200, u'甲')}});
-    EXPECT_EQ(ColumnWidths(grid, 2).InRoom(0).at(1), 360);
+    EXPECT_EQ(ColumnWidths(grid, 2, kWindowFaces[0].layout).InRoom(0).at(1), 360);
 }
 
 TEST_F(ListWidthsTest, SpareWidthIsSharedBySidesOfTheNumber) {
     Fill({{u"", u"", u""}});
-    EXPECT_THAT(ColumnWidths(grid, 1).InRoom(48 * 3 + 100), ElementsAre(48, 98, 98));
+    EXPECT_THAT(ColumnWidths(grid, 1, kWindowFaces[0].layout).InRoom(48 * 3 + 100), ElementsAre(48, 98, 98));
 }
 
 TEST_F(ListWidthsTest, OtherTextsAreMeasuredAnew) {
     Fill({{u"", u"甲"}});
-    ColumnWidths widths(grid, 1);
+    ColumnWidths widths(grid, 1, kWindowFaces[0].layout);
     Fill({{u"", u"TQ智能数字/光柱显示控制仪"}});
     widths.BeginAnew();
     EXPECT_THAT(widths.InRoom(0).at(1), Ge(100));

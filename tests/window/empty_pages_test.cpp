@@ -21,9 +21,10 @@ class EmptyPagesTest : public ::testing::Test {
     QString wanted;
 
     EmptyPagesTest() {
-        AddEmptyStates(bench.binder, bench.theme, *catalogue, *recordings,
-                       {[this] { wanted = "import"; }, [this] { wanted = "restore"; },
-                        [this] { wanted = "import a recording"; }});
+        AddEmptyCatalogueState(bench.binder, bench.theme, *catalogue,
+                               {[this] { wanted = "import"; }, [this] { wanted = "restore"; }});
+        AddEmptyRecordingsState(bench.binder, bench.theme, *recordings,
+                                [this] { wanted = "import a recording"; });
         window.resize(1000, 600);
         catalogue->setGeometry(0, 0, 500, 300);
         recordings->setGeometry(0, 300, 500, 300);

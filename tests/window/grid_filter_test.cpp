@@ -23,10 +23,11 @@ using ::testing::IsEmpty;
 // The field over the parameters: 40 of them, number 5 is the only one without "W".
 class GridFilterTest : public GridViewTest {
   protected:
-    FilterBox box{bench.theme, &window};
+    static constexpr int kWidth = 180;
+    FilterBox box{bench.theme, kWidth, &window};
 
     GridFilterTest() {
-        box.setGeometry(0, 500, FilterBox::kWidth, 28);
+        box.setGeometry(0, 500, kWidth, 28);
         box.show();
         box.Serve(view);
         for (int row = 11; row <= 14; ++row) grid.SetCell(row, 1, u"AL报警值" + WholeText(row));

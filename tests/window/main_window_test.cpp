@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
@@ -10,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "window/catalogue_page.h"
 #include "window/communication_page.h"
 #include "window/communication_strip.h"
 #include "window/error_page.h"
@@ -120,16 +122,33 @@ TEST_F(MainWindowTest, NumberKeysBringThePages) {
 TEST_F(MainWindowTest, WhatIsNotSeenAtTheStartIsMadeWhenItIsSeen) {
     EXPECT_EQ(window->findChild<PortPage*>(), nullptr);
     EXPECT_EQ(window->findChild<ErrorPage*>(), nullptr);
+    EXPECT_EQ(window->findChild<CataloguePage*>(), nullptr);
+    EXPECT_EQ(FindNamed<GridView>(*window, QString::fromUtf8("演示数据")), nullptr);
     EXPECT_EQ(window->findChild<SearchPanel*>(), nullptr);
     EXPECT_EQ(window->findChild<HitList*>(), nullptr);
     Press(Qt::Key_2, Qt::ControlModifier);
     EXPECT_TRUE(The<PortPage>().isVisible());
+    Press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_TRUE(The<CataloguePage>().isVisible());
+    Press(Qt::Key_4, Qt::ControlModifier);
+    EXPECT_TRUE(FindNamed<GridView>(*window, QString::fromUtf8("演示数据"))->isVisible());
     Press(Qt::Key_5, Qt::ControlModifier);
     EXPECT_TRUE(The<ErrorPage>().isVisible());
     Press(Qt::Key_1, Qt::ControlModifier);
     Press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(The<SearchPanel>().isVisible());
     EXPECT_TRUE(The<HitList>().isVisible());
+}
+
+TEST_F(MainWindowTest, ListThatIsMadeLateHasTheRowsOfTheOthers) {
+    for (const int height : {700, 900}) {
+        Open();
+        window->resize(1366, height);
+        Press(Qt::Key_3, Qt::ControlModifier);
+        const auto rowHeight = [](GridView& grid) { return grid.verticalHeader()->defaultSectionSize(); };
+        EXPECT_EQ(rowHeight(The<CataloguePage>().List()), height < 800 ? 22 : 24);
+        EXPECT_EQ(rowHeight(The<CommunicationPage>().Parameters()), height < 800 ? 22 : 24);
+    }
 }
 
 TEST_F(MainWindowTest, SearchKeyShowsThePanelAndEscapeInsideHidesIt) {
@@ -380,7 +399,12 @@ TEST_F(MainWindowTest, ColumnsOfTheListsAreRememberedEvenWhereTheirPageIsNotShow
         for (const std::size_t index : {1u, 2u}) Form().MSHFlexGrid1[index].SetSize(rows, cols);
         window->Views().Look();
     };
+    const auto showLists = [this] {
+        Press(Qt::Key_3, Qt::ControlModifier);
+        Press(Qt::Key_4, Qt::ControlModifier);
+    };
     fill(4, 6);
+    showLists();
     list(1)->setColumnWidth(2, 301);
     list(2)->setColumnWidth(3, 302);
     window->SaveState();
@@ -389,6 +413,7 @@ TEST_F(MainWindowTest, ColumnsOfTheListsAreRememberedEvenWhereTheirPageIsNotShow
     window->SaveState();
     Open();
     fill(4, 6);
+    showLists();
     EXPECT_EQ(list(1)->columnWidth(2), 301);
     EXPECT_EQ(list(2)->columnWidth(3), 302);
 }

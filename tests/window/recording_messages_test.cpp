@@ -109,6 +109,13 @@ TEST_F(RecordingMessagesTest, LargeCountsAreGrouped) {
     EXPECT_EQ(Counts().text().toStdString(), "采集 新 0 已有 1,902");
 }
 
+TEST_F(RecordingMessagesTest, MissedPairsAreCounted) {
+    Form().ConSaveData.Set(true);
+    Form().MissedPairCount = 3;
+    bench.binder.Look();
+    EXPECT_EQ(Counts().text().toStdString(), "采集 新 0 已有 0 未存 3");
+}
+
 TEST_F(RecordingMessagesTest, CountsGiveWayToAnAction) {
     bench.binder.Event([this] { Form().ConSaveData.Set(true); });
     TickReplay();

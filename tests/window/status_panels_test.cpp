@@ -59,6 +59,15 @@ TEST_F(StatusPanelsTest, CatalogueThatIsNotOpenIsNotNamed) {
     EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司    没有目录");
 }
 
+TEST_F(StatusPanelsTest, ReasonWhyTheServerWasNotTakenStandsInTheToolTipAlone) {
+    EXPECT_EQ(Maker()->toolTip().toStdString(), "双击第一栏框,可以修改数据库的连接方式");
+    Form().ServerProblem = u"数据库错误: 服务器没有应答";
+    bench.binder.Look();
+    EXPECT_EQ(Maker()->toolTip().toStdString(),
+              "双击第一栏框,可以修改数据库的连接方式\n服务器上的目录打不开：数据库错误: 服务器没有应答");
+    EXPECT_EQ(Maker()->text().toStdString(), "衡岫仪器公司");
+}
+
 TEST_F(StatusPanelsTest, CatalogueIsNamedOnce) {
     Form().StatusBar1[0].Set(u"衡岫仪器公司    本地数据库    本地数据库");
     bench.binder.Look();

@@ -121,6 +121,28 @@ TEST_F(WindowProgramTest, FirstRunWritesTheDefaults) {
     EXPECT_EQ(boxes, QStringList());
 }
 
+// --- Faces ---
+
+TEST_F(WindowProgramTest, FaceThatIsNamedIsShown) {
+    options.face = FindFace(u"english");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(program->Window().windowTitle().toStdString().substr(0, 55),
+              "KERO- series instruments communication demo software V ");
+    EXPECT_EQ(ToUtf8(Form().settingsTable), "表格-设置");
+}
+
+TEST_F(WindowProgramTest, FaceThatIsRememberedIsShownUnlessOneIsNamed) {
+    QSettings(options.settingsFile, QSettings::IniFormat).setValue("Window/Face", "english");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().StartStopCaption()), "Run");
+    Leave();
+    options.face = FindFace(u"chinese");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(ToUtf8(Form().StartStopCaption()), "开始通讯");
+}
+
+// --- What is restored ---
+
 TEST_F(WindowProgramTest, ChoicesAreRestored) {
     ASSERT_TRUE(Start());
     auto* names = FindNamed<QComboBox>(program->Window(), "名称");
