@@ -84,7 +84,9 @@ class PackageTest(unittest.TestCase):
         self.assertEqual({entry.stem for entry in entries}, {"commtest", "commtest-english"})
         for entry in entries:
             text = entry.read_text(encoding="utf-8")
-            self.assertRegex(text, r"(?m)^Exec=commtest\b")
+            for call in re.findall(r"(?m)^Exec=commtest\b(.*)$", text):
+                told = output_of(self.tree / "usr/bin/commtest", *call.split(), "--help")
+                self.assertIn("commtest [", told.splitlines()[0], call)
             self.assertRegex(text, r"(?m)^Icon=commtest$")
         sizes = {icon.parts[-3] for icon in (self.share / "icons/hicolor").glob("*/apps/commtest.*")}
         self.assertEqual(sizes, {"16x16", "22x22", "24x24", "32x32", "48x48", "64x64", "128x128", "256x256", "scalable"})
