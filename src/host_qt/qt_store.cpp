@@ -7,6 +7,7 @@
 #include <QSqlRecord>
 #include <QUrl>
 #include <QVariant>
+#include <algorithm>
 
 #include "host_qt/odbc_engine_name.h"
 #include "host_qt/older_catalogue.h"
@@ -221,6 +222,7 @@ void QtStore::Connect(const QString& driver, const QString& database, const QStr
 
 void QtStore::Close() {
     preparedRow_.reset();
+    preparedRows_.clear();
     if (IsFile()) PassOverError([&] { BringLogIntoFile(); });
     open_ = false;
     source_.file.clear();
@@ -304,13 +306,55 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
         names += ToQt(column);
         marks += u":v%1"_s.arg(marks.size());
     }
-    QSqlQuery query(Connection());
-    const QString sql =
-        u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
-    if (!query.prepare(sql)) Raise(query.lastError(), source_);
+    QSqlQuery query =
+        Prepared(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u',')));
     const std::size_t count = columns.size();
     return preparedRow_.emplace(PreparedRow{table, columns, std::move(marks), std::vector<bool>(count),
                                             std::vector<StoreValue>(count), std::move(query)});
+}
+
+std::size_t QtStore::RowsAStatement(const std::vector<Text>& columns) {
+    constexpr std::size_t kMostValues = 2000;  // the engines take 2100 and more
+    return kMostValues / columns.size();
+}
+
+void QtStore::AddRows(const Text& table, const std::vector<Text>& columns,
+                      std::span<const std::vector<StoreValue>> rows) {
+    while (!rows.empty()) {
+        const std::size_t count = std::min(RowsAStatement(columns), rows.size());
+        QSqlQuery& query = PreparedFor(table, columns, count);
+        int place = 0;
+        for (const std::vector<StoreValue>& row : rows.first(count))
+            for (const StoreValue& value : row) query.bindValue(place++, VariantOf(value));
+        if (!query.exec()) Raise(query.lastError(), source_);
+        rows = rows.subspan(count);
+    }
+}
+
+QSqlQuery& QtStore::PreparedFor(const Text& table, const std::vector<Text>& columns, std::size_t count) {
+    const auto found =
+        std::find_if(preparedRows_.begin(), preparedRows_.end(), [&](const PreparedRows& rows) {
+            return rows.table == table && rows.columns == columns && rows.count == count;
+        });
+    return found != preparedRows_.end() ? found->query : PreparedAnew(table, columns, count);
+}
+
+QSqlQuery& QtStore::PreparedAnew(const Text& table, const std::vector<Text>& columns, std::size_t count) {
+    constexpr std::size_t kMostKept = 8;
+    if (preparedRows_.size() == kMostKept) preparedRows_.pop_front();
+    QStringList names;
+    for (const Text& column : columns) names += ToQt(column);
+    const QString row = u"("_s + QStringList(names.size(), u"?"_s).join(u',') + u")"_s;
+    const QStringList all(static_cast<qsizetype>(count), row);
+    QSqlQuery query =
+        Prepared(u"INSERT INTO %1 (%2) VALUES %3"_s.arg(ToQt(table), names.join(u','), all.join(u',')));
+    return preparedRows_.emplace_back(PreparedRows{table, columns, count, std::move(query)}).query;
+}
+
+QSqlQuery QtStore::Prepared(const QString& sql) {
+    QSqlQuery query(Connection());
+    if (!query.prepare(sql)) Raise(query.lastError(), source_);
+    return query;
 }
 
 void QtStore::BeginTransaction() {
