@@ -12,6 +12,7 @@
 #include "host_qt/odbc_engine_name.h"
 #include "host_qt/older_catalogue.h"
 #include "host_qt/path_problem.h"
+#include "host_qt/words.h"
 
 namespace commtest {
 
@@ -50,19 +51,25 @@ FileResult FileResultOf(const QSqlError& error) {
 
 QString WordsOn(FileResult result, const QString& text) {
     switch (result) {
-        case FileResult::ReadOnly: return u"没有写数据库文件的权限（%1）"_s.arg(text);
-        case FileResult::Damaged: return u"数据库文件已损坏（%1）"_s.arg(text);
-        case FileResult::Full: return u"磁盘已满（%1）"_s.arg(text);
-        case FileResult::Io: return u"磁盘读写出错（%1）"_s.arg(text);
+        case FileResult::ReadOnly: return Words::tr("没有写数据库文件的权限（%1）").arg(text);
+        case FileResult::Damaged: return Words::tr("数据库文件已损坏（%1）").arg(text);
+        case FileResult::Full: return Words::tr("磁盘已满（%1）").arg(text);
+        case FileResult::Io: return Words::tr("磁盘读写出错（%1）").arg(text);
         default: return text;
     }
+}
+
+Text WordsAt(const Text& file, const Text& words) {
+    return Words::tr("%1：%2")
+        .arg(QString::fromStdU16String(file), QString::fromStdU16String(words))
+        .toStdU16String();
 }
 
 [[noreturn]] void Raise(const QSqlError& error, const StoreSource& source) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     const FileResult result = source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
     Text words = WordsOn(result, text.simplified()).toStdU16String();
-    if (result != FileResult::None && !source.file.empty()) words = source.file + u"：" + words;
+    if (result != FileResult::None && !source.file.empty()) words = WordsAt(source.file, words);
     if (result == FileResult::Damaged) throw DamagedStore(words);
     throw RuntimeError::OfStore(words);
 }
@@ -76,9 +83,9 @@ StoreEngine ServerEngineOf(const QSqlDriver& driver) {
         case QSqlDriver::MSSqlServer: return StoreEngine::SqlServer;
         case QSqlDriver::PostgreSQL: return StoreEngine::PostgreSql;
         default:
-            throw RuntimeError::OfStore(
-                u"不支持数据库 %1，只支持 SQL Server 和 PostgreSQL"_s.arg(OdbcEngineName(driver))
-                    .toStdU16String());
+            throw RuntimeError::OfStore(Words::tr("不支持数据库 %1，只支持 SQL Server 和 PostgreSQL")
+                                            .arg(OdbcEngineName(driver))
+                                            .toStdU16String());
     }
 }
 
@@ -161,11 +168,11 @@ void QtStore::Open(const StoreAddress& address) {
         if (isFile) source_.file = address.location;
     } catch (const DamagedStore& error) {
         Close();
-        throw DamagedStore(address.location + u"：" + error.Message());
+        throw DamagedStore(WordsAt(address.location, error.Message()));
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.
-        throw RuntimeError::OfStore((isFile ? address.location + u"：" : Text()) + error.Message());
+        throw RuntimeError::OfStore(isFile ? WordsAt(address.location, error.Message()) : error.Message());
     }
 }
 
@@ -173,8 +180,9 @@ void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
     const QString obstacle = ObstacleTo(PathUse::Reading, file.filePath());
     if (!obstacle.isEmpty()) throw RuntimeError::OfStore(obstacle.toStdU16String());
-    if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
-    if (IsOlderCatalogue(file.filePath())) throw RuntimeError::OfStore(u"是旧格式的桌面数据库，未作任何改动");
+    if (!file.isFile()) throw RuntimeError::OfStore(Words::tr("数据库文件不存在").toStdU16String());
+    if (IsOlderCatalogue(file.filePath()))
+        throw RuntimeError::OfStore(Words::tr("是旧格式的桌面数据库，未作任何改动").toStdU16String());
     const QString uri = UriOf(file);
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
     Connect(u"QSQLITE"_s, uri + u"?immutable=1"_s, u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
@@ -186,9 +194,10 @@ void QtStore::OpenFile(const StoreAddress& address) {
 void QtStore::OpenNewFile(const StoreAddress& address) {
     QFile file(ToQt(address.location));
     if (!file.open(QIODevice::NewOnly)) {
-        if (file.exists()) throw RuntimeError::OfStore(u"文件已存在");
-        throw RuntimeError::OfStore(u"不能建立数据库文件，" +
-                                    ObstacleTo(PathUse::Writing, file.fileName()).toStdU16String());
+        if (file.exists()) throw RuntimeError::OfStore(Words::tr("文件已存在").toStdU16String());
+        throw RuntimeError::OfStore(Words::tr("不能建立数据库文件，%1")
+                                        .arg(ObstacleTo(PathUse::Writing, file.fileName()))
+                                        .toStdU16String());
     }
     file.close();
     try {
@@ -376,7 +385,7 @@ void QtStore::Rollback() {
 }
 
 QSqlDatabase QtStore::Connection() const {
-    if (!open_) throw RuntimeError::OfStore(u"数据库没有打开");
+    if (!open_) throw RuntimeError::OfStore(Words::tr("数据库没有打开").toStdU16String());
     return connection_;
 }
 

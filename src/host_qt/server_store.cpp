@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -24,9 +25,9 @@ std::chrono::milliseconds LimitOf(Patience patience) {
     return std::chrono::hours(24 * 3650);
 }
 
-constexpr TextView kSilent = u"服务器没有应答";
-constexpr TextView kBroken = u"与服务器的连接已中断";
-constexpr TextView kFailed = u"这次改动已经失败";
+Text Silent() { return Words::tr("服务器没有应答").toStdU16String(); }
+Text Broken() { return Words::tr("与服务器的连接已中断").toStdU16String(); }
+Text Failed() { return Words::tr("这次改动已经失败").toStdU16String(); }
 
 // A statement that the engine refuses leaves its connection alive.
 bool IsAlive(QtStore& store) {
@@ -65,8 +66,8 @@ RowBlock NextBlock(RowCursor& cursor) {
 // In a transaction a refused statement leaves nothing that could be asked; its rollback will show.
 template <typename Work>
 auto ServerStore::Hand(Work work) {
-    if (!isOpen_) throw RuntimeError::OfStore(u"数据库没有打开");
-    if (transaction_ == Transaction::Failed) throw LostStore(Text(kFailed));
+    if (!isOpen_) throw RuntimeError::OfStore(Words::tr("数据库没有打开").toStdU16String());
+    if (transaction_ == Transaction::Failed) throw LostStore(Failed());
     const Clock::time_point begin = Clock::now();
     if (thread_ == nullptr) BeginToConnect();
     if (opening_.valid()) FinishConnecting(begin + LimitOf(patience_) / 2);
@@ -91,7 +92,7 @@ auto ServerStore::Run(Work work) {
 
 template <typename Result>
 Result ServerStore::Awaited(std::future<Result> result, Clock::time_point until) {
-    if (result.wait_until(until) != std::future_status::ready) GiveUp(Text(kSilent));
+    if (result.wait_until(until) != std::future_status::ready) GiveUp(Silent());
     try {
         return result.get();
     } catch (const LostStore& error) {
@@ -141,8 +142,8 @@ void ServerStore::BeginToConnect() {
 
 void ServerStore::FinishConnecting(Clock::time_point until) {
     if (opening_.wait_until(std::min(until, openingEnds_)) != std::future_status::ready) {
-        if (Clock::now() >= openingEnds_) GiveUp(Text(kSilent));
-        throw LostStore(Text(kSilent));
+        if (Clock::now() >= openingEnds_) GiveUp(Silent());
+        throw LostStore(Silent());
     }
     try {
         engine_ = opening_.get();
@@ -246,7 +247,7 @@ void ServerStore::Rollback() {
     try {
         Run([](Connection& connection) {
             connection.store.Rollback();
-            if (!IsAlive(connection.store)) throw LostStore(Text(kBroken));
+            if (!IsAlive(connection.store)) throw LostStore(Broken());
         });
     } catch (const LostStore&) {
     }
@@ -277,7 +278,7 @@ class ServerStore::Cursor : public RowCursor {
     void Refill() {
         next_ = 0;
         block_ = store_.Run([](Connection& connection) {
-            if (connection.cursor == nullptr) throw LostStore(Text(kBroken));
+            if (connection.cursor == nullptr) throw LostStore(Broken());
             return NextBlock(*connection.cursor);
         });
     }
