@@ -9,7 +9,6 @@ namespace {
 
 using Kind = ListFinding::Kind;
 
-// In `what` %n stands for the name of the finding, %v for its value, %o for the other name.
 struct Words {
     Kind kind;
     TextView key;
@@ -80,8 +79,9 @@ TextView HeadOf(Kind kind) { return WordsOf(kind).head; }
 
 TextView OutcomeOf(Kind kind) { return WordsOf(kind).outcome; }
 
-Text WordsOnFinding(const ListFinding& finding) {
-    const TextView pattern = WordsOf(finding.kind).what;
+TextView PatternOf(Kind kind) { return WordsOf(kind).what; }
+
+Text FilledIn(TextView pattern, const ListFinding& finding) {
     Text words;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         if (pattern[i] != u'%') {
@@ -93,5 +93,7 @@ Text WordsOnFinding(const ListFinding& finding) {
     }
     return words;
 }
+
+Text WordsOnFinding(const ListFinding& finding) { return FilledIn(PatternOf(finding.kind), finding); }
 
 }  // namespace commtest

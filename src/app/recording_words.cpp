@@ -2,12 +2,8 @@
 
 namespace commtest {
 
-namespace {
-
-using Kind = RecordingFault::Kind;
-
-// "%" stands for the member.
-TextView PatternOf(Kind kind) {
+TextView PatternOf(RecordingFault::Kind kind) {
+    using Kind = RecordingFault::Kind;
     switch (kind) {
         case Kind::NotUtf8: return u"不是 UTF-8 文字";
         case Kind::NoHeader: return u"没有文件头";
@@ -20,13 +16,13 @@ TextView PatternOf(Kind kind) {
     }
 }
 
-}  // namespace
-
-Text WordsOnFault(const RecordingFault& fault) {
-    Text words(PatternOf(fault.kind));
+Text FilledIn(TextView pattern, const RecordingFault& fault) {
+    Text words(pattern);
     const std::size_t place = words.find(u'%');
     if (place != Text::npos) words.replace(place, 1, FromUtf8(fault.member));
     return words;
 }
+
+Text WordsOnFault(const RecordingFault& fault) { return FilledIn(PatternOf(fault.kind), fault); }
 
 }  // namespace commtest

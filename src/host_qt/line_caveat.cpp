@@ -5,9 +5,9 @@
 
 #include <cmath>
 
-namespace commtest {
+#include "host_qt/words.h"
 
-using namespace Qt::StringLiterals;
+namespace commtest {
 
 namespace {
 
@@ -28,17 +28,19 @@ QString CaveatOf(int descriptor, const LineSettings& settings) {
     QStringList caveats;
     const qint32 made = DriverBaudRate(descriptor);
     if (made != 0 && !IsSameRate(settings.baudRate, made)) {
-        caveats += u"串口不支持波特率 %1，实际为 %2，请换用别的波特率"_s.arg(settings.baudRate).arg(made);
+        caveats +=
+            Words::tr("串口不支持波特率 %1，实际为 %2，请换用别的波特率").arg(settings.baudRate).arg(made);
     }
     if (settings.stopBits == QSerialPort::OneAndHalfStop && settings.dataBits != QSerialPort::Data5) {
-        caveats += u"串口只在 5 个数据位时有 1.5 个停止位，实际为 2 个"_s;
+        caveats += Words::tr("串口只在 5 个数据位时有 1.5 个停止位，实际为 2 个");
     }
-    return caveats.join(u"；"_s);
+    return caveats.join(Words::tr("；"));
 }
 
 QString CaveatOfReaders(const QStringList& programs) {
     if (programs.isEmpty()) return {};
-    return u"程序 %1 没有锁住串口，也在读它，会取走应答，请先结束它"_s.arg(programs.join(u"、"_s));
+    return Words::tr("程序 %1 没有锁住串口，也在读它，会取走应答，请先结束它")
+        .arg(programs.join(Words::tr("、")));
 }
 
 QSerialPort::StopBits DriverStopBits(QSerialPort::StopBits wanted) {

@@ -10,9 +10,9 @@
 #include <cerrno>
 #include <cstring>
 
-namespace commtest {
+#include "host_qt/words.h"
 
-using namespace Qt::StringLiterals;
+namespace commtest {
 
 namespace {
 
@@ -30,26 +30,27 @@ QStringList FoldersAbove(const QString& path) {
 }
 
 QString ObstacleInFolder(const QString& folder) {
-    if (!QFileInfo::exists(folder)) return u"没有文件夹 %1"_s.arg(folder);
-    if (!QFileInfo(folder).isDir()) return u"%1 是文件，不是文件夹"_s.arg(folder);
-    if (!IsAllowed(folder, X_OK)) return u"没有进入文件夹 %1 的权限"_s.arg(folder);
+    if (!QFileInfo::exists(folder)) return Words::tr("没有文件夹 %1").arg(folder);
+    if (!QFileInfo(folder).isDir()) return Words::tr("%1 是文件，不是文件夹").arg(folder);
+    if (!IsAllowed(folder, X_OK)) return Words::tr("没有进入文件夹 %1 的权限").arg(folder);
     return {};
 }
 
 QString ObstacleToAdding(const QString& folder) {
     if (IsAllowed(folder, W_OK)) return {};
-    return errno == EROFS ? WordsOnSystemError(EROFS) : u"没有在文件夹 %1 中建立文件的权限"_s.arg(folder);
+    return errno == EROFS ? WordsOnSystemError(EROFS)
+                          : Words::tr("没有在文件夹 %1 中建立文件的权限").arg(folder);
 }
 
 QString ObstacleInPlace(PathUse use, const QString& path) {
     const QFileInfo file(path);
-    if (file.isDir()) return u"%1 是文件夹，不是文件"_s.arg(path);
+    if (file.isDir()) return Words::tr("%1 是文件夹，不是文件").arg(path);
     if (use == PathUse::Reading) {
-        return file.exists() && !IsAllowed(path, R_OK) ? u"没有读 %1 的权限"_s.arg(path) : QString();
+        return file.exists() && !IsAllowed(path, R_OK) ? Words::tr("没有读 %1 的权限").arg(path) : QString();
     }
     if (!file.exists()) return ObstacleToAdding(file.absolutePath());
     if (IsAllowed(path, W_OK)) return {};
-    return errno == EROFS ? WordsOnSystemError(EROFS) : u"没有写 %1 的权限"_s.arg(path);
+    return errno == EROFS ? WordsOnSystemError(EROFS) : Words::tr("没有写 %1 的权限").arg(path);
 }
 
 QString ObstacleToFolder(const QString& path) {
@@ -75,11 +76,11 @@ QString ObstacleTo(PathUse use, const QString& path) {
 QString WordsOnSystemError(int error) {
     switch (error) {
         case 0: return {};
-        case ENOSPC: return u"磁盘已满"_s;
-        case EDQUOT: return u"用户的磁盘配额已满"_s;
-        case EFBIG: return u"文件已到系统允许的最大长度"_s;
-        case EROFS: return u"磁盘是只读的"_s;
-        case EIO: return u"磁盘读写出错"_s;
+        case ENOSPC: return Words::tr("磁盘已满");
+        case EDQUOT: return Words::tr("用户的磁盘配额已满");
+        case EFBIG: return Words::tr("文件已到系统允许的最大长度");
+        case EROFS: return Words::tr("磁盘是只读的");
+        case EIO: return Words::tr("磁盘读写出错");
         default: return QString::fromLocal8Bit(std::strerror(error));
     }
 }

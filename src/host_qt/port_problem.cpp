@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include "host_qt/process_name.h"
+#include "host_qt/words.h"
 
 namespace commtest {
 
@@ -58,14 +59,15 @@ bool IsTerminal(const QString& device) {
 QString ReasonOfPermission(const QString& device) {
     if (access(QFile::encodeName(device), R_OK | W_OK) == 0) {
         const QString holder = HolderOf(device);
-        return u"设备 %1 正被%2使用。请先结束那个程序"_s.arg(
-            device, holder.isEmpty() ? u"另一个程序"_s : u"程序 %1 "_s.arg(holder));
+        return holder.isEmpty() ? Words::tr("设备 %1 正被另一个程序使用。请先结束那个程序").arg(device)
+                                : Words::tr("设备 %1 正被程序 %2 使用。请先结束那个程序").arg(device, holder);
     }
     const QFileInfo info(device);
     const bool groupHelps = info.permission(QFile::ReadGroup | QFile::WriteGroup) && info.group() != u"root";
-    if (!groupHelps) return u"没有读写设备 %1 的权限。请管理员放开它的权限"_s.arg(device);
-    return u"没有读写设备 %1 的权限。请把用户加入 %2 组 (sudo usermod -aG %2 用户名)，重新登录后再试"_s.arg(
-        device, info.group());
+    if (!groupHelps) return Words::tr("没有读写设备 %1 的权限。请管理员放开它的权限").arg(device);
+    return Words::tr(
+               "没有读写设备 %1 的权限。请把用户加入 %2 组 (sudo usermod -aG %2 用户名)，重新登录后再试")
+        .arg(device, info.group());
 }
 
 }  // namespace
@@ -84,15 +86,15 @@ QString HolderOf(const QString& device) {
 QString ReasonOfFailedOpen(const QString& device, const QSerialPort& port, const Text& settings) {
     // A device that is not there can be locked by its name all the same.
     if (port.error() == QSerialPort::DeviceNotFoundError || !QFileInfo::exists(device)) {
-        return u"设备 %1 不存在。请检查接线和设备名"_s.arg(device);
+        return Words::tr("设备 %1 不存在。请检查接线和设备名").arg(device);
     }
     if (port.error() == QSerialPort::PermissionError) return ReasonOfPermission(device);
-    if (!IsTerminal(device)) return u"%1 不是串口设备。请检查设备名"_s.arg(device);
+    if (!IsTerminal(device)) return Words::tr("%1 不是串口设备。请检查设备名").arg(device);
     if (port.error() == QSerialPort::UnsupportedOperationError) {
-        return u"设备 %1 不支持串口设置 %2。请换用别的设置"_s.arg(device,
-                                                                  QString::fromStdU16String(settings));
+        return Words::tr("设备 %1 不支持串口设置 %2。请换用别的设置")
+            .arg(device, QString::fromStdU16String(settings));
     }
-    return u"设备 %1 打不开: %2"_s.arg(device, port.errorString());
+    return Words::tr("设备 %1 打不开: %2").arg(device, port.errorString());
 }
 
 }  // namespace commtest

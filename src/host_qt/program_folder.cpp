@@ -17,6 +17,7 @@
 #include "host_qt/qt_store.h"
 #include "host_qt/shipped_help.h"
 #include "host_qt/shipped_template.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -101,7 +102,8 @@ void WriteBytes(const Text& path, std::string_view bytes) {
     errno = 0;
     if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.flush()) return;
     const QString reason = ReasonOfFailure(PathUse::Writing, file.fileName(), errno);
-    throw RuntimeError::OfStore(path + u"：" + reason.toStdU16String());
+    throw RuntimeError::OfStore(
+        Words::tr("%1：%2").arg(QString::fromStdU16String(path), reason).toStdU16String());
 }
 
 void MakeFolder(const QString& path) {

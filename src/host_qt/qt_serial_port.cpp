@@ -14,6 +14,7 @@
 #include "host_qt/line_caveat.h"
 #include "host_qt/line_settings.h"
 #include "host_qt/port_problem.h"
+#include "host_qt/words.h"
 
 namespace commtest {
 
@@ -95,12 +96,15 @@ void QtSerialPort::Open() {
     const auto settings = LineSettingsOf(settings_);
     device_ = WantedDevice();
     if (!settings) {
-        problem_ = u"串口设置 \"" + settings_ + u"\" 无效。请写成 9600,N,8,1 的形式";
+        problem_ = Words::tr("串口设置 \"%1\" 无效。请写成 9600,N,8,1 的形式")
+                       .arg(QString::fromStdU16String(settings_))
+                       .toStdU16String();
         return;
     }
     if (device_.isEmpty()) {
-        problem_ =
-            u"本机没有第 %1 个串口。请接上串口，或指定设备: COM%1=设备"_s.arg(number_).toStdU16String();
+        problem_ = Words::tr("本机没有第 %1 个串口。请接上串口，或指定设备: COM%1=设备")
+                       .arg(number_)
+                       .toStdU16String();
         return;
     }
     // Set before the opening, what a device ignores does not make it fail.
@@ -121,7 +125,7 @@ void QtSerialPort::Open() {
 QString QtSerialPort::CaveatOfOpenLine(const LineSettings& settings) const {
     QStringList caveats = {CaveatOf(port_.handle(), settings), CaveatOfReaders(OtherReadersOf(device_))};
     caveats.removeAll(QString());
-    return caveats.join(u"；"_s);
+    return caveats.join(Words::tr("；"));
 }
 
 // Without the links on the way, so that a device is locked under one name.
@@ -168,7 +172,8 @@ void QtSerialPort::Lose() {
     SetPortOpen(false);
     lookForLost_.start(kTimeBetweenLooks);
     if (IsLost)
-        IsLost(u"COM%1 (%2) 已断开。请检查接线后重新开始"_s.arg(number_).arg(device_).toStdU16String());
+        IsLost(
+            Words::tr("COM%1 (%2) 已断开。请检查接线后重新开始").arg(number_).arg(device_).toStdU16String());
 }
 
 // --- A lost device that comes back ---

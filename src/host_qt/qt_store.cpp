@@ -7,10 +7,12 @@
 #include <QSqlRecord>
 #include <QUrl>
 #include <QVariant>
+#include <algorithm>
 
 #include "host_qt/odbc_engine_name.h"
 #include "host_qt/older_catalogue.h"
 #include "host_qt/path_problem.h"
+#include "host_qt/words.h"
 
 namespace commtest {
 
@@ -49,19 +51,25 @@ FileResult FileResultOf(const QSqlError& error) {
 
 QString WordsOn(FileResult result, const QString& text) {
     switch (result) {
-        case FileResult::ReadOnly: return u"没有写数据库文件的权限（%1）"_s.arg(text);
-        case FileResult::Damaged: return u"数据库文件已损坏（%1）"_s.arg(text);
-        case FileResult::Full: return u"磁盘已满（%1）"_s.arg(text);
-        case FileResult::Io: return u"磁盘读写出错（%1）"_s.arg(text);
+        case FileResult::ReadOnly: return Words::tr("没有写数据库文件的权限（%1）").arg(text);
+        case FileResult::Damaged: return Words::tr("数据库文件已损坏（%1）").arg(text);
+        case FileResult::Full: return Words::tr("磁盘已满（%1）").arg(text);
+        case FileResult::Io: return Words::tr("磁盘读写出错（%1）").arg(text);
         default: return text;
     }
+}
+
+Text WordsAt(const Text& file, const Text& words) {
+    return Words::tr("%1：%2")
+        .arg(QString::fromStdU16String(file), QString::fromStdU16String(words))
+        .toStdU16String();
 }
 
 [[noreturn]] void Raise(const QSqlError& error, const StoreSource& source) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     const FileResult result = source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
     Text words = WordsOn(result, text.simplified()).toStdU16String();
-    if (result != FileResult::None && !source.file.empty()) words = source.file + u"：" + words;
+    if (result != FileResult::None && !source.file.empty()) words = WordsAt(source.file, words);
     if (result == FileResult::Damaged) throw DamagedStore(words);
     throw RuntimeError::OfStore(words);
 }
@@ -75,9 +83,9 @@ StoreEngine ServerEngineOf(const QSqlDriver& driver) {
         case QSqlDriver::MSSqlServer: return StoreEngine::SqlServer;
         case QSqlDriver::PostgreSQL: return StoreEngine::PostgreSql;
         default:
-            throw RuntimeError::OfStore(
-                u"不支持数据库 %1，只支持 SQL Server 和 PostgreSQL"_s.arg(OdbcEngineName(driver))
-                    .toStdU16String());
+            throw RuntimeError::OfStore(Words::tr("不支持数据库 %1，只支持 SQL Server 和 PostgreSQL")
+                                            .arg(OdbcEngineName(driver))
+                                            .toStdU16String());
     }
 }
 
@@ -160,11 +168,11 @@ void QtStore::Open(const StoreAddress& address) {
         if (isFile) source_.file = address.location;
     } catch (const DamagedStore& error) {
         Close();
-        throw DamagedStore(address.location + u"：" + error.Message());
+        throw DamagedStore(WordsAt(address.location, error.Message()));
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.
-        throw RuntimeError::OfStore((isFile ? address.location + u"：" : Text()) + error.Message());
+        throw RuntimeError::OfStore(isFile ? WordsAt(address.location, error.Message()) : error.Message());
     }
 }
 
@@ -172,8 +180,9 @@ void QtStore::OpenFile(const StoreAddress& address) {
     const QFileInfo file(ToQt(address.location));
     const QString obstacle = ObstacleTo(PathUse::Reading, file.filePath());
     if (!obstacle.isEmpty()) throw RuntimeError::OfStore(obstacle.toStdU16String());
-    if (!file.isFile()) throw RuntimeError::OfStore(u"数据库文件不存在");
-    if (IsOlderCatalogue(file.filePath())) throw RuntimeError::OfStore(u"是旧格式的桌面数据库，未作任何改动");
+    if (!file.isFile()) throw RuntimeError::OfStore(Words::tr("数据库文件不存在").toStdU16String());
+    if (IsOlderCatalogue(file.filePath()))
+        throw RuntimeError::OfStore(Words::tr("是旧格式的桌面数据库，未作任何改动").toStdU16String());
     const QString uri = UriOf(file);
     // The first look changes nothing: an immutable file is read without locks, journals and recovery.
     Connect(u"QSQLITE"_s, uri + u"?immutable=1"_s, u"QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI"_s);
@@ -185,9 +194,10 @@ void QtStore::OpenFile(const StoreAddress& address) {
 void QtStore::OpenNewFile(const StoreAddress& address) {
     QFile file(ToQt(address.location));
     if (!file.open(QIODevice::NewOnly)) {
-        if (file.exists()) throw RuntimeError::OfStore(u"文件已存在");
-        throw RuntimeError::OfStore(u"不能建立数据库文件，" +
-                                    ObstacleTo(PathUse::Writing, file.fileName()).toStdU16String());
+        if (file.exists()) throw RuntimeError::OfStore(Words::tr("文件已存在").toStdU16String());
+        throw RuntimeError::OfStore(Words::tr("不能建立数据库文件，%1")
+                                        .arg(ObstacleTo(PathUse::Writing, file.fileName()))
+                                        .toStdU16String());
     }
     file.close();
     try {
@@ -221,6 +231,7 @@ void QtStore::Connect(const QString& driver, const QString& database, const QStr
 
 void QtStore::Close() {
     preparedRow_.reset();
+    preparedRows_.clear();
     if (IsFile()) PassOverError([&] { BringLogIntoFile(); });
     open_ = false;
     source_.file.clear();
@@ -304,13 +315,55 @@ QtStore::PreparedRow& QtStore::PreparedFor(const Text& table, const std::vector<
         names += ToQt(column);
         marks += u":v%1"_s.arg(marks.size());
     }
-    QSqlQuery query(Connection());
-    const QString sql =
-        u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u','));
-    if (!query.prepare(sql)) Raise(query.lastError(), source_);
+    QSqlQuery query =
+        Prepared(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(ToQt(table), names.join(u','), marks.join(u',')));
     const std::size_t count = columns.size();
     return preparedRow_.emplace(PreparedRow{table, columns, std::move(marks), std::vector<bool>(count),
                                             std::vector<StoreValue>(count), std::move(query)});
+}
+
+std::size_t QtStore::RowsAStatement(const std::vector<Text>& columns) {
+    constexpr std::size_t kMostValues = 2000;  // the engines take 2100 and more
+    return kMostValues / columns.size();
+}
+
+void QtStore::AddRows(const Text& table, const std::vector<Text>& columns,
+                      std::span<const std::vector<StoreValue>> rows) {
+    while (!rows.empty()) {
+        const std::size_t count = std::min(RowsAStatement(columns), rows.size());
+        QSqlQuery& query = PreparedFor(table, columns, count);
+        int place = 0;
+        for (const std::vector<StoreValue>& row : rows.first(count))
+            for (const StoreValue& value : row) query.bindValue(place++, VariantOf(value));
+        if (!query.exec()) Raise(query.lastError(), source_);
+        rows = rows.subspan(count);
+    }
+}
+
+QSqlQuery& QtStore::PreparedFor(const Text& table, const std::vector<Text>& columns, std::size_t count) {
+    const auto found =
+        std::find_if(preparedRows_.begin(), preparedRows_.end(), [&](const PreparedRows& rows) {
+            return rows.table == table && rows.columns == columns && rows.count == count;
+        });
+    return found != preparedRows_.end() ? found->query : PreparedAnew(table, columns, count);
+}
+
+QSqlQuery& QtStore::PreparedAnew(const Text& table, const std::vector<Text>& columns, std::size_t count) {
+    constexpr std::size_t kMostKept = 8;
+    if (preparedRows_.size() == kMostKept) preparedRows_.pop_front();
+    QStringList names;
+    for (const Text& column : columns) names += ToQt(column);
+    const QString row = u"("_s + QStringList(names.size(), u"?"_s).join(u',') + u")"_s;
+    const QStringList all(static_cast<qsizetype>(count), row);
+    QSqlQuery query =
+        Prepared(u"INSERT INTO %1 (%2) VALUES %3"_s.arg(ToQt(table), names.join(u','), all.join(u',')));
+    return preparedRows_.emplace_back(PreparedRows{table, columns, count, std::move(query)}).query;
+}
+
+QSqlQuery QtStore::Prepared(const QString& sql) {
+    QSqlQuery query(Connection());
+    if (!query.prepare(sql)) Raise(query.lastError(), source_);
+    return query;
 }
 
 void QtStore::BeginTransaction() {
@@ -332,7 +385,7 @@ void QtStore::Rollback() {
 }
 
 QSqlDatabase QtStore::Connection() const {
-    if (!open_) throw RuntimeError::OfStore(u"数据库没有打开");
+    if (!open_) throw RuntimeError::OfStore(Words::tr("数据库没有打开").toStdU16String());
     return connection_;
 }
 

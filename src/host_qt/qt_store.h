@@ -4,7 +4,9 @@
 #include <QSqlQuery>
 #include <QString>
 #include <QStringList>
+#include <deque>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "host/store.h"
@@ -48,6 +50,10 @@ class QtStore : public Store {
     void Execute(const Text& sql, const std::vector<StoreValue>& values) override;
     void AddRow(const Text& table, const std::vector<Text>& columns,
                 const std::vector<StoreValue>& values) override;
+    // Rows that have the same columns, so many a statement, and what is left in one more.
+    static std::size_t RowsAStatement(const std::vector<Text>& columns);
+    void AddRows(const Text& table, const std::vector<Text>& columns,
+                 std::span<const std::vector<StoreValue>> rows);
 
     void BeginTransaction() override;
     void Commit() override;
@@ -68,6 +74,14 @@ class QtStore : public Store {
         void Bind(std::size_t column, const StoreValue& value);
     };
 
+    // The statement of so many rows.
+    struct PreparedRows {
+        Text table;
+        std::vector<Text> columns;
+        std::size_t count = 0;
+        QSqlQuery query;
+    };
+
     void OpenFile(const StoreAddress& address);
     void OpenNewFile(const StoreAddress& address);
     void ConnectToFile(const QString& uri);
@@ -76,6 +90,9 @@ class QtStore : public Store {
     void CommitToLog();
     void BringLogIntoFile();
     PreparedRow& PreparedFor(const Text& table, const std::vector<Text>& columns);
+    QSqlQuery& PreparedFor(const Text& table, const std::vector<Text>& columns, std::size_t count);
+    QSqlQuery& PreparedAnew(const Text& table, const std::vector<Text>& columns, std::size_t count);
+    QSqlQuery Prepared(const QString& sql);
     QSqlQuery Run(const Text& sql);
     QSqlQuery Run(const Text& sql, const std::vector<StoreValue>& values);
     QSqlDatabase Connection() const;
@@ -87,6 +104,7 @@ class QtStore : public Store {
     bool commitsToLog_ = false;
     bool inTransaction_ = false;
     std::optional<PreparedRow> preparedRow_;
+    std::deque<PreparedRows> preparedRows_;  // the last ones
 };
 
 }  // namespace commtest

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "host_qt/words.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,7 @@ int WriteAll(const QFileDevice& file, const QByteArray& bytes) {
 }
 
 SpreadsheetResult CannotWrite(const QString& path, const QString& why) {
-    return {Kind::CannotWrite, ToText(u"%1：%2"_s.arg(path, why))};
+    return {Kind::CannotWrite, ToText(Words::tr("%1：%2").arg(path, why))};
 }
 
 bool IsWantOfRoom(int error) { return error == ENOSPC || error == EDQUOT || error == EFBIG; }

@@ -1,7 +1,9 @@
 #include "host_qt/server_store.h"
 
 #include <algorithm>
+#include <iterator>
 
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -23,9 +25,9 @@ std::chrono::milliseconds LimitOf(Patience patience) {
     return std::chrono::hours(24 * 3650);
 }
 
-constexpr TextView kSilent = u"服务器没有应答";
-constexpr TextView kBroken = u"与服务器的连接已中断";
-constexpr TextView kFailed = u"这次改动已经失败";
+Text Silent() { return Words::tr("服务器没有应答").toStdU16String(); }
+Text Broken() { return Words::tr("与服务器的连接已中断").toStdU16String(); }
+Text Failed() { return Words::tr("这次改动已经失败").toStdU16String(); }
 
 // A statement that the engine refuses leaves its connection alive.
 bool IsAlive(QtStore& store) {
@@ -63,9 +65,9 @@ RowBlock NextBlock(RowCursor& cursor) {
 
 // In a transaction a refused statement leaves nothing that could be asked; its rollback will show.
 template <typename Work>
-auto ServerStore::Run(Work work) {
-    if (!isOpen_) throw RuntimeError::OfStore(u"数据库没有打开");
-    if (transaction_ == Transaction::Failed) throw LostStore(Text(kFailed));
+auto ServerStore::Hand(Work work) {
+    if (!isOpen_) throw RuntimeError::OfStore(Words::tr("数据库没有打开").toStdU16String());
+    if (transaction_ == Transaction::Failed) throw LostStore(Failed());
     const Clock::time_point begin = Clock::now();
     if (thread_ == nullptr) BeginToConnect();
     if (opening_.valid()) FinishConnecting(begin + LimitOf(patience_) / 2);
@@ -81,9 +83,16 @@ auto ServerStore::Run(Work work) {
     return Awaited(thread_->Run(std::move(guarded)), begin + LimitOf(patience_));
 }
 
+// The rows that were added before go ahead of it.
+template <typename Work>
+auto ServerStore::Run(Work work) {
+    if (collectedCount_ > 0) SendCollected(Amount::All);
+    return Hand(std::move(work));
+}
+
 template <typename Result>
 Result ServerStore::Awaited(std::future<Result> result, Clock::time_point until) {
-    if (result.wait_until(until) != std::future_status::ready) GiveUp(Text(kSilent));
+    if (result.wait_until(until) != std::future_status::ready) GiveUp(Silent());
     try {
         return result.get();
     } catch (const LostStore& error) {
@@ -133,8 +142,8 @@ void ServerStore::BeginToConnect() {
 
 void ServerStore::FinishConnecting(Clock::time_point until) {
     if (opening_.wait_until(std::min(until, openingEnds_)) != std::future_status::ready) {
-        if (Clock::now() >= openingEnds_) GiveUp(Text(kSilent));
-        throw LostStore(Text(kSilent));
+        if (Clock::now() >= openingEnds_) GiveUp(Silent());
+        throw LostStore(Silent());
     }
     try {
         engine_ = opening_.get();
@@ -143,7 +152,13 @@ void ServerStore::FinishConnecting(Clock::time_point until) {
     }
 }
 
+void ServerStore::ForgetCollected() {
+    collected_.clear();
+    collectedCount_ = 0;
+}
+
 void ServerStore::Close() {
+    ForgetCollected();
     isOpen_ = false;
     transaction_ = Transaction::None;
     opening_ = {};
@@ -171,15 +186,51 @@ void ServerStore::Execute(const Text& sql, const std::vector<StoreValue>& values
 
 void ServerStore::AddRow(const Text& table, const std::vector<Text>& columns,
                          const std::vector<StoreValue>& values) {
-    Run([table, columns, values](Connection& connection) {
-        connection.store.AddRow(table, columns, values);
+    constexpr std::size_t kMostCollected = 2000;
+    if (transaction_ != Transaction::Open) {
+        return Run([table, columns, values](Connection& connection) {
+            connection.store.AddRow(table, columns, values);
+        });
+    }
+    CollectedFor(table, columns).rows.push_back(values);
+    if (++collectedCount_ == kMostCollected) SendCollected(Amount::WholeStatements);
+}
+
+ServerStore::CollectedRows& ServerStore::CollectedFor(const Text& table, const std::vector<Text>& columns) {
+    const auto found = std::find_if(collected_.begin(), collected_.end(), [&](const CollectedRows& rows) {
+        return rows.table == table && rows.columns == columns;
     });
+    return found != collected_.end() ? *found : collected_.emplace_back(CollectedRows{table, columns, {}});
+}
+
+void ServerStore::SendCollected(Amount amount) {
+    Hand([taken = TakeCollected(amount)](Connection& connection) {
+        for (const CollectedRows& one : taken) connection.store.AddRows(one.table, one.columns, one.rows);
+    });
+}
+
+// What the others refer to goes first, so of the last table alone some rows may wait.
+std::vector<ServerStore::CollectedRows> ServerStore::TakeCollected(Amount amount) {
+    std::vector<CollectedRows> taken;
+    collectedCount_ = 0;
+    for (CollectedRows& one : collected_) {
+        const bool mayWait = amount == Amount::WholeStatements && &one == &collected_.back();
+        const std::size_t rest = mayWait ? one.rows.size() % QtStore::RowsAStatement(one.columns) : 0;
+        std::vector<std::vector<StoreValue>> waiting(
+            std::make_move_iterator(one.rows.end() - static_cast<std::ptrdiff_t>(rest)),
+            std::make_move_iterator(one.rows.end()));
+        one.rows.resize(one.rows.size() - rest);
+        taken.push_back({one.table, one.columns, std::exchange(one.rows, std::move(waiting))});
+        collectedCount_ += rest;
+    }
+    return taken;
 }
 
 // --- Transactions ---
 
 void ServerStore::BeginTransaction() {
     Run([](Connection& connection) { connection.store.BeginTransaction(); });
+    ForgetCollected();
     transaction_ = Transaction::Open;
 }
 
@@ -191,11 +242,12 @@ void ServerStore::Commit() {
 // A server rolls back by itself what a lost connection has begun.
 void ServerStore::Rollback() {
     transaction_ = Transaction::None;
+    ForgetCollected();
     if (thread_ == nullptr) return;
     try {
         Run([](Connection& connection) {
             connection.store.Rollback();
-            if (!IsAlive(connection.store)) throw LostStore(Text(kBroken));
+            if (!IsAlive(connection.store)) throw LostStore(Broken());
         });
     } catch (const LostStore&) {
     }
@@ -226,7 +278,7 @@ class ServerStore::Cursor : public RowCursor {
     void Refill() {
         next_ = 0;
         block_ = store_.Run([](Connection& connection) {
-            if (connection.cursor == nullptr) throw LostStore(Text(kBroken));
+            if (connection.cursor == nullptr) throw LostStore(Broken());
             return NextBlock(*connection.cursor);
         });
     }

@@ -44,7 +44,14 @@ class ServerStore : public Store {
     class Cursor;
     using Clock = std::chrono::steady_clock;
     enum class Transaction { None, Open, Failed };
+    struct CollectedRows {
+        Text table;
+        std::vector<Text> columns;
+        std::vector<std::vector<StoreValue>> rows;
+    };
 
+    template <typename Work>
+    auto Hand(Work work);
     template <typename Work>
     auto Run(Work work);
     template <typename Result>
@@ -52,6 +59,11 @@ class ServerStore : public Store {
     void BeginToConnect();
     void FinishConnecting(Clock::time_point until);
     [[noreturn]] void GiveUp(const Text& words);
+    CollectedRows& CollectedFor(const Text& table, const std::vector<Text>& columns);
+    enum class Amount { WholeStatements, All };
+    void SendCollected(Amount amount);
+    std::vector<CollectedRows> TakeCollected(Amount amount);
+    void ForgetCollected();
     void FailTransaction();
 
     StoreAddress address_;
@@ -59,6 +71,8 @@ class ServerStore : public Store {
     StoreEngine engine_ = StoreEngine::PostgreSql;
     Patience patience_ = Patience::Usual;
     Transaction transaction_ = Transaction::None;
+    std::vector<CollectedRows> collected_;  // in the order in which the transaction has added to them first
+    std::size_t collectedCount_ = 0;
     std::unique_ptr<StoreThread> thread_;  // none where the connection was given up
     std::future<StoreEngine> opening_;     // valid until the connection stands
     Clock::time_point openingEnds_;

@@ -1,5 +1,6 @@
 #include "window/address_field.h"
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/note_bar.h"
 #include "window/pieces.h"
@@ -18,7 +19,7 @@ void RestoreIfEmpty(TextSpinBox& field, const TextControl& address, NoteBar& not
     const QString former = ToQt(address.Value());
     if (!IsEmpty(field) || former.isEmpty()) return;
     field.SetText(former);
-    notes.Say(u"仪表地址没有填写，仍为 %1"_s.arg(former));
+    notes.Say(Words::tr("仪表地址没有填写，仍为 %1").arg(former));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "host_qt/words.h"
 #include "window/glyphs.h"
 
 namespace commtest {
@@ -22,9 +23,9 @@ CatalogueBox::CatalogueBox(const Theme& theme, QWidget* window)
     : QDialog(window),
       path_(new QLineEdit(this)),
       reason_(new QLabel(this)),
-      create_(new QPushButton(u"在此新建"_s, this)),
-      choose_(new QPushButton(u"选择文件夹..."_s, this)),
-      goOn_(new QPushButton(u"不用目录继续"_s, this)) {
+      create_(new QPushButton(Words::tr("在此新建"), this)),
+      choose_(new QPushButton(Words::tr("选择文件夹..."), this)),
+      goOn_(new QPushButton(Words::tr("不用目录继续"), this)) {
     setWindowTitle(window->windowTitle());
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumWidth(
@@ -44,14 +45,14 @@ QLayout* CatalogueBox::MakeWords(const Theme& theme) {
     sign->setPixmap(GlyphPicture(Glyph::Warning, theme.Now().warn, kSignSize, devicePixelRatioF()));
     path_->setReadOnly(true);
     path_->setFont(Theme::MonoFont());
-    path_->setAccessibleName(u"仪表目录"_s);
+    path_->setAccessibleName(Words::tr("仪表目录"));
     reason_->setObjectName(u"reason"_s);
     reason_->setWordWrap(true);
     reason_->setTextFormat(Qt::PlainText);
     reason_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* words = new QVBoxLayout;
     words->setSpacing(8);
-    words->addWidget(new QLabel(u"没有打开仪表目录"_s, this));
+    words->addWidget(new QLabel(Words::tr("没有打开仪表目录"), this));
     words->addWidget(path_);
     words->addWidget(reason_);
     auto* line = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include "catalogue/chip_records.h"
 #include "catalogue/instrument_selection.h"
 #include "host/dialogs.h"
+#include "host_qt/words.h"
 #include "window/fact_box.h"
 #include "window/fact_table.h"
 #include "window/list_words.h"
@@ -18,8 +19,8 @@ namespace {
 QString WordsOnMoment(const CatalogueCopy& copy) { return copy.moment.toString(u"yyyy-MM-dd HH:mm:ss"_s); }
 
 FactTable* MakeTable(const QList<CatalogueCopy>& copies, QWidget* parent) {
-    auto* table = new FactTable({u"备份时间"_s, u"大小"_s, u"内容"_s}, parent);
-    table->setAccessibleName(u"备份"_s);
+    auto* table = new FactTable({Words::tr("备份时间"), Words::tr("大小"), Words::tr("内容")}, parent);
+    table->setAccessibleName(Words::tr("备份"));
     for (const CatalogueCopy& copy : copies) {
         table->AddRow({WordsOnMoment(copy), WordsOnBytes(copy.bytes),
                        WordsOnSize(copy.size.instruments, copy.size.parameters)});
@@ -41,20 +42,22 @@ void CatalogueRestore::Ask() {
     const Outside& outside = binder_.Form().outside;
     const QList<CatalogueCopy> copies = CopiesOfCatalogue(outside);
     if (copies.isEmpty()) {
-        outside.dialogs.ShowMessage(u"没有可以恢复的备份！", u"每次导入之前自动备份目录，保留最近三份。");
+        outside.dialogs.ShowMessage(Words::tr("没有可以恢复的备份！").toStdU16String(),
+                                    Words::tr("每次导入之前自动备份目录，保留最近三份。").toStdU16String());
         return;
     }
     auto* box = new FactBox(theme_, window_);
-    box->Say(Glyph::Unknown, u"确定要恢复原目录吗？"_s);
-    box->SetFact(u"恢复"_s, u"仪表和参数；其它数据不变"_s);
+    box->Say(Glyph::Unknown, Words::tr("确定要恢复原目录吗？"));
+    box->SetFact(Words::tr("恢复"), Words::tr("仪表和参数；其它数据不变"));
     binder_.Event([&] {
         const CatalogueSize present = InstrumentCatalogue(outside.store).Size();
-        box->SetFact(u"现目录"_s, WordsOnSize(present.instruments, present.parameters) + u"；先存为备份"_s);
+        box->SetFact(Words::tr("现目录"),
+                     WordsOnSize(present.instruments, present.parameters) + Words::tr("；先存为备份"));
     });
     FactTable* table = MakeTable(copies, box);
     box->AddContents(table);
-    QPushButton* yes = box->AddAnswer(u"是(&Y)"_s, true);
-    QPushButton* no = box->AddAnswer(u"否(&N)"_s, false);
+    QPushButton* yes = box->AddAnswer(Words::tr("是(&Y)"), true);
+    QPushButton* no = box->AddAnswer(Words::tr("否(&N)"), false);
     connect(yes, &QPushButton::clicked, box, &QDialog::accept);
     connect(no, &QPushButton::clicked, box, &QDialog::reject);
     connect(box, &QDialog::accepted, this,
@@ -70,10 +73,11 @@ void CatalogueRestore::Restore(const CatalogueCopy& copy) {
         const Text former =
             BackUpCatalogue(form.outside.store, form.outside.files, form.outside.clock.Now(), copy.name);
         RestoreCatalogue(form.outside.store, form.outside.files, copy.name);
-        notes_.Say(u"已恢复 %1 的目录，恢复之前的存为 %2"_s.arg(WordsOnMoment(copy), ToQt(former)));
+        notes_.Say(Words::tr("已恢复 %1 的目录，恢复之前的存为 %2").arg(WordsOnMoment(copy), ToQt(former)));
     } catch (const RuntimeError& error) {
         const QString reason = WordsOn(ListProblem::Of(error, 0), ToQt(copy.name));
-        form.outside.dialogs.ShowMessage(u"没有恢复，目录不变！", reason.toStdU16String());
+        form.outside.dialogs.ShowMessage(Words::tr("没有恢复，目录不变！").toStdU16String(),
+                                         reason.toStdU16String());
         return;
     }
     binder_.Event([&form] { LoadCatalogueAnew(form); });

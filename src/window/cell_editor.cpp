@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "commissioning/write_watch.h"
+#include "host_qt/words.h"
 #include "session/grid_editing.h"
 #include "window/bindings.h"
 #include "window/editor_hint.h"
@@ -22,7 +23,7 @@ CellEditor::CellEditor(Binder& binder, const Theme& theme, GridView& grid, Write
       writes_(writes),
       hint_(new EditorHint(theme, page)) {
     setObjectName(u"cellEditor"_s);
-    setAccessibleName(u"修改值"_s);
+    setAccessibleName(Words::tr("修改值"));
     setFont(Theme::MonoFont());
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Bind(binder, binder.Form().InputText, *this);
@@ -58,7 +59,8 @@ void CellEditor::FollowCell() {
 
 void CellEditor::TakeFocus() {
     cell_ = grid_.currentIndex();
-    setAccessibleName(u"修改值 "_s + QModelIndex(cell_).siblingAtColumn(column::kName).data().toString());
+    setAccessibleName(
+        Words::tr("修改值 %1").arg(QModelIndex(cell_).siblingAtColumn(column::kName).data().toString()));
     Judge();
     Place();
     setFocus(Qt::OtherFocusReason);
@@ -82,7 +84,7 @@ void CellEditor::Judge() {
 void CellEditor::ShowHint(const std::optional<WriteCheck>& objection) {
     const MainForm& form = binder_.Form();
     const int row = cell_.row() + 1;
-    const QString keys = hasWarned_ ? u"再按一次回车仍写入，Esc 放弃"_s : QString();
+    const QString keys = hasWarned_ ? Words::tr("再按一次回车仍写入，Esc 放弃") : QString();
     hint_->Say(WordsOnLimits(form, row), objection ? WordsOnObjection(form, row, *objection) : QString(),
                keys);
     setAccessibleDescription(hint_->Words());

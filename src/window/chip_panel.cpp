@@ -9,6 +9,7 @@
 #include <set>
 
 #include "catalogue/chip_records.h"
+#include "host_qt/words.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -43,8 +44,8 @@ QLineEdit* MakeField(Binder& binder, const ListControl& control, bool isCode) {
 QPushButton* MakeDeadButton(const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setEnabled(false);
-    button->setToolTip(u"仅供查看"_s);
-    button->setAccessibleDescription(u"仅供查看"_s);
+    button->setToolTip(Words::tr("仅供查看"));
+    button->setAccessibleDescription(Words::tr("仅供查看"));
     return button;
 }
 
@@ -149,8 +150,9 @@ void ChipPanel::CountRecords() {
         instruments.insert(grid.Cell(row, chip_column::kInstrumentKey));
         records += !grid.Cell(row, chip_column::kChip).empty();
     }
-    counts_->setText(u"%1 台仪表，%2 份资料"_s.arg(GroupedNumber(static_cast<qint64>(instruments.size())),
-                                                   GroupedNumber(records)));
+    counts_->setText(
+        Words::tr("%1 台仪表，%2 份资料")
+            .arg(GroupedNumber(static_cast<qint64>(instruments.size())), GroupedNumber(records)));
 }
 
 void ChipPanel::Press(int button) {

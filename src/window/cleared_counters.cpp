@@ -1,5 +1,6 @@
 #include "window/cleared_counters.h"
 
+#include "host_qt/words.h"
 #include "runtime/number.h"
 #include "session/records.h"
 #include "session/reply_routing.h"
@@ -8,11 +9,9 @@
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QString kCleared = u"计数已清零"_s;
+QString ClearedWords() { return Words::tr("计数已清零"); }
 
 }  // namespace
 
@@ -23,7 +22,7 @@ void ClearedCounters::Serve(StatisticsLabel& label) {
     connect(&label, &StatisticsLabel::DoubleClicked, this, &ClearedCounters::Clear);
 }
 
-bool ClearedCounters::OfferStands() const { return notes_.HasOffer() && notes_.Text() == kCleared; }
+bool ClearedCounters::OfferStands() const { return notes_.HasOffer() && notes_.Text() == ClearedWords(); }
 
 ClearedCounters::Counters ClearedCounters::Counted() const {
     const MainForm& form = binder_.Form();
@@ -47,7 +46,7 @@ void ClearedCounters::Clear() {
         ConCommMessage_DblClick(binder_.Form());
         ShowStatistics(binder_.Form());
     });
-    notes_.Offer(kCleared, u"撤销"_s, [this] { PutBack(); });
+    notes_.Offer(ClearedWords(), Words::tr("撤销"), [this] { PutBack(); });
 }
 
 void ClearedCounters::PutBack() {

@@ -1,11 +1,10 @@
 #include "window/column_menu.h"
 
+#include "host_qt/words.h"
 #include "window/grid_columns.h"
 #include "window/pieces.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 QMenu* MakeColumnMenu(const Grid& grid, int index, int col, ColumnWidths& widths,
                       const std::function<void()>& changed, QWidget* parent) {
@@ -16,7 +15,7 @@ QMenu* MakeColumnMenu(const Grid& grid, int index, int col, ColumnWidths& widths
         changed();
     };
     if (index == 0) {
-        QAction* hideThis = menu->addAction(u"隐藏此列"_s, parent, [hide, col] { hide(col, true); });
+        QAction* hideThis = menu->addAction(Words::tr("隐藏此列"), parent, [hide, col] { hide(col, true); });
         hideThis->setEnabled(CanBeHidden(index, col));
         menu->addSeparator();
         for (int other = 0; other < grid.Cols(); ++other) {
@@ -29,7 +28,7 @@ QMenu* MakeColumnMenu(const Grid& grid, int index, int col, ColumnWidths& widths
         }
         menu->addSeparator();
     }
-    menu->addAction(u"恢复列宽"_s, parent, [&widths, changed] {
+    menu->addAction(Words::tr("恢复列宽"), parent, [&widths, changed] {
         widths.Reset();
         changed();
     });

@@ -2,12 +2,11 @@
 
 #include "catalogue/catalogue_lists.h"
 #include "catalogue/recordings.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "window/pieces.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 DeletedPairs::DeletedPairs(Binder& binder, NoteBar& notes, QObject* parent)
     : QObject(parent), binder_(binder), notes_(notes) {
@@ -32,9 +31,10 @@ void DeletedPairs::TellBehind(const QString& words, const Text& instrument, cons
     PassOverError(
         [&] { deleted = Recordings(binder_.Form().outside.store).CountOf(instrument, note).deleted; });
     if (deleted == 0) return;
-    const QString where = words.isEmpty() ? u"说明 %1 下有"_s.arg(ToQt(note)) : words + u"；此说明下有"_s;
-    told_ = where + u" %1 条已删除，应答相同的不再存入"_s.arg(GroupedNumber(deleted));
-    notes_.Ask(told_, Glyph::Information, u"恢复"_s,
+    const QString pattern = words.isEmpty() ? Words::tr("说明 %1 下有 %2 条已删除，应答相同的不再存入")
+                                            : Words::tr("%1；此说明下有 %2 条已删除，应答相同的不再存入");
+    told_ = pattern.arg(words.isEmpty() ? ToQt(note) : words, GroupedNumber(deleted));
+    notes_.Ask(told_, Glyph::Information, Words::tr("恢复"),
                [this, subject = Subject{instrument, note}] { BringBack(subject); });
 }
 
@@ -49,8 +49,8 @@ void DeletedPairs::BringBack(const Subject& subject) {
         const PairCount count = recordings.CountOf(subject.instrument, subject.note);
         recordings.SetValid(subject.instrument, subject.note, true);
         SSTab2_Click(form);
-        notes_.Say(u"已恢复 %1 条：%2，%3"_s.arg(GroupedNumber(count.deleted), ToQt(subject.instrument),
-                                                 ToQt(subject.note)));
+        notes_.Say(Words::tr("已恢复 %1 条：%2，%3")
+                       .arg(GroupedNumber(count.deleted), ToQt(subject.instrument), ToQt(subject.note)));
     });
 }
 

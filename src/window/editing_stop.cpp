@@ -1,8 +1,8 @@
 #include "window/editing_stop.h"
 
-namespace commtest {
+#include "host_qt/words.h"
 
-using namespace Qt::StringLiterals;
+namespace commtest {
 
 bool IsStoppedForEditing(const MainForm& form) {
     return !form.IsRunning() && form.LastStop().cause == StopCause::Editor && form.InputText.Visible();
@@ -12,7 +12,7 @@ std::optional<StateMessage> MessageOnEditing(const MainForm& form) {
     if (!IsStoppedForEditing(form)) return std::nullopt;
     return StateMessage{.look = StateMessage::Look::Tinted,
                         .glyph = Glyph::Pencil,
-                        .text = u"编辑时通讯已停止，回车写入并继续"_s};
+                        .text = Words::tr("编辑时通讯已停止，回车写入并继续")};
 }
 
 }  // namespace commtest

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <algorithm>
 
+#include "host_qt/words.h"
 #include "window/glyphs.h"
 
 namespace commtest {
@@ -75,7 +76,7 @@ void EditorHint::PlaceAt(const QRect& editor, const QRect& view) {
 QString EditorHint::Words() const {
     QStringList lines = {limits_->text(), objection_->text(), keys_->text()};
     lines.removeAll(QString());
-    return lines.join(u'；');
+    return lines.join(Words::tr("；"));
 }
 
 }  // namespace commtest

@@ -2,18 +2,17 @@
 
 #include <utility>
 
+#include "host_qt/words.h"
 #include "session/records.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int kRecordPane = 1;
-const QString kEmptied = u"已清空通讯记录"_s;
+QString EmptiedWords() { return Words::tr("已清空通讯记录"); }
 
 }  // namespace
 
@@ -23,7 +22,7 @@ EmptiedRecord::EmptiedRecord(Binder& binder, NoteBar& notes, RecordView& record)
     binder.AtEachLook([this] { EndOfferIfEmptiedAgain(); });
 }
 
-bool EmptiedRecord::OfferStands() const { return notes_.HasOffer() && notes_.Text() == kEmptied; }
+bool EmptiedRecord::OfferStands() const { return notes_.HasOffer() && notes_.Text() == EmptiedWords(); }
 
 // Emptied twice in a row, both parts come back.
 void EmptiedRecord::Empty() {
@@ -32,7 +31,7 @@ void EmptiedRecord::Empty() {
     if (OfferStands()) blocks.insert(blocks.end(), taken_.begin(), taken_.end());
     binder_.Event([this] { ConCommString_Click(binder_.Form(), kRecordPane); });  // Q67
     taken_ = std::move(blocks);
-    notes_.Offer(kEmptied, u"撤销"_s, [this] { PutBack(); });
+    notes_.Offer(EmptiedWords(), Words::tr("撤销"), [this] { PutBack(); });
 }
 
 void EmptiedRecord::PutBack() {

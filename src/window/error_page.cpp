@@ -7,6 +7,7 @@
 #include "host/dialogs.h"
 #include "host/file_names.h"
 #include "host/program_files.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "session/records.h"
 #include "session/wall_clock.h"
@@ -55,7 +56,7 @@ QWidget* ErrorPage::MakeErrors(const Theme& theme) {
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     auto* errors = new RecordView(binder_, theme, form_.RichTextBox2, page);
-    errors->setAccessibleName(u"错误记录"_s);
+    errors->setAccessibleName(Words::tr("错误记录"));
     layout->addWidget(errors);
     return page;
 }
@@ -122,13 +123,15 @@ ErrorPage::State ErrorPage::StateNow() const {
 void ErrorPage::Show(State state) {
     contents_->setCurrentIndex(state == State::Errors ? 1 : 0);
     switch (state) {
-        case State::Running: return empty_->Say({u"通讯进行中，停止后可查看"_s, u"停止时自动刷新"_s});
+        case State::Running:
+            return empty_->Say({Words::tr("通讯进行中，停止后可查看"), Words::tr("停止时自动刷新")});
         case State::NotLogged:
-            return empty_->Say(
-                {u"未勾选 保存错误记录"_s,
-                 u"勾选后，出错的应答记入 ErrorComm.ini"_s,
-                 {{u"勾选"_s, [this] { binder_.Event([this] { form_.ConAutoSave[1].Set(true); }); }}}});
-        case State::NoErrors: return empty_->Say({u"没有错误记录"_s, u"勾选 保存错误记录 以来没有出错"_s});
+            return empty_->Say({Words::tr("未勾选 保存错误记录"),
+                                Words::tr("勾选后，出错的应答记入 ErrorComm.ini"),
+                                {{Words::tr("勾选"),
+                                  [this] { binder_.Event([this] { form_.ConAutoSave[1].Set(true); }); }}}});
+        case State::NoErrors:
+            return empty_->Say({Words::tr("没有错误记录"), Words::tr("勾选 保存错误记录 以来没有出错")});
         default: return;
     }
 }
@@ -141,7 +144,7 @@ void ErrorPage::EmptyFile() {
         if (!MayEmptyFile(keptAs)) return;
         ClearFileCommand_Click(form_, kEmpty);
         Load();
-        if (!keptAs.empty()) notes_.Say(u"ErrorComm.ini 已清空，原文件存为 %1"_s.arg(ToQt(keptAs)));
+        if (!keptAs.empty()) notes_.Say(Words::tr("ErrorComm.ini 已清空，原文件存为 %1").arg(ToQt(keptAs)));
     });
 }
 
@@ -150,8 +153,9 @@ bool ErrorPage::MayEmptyFile(Text& keptAs) {
     const Outside& outside = form_.outside;
     const Text name(kErrorFileName);
     if (!IsMet([&] { return !outside.files.ReadEnd(name).text.empty(); })) return true;
-    const bool agreed =
-        outside.dialogs.AskYesNo(u"确定要清空 ErrorComm.ini 吗？原文件会另存在同一文件夹里，保留最近三份。");
+    const bool agreed = outside.dialogs.AskYesNo(
+        Words::tr("确定要清空 ErrorComm.ini 吗？原文件会另存在同一文件夹里，保留最近三份。")
+            .toStdU16String());
     if (agreed) keptAs = outside.files.KeepErrorFile(RecordDigits(outside.clock.Now()));
     return agreed;
 }

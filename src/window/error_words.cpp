@@ -2,8 +2,10 @@
 
 #include <vector>
 
+#include "host_qt/words.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
+#include "session/grid_rows.h"
 #include "session/main_form.h"
 #include "window/pieces.h"
 
@@ -26,15 +28,20 @@ void ReadWhole16(TextView value) { ToWhole16(value); }
 void ReadWhole32(TextView value) { ToWhole32(value); }
 void ReadAddress(TextView value) { HexOf(value); }
 
-// In the order in which they are asked.
+QString WithoutColon(TextView caption) { return ToQt(caption).chopped(1); }
+
+// In the order in which they are asked, named as they are on the screen.
 std::vector<NumberField> FieldsOf(const MainForm& form) {
-    std::vector<NumberField> fields = {{u"串口号"_s, form.ConCommSetting[0].Value(), ReadPort},
-                                       {u"波特率"_s, form.BaudRate().Value(), ReadNumber},
-                                       {u"通讯间隔"_s, form.ConDelayTime.Value(), ReadWhole32},
-                                       {u"仪表地址"_s, form.ConMeterAddr.Value(), ReadAddress},
-                                       {u"参数个数"_s, form.ConDataNub.Value(), ReadWhole16}};
+    const Captions& captions = form.texts.captions;
+    std::vector<NumberField> fields = {
+        {WithoutColon(captions.portFields[0]), form.ConCommSetting[0].Value(), ReadPort},
+        {WithoutColon(captions.portFields[1]), form.BaudRate().Value(), ReadNumber},
+        {u"通讯间隔"_s, form.ConDelayTime.Value(), ReadWhole32},
+        {ToQt(captions.instrumentAddress), form.ConMeterAddr.Value(), ReadAddress},
+        {ToQt(captions.parameterCount), form.ConDataNub.Value(), ReadWhole16}};
     if (form.InputText.Visible())
-        fields.insert(fields.begin(), {u"修改值"_s, form.InputText.Value(), ReadNumber});
+        fields.insert(fields.begin(), {ToQt(form.texts.parameterHeadings[column::kNewValue]),
+                                       form.InputText.Value(), ReadNumber});
     return fields;
 }
 
@@ -49,9 +56,10 @@ bool Raises(int error, const NumberField& field) {
 
 QString WordsOn(int error, const NumberField& field) {
     const QString value = ToQt(field.value).trimmed();
-    if (value.isEmpty()) return u"%1 没有填写"_s.arg(field.name);
-    if (error == RuntimeError::kOverflow) return u"%1 %2 超出范围"_s.arg(field.name, value);
-    return (field.read == ReadPort ? u"%1 %2 不是串口"_s : u"%1 %2 不是数值"_s).arg(field.name, value);
+    if (value.isEmpty()) return Words::tr("%1 没有填写").arg(field.name);
+    if (error == RuntimeError::kOverflow) return Words::tr("%1 %2 超出范围").arg(field.name, value);
+    return (field.read == ReadPort ? Words::tr("%1 %2 不是串口") : Words::tr("%1 %2 不是数值"))
+        .arg(field.name, value);
 }
 
 }  // namespace
@@ -70,24 +78,25 @@ QString FaultyAnswer(int error, const QString& question, const QString& answer) 
 }
 
 QString WordsOnCancelled(const QString& question) {
-    return u"%1 已取消，没有启用。需要时请重新勾选"_s.arg(question);
+    return Words::tr("%1 已取消，没有启用。需要时请重新勾选").arg(question);
 }
 
 QString RemedyOfError(int error, bool isFound) {
     switch (error) {
-        case RuntimeError::kInvalidArgument: return u"所填的内容太短或不完整，请补全后重试"_s;
+        case RuntimeError::kInvalidArgument: return Words::tr("所填的内容太短或不完整，请补全后重试");
         case RuntimeError::kOverflow:
-            return isFound ? u"请改为较小的数值后重试"_s : u"有一个数值超出了范围，请检查所填的数值后重试"_s;
-        case RuntimeError::kSubscript: return u"所要的一项不在表中，请重新选择仪表后重试"_s;
+            return isFound ? Words::tr("请改为较小的数值后重试")
+                           : Words::tr("有一个数值超出了范围，请检查所填的数值后重试");
+        case RuntimeError::kSubscript: return Words::tr("所要的一项不在表中，请重新选择仪表后重试");
         case RuntimeError::kTypeMismatch:
-            return isFound ? u"请更正后重试"_s : u"有一处所填的不是数值，请检查后重试"_s;
+            return isFound ? Words::tr("请更正后重试") : Words::tr("有一处所填的不是数值，请检查后重试");
         case RuntimeError::kBadFile:
-            return u"文件没有打开或不能写入，请检查程序文件夹能否写入、磁盘是否已满"_s;
-        case RuntimeError::kFileNotFound: return u"程序文件夹里没有这个文件，请放回后重试"_s;
-        case RuntimeError::kPastEndOfFile: return u"文件不完整，请换用完整的文件后重试"_s;
-        case RuntimeError::kPathNotFound: return u"程序文件夹里没有所要的文件夹，请建立后重试"_s;
-        case RuntimeError::kStore: return u"请检查目录文件是否完好，有没有被其它程序占用"_s;
-        default: return u"请重试；仍然出错时请重新启动程序"_s;
+            return Words::tr("文件没有打开或不能写入，请检查程序文件夹能否写入、磁盘是否已满");
+        case RuntimeError::kFileNotFound: return Words::tr("程序文件夹里没有这个文件，请放回后重试");
+        case RuntimeError::kPastEndOfFile: return Words::tr("文件不完整，请换用完整的文件后重试");
+        case RuntimeError::kPathNotFound: return Words::tr("程序文件夹里没有所要的文件夹，请建立后重试");
+        case RuntimeError::kStore: return Words::tr("请检查目录文件是否完好，有没有被其它程序占用");
+        default: return Words::tr("请重试；仍然出错时请重新启动程序");
     }
 }
 

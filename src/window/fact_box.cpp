@@ -4,6 +4,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "host_qt/words.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -116,7 +118,7 @@ void FactBox::Describe() {
     setAccessibleName(said_.left(kLongSentence));
     QStringList parts;
     for (const auto& [name, value] : named_) parts += name->text() + u' ' + value->text();
-    setAccessibleDescription(parts.join(u"；"_s));
+    setAccessibleDescription(parts.join(Words::tr("；")));
 }
 
 }  // namespace commtest

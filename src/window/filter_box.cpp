@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/glyphs.h"
 
@@ -35,15 +36,15 @@ FilterBox::FilterBox(const Theme& theme, int width, QWidget* parent)
     lens_->setFixedSize(kLensSize, kLensSize);
     lens_->setIconSize({kGlyphSize, kGlyphSize});
     lens_->setFocusPolicy(Qt::StrongFocus);
-    lens_->setToolTip(u"筛选名称、地址、属性"_s);
-    lens_->setAccessibleName(u"筛选"_s);
+    lens_->setToolTip(Words::tr("筛选名称、地址、属性"));
+    lens_->setAccessibleName(Words::tr("筛选"));
     lens_->hide();
     connect(lens_, &QToolButton::clicked, this, &FilterBox::TakeFocus);
 
     field_->setProperty("compact", true);
     field_->setFixedSize(width_, kHeight);
-    field_->setPlaceholderText(u"筛选名称、地址、属性"_s);
-    field_->setAccessibleName(u"筛选"_s);
+    field_->setPlaceholderText(Words::tr("筛选名称、地址、属性"));
+    field_->setAccessibleName(Words::tr("筛选"));
     field_->setClearButtonEnabled(true);
     sign_ = field_->addAction(QIcon(), QLineEdit::LeadingPosition);
     hits_->setProperty("caption", true);

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "host/serial_port.h"
+#include "host_qt/words.h"
 #include "window/glyphs.h"
 #include "window/pieces.h"
 
@@ -96,25 +97,26 @@ void FirstStep::SetDone(bool done) {
 
 void FirstStep::ShowRing() {
     ring_->setPixmap(RingOf(number_, isDone_, theme_.Now(), devicePixelRatioF()));
-    setAccessibleName(u"第 %1 步，%2"_s.arg(number_).arg(title_) + (isDone_ ? u"，已完成"_s : QString()));
+    setAccessibleName(
+        (isDone_ ? Words::tr("第 %1 步，%2，已完成") : Words::tr("第 %1 步，%2")).arg(number_).arg(title_));
 }
 
 FirstSteps::FirstSteps(Binder& binder, const Theme& theme, QWidget* parent)
     : QWidget(parent),
       form_(binder.Form()),
-      port_(new FirstStep(1, u"选串口"_s, theme, this)),
-      instrument_(new FirstStep(2, u"选仪表"_s, theme, this)),
-      start_(new FirstStep(3, u"按 F5 开始通讯"_s, theme, this)),
+      port_(new FirstStep(1, Words::tr("选串口"), theme, this)),
+      instrument_(new FirstStep(2, Words::tr("选仪表"), theme, this)),
+      start_(new FirstStep(3, Words::tr("按 F5 开始通讯"), theme, this)),
       instrumentAtFirst_(form_.InstrumentList().Generation()),
       addressAtFirst_(form_.ConMeterAddr.Generation()) {
     setObjectName(u"firstSteps"_s);
     setAttribute(Qt::WA_StyledBackground);
-    setAccessibleName(u"第一次通讯"_s);
+    setAccessibleName(Words::tr("第一次通讯"));
     port_->SetAction(u"串口设置"_s, u"Ctrl+2"_s, [this] { emit PortPageWanted(); });
-    instrument_->SetText(u"在左侧选协议、名称，填仪表地址\n不知道地址时可用 仪表搜索"_s);
+    instrument_->SetText(Words::tr("在左侧选协议、名称，填仪表地址\n不知道地址时可用 仪表搜索"));
     instrument_->SetAction(u"仪表搜索"_s, u"Ctrl+F"_s, [this] { emit SearchWanted(); });
-    start_->SetText(u"收发的帧显示在这里，数值填入上表\n单击 修改值 一格即可写入参数"_s);
-    start_->SetAction(u"开始通讯"_s, u"F5"_s, [this] { emit StartWanted(); });
+    start_->SetText(Words::tr("收发的帧显示在这里，数值填入上表\n单击 修改值 一格即可写入参数"));
+    start_->SetAction(ToQt(form_.texts.start), u"F5"_s, [this] { emit StartWanted(); });
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -134,14 +136,14 @@ FirstSteps::FirstSteps(Binder& binder, const Theme& theme, QWidget* parent)
 
 QWidget* FirstSteps::MakeTrial() {
     auto* trial = new QWidget(this);
-    auto* button = new QPushButton(u"用模拟仪表试一试"_s, trial);
+    auto* button = new QPushButton(Words::tr("用模拟仪表试一试"), trial);
     connect(button, &QPushButton::clicked, this, &FirstSteps::SimulatorWanted);
     QLabel* text = MakeStepText(trial);
-    text->setText(u"接一台模拟仪表到 COM1 并开始通讯，\n可读可写，随时可停"_s);
+    text->setText(Words::tr("接一台模拟仪表到 COM1 并开始通讯，\n可读可写，随时可停"));
     auto* layout = new QVBoxLayout(trial);
     layout->setContentsMargins(kMargin, kMargin + 2, kMargin, 12);
     layout->setSpacing(10);
-    layout->addWidget(MakeTitle(u"手边没有仪表?"_s));
+    layout->addWidget(MakeTitle(Words::tr("手边没有仪表?")));
     layout->addWidget(text);
     layout->addStretch();
     layout->addWidget(button, 0, Qt::AlignLeft);
@@ -159,8 +161,8 @@ void FirstSteps::FollowPort() {
     const QString device = DeviceInUse(form_);
     const QString settings = QString::fromStdU16String(form_.MSComm1.Settings());
     const QString port = u"COM%1"_s.arg(form_.MSComm1.CommPort());
-    port_->SetText(device.isEmpty() ? port + u"：没有找到串口\n插入转换器后再打开列表"_s
-                                    : u"%1 — %2\n%3，须与仪表一致"_s.arg(port, device, settings));
+    port_->SetText(device.isEmpty() ? Words::tr("%1：没有找到串口\n插入转换器后再打开列表").arg(port)
+                                    : Words::tr("%1 — %2\n%3，须与仪表一致").arg(port, device, settings));
     port_->SetDone(!device.isEmpty());
 }
 

@@ -3,27 +3,27 @@
 #include <QStyle>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 QString WordsOf(HoldReason reason) {
     switch (reason) {
-        case HoldReason::Editing: return u"正在修改，暂不跟随"_s;
-        case HoldReason::Pointer: return u"指针在表内，暂不跟随"_s;
-        case HoldReason::Scrolled: return u"刚滚动过，暂不跟随"_s;
+        case HoldReason::Editing: return Words::tr("正在修改，暂不跟随");
+        case HoldReason::Pointer: return Words::tr("指针在表内，暂不跟随");
+        case HoldReason::Scrolled: return Words::tr("刚滚动过，暂不跟随");
         case HoldReason::None: break;
     }
-    return u"表格跟随正在读取的参数"_s;
+    return Words::tr("表格跟随正在读取的参数");
 }
 
 }  // namespace
 
-FollowTick::FollowTick(Binder& binder, QWidget* parent) : QCheckBox(u"跟随"_s, parent), binder_(binder) {
+FollowTick::FollowTick(Binder& binder, QWidget* parent)
+    : QCheckBox(Words::tr("跟随"), parent), binder_(binder) {
     TickControl& stands = binder.Form().ConSelChange;
     ShowReason(HoldReason::None);
     binder.Watch(stands, [this, &stands] { setChecked(!stands.Value()); });

@@ -1,12 +1,11 @@
 #include "window/grid_model.h"
 
 #include "commissioning/write_watch.h"
+#include "host_qt/words.h"
 #include "session/main_form.h"
 #include "window/write_words.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -83,7 +82,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::AccessibleTextRole) return {};
     QStringList parts = {TextAt(row, column::kName), TextAt(row, column::kNewValue), WordsOnWriteOf(row)};
     parts.removeAll(QString());
-    return parts.join(u'，');
+    return parts.join(Words::tr("，"));
 }
 
 QString GridModel::WordsOnWriteOf(int row) const {
@@ -94,7 +93,7 @@ QString GridModel::WordsOnWriteOf(int row) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::AccessibleTextRole && told_.column == section)
-        return TextAt(0, section) + (told_.isDescending ? u"，降序"_s : u"，升序"_s);
+        return TextAt(0, section) + (told_.isDescending ? Words::tr("，降序") : Words::tr("，升序"));
     if (role != Qt::DisplayRole) return {};
     return TextAt(0, section);
 }

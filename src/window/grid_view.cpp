@@ -11,6 +11,7 @@
 
 #include "commands/list_clicks.h"
 #include "commands/operation_menus.h"
+#include "host_qt/words.h"
 #include "session/cell_explanation.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
@@ -23,14 +24,19 @@
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int kWheelStep = 120;
 constexpr int kChipList = 3;
 
-const QStringList kNames = {u"参数表"_s, u"仪表清单"_s, u"演示数据"_s, u"芯片清单"_s};
+QString NameOf(int index) {
+    switch (index) {
+        case 0: return Words::tr("参数表");
+        case 1: return Words::tr("仪表清单");
+        case 2: return Words::tr("演示数据");
+        default: return Words::tr("芯片清单");
+    }
+}
 
 Grid& GridOf(Binder& binder, int index) {
     return binder.Form().MSHFlexGrid1[static_cast<std::size_t>(index)];
@@ -58,7 +64,7 @@ GridView::GridView(Binder& binder, const Theme& theme, int index, QWidget* paren
     setModel(model_);
     delegate_->UseFilter(filter_);
     setItemDelegate(delegate_);
-    setAccessibleName(kNames[index]);
+    setAccessibleName(NameOf(index));
     setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setWordWrap(false);
@@ -297,7 +303,8 @@ void GridView::FitColumns() {
 void GridView::PopUpColumnMenu(int col, QPoint globalPosition) {
     menu_ = MakeColumnMenu(
         grid_, index_, col, widths_, [this] { FitColumns(); }, this);
-    if (index_ != 0 && col >= 0) menu_->addAction(u"按此列排序"_s, this, [this, col] { OrderBy(col); });
+    if (index_ != 0 && col >= 0)
+        menu_->addAction(Words::tr("按此列排序"), this, [this, col] { OrderBy(col); });
     menu_->popup(globalPosition);
 }
 
@@ -316,7 +323,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     if (model_->rowCount() > 0) return;
     QPainter painter(viewport());
     painter.setPen(theme_.Now().text2);
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, u"没有数据"_s);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, Words::tr("没有数据"));
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

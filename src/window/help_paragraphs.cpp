@@ -33,7 +33,7 @@ int ColumnsOf(const QString& line) {
     });
 }
 
-bool EndsASentence(const QString& line) { return u"。：；！？"_s.contains(line.back()); }
+bool EndsASentence(const QString& line) { return u"。：；！？.:;!?"_s.contains(line.back()); }
 
 bool IsLatin(QChar letter) { return letter.unicode() < 0x80 && letter.isLetterOrNumber(); }
 

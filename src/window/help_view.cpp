@@ -1,13 +1,14 @@
 #include "window/help_view.h"
 
+#include <QFile>
 #include <QTextBlock>
 #include <QTextCursor>
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
+#include "window/window_face.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -59,25 +60,30 @@ QTextCharFormat LettersOfMark(const Tokens& tokens) {
 }  // namespace
 
 HelpView::HelpView(Binder& binder, const Theme& theme, const RecordPane& help, QWidget* parent)
-    : QTextEdit(parent), theme_(theme), help_(help) {
+    : QTextEdit(parent), theme_(theme), help_(help), ofTheFace_(FaceOf(binder.Form()).help.toString()) {
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     document()->setDocumentMargin(kMargin);
-    setAccessibleName(u"使用说明"_s);
+    setAccessibleName(Words::tr("使用说明"));
     BindPresence(binder, help, *this);
     connect(&theme, &Theme::Changed, this, &HelpView::ShowText);
     binder.Watch(help, [this] { ShowText(); });
+}
+
+QString HelpView::Text() const {
+    if (ofTheFace_.isEmpty()) return QString::fromStdU16String(help_.WholeText());
+    QFile file(ofTheFace_);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 void HelpView::ShowText() {
     clear();
     QTextCursor cursor(document());
     cursor.beginEditBlock();
-    for (const HelpParagraph& paragraph : HelpParagraphsOf(QString::fromStdU16String(help_.WholeText())))
-        Add(cursor, paragraph);
+    for (const HelpParagraph& paragraph : HelpParagraphsOf(Text())) Add(cursor, paragraph);
     cursor.endEditBlock();
     moveCursor(QTextCursor::Start);
 }

@@ -17,11 +17,13 @@ class HelpView : public QTextEdit {
     HelpView(Binder& binder, const Theme& theme, const RecordPane& help, QWidget* parent);
 
   private:
+    QString Text() const;
     void ShowText();
     void Add(QTextCursor& cursor, const HelpParagraph& paragraph) const;
 
     const Theme& theme_;
     const RecordPane& help_;
+    QString ofTheFace_;  // in its place, the name of a file
 };
 
 }  // namespace commtest

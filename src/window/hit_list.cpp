@@ -10,6 +10,7 @@
 #include <array>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "runtime/number.h"
 #include "session/cycle_step.h"
 #include "session/port_settings.h"
@@ -40,8 +41,8 @@ HitList::HitList(Binder& binder, const Theme& theme, NoteBar& notes, SearchRetur
       hits_(new HitModel(form_, this)),
       table_(new QTableView(this)),
       title_(new QLabel(this)),
-      takeOver_(MakeLineAction(u"采用"_s)),
-      export_(MakeLineAction(u"导出 CSV"_s)) {
+      takeOver_(MakeLineAction(Words::tr("采用"))),
+      export_(MakeLineAction(Words::tr("导出 CSV"))) {
     MakeTable(theme);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -73,7 +74,7 @@ void HitList::MakeTable(const Theme& theme) {
     table_->setModel(hits_);
     table_->setItemDelegate(new HitDelegate(form_, theme, table_));
     table_->setObjectName(u"hitTable"_s);
-    table_->setAccessibleName(u"搜索结果"_s);
+    table_->setAccessibleName(Words::tr("搜索结果"));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -116,8 +117,8 @@ void HitList::FollowEnd() {
 void HitList::ShowTitle() {
     const int hits = hits_->rowCount();
     const bool mayBeTaken = hits > 0 && state_ != SearchState::UnderWay;
-    QString words = u"搜索结果 %1 台"_s.arg(hits);
-    if (mayBeTaken) words += u"，双击采用"_s;
+    QString words = Words::tr("搜索结果 %1 台", nullptr, hits).arg(hits);
+    if (mayBeTaken) words += Words::tr("，双击采用");
     title_->setText(words);
     takeOver_->setVisible(mayBeTaken);
     export_->setVisible(hits > 0);
@@ -141,7 +142,7 @@ void HitList::TakeOverCurrent() {
 
 void HitList::TakeOver(int row) {
     if (row >= hits_->rowCount()) return;
-    if (state_ == SearchState::UnderWay) return notes_.Say(u"搜索进行中，停止后可采用"_s);
+    if (state_ == SearchState::UnderWay) return notes_.Say(Words::tr("搜索进行中，停止后可采用"));
     const SearchHit hit = form_.SearchHits[static_cast<std::size_t>(row)];
     binder_.Event([this, &hit] {
         wayBack_.GoBack();
@@ -149,14 +150,14 @@ void HitList::TakeOver(int row) {
         form_.BaudRate().Set(hit.rate);
         ConCommSetting_LostFocus(form_);
     });
-    notes_.Say(u"已采用：地址 %1，%2 波特"_s.arg(hit.address).arg(ToQt(hit.rate)));
+    notes_.Say(Words::tr("已采用：地址 %1，%2 波特").arg(hit.address).arg(ToQt(hit.rate)));
 }
 
 // --- The file ---
 
 void HitList::AskForFile() {
-    const QString path =
-        AskForFileToWrite(this, u"导出搜索结果"_s, u"搜索结果.csv"_s, u"CSV (*.csv)"_s, u"csv"_s);
+    const QString path = AskForFileToWrite(this, Words::tr("导出搜索结果"), Words::tr("搜索结果.csv"),
+                                           u"CSV (*.csv)"_s, u"csv"_s);
     if (!path.isEmpty()) SaveTo(path);
 }
 
@@ -164,10 +165,12 @@ void HitList::SaveTo(const QString& path) {
     QSaveFile file(path);
     const QByteArray text = hits_->AsCsv();
     const bool isSaved = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
-    if (!isSaved) return notes_.Warn(u"没有导出：%1，%2"_s.arg(path, file.errorString()));
+    if (!isSaved) return notes_.Warn(Words::tr("没有导出：%1，%2").arg(path, file.errorString()));
     const QFileInfo saved(path);
-    notes_.Ask(u"已导出 %1 行：%2"_s.arg(hits_->rowCount()).arg(saved.fileName()), Glyph::Tick,
-               u"打开文件夹"_s,
+    notes_.Ask(Words::tr("已导出 %1 行：%2", nullptr, hits_->rowCount())
+                   .arg(hits_->rowCount())
+                   .arg(saved.fileName()),
+               Glyph::Tick, Words::tr("打开文件夹"),
                [folder = saved.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
 }
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <array>
 
+#include "host_qt/words.h"
 #include "window/glyphs.h"
 #include "window/pieces.h"
 
@@ -17,17 +18,19 @@ constexpr int kPadding = 8;
 constexpr int kGlyphSize = 16;
 constexpr std::int64_t kMicroseconds = 1000;  // of a millisecond
 
-const std::array<QString, HitModel::kColumns> kHeadings = {u"地址"_s, u"波特率"_s, u"应答 ms"_s, u"首字节"_s,
-                                                           u"校验字"_s};
+QStringList Headings() {
+    return {Words::tr("地址", "a narrow column"), Words::tr("波特率", "a narrow column"),
+            Words::tr("应答 ms"), Words::tr("首字节"), Words::tr("校验字")};
+}
 
 QString CheckWords(CheckWord check) {
     switch (check) {
-        case CheckWord::Right: return u"正确"_s;
-        case CheckWord::Wrong: return u"错误"_s;
-        case CheckWord::None: return u"无"_s;
+        case CheckWord::Right: return Words::tr("正确");
+        case CheckWord::Wrong: return Words::tr("错误");
+        case CheckWord::None: return Words::tr("无");
         case CheckWord::NotJudged: break;
     }
-    return u"未判断"_s;
+    return Words::tr("未判断");
 }
 
 QString ReplyTime(const SearchHit& hit) {
@@ -46,9 +49,9 @@ QString TextOf(const SearchHit& hit, int column) {
 }
 
 QString Spoken(const SearchHit& hit) {
-    QString words = u"地址 %1，%2 波特"_s.arg(hit.address).arg(ToQt(hit.rate));
-    if (hit.replyTime) words += u"，%1 毫秒"_s.arg(ReplyTime(hit));
-    return words + u"，校验字"_s + CheckWords(hit.check);
+    QString words = Words::tr("地址 %1，%2 波特").arg(hit.address).arg(ToQt(hit.rate));
+    if (hit.replyTime) words += Words::tr("，%1 毫秒").arg(ReplyTime(hit));
+    return words + Words::tr("，校验字%1").arg(CheckWords(hit.check));
 }
 
 bool IsNumber(int column) { return column <= HitModel::kReplyTime; }
@@ -87,7 +90,7 @@ QVariant HitModel::data(const QModelIndex& index, int role) const {
 
 QVariant HitModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section >= kColumns) return {};
-    if (role == Qt::DisplayRole) return kHeadings[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return Headings().at(section);
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignVCenter | (IsNumber(section) ? Qt::AlignRight : Qt::AlignLeft));
     return {};
@@ -96,7 +99,7 @@ QVariant HitModel::headerData(int section, Qt::Orientation orientation, int role
 QByteArray HitModel::AsCsv() const {
     QString lines(QChar::ByteOrderMark);
     const auto add = [&lines](const QStringList& fields) { lines += fields.join(u',') + u"\r\n"_s; };
-    add({kHeadings.begin(), kHeadings.end()});
+    add(Headings());
     for (const SearchHit& hit : form_.SearchHits) {
         QStringList fields;
         for (int column = 0; column < kColumns; ++column) fields += TextOf(hit, column);

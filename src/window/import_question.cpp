@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "commands/toolbar_commands.h"
+#include "host_qt/words.h"
+#include "window/core_words.h"
 #include "window/fact_table.h"
 #include "window/list_words.h"
 #include "window/pieces.h"
@@ -28,30 +30,32 @@ ImportQuestion::ImportQuestion(const Facts& facts, const ListLook& look, const T
 }
 
 void ImportQuestion::ShowFacts(const Facts& facts, int findings) {
-    SetFact(u"文件"_s, u"%1，%2"_s.arg(facts.file, facts.written.toString(u"yyyy-MM-dd HH:mm"_s)));
+    SetFact(Words::tr("文件"),
+            Words::tr("%1，%2").arg(facts.file, facts.written.toString(u"yyyy-MM-dd HH:mm"_s)));
     QString content = WordsOnSize(facts.instruments, facts.parameters);
-    if (findings > 0) content += u"，%1 处问题"_s.arg(GroupedNumber(findings));
-    if (facts.instruments == 0) content += u"；文件里没有仪表，导入后目录是空的"_s;
-    SetFact(u"内容"_s, content);
-    SetFact(u"原目录"_s, WordsOnSize(facts.formerInstruments, facts.formerParameters) +
-                             u"；先存为 通讯数据.mdb.bak，保留最近三份"_s);
+    if (findings > 0) content += Words::tr("，%1 处问题").arg(GroupedNumber(findings));
+    if (facts.instruments == 0) content += Words::tr("；文件里没有仪表，导入后目录是空的");
+    SetFact(Words::tr("内容"), content);
+    SetFact(Words::tr("原目录"), WordsOnSize(facts.formerInstruments, facts.formerParameters) +
+                                     Words::tr("；先存为 通讯数据.mdb.bak，保留最近三份"));
 }
 
 void ImportQuestion::ShowFindings(const QString& file, const ListLook& look) {
     setMinimumWidth(std::max(minimumWidth(), kWithFindings));
-    auto* kinds = new FactTable({u"类别"_s, u"处数"_s, u"结果"_s}, this);
-    kinds->setAccessibleName(u"问题类别"_s);
+    auto* kinds = new FactTable({Words::tr("类别"), Words::tr("处数"), Words::tr("结果")}, this);
+    kinds->setAccessibleName(Words::tr("问题类别"));
     for (const auto& [kind, count] : look.Kinds())
-        kinds->AddRow({ToQt(HeadOf(kind)), GroupedNumber(count), ToQt(OutcomeOf(kind))});
+        kinds->AddRow({Translated(HeadOf(kind)), GroupedNumber(count), Translated(OutcomeOf(kind))});
     kinds->ShowNumbersIn(1);
     kinds->SetColumnWidths({180, 56});
     kinds->ShowRows(kRowsOfKinds);
     AddContents(kinds);
 
     const auto quoted = static_cast<int>(look.First().size());
-    AddContents(MakeCaption(look.Findings() > quoted ? u"前 %1 处"_s.arg(quoted) : u"%1 处"_s.arg(quoted)));
-    auto* findings = new FactTable({u"位置"_s, u"原文"_s, u"说明"_s}, this);
-    findings->setAccessibleName(u"问题"_s);
+    AddContents(MakeCaption(look.Findings() > quoted ? Words::tr("前 %1 处").arg(quoted)
+                                                     : Words::tr("%1 处").arg(quoted)));
+    auto* findings = new FactTable({Words::tr("位置"), Words::tr("原文"), Words::tr("说明")}, this);
+    findings->setAccessibleName(Words::tr("问题"));
     for (const ListLook::Quoted& each : look.First()) {
         findings->AddRow({u"%1:%2"_s.arg(file).arg(each.finding.line), ToQt(each.line).simplified(),
                           WordsOn(each.finding)});
@@ -66,9 +70,10 @@ void ImportQuestion::ShowFindings(const QString& file, const ListLook& look) {
 // Where there is a reason to stay, that is the answer of Enter.
 void ImportQuestion::AddButtons(bool hasReasonToStay) {
     if (hasReasonToStay && findChild<FactTable*>() != nullptr)
-        connect(AddWayOut(u"保存全部问题..."_s), &QPushButton::clicked, this, &ImportQuestion::SavingWanted);
-    QPushButton* yes = AddAnswer(u"是(&Y)"_s, true);
-    QPushButton* no = AddAnswer(u"否(&N)"_s, false);
+        connect(AddWayOut(Words::tr("保存全部问题...")), &QPushButton::clicked, this,
+                &ImportQuestion::SavingWanted);
+    QPushButton* yes = AddAnswer(Words::tr("是(&Y)"), true);
+    QPushButton* no = AddAnswer(Words::tr("否(&N)"), false);
     connect(yes, &QPushButton::clicked, this, &QDialog::accept);
     connect(no, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* first = hasReasonToStay ? no : yes;

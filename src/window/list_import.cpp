@@ -5,6 +5,7 @@
 
 #include "host/dialogs.h"
 #include "host/file_names.h"
+#include "host_qt/words.h"
 #include "window/catalogue_restore.h"
 #include "window/file_to_write.h"
 #include "window/import_question.h"
@@ -22,7 +23,6 @@ namespace {
 constexpr int kShortLook = 300;  // milliseconds, which need no band
 
 const QString kList = ToQt(kListFileName);
-const QString kWaits = u"正在导入参数地址表，完成或取消后可用"_s;
 
 }  // namespace
 
@@ -32,8 +32,8 @@ ListImport::ListImport(const ListRoom& room)
     connect(&slices_, &Slices::Done, this, [this] { run_ ? EndImport() : EndLook(); });
     connect(&saving_, &Slices::Done, this, [this] {
         const QString problem = findings_->Problem();
-        problem.isEmpty() ? room_.notes.Say(u"问题已存入文件"_s)
-                          : room_.notes.Warn(u"问题没有存入文件："_s + problem);
+        problem.isEmpty() ? room_.notes.Say(Words::tr("问题已存入文件"))
+                          : room_.notes.Warn(Words::tr("问题没有存入文件：") + problem);
     });
     room.binder.AtEachLook([this] { ShowProgress(); });
 }
@@ -57,7 +57,8 @@ void ListImport::EndLook() {
     if (reason.isEmpty()) {
         Ask();
     } else {
-        Form().outside.dialogs.ShowMessage(u"不能导入，目录不变！", reason.toStdU16String());
+        Form().outside.dialogs.ShowMessage(Words::tr("不能导入，目录不变！").toStdU16String(),
+                                           reason.toStdU16String());
     }
 }
 
@@ -86,8 +87,9 @@ void ListImport::Ask() {
 }
 
 void ListImport::ChooseFileOfFindings() {
-    const QString path = AskForFileToWrite(question_, u"保存全部问题"_s, u"TQ.ini 的问题.txt"_s,
-                                           u"文本文件 (*.txt)"_s, u"txt"_s);
+    const QString path =
+        AskForFileToWrite(question_, Words::tr("保存全部问题"), Words::tr("TQ.ini 的问题.txt"),
+                          Words::tr("文本文件 (*.txt)"), u"txt"_s);
     if (!path.isEmpty()) SaveFindings(path);
 }
 
@@ -104,9 +106,9 @@ void ListImport::Import() {
     saving_.End();
     isResultShown_ = false;
     run_ = std::make_unique<ImportRun>(outside.store, outside.files, outside.clock, Form().switches);
-    room_.wait.Begin(kWaits);
+    room_.wait.Begin(Words::tr("正在导入参数地址表，完成或取消后可用"));
     Form().CaptureWaits = true;
-    room_.band.Begin({u"导入进度"_s, u"正在导入 "_s + kList});
+    room_.band.Begin({Words::tr("导入进度"), Words::tr("正在导入 %1").arg(kList)});
     room_.band.setFocus();
     time_.start();
     slices_.Begin([this] {
@@ -119,8 +121,9 @@ void ListImport::Import() {
 void ListImport::FollowImport() {
     if (!run_->IsImported() || std::exchange(isResultShown_, true)) return;
     ShowResult();
-    room_.band.Begin(
-        {.name = u"导出进度"_s, .title = u"正在导出 "_s + ToQt(kListCopyFileName), .canBeCancelled = false});
+    room_.band.Begin({.name = Words::tr("导出进度"),
+                      .title = Words::tr("正在导出 %1").arg(ToQt(kListCopyFileName)),
+                      .canBeCancelled = false});
 }
 
 void ListImport::ShowResult() {
@@ -137,19 +140,20 @@ void ListImport::EndImport() {
     Dialogs& dialogs = Form().outside.dialogs;
     if (run_->Problem()) {
         const QString reason = WordsOn(*run_->Problem(), kList);
-        return dialogs.ShowMessage(u"没有导入，目录不变！", reason.toStdU16String());
+        return dialogs.ShowMessage(Words::tr("没有导入，目录不变！").toStdU16String(),
+                                   reason.toStdU16String());
     }
     if (!run_->IsImported()) return;
     room_.binder.Event([this] { LoadCatalogueAnew(Form()); });
     if (result_) {
         result_->ShowExport(*run_);
     } else if (run_->ExportProblem()) {
-        room_.notes.Warn(u"OutTQ.ini 没有追加完："_s +
+        room_.notes.Warn(Words::tr("OutTQ.ini 没有追加完：") +
                          WordsOn(*run_->ExportProblem(), ToQt(kListCopyFileName)));
     }
     if (!run_->ExportProblem()) {
-        room_.notes.Ask(u"已导入 "_s + WordsOnSize(run_->Instruments(), run_->Parameters()), Glyph::Tick,
-                        u"恢复原目录..."_s, [this] { emit RestoreWanted(); });
+        room_.notes.Ask(Words::tr("已导入 %1").arg(WordsOnSize(run_->Instruments(), run_->Parameters())),
+                        Glyph::Tick, Words::tr("恢复原目录..."), [this] { emit RestoreWanted(); });
     }
 }
 
@@ -161,18 +165,20 @@ void ListImport::AskToCancel() {
         return;
     }
     slices_.Pause();
-    if (!Form().outside.dialogs.AskYesNo(u"确定要取消导入吗？目录不变。")) return slices_.GoOn();
+    if (!Form().outside.dialogs.AskYesNo(Words::tr("确定要取消导入吗？目录不变。").toStdU16String()))
+        return slices_.GoOn();
     run_->Cancel();
     Stop();
-    room_.notes.Say(u"导入已取消，目录不变"_s);
+    room_.notes.Say(Words::tr("导入已取消，目录不变"));
 }
 
 bool ListImport::MayLeave() {
     if (!IsUnderWay() || !run_) return true;
     slices_.Pause();
-    const bool leaves = Form().outside.dialogs.AskYesNo(
-        run_->IsImported() ? u"OutTQ.ini 还没有追加完，现在退出会缺少一部分。确定要退出吗？"
-                           : u"正在导入参数地址表，现在退出则取消导入，目录不变。确定要退出吗？");
+    const QString question =
+        run_->IsImported() ? Words::tr("OutTQ.ini 还没有追加完，现在退出会缺少一部分。确定要退出吗？")
+                           : Words::tr("正在导入参数地址表，现在退出则取消导入，目录不变。确定要退出吗？");
+    const bool leaves = Form().outside.dialogs.AskYesNo(question.toStdU16String());
     if (!leaves) {
         slices_.GoOn();
         return false;
@@ -195,10 +201,11 @@ void ListImport::ShowProgress() {
     if (!IsUnderWay()) return;
     if (!run_) {
         if (time_.elapsed() < kShortLook) return;
-        if (room_.band.isHidden()) room_.band.Begin({u"检查进度"_s, u"正在检查 "_s + kList});
-        room_.band.Show(look_->Share(), {{u"仪表"_s, GroupedNumber(look_->Instruments())},
-                                         {u"参数"_s, GroupedNumber(look_->Parameters())},
-                                         {u"剩余约"_s, TimeLeft(look_->Share(), time_.elapsed())}});
+        if (room_.band.isHidden())
+            room_.band.Begin({Words::tr("检查进度"), Words::tr("正在检查 %1").arg(kList)});
+        room_.band.Show(look_->Share(), {{Words::tr("仪表"), GroupedNumber(look_->Instruments())},
+                                         {Words::tr("参数"), GroupedNumber(look_->Parameters())},
+                                         {Words::tr("剩余约"), TimeLeft(look_->Share(), time_.elapsed())}});
         return;
     }
     const auto ofAll = [](int count, int all) {
@@ -207,12 +214,12 @@ void ListImport::ShowProgress() {
     if (run_->IsImported()) {
         const double share =
             run_->Parameters() == 0 ? 1 : static_cast<double>(run_->Exported()) / run_->Parameters();
-        room_.band.Show(share, {{u"行"_s, ofAll(run_->Exported(), run_->Parameters())}});
+        room_.band.Show(share, {{Words::tr("行"), ofAll(run_->Exported(), run_->Parameters())}});
         return;
     }
-    room_.band.Show(run_->Share(), {{u"行"_s, ofAll(run_->Parameters(), look_->Parameters())},
-                                    {u"仪表"_s, ofAll(run_->Instruments(), look_->Instruments())},
-                                    {u"剩余约"_s, TimeLeft(run_->Share(), time_.elapsed())}});
+    room_.band.Show(run_->Share(), {{Words::tr("行"), ofAll(run_->Parameters(), look_->Parameters())},
+                                    {Words::tr("仪表"), ofAll(run_->Instruments(), look_->Instruments())},
+                                    {Words::tr("剩余约"), TimeLeft(run_->Share(), time_.elapsed())}});
 }
 
 }  // namespace commtest

@@ -3,13 +3,12 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "host_qt/words.h"
 #include "window/channel_table_note.h"
 #include "window/sidebar.h"
 #include "window/tool_bar.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,7 +51,8 @@ void ListWork::CoverWhatWaits(const Room& room) {
     for (const int button : {toolbar::kImport, kExportButton}) wait_->Cover(room.toolBar.Button(button));
     for (const ToolbarEntry entry : {ToolbarEntry::ToolWindow, ToolbarEntry::ReloadParameters})
         wait_->Cover(*room.toolBar.Entry(entry));
-    QAction* restore = room.toolBar.AddEntry(kToolsButton, u"恢复原目录..."_s, [this] { restore_->Ask(); });
+    QAction* restore =
+        room.toolBar.AddEntry(kToolsButton, Words::tr("恢复原目录..."), [this] { restore_->Ask(); });
     wait_->Cover(*restore);
     wait_->Cover(room.tabs, kPagesThatAsk);
     for (QWidget* choice : room.sidebar.Choices()) exportWait_->Cover(*choice);

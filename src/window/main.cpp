@@ -29,21 +29,24 @@ commtest::DeviceMap DevicesOf(const QStringList& ports) {
     commtest::DeviceMap devices;
     for (const QString& text : ports) {
         const auto port = commtest::NamedPortOf(text);
-        if (!port || port->device.isEmpty()) RefuseOption(u"--port 须写成 COM1=设备 的形式"_s);
+        if (!port || port->device.isEmpty())
+            RefuseOption(commtest::Words::tr("--port 须写成 COM1=设备 的形式"));
         devices[port->number] = port->device;
     }
     return devices;
 }
 
 void AddOptions(QCommandLineParser& parser) {
-    parser.setApplicationDescription(u"与串口上的工业仪表通讯：轮询、修改参数、记录。"_s);
+    parser.setApplicationDescription(commtest::Words::tr("与串口上的工业仪表通讯：轮询、修改参数、记录。"));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({{u"face"_s, u"界面，默认为上次选定的。"_s, u"chinese|english"_s},
-                       {u"folder"_s, u"程序文件夹，目录文件 通讯数据.mdb 在其中。"_s, u"文件夹"_s},
-                       {u"settings"_s, u"设置文件，默认为用户的设置。"_s, u"文件"_s},
-                       {u"port"_s, u"串口的设备，可以多次给出。"_s, u"COM1=设备"_s},
-                       {u"simulator"_s, u"在 COM1 上接一台模拟仪表。"_s}});
+    parser.addOptions(
+        {{u"face"_s, commtest::Words::tr("界面，默认为上次选定的。"), u"chinese|english"_s},
+         {u"folder"_s, commtest::Words::tr("程序文件夹，目录文件 通讯数据.mdb 在其中。"),
+          commtest::Words::tr("文件夹")},
+         {u"settings"_s, commtest::Words::tr("设置文件，默认为用户的设置。"), commtest::Words::tr("文件")},
+         {u"port"_s, commtest::Words::tr("串口的设备，可以多次给出。"), commtest::Words::tr("COM1=设备")},
+         {u"simulator"_s, commtest::Words::tr("在 COM1 上接一台模拟仪表。")}});
 }
 
 void NameProgram() {
@@ -113,9 +116,10 @@ int Run(int argc, char* argv[]) {
         program.Finish();
         return status;
     } catch (const commtest::RuntimeError& error) {
-        QMessageBox::critical(nullptr, u"CommTest"_s,
-                              QString::fromStdU16String(error.StandardMessage()) +
-                                  u"\n\n程序文件夹不能建立，请用 --folder 指定另一个文件夹。"_s);
+        QMessageBox::critical(
+            nullptr, u"CommTest"_s,
+            QString::fromStdU16String(error.StandardMessage()) + u"\n\n"_s +
+                commtest::Words::tr("程序文件夹不能建立，请用 --folder 指定另一个文件夹。"));
         return kNoAccess;
     }
 }

@@ -12,6 +12,7 @@
 #include "commands/startup.h"
 #include "commands/toolbar_commands.h"
 #include "host/store.h"
+#include "host_qt/words.h"
 #include "session/records.h"
 #include "window/bindings.h"
 #include "window/catalogue_page.h"
@@ -140,7 +141,7 @@ void MainWindow::ShowFirstSteps(std::function<void()> tryOut) {
     connect(&steps, &FirstSteps::SimulatorWanted, this, [this, tryOut = std::move(tryOut)] {
         lists_->Wait().Stands() ? notes_->Say(lists_->Wait().Reason()) : tryOut();
     });
-    if (form_.outside.store.IsOpen()) notes_->Say(u"欢迎使用：按三步开始，F1 看使用说明"_s);
+    if (form_.outside.store.IsOpen()) notes_->Say(Words::tr("欢迎使用：按三步开始，F1 看使用说明"));
 }
 
 StateLine& MainWindow::State() { return communication_->Strip().State(); }

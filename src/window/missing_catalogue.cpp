@@ -11,6 +11,7 @@
 #include "host/file_names.h"
 #include "host/store.h"
 #include "host_qt/program_folder.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "window/catalogue_box.h"
 #include "window/empty_state.h"
@@ -31,8 +32,6 @@ namespace {
 const QString kProtocolKey = u"Window/Protocol"_s;
 const QString kInstrumentKey = u"Window/Instrument"_s;
 const QString kFolderKey = u"Window/Folder"_s;
-
-const QString kKept = u"上次选定的协议和仪表会保留。"_s;
 
 }  // namespace
 
@@ -57,9 +56,9 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
     window.State().AddSource(StateLine::Rank::Stopped, [this]() -> std::optional<StateMessage> {
         if (IsOpen()) return {};
         return StateMessage{.glyph = Glyph::Information,
-                            .head = u"没有仪表目录"_s,
-                            .text = u"通讯需要先选定一台仪表"_s,
-                            .action = u"打开目录"_s,
+                            .head = Words::tr("没有仪表目录"),
+                            .text = Words::tr("通讯需要先选定一台仪表"),
+                            .action = Words::tr("打开目录"),
                             .act = [this] { Ask(); }};
     });
     connect(&window, &MainWindow::ListMade, this, &MissingCatalogue::CoverList);
@@ -71,10 +70,11 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
 }
 
 void MissingCatalogue::CoverList(GridView& list) {
-    auto* state =
-        new EmptyState(u"special-address"_s,
-                       {u"没有仪表目录"_s, u"通讯需要先选定一台仪表"_s, {{u"打开目录"_s, [this] { Ask(); }}}},
-                       *theme_, &list);
+    auto* state = new EmptyState(u"special-address"_s,
+                                 {Words::tr("没有仪表目录"),
+                                  Words::tr("通讯需要先选定一台仪表"),
+                                  {{Words::tr("打开目录"), [this] { Ask(); }}}},
+                                 *theme_, &list);
     state->CoverWhile(window_->Views(), [this] { return !IsOpen(); });
 }
 
@@ -93,14 +93,14 @@ void MissingCatalogue::Ask() {
     box_ = new CatalogueBox(*theme_, window_);
     connect(box_, &CatalogueBox::CreationWanted, this, &MissingCatalogue::Create);
     connect(box_, &CatalogueBox::FolderWanted, this, [this] {
-        const QString folder = QFileDialog::getExistingDirectory(box_, u"选择文件夹"_s);
+        const QString folder = QFileDialog::getExistingDirectory(box_, Words::tr("选择文件夹"));
         if (!folder.isEmpty()) UseFolder(folder);
     });
     connect(box_, &QDialog::rejected, this, [this] {
         const QString instrument = settings_.value(kInstrumentKey).toString();
         if (instrument.isEmpty()) return;
         window_->Notes().Say(
-            u"上次的仪表：%1，%2"_s.arg(settings_.value(kProtocolKey).toString(), instrument));
+            Words::tr("上次的仪表：%1，%2").arg(settings_.value(kProtocolKey).toString(), instrument));
     });
     Say(problem);
     box_->open();
@@ -109,17 +109,16 @@ void MissingCatalogue::Ask() {
 void MissingCatalogue::Say(const QString& problem) {
     const bool hasFile = QFile::exists(Path());
     const QString waysOut =
-        hasFile ? u"%1。可以选择已有目录所在的文件夹；在此新建时，原文件改名保留。"_s.arg(problem)
-                : u"文件不存在。可以在这里新建一个带示例仪表的目录，或选择已有目录所在的"
-                  u"文件夹。"_s;
-    box_->Say(Path(), waysOut + kKept, hasFile);
+        hasFile ? Words::tr("%1。可以选择已有目录所在的文件夹；在此新建时，原文件改名保留。").arg(problem)
+                : Words::tr("文件不存在。可以在这里新建一个带示例仪表的目录，或选择已有目录所在的文件夹。");
+    box_->Say(Path(), waysOut + Words::tr("上次选定的协议和仪表会保留。"), hasFile);
 }
 
 void MissingCatalogue::Create() {
     try {
         const QString former = KeepFormerFile();
         CreateProgramFolder(files_.Folder().toStdU16String(), FillWithShippedCatalogue);
-        if (!former.isEmpty()) window_->Notes().Say(u"原文件存为 "_s + former);
+        if (!former.isEmpty()) window_->Notes().Say(Words::tr("原文件存为 %1").arg(former));
     } catch (const RuntimeError& error) {
         box_->Say(Path(), QString::fromStdU16String(error.StandardMessage()), true);
         return;

@@ -6,11 +6,11 @@
 #include <chrono>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "window/pieces.h"
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -29,7 +29,7 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
       words_(new QLabel(this)),
       action_(MakeLineAction({})),
       seconds_(new QLabel(this)) {
-    setAccessibleName(u"提示"_s);
+    setAccessibleName(Words::tr("提示"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -133,7 +133,7 @@ void NoteBar::CountDown() {
         End();
         return;
     }
-    seconds_->setText(u"%1 秒"_s.arg(secondsLeft_));
+    seconds_->setText(Words::tr("%1 秒").arg(secondsLeft_));
     seconds_->show();
 }
 

@@ -2,16 +2,15 @@
 
 #include <QVBoxLayout>
 
+#include "host_qt/words.h"
 #include "window/pieces.h"
 
 namespace commtest {
 
-using namespace Qt::StringLiterals;
-
 NothingFound::NothingFound(QWidget* parent) : QWidget(parent), words_(new QLabel(this)) {
     words_->setTextFormat(Qt::PlainText);
     words_->setProperty("caption", true);
-    QPushButton* clear = MakeLineAction(u"清除筛选"_s);
+    QPushButton* clear = MakeLineAction(Words::tr("清除筛选"));
     connect(clear, &QPushButton::clicked, this, &NothingFound::ClearWanted);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(4);
@@ -23,7 +22,8 @@ NothingFound::NothingFound(QWidget* parent) : QWidget(parent), words_(new QLabel
 }
 
 void NothingFound::Show(bool shown, int index, const QString& words) {
-    words_->setText((index == 0 ? u"没有符合“%1”的参数"_s : u"没有符合“%1”的仪表"_s).arg(words));
+    words_->setText(
+        (index == 0 ? Words::tr("没有符合“%1”的参数") : Words::tr("没有符合“%1”的仪表")).arg(words));
     setVisible(shown);
 }
 

@@ -1,6 +1,9 @@
 #include "window/pieces.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
+
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -8,6 +11,12 @@ namespace {
 
 constexpr int kTitleHeight = 16;
 constexpr int kCaptionHeight = 15;
+
+// The lines of some fonts are higher, mostly above their letters: these are moved up a little.
+void LayInLine(QLabel& label, int height, const QFont& font) {
+    label.setFixedHeight(height);
+    label.setContentsMargins(0, 0, 0, std::max(0, QFontMetrics(font).height() - height) / 2);
+}
 
 }  // namespace
 
@@ -27,14 +36,14 @@ QFrame* MakeHairline(Qt::Orientation orientation, int length) {
 
 QLabel* MakeTitle(const QString& text) {
     auto* title = new QLabel(text);
-    title->setFixedHeight(kTitleHeight);
+    LayInLine(*title, kTitleHeight, Theme::UiFont());
     return title;
 }
 
 QLabel* MakeCaption(const QString& text, QWidget* buddy) {
     auto* label = new QLabel(text);
     label->setProperty("caption", true);
-    label->setFixedHeight(kCaptionHeight);
+    LayInLine(*label, kCaptionHeight, Theme::CaptionFont());
     if (buddy != nullptr) {
         label->setBuddy(buddy);
         buddy->setAccessibleName(text);

@@ -7,6 +7,7 @@
 
 #include "host/serial_port.h"
 #include "host_qt/named_port.h"
+#include "host_qt/words.h"
 #include "session/port_settings.h"
 #include "window/bindings.h"
 #include "window/glyphs.h"
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kRefusal = u"不是串口，未采用"_s;
+QString RefusalWords() { return Words::tr("不是串口，未采用"); }
 constexpr int kGlyphSize = 16;
 
 QWidget* MakeRefusal(QLabel* sign, QWidget* parent) {
@@ -29,7 +30,7 @@ QWidget* MakeRefusal(QLabel* sign, QWidget* parent) {
     layout->setContentsMargins(8, 4, 8, 4);
     layout->setSpacing(4);
     layout->addWidget(sign);
-    layout->addWidget(new QLabel(kRefusal, refusal), 1);
+    layout->addWidget(new QLabel(RefusalWords(), refusal), 1);
     refusal->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     refusal->hide();
     return refusal;
@@ -107,7 +108,7 @@ void PortBox::SetRefused(bool refused) {
     if (property("refused").toBool() == refused) return;
     setProperty("refused", refused);
     style()->polish(this);
-    setAccessibleDescription(refused ? kRefusal : QString());
+    setAccessibleDescription(refused ? RefusalWords() : QString());
     const QColor warn = QApplication::palette().color(QPalette::BrightText);
     refusalSign_->setPixmap(GlyphPicture(Glyph::Warning, warn, kGlyphSize, devicePixelRatioF()));
     refusal_->setVisible(refused);

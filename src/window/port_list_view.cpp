@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host_qt/words.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -66,14 +68,16 @@ class PortRowDelegate : public QStyledItemDelegate {
 PortRow RowOfPort(const std::vector<PortDevice>& devices, const QString& port) {
     for (const PortDevice& device : devices) {
         if (port.compare(u"COM%1"_s.arg(device.number), Qt::CaseInsensitive) != 0) continue;
-        const QString remark = !device.isThere ? u"不在"_s : device.isInUse ? u"其它程序使用"_s : QString();
+        const QString remark = !device.isThere  ? Words::tr("不在")
+                               : device.isInUse ? Words::tr("其它程序使用")
+                                                : QString();
         return {DeviceWords(device), remark, device.isThere};
     }
-    return {{}, u"不在"_s, false};
+    return {{}, Words::tr("不在"), false};
 }
 
 PortListView::PortListView(QWidget* parent)
-    : QListView(parent), hint_(new QLabel(u"可输入 COM9=/dev/ttyS3 指定设备"_s, this)) {
+    : QListView(parent), hint_(new QLabel(Words::tr("可输入 COM9=/dev/ttyS3 指定设备"), this)) {
     hint_->setObjectName(u"portListHint"_s);
     hint_->setIndent(0);
     setViewportMargins(0, 0, 0, kHintHeight);

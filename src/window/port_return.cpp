@@ -2,6 +2,7 @@
 
 #include "commands/toolbar_commands.h"
 #include "host/serial_port.h"
+#include "host_qt/words.h"
 #include "session/main_form.h"
 
 namespace commtest {
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kGoOn = u"继续"_s;
+QString GoOnWords() { return Words::tr("继续"); }
 
 }  // namespace
 
@@ -29,7 +30,7 @@ PortReturn::PortReturn(Binder& binder, StateLine& state, NoteBar& notes, QObject
 void PortReturn::TellBack(const QString& device) {
     const MainForm& form = binder_.Form();
     if (form.IsRunning() || form.LastStop().cause != StopCause::PortLost) return;
-    words_ = u"COM%1 已恢复"_s.arg(form.MSComm1.CommPort());
+    words_ = Words::tr("COM%1 已恢复").arg(form.MSComm1.CommPort());
     device_ = device;
     AskInNote();
     binder_.Look();
@@ -45,12 +46,12 @@ std::optional<StateMessage> PortReturn::Message() {
     return StateMessage{.look = StateMessage::Look::Tinted,
                         .glyph = Glyph::Plug,
                         .text = u"%1 (%2)"_s.arg(words_, device_),
-                        .action = kGoOn,
+                        .action = GoOnWords(),
                         .act = [this] { GoOn(); }};
 }
 
 void PortReturn::AskInNote() {
-    notes_.Ask(words_, Glyph::Plug, kGoOn, [this] { GoOn(); });
+    notes_.Ask(words_, Glyph::Plug, GoOnWords(), [this] { GoOn(); });
 }
 
 void PortReturn::GoOn() {

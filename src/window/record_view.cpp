@@ -8,12 +8,11 @@
 #include <QTextBlock>
 #include <algorithm>
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/record_stretches.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -168,15 +167,15 @@ void RecordView::keyPressEvent(QKeyEvent* event) {
 void RecordView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(u"复制"_s, this, &QPlainTextEdit::copy)->setEnabled(textCursor().hasSelection());
-    menu->addAction(u"全选"_s, this, &QPlainTextEdit::selectAll)->setEnabled(!document()->isEmpty());
+    menu->addAction(Words::tr("复制"), this, &QPlainTextEdit::copy)->setEnabled(textCursor().hasSelection());
+    menu->addAction(Words::tr("全选"), this, &QPlainTextEdit::selectAll)->setEnabled(!document()->isEmpty());
     menu->popup(event->globalPos());
 }
 
 RecordView* MakeCommPane(Binder& binder, const Theme& theme, int index, QWidget* parent) {
     MainForm& form = binder.Form();
     auto* view = new RecordView(binder, theme, form.ConCommString[static_cast<std::size_t>(index)], parent);
-    view->setAccessibleName(index == 1 ? u"通讯记录"_s : u"数据转换过程"_s);
+    view->setAccessibleName(index == 1 ? Words::tr("通讯记录") : Words::tr("数据转换过程"));
     return view;
 }
 

@@ -7,6 +7,7 @@
 
 #include "catalogue/recordings.h"
 #include "host_qt/whole_file.h"
+#include "host_qt/words.h"
 #include "replay/recording_file.h"
 #include "runtime/runtime_error.h"
 #include "window/file_to_write.h"
@@ -42,8 +43,9 @@ void RecordingExport::AskForFile(int row) {
     const Grid& grid = binder_.Form().MSHFlexGrid1[kRecordingGrid];
     const Text instrument = grid.Cell(row, kListedInstrument);
     const Text note = grid.Cell(row, kListedNote);
-    const QString path = AskForFileToWrite(&list_, u"导出录制"_s, FileNameOfRecording(instrument, note),
-                                           u"录制 (*.jsonl)"_s, u"jsonl"_s);
+    const QString path =
+        AskForFileToWrite(&list_, Words::tr("导出录制"), FileNameOfRecording(instrument, note),
+                          Words::tr("录制 (*.jsonl)"), u"jsonl"_s);
     if (!path.isEmpty()) SaveTo(path, instrument, note);
 }
 
@@ -51,20 +53,21 @@ void RecordingExport::SaveTo(const QString& path, const Text& instrument, const 
     try {
         Save(path, instrument, note);
     } catch (const RuntimeError& error) {
-        notes_.Warn(u"没有导出：%1"_s.arg(ToQt(error.StandardMessage())));
+        notes_.Warn(Words::tr("没有导出：%1").arg(ToQt(error.StandardMessage())));
     }
 }
 
 void RecordingExport::Save(const QString& path, const Text& instrument, const Text& note) {
     const std::vector<RecordedExchange> exchanges =
         Recordings(binder_.Form().outside.store).Exchanges(instrument, note);
-    if (exchanges.empty()) return notes_.Warn(u"没有导出：列表中的这个录制已不存在"_s);
+    if (exchanges.empty()) return notes_.Warn(Words::tr("没有导出：列表中的这个录制已不存在"));
     const QString problem = WriteWhole(path, WrittenRecordingFile({exchanges.front(), exchanges}));
-    if (!problem.isEmpty()) return notes_.Warn(u"没有导出：%1，%2"_s.arg(path, problem));
+    if (!problem.isEmpty()) return notes_.Warn(Words::tr("没有导出：%1，%2").arg(path, problem));
     const QFileInfo saved(path);
-    notes_.Ask(u"已导出 %1 条：%2"_s.arg(GroupedNumber(std::ssize(exchanges)), saved.absoluteFilePath()),
-               Glyph::Tick, u"打开文件夹"_s,
-               [folder = saved.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+    notes_.Ask(
+        Words::tr("已导出 %1 条：%2").arg(GroupedNumber(std::ssize(exchanges)), saved.absoluteFilePath()),
+        Glyph::Tick, Words::tr("打开文件夹"),
+        [folder = saved.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
 }
 
 }  // namespace commtest

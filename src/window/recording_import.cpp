@@ -6,13 +6,13 @@
 #include "app/recording_words.h"
 #include "catalogue/catalogue_lists.h"
 #include "host/dialogs.h"
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
+#include "window/core_words.h"
 #include "window/fact_box.h"
 #include "window/pieces.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,11 +20,13 @@ constexpr std::size_t kRecordingGrid = 2;
 constexpr int kListedInstrument = 2;
 constexpr int kListedNote = 3;
 
-QString Pairs(std::int64_t count) { return u"%1 条"_s.arg(GroupedNumber(count)); }
+QString Pairs(std::int64_t count) {
+    return Words::tr("%1 条", nullptr, static_cast<int>(count)).arg(GroupedNumber(count));
+}
 
 QString WordsOnPresent(const PairCount& present) {
     QString words = Pairs(present.all);
-    if (present.deleted > 0) words += u"，其中已删除 "_s + Pairs(present.deleted);
+    if (present.deleted > 0) words += Words::tr("，其中已删除 %1").arg(Pairs(present.deleted));
     return words;
 }
 
@@ -36,14 +38,14 @@ RecordingImport::RecordingImport(Binder& binder, const Theme& theme, NoteBar& no
 
 void RecordingImport::AskForFile() {
     const QString path = QFileDialog::getOpenFileName(
-        &list_, u"导入录制"_s, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-        u"录制 (*.jsonl);;所有文件 (*)"_s);
+        &list_, Words::tr("导入录制"), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+        Words::tr("录制 (*.jsonl);;所有文件 (*)"));
     if (!path.isEmpty()) Take(path);
 }
 
 void RecordingImport::Take(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return Refuse(u"%1：%2"_s.arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly)) return Refuse(Words::tr("%1：%2").arg(path, file.errorString()));
     const Source source{QFileInfo(path).fileName(), file.readAll()};
     Guard(source, [&] { Begin(source); });
 }
@@ -53,16 +55,19 @@ void RecordingImport::Guard(const Source& source, const std::function<void()>& s
     try {
         step();
     } catch (const RecordingFileError& error) {
-        Refuse(u"%1 第 %2 行：%3"_s.arg(source.name)
+        Refuse(Words::tr("%1 第 %2 行：%3")
+                   .arg(source.name)
                    .arg(error.Fault().line)
-                   .arg(ToQt(WordsOnFault(error.Fault()))));
+                   .arg(ToQt(
+                       FilledIn(Translated(PatternOf(error.Fault().kind)).toStdU16String(), error.Fault()))));
     } catch (const RuntimeError& error) {
         Refuse(ToQt(error.StandardMessage()));
     }
 }
 
 void RecordingImport::Refuse(const QString& reason) {
-    binder_.Form().outside.dialogs.ShowMessage(u"没有导入，演示数据不变！", reason.toStdU16String());
+    binder_.Form().outside.dialogs.ShowMessage(Words::tr("没有导入，演示数据不变！").toStdU16String(),
+                                               reason.toStdU16String());
 }
 
 RecordingAddition RecordingImport::AdditionOfSource(const Source& source) const {
@@ -82,15 +87,16 @@ void RecordingImport::Begin(const Source& source) {
 // While the box stands, a capture may go on under the same note.
 void RecordingImport::Ask(const Source& source, const RecordingAddition& addition) {
     auto* box = new FactBox(theme_, list_.window());
-    box->Say(Glyph::Unknown, u"确定要加入已有的录制吗？"_s);
-    box->SetFact(u"文件"_s, source.name);
-    box->SetFact(u"仪表"_s, ToQt(addition.instrument));
-    box->SetFact(u"说明"_s, ToQt(addition.note));
-    box->SetFact(u"现有"_s, WordsOnPresent(addition.present));
-    box->SetFact(u"加入"_s, Pairs(std::ssize(addition.pairs)) + u"；另有 "_s +
-                                Pairs(static_cast<std::int64_t>(addition.known)) + u"已有，不再加入"_s);
-    QPushButton* yes = box->AddAnswer(u"是(&Y)"_s, true);
-    QPushButton* no = box->AddAnswer(u"否(&N)"_s, false);
+    box->Say(Glyph::Unknown, Words::tr("确定要加入已有的录制吗？"));
+    box->SetFact(Words::tr("文件"), source.name);
+    box->SetFact(Words::tr("仪表"), ToQt(addition.instrument));
+    box->SetFact(Words::tr("说明"), ToQt(addition.note));
+    box->SetFact(Words::tr("现有"), WordsOnPresent(addition.present));
+    box->SetFact(Words::tr("加入"), Words::tr("%1；另有 %2已有，不再加入")
+                                        .arg(Pairs(std::ssize(addition.pairs)),
+                                             Pairs(static_cast<std::int64_t>(addition.known))));
+    QPushButton* yes = box->AddAnswer(Words::tr("是(&Y)"), true);
+    QPushButton* no = box->AddAnswer(Words::tr("否(&N)"), false);
     connect(yes, &QPushButton::clicked, box, &QDialog::accept);
     connect(no, &QPushButton::clicked, box, &QDialog::reject);
     connect(box, &QDialog::accepted, this,
@@ -103,9 +109,10 @@ void RecordingImport::Ask(const Source& source, const RecordingAddition& additio
 void RecordingImport::Add(const RecordingAddition& addition) {
     Recordings(binder_.Form().outside.store).Add(addition.pairs);
     ShowInList(addition);
-    const QString words = u"已导入 %1，%2已有：%3，%4"_s.arg(Pairs(std::ssize(addition.pairs)),
-                                                             Pairs(static_cast<std::int64_t>(addition.known)),
-                                                             ToQt(addition.instrument), ToQt(addition.note));
+    const QString words =
+        Words::tr("已导入 %1，%2已有：%3，%4")
+            .arg(Pairs(std::ssize(addition.pairs)), Pairs(static_cast<std::int64_t>(addition.known)),
+                 ToQt(addition.instrument), ToQt(addition.note));
     notes_.Say(words);
     deleted_.TellBehind(words, addition.instrument, addition.note);
 }

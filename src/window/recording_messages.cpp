@@ -1,11 +1,10 @@
 #include "window/recording_messages.h"
 
+#include "host_qt/words.h"
 #include "session/command_code.h"
 #include "window/pieces.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,24 +18,25 @@ std::optional<StateMessage> ReplayMessage(Binder& binder) {
     if (form.CommandCode <= command::kReplayBuiltAbove) return std::nullopt;
     StateMessage message{.look = StateMessage::Look::Tinted, .glyph = Glyph::Replay};
     if (form.DemoFrames.empty()) {
-        message.head = u"数据演示：尚未选定录制"_s;
-        message.action = u"去选定"_s;
+        message.head = Words::tr("数据演示：尚未选定录制");
+        message.action = Words::tr("去选定");
         message.act = [&binder] { binder.Event([&binder] { binder.Form().SSTab2.Choose(kRecordingTab); }); };
     } else {
-        message.head = u"数据演示，未接仪表"_s;
-        message.text = ToQt(form.DemoInstrument) + u'，' + ToQt(form.DemoNote);
-        message.count = u"第 %1 / %2 条"_s.arg(form.DemoIndex).arg(std::ssize(form.DemoFrames));
+        message.head = Words::tr("数据演示，未接仪表");
+        message.text = Words::tr("%1，%2").arg(ToQt(form.DemoInstrument), ToQt(form.DemoNote));
+        message.count = Words::tr("第 %1 / %2 条").arg(form.DemoIndex).arg(std::ssize(form.DemoFrames));
     }
     return message;
 }
 
 QString CaptureCounts(const MainForm& form) {
     if (!form.ConSaveData.Value()) return {};
-    QString words = u"采集"_s;
+    QString words = Words::tr("采集");
     if (!form.CaptureNote.empty()) words += u' ' + ToQt(form.CaptureNote);
-    if (form.CaptureWaits) words += u" 暂停，正在导入"_s;
-    words += u" 新 %1 已有 %2"_s.arg(GroupedNumber(form.CapturedCount), GroupedNumber(form.KnownPairCount));
-    if (form.MissedPairCount > 0) words += u" 未存 %1"_s.arg(GroupedNumber(form.MissedPairCount));
+    if (form.CaptureWaits) words += Words::tr(" 暂停，正在导入");
+    words += Words::tr(" 新 %1 已有 %2")
+                 .arg(GroupedNumber(form.CapturedCount), GroupedNumber(form.KnownPairCount));
+    if (form.MissedPairCount > 0) words += Words::tr(" 未存 %1").arg(GroupedNumber(form.MissedPairCount));
     return words;
 }
 

@@ -1,11 +1,10 @@
 #include "window/recording_work.h"
 
+#include "host_qt/words.h"
 #include "window/grid_view.h"
 #include "window/replay_hint.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 RecordingWork::RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes, QWidget& place)
     : QObject(&place),
@@ -16,8 +15,8 @@ RecordingWork::RecordingWork(Binder& binder, const Theme& theme, NoteBar& notes,
 }
 
 void RecordingWork::AddToMenu(GridView& list) {
-    list.AddToMenu({{u"导出录制......"_s, true, [this](int row) { export_->AskForFile(row); }},
-                    {u"导入录制......"_s, false, [this](int) { import_->AskForFile(); }}});
+    list.AddToMenu({{Words::tr("导出录制......"), true, [this](int row) { export_->AskForFile(row); }},
+                    {Words::tr("导入录制......"), false, [this](int) { import_->AskForFile(); }}});
 }
 
 }  // namespace commtest

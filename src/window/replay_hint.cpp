@@ -3,11 +3,10 @@
 #include <QApplication>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "session/command_code.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +28,7 @@ bool ReplayHint::IsDue() const {
 void ReplayHint::Follow() {
     const bool isDue = IsDue();
     if (std::exchange(wasDue_, isDue) || !isDue) return;
-    notes_.Say(u"数据演示：请双击选定录制，再按 F5"_s);
+    notes_.Say(Words::tr("数据演示：请双击选定录制，再按 F5"));
 }
 
 }  // namespace commtest

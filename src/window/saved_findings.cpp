@@ -1,12 +1,12 @@
 #include "window/saved_findings.h"
 
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
+#include "window/core_words.h"
 #include "window/list_words.h"
 #include "window/pieces.h"
 
 namespace commtest {
-
-using namespace Qt::StringLiterals;
 
 SavedFindings::SavedFindings(Store& store, const ProgramFiles& files, const QString& list,
                              const QString& path, const Switches& switches)
@@ -37,10 +37,11 @@ bool SavedFindings::Step() {
 }
 
 void SavedFindings::Write(const ListFinding& finding) {
-    const QString line = u"%1:%2：%3；%4\r\n"_s.arg(list_)
+    const QString line = Words::tr("%1:%2：%3；%4")
+                             .arg(list_)
                              .arg(finding.line)
-                             .arg(WordsOn(finding), ToQt(OutcomeOf(finding.kind)));
-    file_.write(line.toUtf8());
+                             .arg(WordsOn(finding), Translated(OutcomeOf(finding.kind)));
+    file_.write(line.toUtf8() + "\r\n");
 }
 
 QString SavedFindings::Problem() const { return problem_; }

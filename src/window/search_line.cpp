@@ -6,6 +6,7 @@
 
 #include "commands/toolbar_commands.h"
 #include "host/serial_port.h"
+#include "host_qt/words.h"
 #include "window/glyphs.h"
 #include "window/pieces.h"
 
@@ -20,7 +21,7 @@ constexpr int kTenths = 10;
 
 QString RateWords(const SearchProgress& progress) {
     const QString rate = ToQt(progress.rate);
-    if (!progress.isTicked) return rate + u" (未勾选)"_s;
+    if (!progress.isTicked) return rate + Words::tr(" (未勾选)");
     return u"%1 (%2/%3)"_s.arg(rate).arg(progress.rateNumber).arg(progress.rates);
 }
 
@@ -35,11 +36,11 @@ std::int64_t PartDone(const SearchProgress& progress, int parts) {
 
 // Names and values by turns.
 QStringList PiecesOf(const SearchProgress& progress, int lastAddress) {
-    return {u"地址"_s,   u"%1 / %2"_s.arg(progress.address).arg(lastAddress),
-            u"波特率"_s, RateWords(progress),
-            u"已完成"_s, u"%1 %"_s.arg(PartDone(progress, 100)),
-            u"剩余约"_s, TimeWords(progress.millisecondsLeft),
-            u"已发现"_s, u"%1 台"_s.arg(progress.found)};
+    return {Words::tr("地址"),   u"%1 / %2"_s.arg(progress.address).arg(lastAddress),
+            Words::tr("波特率"), RateWords(progress),
+            Words::tr("已完成"), u"%1 %"_s.arg(PartDone(progress, 100)),
+            Words::tr("剩余约"), TimeWords(progress.millisecondsLeft),
+            Words::tr("已发现"), Words::tr("%1 台").arg(progress.found)};
 }
 
 bool IsSame(const SearchProgress& one, const SearchProgress& other) {
@@ -59,9 +60,9 @@ SearchLine::SearchLine(Binder& binder, const Theme& theme, SearchReturn& wayBack
       start_(start),
       sign_(new QLabel(this)),
       words_(new QLabel(this)),
-      stop_(new QPushButton(u"停止搜索"_s, this)),
-      goBack_(new QPushButton(u"恢复搜索前的设置"_s, this)) {
-    setAccessibleName(u"搜索进度"_s);
+      stop_(new QPushButton(Words::tr("停止搜索"), this)),
+      goBack_(new QPushButton(Words::tr("恢复搜索前的设置"), this)) {
+    setAccessibleName(Words::tr("搜索进度"));
     sign_->setFixedSize(kGlyphSize, kGlyphSize);
     words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* layout = new QHBoxLayout(this);
@@ -126,21 +127,22 @@ void SearchLine::PassFocus() {
 
 void SearchLine::ShowProgress() {
     const QStringList pieces = PiecesOf(progress_, form_.SearchEndAddress);
-    QString words = u"正在搜索"_s;
+    QString words = Words::tr("正在搜索");
     for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
         words += u"&nbsp;&nbsp;&nbsp;&nbsp; <span style='color:%1'>%2</span>&nbsp; %3"_s.arg(
             theme_.Now().text2.name(), pieces[i], pieces[i + 1]);
     }
     words_->setTextFormat(Qt::RichText);
     words_->setText(words);
-    said_ = u"正在搜索 "_s + pieces.join(u' ');
+    said_ = Words::tr("正在搜索") + u' ' + pieces.join(u' ');
 }
 
 void SearchLine::ShowLeftState() {
     sign_->setPixmap(GlyphPicture(Glyph::Information, theme_.Now().text2, kGlyphSize, devicePixelRatioF()));
-    const QString words = u"搜索中止：操作码 %1，间隔 %2 ms，停在地址 %3、%4 波特"_s.arg(
-        QString::number(form_.CommandCode), ToQt(form_.ConDelayTime.Value()),
-        ToQt(form_.ConMeterAddr.Value()), ToQt(Before(form_.MSComm1.Settings(), u',')));
+    const QString words =
+        Words::tr("搜索中止：操作码 %1，间隔 %2 ms，停在地址 %3、%4 波特")
+            .arg(QString::number(form_.CommandCode), ToQt(form_.ConDelayTime.Value()),
+                 ToQt(form_.ConMeterAddr.Value()), ToQt(Before(form_.MSComm1.Settings(), u',')));
     words_->setTextFormat(Qt::PlainText);
     words_->setText(words);
     said_ = words;

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "host_qt/words.h"
 #include "runtime/hex_text.h"
 #include "runtime/runtime_error.h"
 #include "window/bindings.h"
@@ -41,7 +42,7 @@ class HintBox : public QWidget {
 QString BothNotations(const Text& frame) {
     const QString code = ToQt(frame).trimmed().toHtmlEscaped();
     try {
-        return u"ASCii码 %1<br>十六进制 %2"_s.arg(ToQt(ReadableOf(frame)).toHtmlEscaped(), code);
+        return Words::tr("ASCii码 %1<br>十六进制 %2").arg(ToQt(ReadableOf(frame)).toHtmlEscaped(), code);
     } catch (const RuntimeError&) {
         return code;
     }

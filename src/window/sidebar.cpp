@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "catalogue/instrument_selection.h"
+#include "host_qt/words.h"
 #include "window/address_field.h"
 #include "window/bindings.h"
 #include "window/list_browsing.h"
@@ -76,7 +77,8 @@ QWidget* Sidebar::MakeFields(Binder& binder, NoteBar& notes) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
     layout->addWidget(MakeTitle(ToQt(captions.instrumentSelection)));
-    protocols_ = MakeList(binder, form.ConCommTypeList, u"协议类型"_s, u"协议类型/数据演示时,显示芯片说明"_s);
+    protocols_ =
+        MakeList(binder, form.ConCommTypeList, Words::tr("协议类型"), u"协议类型/数据演示时,显示芯片说明"_s);
     instruments_ =
         MakeList(binder, form.InstrumentList(), ToQt(captions.instrumentName),
                  u"注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表"_s);

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <utility>
 
+#include "host_qt/words.h"
+
 namespace commtest {
 
 using namespace Qt::StringLiterals;
@@ -36,7 +38,8 @@ bool SimulatedInstrument::Start() {
         return false;
     }
     if (AwaitDevice()) return true;
-    problem_ = process_.state() == QProcess::NotRunning ? u"模拟仪表程序已退出"_s : u"模拟仪表没有按时就绪"_s;
+    problem_ = process_.state() == QProcess::NotRunning ? Words::tr("模拟仪表程序已退出")
+                                                        : Words::tr("模拟仪表没有按时就绪");
     End();
     return false;
 }

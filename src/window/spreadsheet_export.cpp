@@ -8,6 +8,7 @@
 #include "host/dialogs.h"
 #include "host/file_names.h"
 #include "host/program_files.h"
+#include "host_qt/words.h"
 #include "window/pieces.h"
 #include "window/spreadsheet_summary.h"
 #include "window/spreadsheet_words.h"
@@ -19,8 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kShortExport = 500;  // milliseconds, which need no band
-
-const QString kWaits = u"正在导出参数地址表，完成或取消后可用"_s;
 
 }  // namespace
 
@@ -52,7 +51,7 @@ void SpreadsheetExport::ExportAll() {
     room_.binder.Event([&] { sheets = CollectInstrumentSheets(Form()); });
     isOfAll_ = true;
     if (sheets.empty()) {
-        room_.notes.Say(u"这个协议没有仪表，没有可导出的参数地址表"_s);
+        room_.notes.Say(Words::tr("这个协议没有仪表，没有可导出的参数地址表"));
     } else {
         Begin(std::move(sheets));
     }
@@ -98,14 +97,14 @@ void SpreadsheetExport::End() {
 }
 
 void SpreadsheetExport::EndCurrent() {
-    if (run_->WasCancelled()) return room_.notes.Say(u"导出已取消，原文件未动"_s);
+    if (run_->WasCancelled()) return room_.notes.Say(Words::tr("导出已取消，原文件未动"));
     const SpreadsheetRun::Entry& entry = run_->Ended().front();
     if (!entry.IsWritten()) return Refuse(WordsOn(entry));
     const bool isShown = Opener(ToQt(entry.path));
     if (!isShown) Opener(Folder());
-    room_.notes.Ask(
-        (isShown ? u"已导出 %1"_s : u"已导出 %1，没有可以打开它的程序"_s).arg(NameOfResult(entry)),
-        Glyph::Tick, u"打开文件夹"_s, [this] { OpenFolder(); });
+    room_.notes.Ask((isShown ? Words::tr("已导出 %1") : Words::tr("已导出 %1，没有可以打开它的程序"))
+                        .arg(NameOfResult(entry)),
+                    Glyph::Tick, Words::tr("打开文件夹"), [this] { OpenFolder(); });
 }
 
 void SpreadsheetExport::Summarise() {
@@ -120,20 +119,22 @@ void SpreadsheetExport::Summarise() {
 }
 
 void SpreadsheetExport::Refuse(const QString& reason) {
-    Form().outside.dialogs.ShowMessage(isOfAll_ ? u"参数地址表没有导出！" : u"当前参数地址表没有导出！",
-                                       reason.toStdU16String());
+    Form().outside.dialogs.ShowMessage(
+        (isOfAll_ ? Words::tr("参数地址表没有导出！") : Words::tr("当前参数地址表没有导出！"))
+            .toStdU16String(),
+        reason.toStdU16String());
 }
 
 void SpreadsheetExport::OpenFolder() {
-    if (!Opener(Folder())) room_.notes.Say(u"结果在 %1"_s.arg(Folder()));
+    if (!Opener(Folder())) room_.notes.Say(Words::tr("结果在 %1").arg(Folder()));
 }
 
 // --- Its end ahead of time ---
 
 // The spreadsheets go on while the user is asked; the last one may be written by then.
-bool SpreadsheetExport::AskAndCancel(TextView question) {
+bool SpreadsheetExport::AskAndCancel(const QString& question) {
     isAsking_ = true;
-    const bool isWanted = Form().outside.dialogs.AskYesNo(Text(question));
+    const bool isWanted = Form().outside.dialogs.AskYesNo(question.toStdU16String());
     isAsking_ = false;
     if (isWanted) run_->Cancel();
     return isWanted;
@@ -141,13 +142,14 @@ bool SpreadsheetExport::AskAndCancel(TextView question) {
 
 void SpreadsheetExport::AskToCancel() {
     if (!IsUnderWay() || isAsking_) return;
-    AskAndCancel(u"确定要取消导出吗？已写好的文件保留。");
+    AskAndCancel(Words::tr("确定要取消导出吗？已写好的文件保留。"));
     Follow();
 }
 
 bool SpreadsheetExport::MayLeave() {
     if (!IsUnderWay()) return true;
-    const bool leaves = AskAndCancel(u"正在导出参数地址表，现在退出则其余的不再导出。确定要退出吗？");
+    const bool leaves =
+        AskAndCancel(Words::tr("正在导出参数地址表，现在退出则其余的不再导出。确定要退出吗？"));
     if (!leaves) Follow();
     return leaves;
 }
@@ -155,8 +157,8 @@ bool SpreadsheetExport::MayLeave() {
 // --- How far it has come ---
 
 void SpreadsheetExport::ShowBand() {
-    room_.wait.Begin(kWaits);
-    room_.band.Begin({u"导出进度"_s, u"正在导出"_s});
+    room_.wait.Begin(Words::tr("正在导出参数地址表，完成或取消后可用"));
+    room_.band.Begin({Words::tr("导出进度"), Words::tr("正在导出")});
     if (isOfAll_) room_.band.setFocus();
 }
 
@@ -168,9 +170,9 @@ void SpreadsheetExport::ShowProgress() {
     const auto total = static_cast<qint64>(run_->Total());
     const double share = static_cast<double>(ended) / static_cast<double>(total);
     room_.band.Show(share, {{.caption = ToQt(SpreadsheetFileName(run_->LastBegun())), .isCaptionAlone = true},
-                            {u"已写"_s, GroupedNumber(written) + u" / "_s + GroupedNumber(total)},
-                            {u"失败"_s, GroupedNumber(ended - written)},
-                            {u"剩余约"_s, TimeLeft(share, time_.elapsed())}});
+                            {Words::tr("已写"), GroupedNumber(written) + u" / "_s + GroupedNumber(total)},
+                            {Words::tr("失败"), GroupedNumber(ended - written)},
+                            {Words::tr("剩余约"), TimeLeft(share, time_.elapsed())}});
 }
 
 }  // namespace commtest

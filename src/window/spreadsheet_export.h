@@ -49,7 +49,7 @@ class SpreadsheetExport : public QObject {
     void Summarise();
     void Refuse(const QString& reason);
     void AskToCancel();
-    bool AskAndCancel(TextView question);
+    bool AskAndCancel(const QString& question);
     void ShowBand();
     void ShowProgress();
     void OpenFolder();

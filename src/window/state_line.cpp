@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -35,12 +36,13 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
       sign_(new QLabel(this)),
       head_(MakeWords(this)),
       text_(MakeWords(this)),
-      count_(new CountLabel(theme, {u"第"_s, u"条"_s}, this)),
+      count_(new CountLabel(theme, Words::tr("第 %1 / %2 条").split(u' '), this)),
       dot_(new QLabel(this)),
-      captureCounts_(new CountLabel(theme, {u"采集"_s, u"新"_s, u"已有"_s}, this)),
+      captureCounts_(
+          new CountLabel(theme, (Words::tr("采集") + Words::tr(" 新 %1 已有 %2")).split(u' '), this)),
       action_(MakeLineAction({})) {
     setFixedHeight(kHeight);
-    setAccessibleName(u"通讯状态"_s);
+    setAccessibleName(Words::tr("通讯状态"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, 0, kMargin, 0);
     layout->setSpacing(8);
@@ -55,7 +57,7 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
     layout->addWidget(action_);
     dot_->setObjectName(u"captureDot"_s);
     dot_->setFixedSize(kDotSize, kDotSize);
-    captureCounts_->setAccessibleName(u"采集计数"_s);
+    captureCounts_->setAccessibleName(Words::tr("采集计数"));
     connect(action_, &QPushButton::clicked, this, [this] {
         if (const auto act = shown_.act) act();
     });

@@ -23,7 +23,7 @@ constexpr int kDotSize = 8;
 QString MakerWords(const MainForm& form) {
     const QString local = u"    本地数据库"_s;
     const QString words = ToQt(form.StatusBar1[0].Value());
-    if (!form.outside.store.IsOpen()) return words.section(u"    "_s, 0, 0) + u"    没有目录"_s;
+    if (!form.outside.store.IsOpen()) return words.section(u"    "_s, 0, 0) + Words::tr("    没有目录");
     return words.endsWith(local + local) ? words.chopped(local.size()) : words;
 }
 

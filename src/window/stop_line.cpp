@@ -1,6 +1,7 @@
 #include "window/stop_line.h"
 
 #include "host/serial_port.h"
+#include "host_qt/words.h"
 #include "session/answer_words.h"
 #include "session/records.h"
 #include "session/wall_clock.h"
@@ -36,20 +37,20 @@ QString DeviceOf(const SerialPort& port, int number) {
     return {};
 }
 
-StateMessage Stopped(const QString& text) { return {.head = u"已停止"_s, .text = text}; }
+StateMessage Stopped(const QString& text) { return {.head = Words::tr("已停止"), .text = text}; }
 
 StateMessage BehindExchange(const QString& cause, const Stop& stop) {
-    return Stopped(u"%1，第 %2 次之后"_s.arg(cause).arg(stop.exchange));
+    return Stopped(Words::tr("%1，第 %2 次之后").arg(cause).arg(stop.exchange));
 }
 
 // Q53: a turn beyond midnight does not come at its time.
 StateMessage OfInterval(const MainForm& form) {
     const int minutes = SecondsOfHourMinute(form.IntervalLastRun) / 60 + form.IntervalMinutes;
-    const QString pace = u"每 %1 分钟"_s.arg(form.IntervalMinutes);
+    const QString pace = Words::tr("每 %1 分钟").arg(form.IntervalMinutes);
     if (minutes >= kMinutesOfADay) return {.head = u"间歇性通讯"_s, .text = pace};
     const QString time =
         u"%1:%2"_s.arg(minutes / 60, 2, 10, QChar(u'0')).arg(minutes % 60, 2, 10, QChar(u'0'));
-    return {.head = u"间歇性通讯"_s, .text = u"%1 开始下一次，%2"_s.arg(time, pace)};
+    return {.head = u"间歇性通讯"_s, .text = Words::tr("%1 开始下一次，%2").arg(time, pace)};
 }
 
 }  // namespace
@@ -100,11 +101,12 @@ std::optional<StateMessage> StopLine::Failure() {
 StateMessage StopLine::MakeFailure() {
     switch (shown_.cause) {
         case StopCause::Exception: return OfException();
-        case StopCause::PortLost: return OfPort(PortInUse() + u" 已断开，插回后可继续"_s);
+        case StopCause::PortLost: return OfPort(Words::tr("%1 已断开，插回后可继续").arg(PortInUse()));
         case StopCause::PortRefused:
             return OfPort(u"系统串口被占用,无法打开！ %1"_s.arg(
                 shown_.detail.empty() ? PortInUse()
-                                      : u"COM%1，"_s.arg(form_.MSComm1.CommPort()) + ToQt(shown_.detail)));
+                                      : Words::tr("%1，%2").arg(u"COM%1"_s.arg(form_.MSComm1.CommPort()),
+                                                                ToQt(shown_.detail))));
         case StopCause::RuntimeError: break;
         default: return {};
     }
@@ -112,24 +114,25 @@ StateMessage StopLine::MakeFailure() {
     const QString message = ToQt(shown_.detail).simplified();
     return {.look = StateMessage::Look::Failure,
             .glyph = Glyph::Warning,
-            .head = u"已停止"_s,
-            .text = fault.isEmpty() ? message : message + u"，"_s + fault};
+            .head = Words::tr("已停止"),
+            .text = fault.isEmpty() ? message : Words::tr("%1，%2").arg(message, fault)};
 }
 
 StateMessage StopLine::OfException() {
     const Outcome& outcome = *shown_.outcome;
-    return {.look = StateMessage::Look::Failure,
-            .glyph = Glyph::Warning,
-            .head = u"已停止"_s,
-            .text = u"第 %1 次，%2"_s.arg(outcome.exchange.number).arg(ToQt(AnswerWords(form_, outcome))),
-            .action = u"查看记录"_s,
-            .act = [this] { ShowRecord(); }};
+    return {
+        .look = StateMessage::Look::Failure,
+        .glyph = Glyph::Warning,
+        .head = Words::tr("已停止"),
+        .text = Words::tr("第 %1 次，%2").arg(outcome.exchange.number).arg(ToQt(AnswerWords(form_, outcome))),
+        .action = Words::tr("查看记录"),
+        .act = [this] { ShowRecord(); }};
 }
 
 StateMessage StopLine::OfPort(const QString& text) {
     return {.look = StateMessage::Look::Failure,
             .glyph = Glyph::Warning,
-            .head = u"已停止"_s,
+            .head = Words::tr("已停止"),
             .text = text,
             .action = u"串口设置"_s,
             .act = [this] { binder_.Event([this] { form_.SSTab2.Choose(kPortTab); }); }};
@@ -138,14 +141,16 @@ StateMessage StopLine::OfPort(const QString& text) {
 std::optional<StateMessage> StopLine::Quiet() const {
     switch (shown_.cause) {
         case StopCause::Editor:
-            return StateMessage{.head = u"编辑时停止"_s,
-                                .text = u"第 %1 次之后，按 F5 继续"_s.arg(shown_.exchange)};
+            return StateMessage{.head = Words::tr("编辑时停止"),
+                                .text = Words::tr("第 %1 次之后，按 F5 继续").arg(shown_.exchange)};
         case StopCause::User:
-            return BehindExchange(
-                StateOfSearch(form_) == SearchState::None ? u"按 停止通讯"_s : u"搜索中止"_s, shown_);
-        case StopCause::Questions: return BehindExchange(u"填写仪表地址"_s, shown_);
-        case StopCause::Search: return BehindExchange(u"仪表搜索"_s, shown_);
-        case StopCause::SearchOver: return BehindExchange(u"仪表搜索结束"_s, shown_);
+            return BehindExchange(StateOfSearch(form_) == SearchState::None
+                                      ? Words::tr("按 %1").arg(ToQt(form_.texts.stop))
+                                      : Words::tr("搜索中止"),
+                                  shown_);
+        case StopCause::Questions: return BehindExchange(Words::tr("填写仪表地址"), shown_);
+        case StopCause::Search: return BehindExchange(Words::tr("仪表搜索"), shown_);
+        case StopCause::SearchOver: return BehindExchange(Words::tr("仪表搜索结束"), shown_);
         case StopCause::Interval:
             return form_.TimeSetup.Value() ? OfInterval(form_) : BehindExchange(u"间歇性通讯"_s, shown_);
         default: return std::nullopt;

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
+#include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/filter_box.h"
 #include "window/follow_tick.h"
@@ -52,7 +53,7 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
         tabs_->addTab(caption);
     tabs_->setDrawBase(false);
     tabs_->setExpanding(false);
-    tabs_->setAccessibleName(u"页面"_s);
+    tabs_->setAccessibleName(Words::tr("页面"));
     binder.Watch(form.SSTab2, [this, &form] {
         const QSignalBlocker asShown(tabs_);
         tabs_->setCurrentIndex(form.SSTab2.Chosen());

@@ -3,9 +3,10 @@
 #include <QApplication>
 #include <QFile>
 #include <QPalette>
-#include <QStyleFactory>
 #include <array>
 #include <utility>
+
+#include "window/whole_letters.h"
 
 namespace commtest {
 
@@ -94,7 +95,7 @@ const QStringList kMonoFamilies = {u"DejaVu Sans Mono"_s, u"WenQuanYi Micro Hei 
 Theme::Theme(Choice choice) {
     const QPalette desktop = QApplication::palette();
     desktopIsDark_ = desktop.windowText().color().lightness() > desktop.window().color().lightness();
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new WholeLetters);
     QApplication::setFont(UiFont());
     Use(choice);
 }

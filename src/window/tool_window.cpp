@@ -12,6 +12,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "host_qt/words.h"
 #include "tools/tool_modes.h"
 #include "window/bindings.h"
 #include "window/icons.h"
@@ -100,10 +101,10 @@ QWidget* ToolWindow::MakeChoices() {
     auto* choices = new QWidget;
     auto* column = MakeColumn(choices, 8);
     column->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
-    column->addWidget(MakeTitle(u"转换方式"_s));
+    column->addWidget(MakeTitle(Words::tr("转换方式")));
     column->addWidget(MakeModes());
     column->addWidget(MakeHairline(Qt::Horizontal));
-    column->addWidget(MakeTitle(u"通讯协议"_s));
+    column->addWidget(MakeTitle(Words::tr("通讯协议")));
     column->addWidget(MakeProtocols());
     auto* instruments = new QComboBox;
     Bind(binder_, tools_.ConMeterList, *instruments);
@@ -244,7 +245,8 @@ QWidget* ToolWindow::MakeResult() {
     grid->setVerticalSpacing(0);
     grid->setColumnStretch(0, 1);
     grid->addLayout(
-        MakeCaptionLine(u"输出结果"_s, field, MakeCopyButton(u"复制输出结果"_s, tools_.OutString[1])), 0, 0);
+        MakeCaptionLine(u"输出结果"_s, field, MakeCopyButton(Words::tr("复制输出结果"), tools_.OutString[1])),
+        0, 0);
     grid->addWidget(field, 1, 0);
     grid->addWidget(action_, 1, 1);
     grid->addWidget(MakeButton(1), 1, 2);
@@ -263,7 +265,8 @@ QWidget* ToolWindow::MakeExplanation() {
                   [pane, &control] { pane->setPlainText(QString::fromStdU16String(control.Value())); });
     auto* piece = new QWidget;
     QVBoxLayout* column = MakeColumn(piece, 0);
-    column->addLayout(MakeCaptionLine(u"计算过程"_s, pane, MakeCopyButton(u"复制计算过程"_s, control)));
+    column->addLayout(
+        MakeCaptionLine(Words::tr("计算过程"), pane, MakeCopyButton(Words::tr("复制计算过程"), control)));
     column->addWidget(pane, 1);
     return piece;
 }
@@ -272,7 +275,7 @@ QWidget* ToolWindow::MakeExplanation() {
 QWidget* ToolWindow::MakeCopyButton(const QString& name, const TextControl& source) {
     auto* button = new QToolButton;
     button->setProperty("flat", true);
-    button->setText(u"复制"_s);
+    button->setText(Words::tr("复制"));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFixedHeight(kControlHeight);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -287,7 +290,7 @@ QWidget* ToolWindow::MakeCopyButton(const QString& name, const TextControl& sour
     binder_.Watch(source, [button, &source] { button->setEnabled(!source.Value().empty()); });
     connect(button, &QToolButton::clicked, this, [this, &source] {
         QGuiApplication::clipboard()->setText(QString::fromStdU16String(source.Value()));
-        status_->showMessage(u"已复制"_s, kCopiedNote);
+        status_->showMessage(Words::tr("已复制"), kCopiedNote);
     });
     return button;
 }

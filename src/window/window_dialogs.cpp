@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host_qt/words.h"
 #include "session/main_form.h"
 #include "window/error_words.h"
 #include "window/notice_words.h"
@@ -33,9 +34,9 @@ void NameButtons(QMessageBox& box) {
         box.button(button)->setText(caption);
         box.button(button)->setIcon({});
     };
-    name(QMessageBox::Ok, u"确定"_s);
-    name(QMessageBox::Yes, u"是(&Y)"_s);
-    name(QMessageBox::No, u"否(&N)"_s);
+    name(QMessageBox::Ok, Words::tr("确定"));
+    name(QMessageBox::Yes, Words::tr("是(&Y)"));
+    name(QMessageBox::No, Words::tr("否(&N)"));
 }
 
 int WidthFor(const QWidget& box) {
@@ -97,7 +98,7 @@ QString WindowDialogs::ReasonOf(int error) const {
     if (!lastQuestion_.isEmpty()) fault = FaultyAnswer(error, lastQuestion_, lastAnswer_);
     if (fault.isEmpty() && form_ != nullptr) fault = FaultyField(error, *form_);
     const QString remedy = RemedyOfError(error, !fault.isEmpty());
-    return fault.isEmpty() ? remedy : fault + u"。"_s + remedy;
+    return fault.isEmpty() ? remedy : fault + Words::tr("。") + remedy;
 }
 
 void WindowDialogs::ShowError(int number, const Text& standardMessage) {
@@ -116,8 +117,8 @@ bool WindowDialogs::AskYesNo(const Text& text) {
 // What the answer is for, where the question does not say it.
 QString WindowDialogs::DetailOf(const QString& question) const {
     if (form_ == nullptr || question != kCaptureQuestion) return {};
-    return u"仪表：%1，%2"_s.arg(ToQt(form_->InstrumentName()),
-                                 ToQt(form_->ConCommTypeList.Value()).trimmed());
+    return Words::tr("仪表：%1，%2")
+        .arg(ToQt(form_->InstrumentName()), ToQt(form_->ConCommTypeList.Value()).trimmed());
 }
 
 Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& proposal) {
@@ -125,8 +126,8 @@ Text WindowDialogs::AskText(const Text& title, const Text& prompt, const Text& p
     box.setWindowTitle(ToQt(title));
     box.setLabelText(ToQt(prompt));
     box.setTextValue(ToQt(proposal));
-    box.setOkButtonText(u"确定"_s);
-    box.setCancelButtonText(u"取消"_s);
+    box.setOkButtonText(Words::tr("确定"));
+    box.setCancelButtonText(Words::tr("取消"));
     for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons()) button->setIcon({});
     auto* answer = box.findChild<QLineEdit*>();
     answer->setMinimumWidth(WidthFor(box));

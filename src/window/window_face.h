@@ -24,6 +24,7 @@ struct WindowFace {
     QStringView behindAdvancedSettings;  // beside their caption
     QStringView translation;   // of the window's words, a resource; empty: they are written in its language
     QStringView toolkitTexts;  // the toolkit's translation; empty: its texts are
+    QStringView help;          // a resource; empty: what the session reads from the program folder
     FaceLayout layout;
 };
 
@@ -34,6 +35,7 @@ inline constexpr std::array<WindowFace, 2> kWindowFaces = {
       .behindAdvancedSettings = u"(通讯时,可不理会这些设置)",
       .translation = u"",
       .toolkitTexts = u"qtbase_zh_CN",
+      .help = u"",
       .layout = {.tickColumns = 2, .filterWidth = 180}},
      {.name = u"english",
       .caption = u"English",
@@ -41,6 +43,7 @@ inline constexpr std::array<WindowFace, 2> kWindowFaces = {
       .behindAdvancedSettings = u"",
       .translation = u":/translations/english.qm",
       .toolkitTexts = u"",
+      .help = u":/help/help_english.txt",
       .layout = {.tickColumns = 1, .filterWidth = 260, .columns = {0, 0, 0, 52, 72, 0, 0, 0, 0, 0, 144}}}}};
 
 // Null if none has that name.

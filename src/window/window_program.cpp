@@ -9,6 +9,7 @@
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_settings.h"
 #include "host_qt/unsaved_settings.h"
+#include "host_qt/words.h"
 #include "session/events.h"
 #include "session/port_settings.h"
 #include "window/face_choice.h"
@@ -163,7 +164,8 @@ bool WindowProgram::StartSimulator() {
     if (isThere) {
         RunEvent(Form(), [this] { ChooseSimulated(); });
     } else {
-        dialogs_.ShowMessage(u"模拟仪表不能启动！", simulated_.Problem().toStdU16String());
+        dialogs_.ShowMessage(Words::tr("模拟仪表不能启动！").toStdU16String(),
+                             simulated_.Problem().toStdU16String());
     }
     return isThere;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host_qt/words.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -25,7 +26,7 @@ WorkBand::WorkBand(QWidget* parent)
     : QWidget(parent),
       titleLabel_(new QLabel(this)),
       fieldLine_(new QHBoxLayout),
-      cancel_(new QPushButton(u"取消"_s, this)),
+      cancel_(new QPushButton(Words::tr("取消"), this)),
       bar_(new QProgressBar(this)) {
     setObjectName(u"workBand"_s);
     setAttribute(Qt::WA_StyledBackground);
@@ -91,7 +92,7 @@ void WorkBand::AddField() {
 
 void WorkBand::Announce(int percent) {
     announced_ = percent;
-    bar_->setAccessibleName(u"%1，%2%"_s.arg(title_).arg(percent));
+    bar_->setAccessibleName(Words::tr("%1，%2%").arg(title_).arg(percent));
     QAccessibleEvent event(bar_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }

@@ -1,5 +1,6 @@
 #include "window/write_notes.h"
 
+#include "host_qt/words.h"
 #include "window/grid_view.h"
 #include "window/note_bar.h"
 #include "window/write_words.h"
@@ -9,7 +10,7 @@ namespace commtest {
 namespace {
 
 void Tell(const MainForm& form, const ParameterWrite& write, NoteBar& notes) {
-    const QString note = RowName(form, write.Row()) + u'：' + WordsOn(form, write);
+    const QString note = Words::tr("%1：%2").arg(RowName(form, write.Row()), WordsOn(form, write));
     const WriteLook look = LookOf(write.State());
     if (look.weight == WriteLook::Weight::Warning) {
         notes.Warn(note, look.glyph);

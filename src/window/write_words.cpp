@@ -1,5 +1,6 @@
 #include "window/write_words.h"
 
+#include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
 #include "window/pieces.h"
@@ -29,11 +30,11 @@ qsizetype DecimalsOf(const MainForm& form, int row) {
 
 QString RoomOf(const MainForm& form, int row, const WriteCheck& check) {
     using enum LossReason;
-    if (check.reason == FractionRounded || check.reason == FractionFloored) return u"小数位"_s;
+    if (check.reason == FractionRounded || check.reason == FractionFloored) return Words::tr("小数位");
     const Text& length = form.ParameterGrid().Cell(row, column::kLength);
-    if (length == u"1") return u"一字节"_s;
-    if (length == u"2") return u"两字节"_s;
-    return length == u"4" ? u"四字节"_s : u"此行"_s;
+    if (length == u"1") return Words::tr("一字节");
+    if (length == u"2") return Words::tr("两字节");
+    return length == u"4" ? Words::tr("四字节") : Words::tr("此行");
 }
 
 bool IsSilent(const ParameterWrite& write) {
@@ -51,38 +52,41 @@ QString WordsOn(const MainForm& form, const ParameterWrite& write) {
     const QString value = ToQt(write.Value());
     switch (write.State()) {
         case WriteOutcome::Held: break;
-        case WriteOutcome::UnderWay: return u"已发送 %1，等待应答"_s.arg(value);
-        case WriteOutcome::Sent: return u"已应答，尚未读回"_s;
-        case WriteOutcome::Equal: return u"已写入 %1，读回一致"_s.arg(value);
-        case WriteOutcome::Different: return u"写入 %1，读回 %2"_s.arg(value, ToQt(write.ReadBack()));
-        case WriteOutcome::Refused: return u"被拒绝："_s + WordsOnRefusal(form, *write.Reply());
+        case WriteOutcome::UnderWay: return Words::tr("已发送 %1，等待应答").arg(value);
+        case WriteOutcome::Sent: return Words::tr("已应答，尚未读回");
+        case WriteOutcome::Equal: return Words::tr("已写入 %1，读回一致").arg(value);
+        case WriteOutcome::Different: return Words::tr("写入 %1，读回 %2").arg(value, ToQt(write.ReadBack()));
+        case WriteOutcome::Refused: return Words::tr("被拒绝：%1").arg(WordsOnRefusal(form, *write.Reply()));
         case WriteOutcome::Unconfirmed:
-            return IsSilent(write) ? u"未确认：仪表无应答，尚未读回"_s : u"未确认：应答不正确，尚未读回"_s;
+            return IsSilent(write) ? Words::tr("未确认：仪表无应答，尚未读回")
+                                   : Words::tr("未确认：应答不正确，尚未读回");
     }
     return {};
 }
 
 QString WordsOnLimits(const MainForm& form, int row) {
     if (form.ProtocolInUse().buildWrite == nullptr) return {};
-    if (!KnowsDecimals(form, row)) return u"小数位尚未读到"_s;
+    if (!KnowsDecimals(form, row)) return Words::tr("小数位尚未读到");
     QStringList parts;
     const ShownLimits limits = LimitsOf(form, row);
     const auto shown = [](const std::optional<Text>& limit) { return limit ? ToQt(*limit) : QString(); };
     if (limits.lower || limits.upper)
-        parts += u"允许 %1 … %2"_s.arg(shown(limits.lower), shown(limits.upper)).simplified();
+        parts += Words::tr("允许 %1 … %2").arg(shown(limits.lower), shown(limits.upper)).simplified();
     if (const qsizetype decimals = DecimalsOf(form, row); decimals > 0)
-        parts += u"小数 %1 位"_s.arg(decimals);
-    return parts.join(u'，');
+        parts += Words::tr("小数 %1 位").arg(decimals);
+    return parts.join(Words::tr("，"));
 }
 
 QString WordsOnObjection(const MainForm& form, int row, const WriteCheck& check) {
     QStringList parts;
-    if (check.objection == WriteObjection::NoNumber) parts += u"不是数值"_s;
-    if (check.objection == WriteObjection::Uncodable) parts += RoomOf(form, row, check) + u"放不下"_s;
-    if (check.objection == WriteObjection::AboveLimit) parts += u"超出上限"_s;
-    if (check.objection == WriteObjection::BelowLimit) parts += u"低于下限"_s;
-    if (!check.fits) parts += u"%1放不下，仪表将收到 %2"_s.arg(RoomOf(form, row, check), ToQt(check.arrives));
-    return parts.join(u'；');
+    if (check.objection == WriteObjection::NoNumber) parts += Words::tr("不是数值");
+    if (check.objection == WriteObjection::Uncodable)
+        parts += Words::tr("%1放不下").arg(RoomOf(form, row, check));
+    if (check.objection == WriteObjection::AboveLimit) parts += Words::tr("超出上限");
+    if (check.objection == WriteObjection::BelowLimit) parts += Words::tr("低于下限");
+    if (!check.fits)
+        parts += Words::tr("%1放不下，仪表将收到 %2").arg(RoomOf(form, row, check), ToQt(check.arrives));
+    return parts.join(Words::tr("；"));
 }
 
 WriteLook LookOf(WriteOutcome outcome) {

@@ -64,6 +64,9 @@ class Desktop:
         subprocess.run(["xdotool", "windowfocus", "--sync", window], env=self.environment, check=True)
         return window
 
+    def title(self, window):
+        return self._output("xdotool", "getwindowname", window).strip()
+
     def active(self):
         """The window that has the focus of the window manager; empty if there is none."""
         return self._output("xdotool", "getactivewindow").strip()

@@ -37,8 +37,9 @@ class WindowCase(unittest.TestCase):
         parser.read(self.settings, encoding="utf-8")
         return {key: value.strip('"') for key, value in parser["SystemSetting"].items()}
 
-    def start(self, desktop, device):
-        return desktop.start([WINDOW, "--folder", self.folder, "--settings", self.settings, "--port", f"COM1={device}"],
+    def start(self, desktop, device, *options):
+        return desktop.start([WINDOW, "--folder", self.folder, "--settings", self.settings, "--port", f"COM1={device}",
+                              *options],
                              XDG_RUNTIME_DIR=str(self.scratch), XDG_CONFIG_HOME=str(self.scratch))
 
     def records(self):

@@ -69,7 +69,14 @@ StoreAddress PrivateServer::Address(const std::vector<Text>& tables) const {
 }
 
 StoreAddress PrivateServer::AddressOf(const QString& user, const QString& password) const {
-    const QString text = u"driver={SQL Server};Server="_s + server_ + u";uid="_s + user + u";pwd="_s +
+    return AddressBy(server_, user, password);
+}
+
+StoreAddress PrivateServer::AddressOverThePort() const { return AddressBy(u"127.0.0.1"_s, user_, password_); }
+
+StoreAddress PrivateServer::AddressBy(const QString& server, const QString& user,
+                                      const QString& password) const {
+    const QString text = u"driver={SQL Server};Server="_s + server + u";uid="_s + user + u";pwd="_s +
                          password + u";database="_s + database_;
     return {StoreAddress::Kind::Server, text.toStdU16String(), {}};
 }

@@ -17,6 +17,9 @@ class PrivateServer {
     StoreAddress Address(const std::vector<Text>& tables = {}) const;
     StoreAddress AddressOf(const QString& user, const QString& password) const;
 
+    // The same by a port of the loopback, which the environment names.
+    StoreAddress AddressOverThePort() const;
+
     // Takes everything out of the database.
     void Empty() const;
 
@@ -27,6 +30,7 @@ class PrivateServer {
 
   private:
     void Start();
+    StoreAddress AddressBy(const QString& server, const QString& user, const QString& password) const;
 
     QProcess program_;
     QString server_;

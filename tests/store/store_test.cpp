@@ -95,6 +95,31 @@ TEST_P(StoreTest, ARolledBackTransactionLeavesNothing) {
     EXPECT_THAT(catalogue.Classes().rows, SizeIs(8));
 }
 
+TEST_P(StoreTest, RowsOfATransactionStandInTheirOrderWhateverTheirNumber) {
+    InstrumentCatalogue catalogue(*store);
+    catalogue.ClearCatalogue();
+    store->BeginTransaction();
+    int number = 0;
+    for (int instrument = 1; instrument <= 30; ++instrument) {
+        catalogue.AddInstrument({instrument, u"仪表", u"1100", u"A", u"11", u"类", std::nullopt});
+        for (int row = 0; row < 83; ++row)
+            catalogue.AddParameter(
+                {++number, instrument, row % 2 ? u"奇'" : u"", u"01", u"2", u"R", u"0", u"", u""});
+    }
+    EXPECT_EQ(catalogue.Size().parameters, 2490) << "what is asked within sees them";
+    store->Commit();
+    const StoreRows rows = store->Query(
+        u"SELECT ID,仪表ID,参数名称 From 仪表_参数 Where ID In (1,84,1000,1001,2490) Order By ID");
+    const auto textOf = [&](std::size_t row) {
+        return ToUtf8(rows.At(row, 0) + u"/" + rows.At(row, 1) + u"/" + rows.At(row, 2));
+    };
+    EXPECT_EQ(textOf(0), "1/1/");
+    EXPECT_EQ(textOf(1), "84/2/");
+    EXPECT_EQ(textOf(2), "1000/13/奇'");
+    EXPECT_EQ(textOf(3), "1001/13/");
+    EXPECT_EQ(textOf(4), "2490/30/");
+}
+
 TEST_P(StoreTest, ACursorGivesRowByRow) {
     store->Execute(u"Delete From 字符_替换");
     store->AddRow(u"字符_替换", {u"原字符", u"新字符"}, {Text(u"温"), std::nullopt});
@@ -179,7 +204,11 @@ TEST_P(StoreTest, AFailedRowOfATransactionLeavesItToTheRollback) {
     InstrumentCatalogue catalogue(*store);
     store->BeginTransaction();
     catalogue.AddClass(u"新类别", 90);
-    EXPECT_THROW(catalogue.AddClass(u"再来一次", 90), RuntimeError);
+    const auto addAgain = [&] {
+        catalogue.AddClass(u"再来一次", 90);
+        store->Commit();
+    };
+    EXPECT_THROW(addAgain(), RuntimeError);
     store->Rollback();
     EXPECT_THAT(catalogue.Classes().rows, SizeIs(7));
     catalogue.AddClass(u"新类别", 90);
