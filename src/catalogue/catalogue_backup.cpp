@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "catalogue/catalogue_lock.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/statements.h"
@@ -122,6 +123,7 @@ void RestoreCatalogue(Store& store, const ProgramFiles& files, const Text& copy)
     MakeMissingIndexes(store);
     store.BeginTransaction();
     try {
+        KeepOthersFromRewriting(store);
         InstrumentCatalogue(store).ClearCatalogue();
         CopyTable(*from, store, Text(kInstrumentTable));
         CopyTable(*from, store, Text(kParameterTable));

@@ -1,5 +1,6 @@
 #include "catalogue/catalogue_schema.h"
 
+#include <algorithm>
 #include <map>
 
 #include "catalogue/statements.h"
@@ -86,6 +87,31 @@ std::vector<Text> Indexes(StoreEngine engine) {
     };
 }
 
+// What is not allowed is done without; a server that is lost is not asked on.
+template <typename Step>
+void PassOverRefusal(Step&& step) {
+    try {
+        step();
+    } catch (const LostStore&) {
+        throw;
+    } catch (const RuntimeError&) {
+    }
+}
+
+// Of a server, where making one that stands would wait for who writes.
+std::vector<Text> IndexesThere(Store& store) {
+    const bool isSqlServer = store.Engine() == StoreEngine::SqlServer;
+    std::vector<Text> names;
+    PassOverRefusal([&] {
+        const StoreRows found =
+            store.Query(isSqlServer ? u"SELECT name From sys.indexes Where name Is Not Null"
+                                    : u"SELECT indexname From pg_indexes Where schemaname = "
+                                      u"current_schema()");
+        for (std::size_t row = 0; row < found.rows.size(); ++row) names.push_back(found.At(row, 0));
+    });
+    return names;
+}
+
 bool HandsOutKeys(const Text& table) { return table == u"仪表_芯片" || table == u"通讯_仿真"; }
 
 }  // namespace
@@ -155,16 +181,12 @@ OwnKeys::~OwnKeys() {
 }
 
 void MakeMissingIndexes(Store& store) {
-    // One of the engines has no such words; there the statement fails where the index stands.
-    const bool hasWords = store.Engine() != StoreEngine::SqlServer;
-    const Text beginning = hasWords ? u"CREATE INDEX IF NOT EXISTS " : u"CREATE INDEX ";
+    const bool isLocal = store.Engine() == StoreEngine::Sqlite;
+    const std::vector<Text> there = isLocal ? std::vector<Text>() : IndexesThere(store);
     for (const Text& index : Indexes(store.Engine())) {
-        try {
-            store.Execute(beginning + index);
-        } catch (const LostStore&) {
-            throw;
-        } catch (const RuntimeError&) {  // not allowed
-        }
+        if (std::find(there.begin(), there.end(), Before(index, u' ')) != there.end()) continue;
+        PassOverRefusal(
+            [&] { store.Execute((isLocal ? u"CREATE INDEX IF NOT EXISTS " : u"CREATE INDEX ") + index); });
     }
 }
 

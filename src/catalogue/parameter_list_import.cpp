@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "catalogue/catalogue_lock.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/parameter_list_export.h"
 #include "host/file_names.h"
@@ -76,6 +77,12 @@ ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReade
     const PatienceScope patience(store_, Patience::Unlimited);
     MakeMissingIndexes(store_);
     store_.BeginTransaction();
+    try {
+        KeepOthersFromRewriting(store_);
+    } catch (...) {
+        PassOverError([&] { store_.Rollback(); });
+        throw;
+    }
 }
 
 ParameterListImport::~ParameterListImport() {

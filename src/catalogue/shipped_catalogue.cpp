@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/catalogue_lock.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/statements.h"
@@ -303,6 +304,7 @@ void FillCatalogue(Store& store, std::span<const CatalogueFile> files) {
     const PatienceScope patience(store, Patience::Unlimited);
     store.BeginTransaction();
     try {
+        KeepOthersFromRewriting(store);
         CreateCatalogueTables(store);
         AddFiles(store, files);
         store.Commit();

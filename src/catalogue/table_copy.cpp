@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/catalogue_lock.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/number_columns.h"
 #include "catalogue/statements.h"
@@ -53,6 +54,7 @@ std::vector<TableSize> CopyAll(Store& from, Store& to, const std::vector<Text>& 
     BeginReading(from);
     try {
         to.BeginTransaction();
+        KeepOthersFromRewriting(to);
         EmptyTables(to, there);
         CreateWhatIsMissing(to, there);
         for (const Text& table : tables) FillTable(from, to, table, copied, progress);
