@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kLineHeight = 28;
 constexpr int kMargin = 4;
-constexpr int kFrameWidth = 180;
+constexpr int kFrameWidth = 172;
 constexpr int kIntervalWidth = 88;
 constexpr int kLongestInterval = 65535;  // milliseconds
 constexpr int kBorderLength = 16;

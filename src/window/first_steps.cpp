@@ -8,6 +8,7 @@
 #include "host_qt/words.h"
 #include "window/glyphs.h"
 #include "window/pieces.h"
+#include "window/step_text.h"
 
 namespace commtest {
 
@@ -21,13 +22,6 @@ constexpr auto kLookAtPlugs = std::chrono::seconds(2);
 constexpr int kRingSize = 20;
 constexpr int kTickSize = 12;
 constexpr int kGap = 8;  // as wide as the padding of an action, whose word stands under the text
-
-QLabel* MakeStepText(QWidget* parent) {
-    auto* text = MakeHint({});
-    text->setParent(parent);
-    text->setTextFormat(Qt::PlainText);
-    return text;
-}
 
 QPixmap RingOf(int number, bool isDone, const Tokens& tokens, qreal ratio) {
     QPixmap ring(QSize(kRingSize, kRingSize) * ratio);
@@ -63,7 +57,7 @@ FirstStep::FirstStep(int number, const QString& title, const Theme& theme, QWidg
       number_(number),
       title_(title),
       ring_(new QLabel(this)),
-      text_(MakeStepText(this)) {
+      text_(new StepText(this)) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, 12);
     grid->setHorizontalSpacing(kGap);
@@ -138,7 +132,7 @@ QWidget* FirstSteps::MakeTrial() {
     auto* trial = new QWidget(this);
     auto* button = new QPushButton(Words::tr("用模拟仪表试一试"), trial);
     connect(button, &QPushButton::clicked, this, &FirstSteps::SimulatorWanted);
-    QLabel* text = MakeStepText(trial);
+    auto* text = new StepText(trial);
     text->setText(Words::tr("接一台模拟仪表到 COM1 并开始通讯，\n可读可写，随时可停"));
     auto* layout = new QVBoxLayout(trial);
     layout->setContentsMargins(kMargin, kMargin + 2, kMargin, 12);

@@ -15,7 +15,8 @@ constexpr int kCaptionHeight = 15;
 // The lines of some fonts are higher, mostly above their letters: these are moved up a little.
 void LayInLine(QLabel& label, int height, const QFont& font) {
     label.setFixedHeight(height);
-    label.setContentsMargins(0, 0, 0, std::max(0, QFontMetrics(font).height() - height) / 2);
+    const int excess = std::max(0, QFontMetrics(font).height() - height);
+    label.setContentsMargins(0, 0, 0, (excess + 1) / 2);
 }
 
 }  // namespace

@@ -166,6 +166,7 @@ TEST_F(EnglishWindow, WhatItHasNoWordsForStaysChinese) {
 
 TEST_F(EnglishWindow, TipsStayChinese) {
     EXPECT_EQ(The<ToolBar>().Button(4).toolTip().toStdString(), "开始/停止仪联");
+    ASSERT_NE(FindButton(window, "display switch"), nullptr);
     EXPECT_EQ(FindNamed<QComboBox>(window, "Name")->toolTip().toStdString(),
               "注意:模块及普通电流 电压 转速表等均使用 TQ智能数字/光柱显示控制仪 的参数地址表");
     EXPECT_EQ(FindButton(window, "arbitrary length")->toolTip().toStdString(),

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -64,11 +66,17 @@ class FirstWindowCaptions : public ::testing::TestWithParam<Sight> {
                !widget.visibleRegion().isEmpty() &&
                widget.parentWidget()->objectName() != "optionListContents";
     }
-    static void ExpectWhole(const QWidget& widget, const QString& text, int needed) {
+    // Contents that the window is too small for scroll.
+    bool Scrolls() const {
+        const auto& scroll = *qobject_cast<QScrollArea*>(window.centralWidget());
+        return scroll.horizontalScrollBar()->maximum() > 0;
+    }
+    void ExpectWhole(const QWidget& widget, const QString& text, int needed) const {
         EXPECT_GE(widget.width(), needed) << text.toStdString();
+        if (Scrolls()) return;
         EXPECT_EQ(widget.visibleRegion().boundingRect().width(), widget.width()) << text.toStdString();
     }
-    void ExpectCaptionsToBeWhole() {
+    void ExpectCaptionsToBeWhole() const {
         for (const auto* button : window.findChildren<QAbstractButton*>()) {
             if (!button->text().isEmpty() && MustBeWhole(*button))
                 ExpectWhole(*button, button->text(), button->minimumSizeHint().width());

@@ -28,7 +28,7 @@ class WholeLettersTest : public ::testing::Test {
         for (int y = 0; y < picture.height(); ++y) {
             bool hasInk = false;
             for (int x = left; x < picture.width() - 1; ++x)
-                hasInk = hasInk || std::abs(picture.pixelColor(x, y).lightness() - ground.lightness()) > 60;
+                hasInk = hasInk || std::abs(picture.pixelColor(x, y).lightness() - ground.lightness()) > 20;
             rows += hasInk;
         }
         return rows;
