@@ -70,8 +70,11 @@ TEST_F(SharedCatalogue, SecondImportIsRefusedAtOnceUntilTheFirstHasEnded) {
 }
 
 TEST_F(SharedCatalogue, RecordingsAreAddedBesideAnImport) {
+    ParameterListImport import(one, List());
+    while (import.Step()) {
+    }
+    EXPECT_EQ(InstrumentCatalogue(one).Size().parameters, 1) << "its rows have gone out";
     const PatienceScope patience(other, Patience::Capture);
-    const ParameterListImport import(one, List());
     RecordedExchange exchange;
     exchange.instrument = u"A";
     exchange.note = u"N";
