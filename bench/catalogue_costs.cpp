@@ -1,4 +1,5 @@
-// What the statements of the catalogue in a file cost, a line each: name, seconds, rows.
+// What the statements of a catalogue cost, a line each: name, seconds, rows. FILE is the catalogue, or the
+// Setup.ini of a server that has one.
 //     catalogue_costs FILE add ROWS
 //     catalogue_costs FILE import FOLDER
 //     catalogue_costs FILE clear
@@ -16,18 +17,24 @@
 #include <cstdio>
 #include <functional>
 
+#include "catalogue/catalogue_connection.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/instrument_catalogue.h"
 #include "catalogue/parameter_list_import.h"
 #include "host/file_names.h"
+#include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
-#include "host_qt/qt_store.h"
 
 namespace commtest {
 
 namespace {
 
 constexpr int kRounds = 5;
+
+StoreAddress AddressOf(const Text& file) {
+    if (file.ends_with(u".ini")) return ServerCatalogue(FolderFiles(QString()), file);
+    return {StoreAddress::Kind::LocalFile, file, CatalogueTables()};
+}
 
 void Tell(const char* name, double seconds, std::size_t rows) {
     std::printf("%s %.9f %zu\n", name, seconds, rows);
@@ -141,9 +148,8 @@ void Capture(Store& store, const Text& instrument, const Text& note, int count) 
 int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
-    commtest::QtStore store;
-    store.Open(
-        {commtest::StoreAddress::Kind::LocalFile, words[1].toStdU16String(), commtest::CatalogueTables()});
+    commtest::CatalogueStore store;
+    store.Open(commtest::AddressOf(words[1].toStdU16String()));
     if (words[2] == "add") commtest::Add(store, words[3]);
     if (words[2] == "import") commtest::Import(store, words[3]);
     if (words[2] == "clear") commtest::Clear(store);

@@ -25,8 +25,13 @@ using Kind = TableFinding::Kind;
 class Loading {
   public:
     Loading(Store& store, const Text& table, const std::set<Text>& instruments,
-            const std::function<void(const TableFinding&)>& found)
-        : store_(store), table_(table), key_(KeyOfTable(table)), instruments_(instruments), found_(found) {}
+            const std::function<void(const TableFinding&)>& found, const RowProgress& progress)
+        : store_(store),
+          table_(table),
+          key_(KeyOfTable(table)),
+          instruments_(instruments),
+          found_(found),
+          progress_(progress) {}
 
     int Run(TextView text) {
         CsvReader reader(text);
@@ -82,6 +87,7 @@ class Loading {
         for (std::size_t i = 0; i < values.size(); ++i) MakeNumber(columns_[i], values[i], reader.Line());
         store_.AddRow(NameInStatement(store_.Engine(), table_), columns_, values);
         ++rows_;
+        if (progress_) progress_(table_, rows_);
     }
 
     bool HasGoodKeys(std::vector<StoreValue>& values, int line) {
@@ -121,6 +127,7 @@ class Loading {
     Text key_;
     const std::set<Text>& instruments_;
     const std::function<void(const TableFinding&)>& found_;
+    const RowProgress& progress_;
     std::vector<Text> columns_;        // of the table that the file has
     std::vector<std::size_t> fields_;  // where they stand in a line
     std::set<Text> keys_;
@@ -128,12 +135,13 @@ class Loading {
 };
 
 std::vector<TableSize> FillTables(Store& store, const TableFile& file,
-                                  const std::function<void(const TableFinding&)>& found) {
+                                  const std::function<void(const TableFinding&)>& found,
+                                  const RowProgress& progress) {
     std::vector<TableSize> sizes;
     std::set<Text> instruments;
     for (const Text& table : TablesToFill()) {
         const std::optional<std::string> bytes = file(table);
-        Loading loading(store, table, instruments, found);
+        Loading loading(store, table, instruments, found, progress);
         // Few bring the settings of the English face, which has its own without them.
         if (!bytes && table != kEnglishSettingsTable) found({Kind::NoFile, table, 0, {}, {}});
         sizes.push_back({table, bytes ? loading.Run(FromFileBytes(*bytes)) : 0});
@@ -146,12 +154,13 @@ std::vector<TableSize> FillTables(Store& store, const TableFile& file,
 }  // namespace
 
 std::vector<TableSize> LoadTables(Store& store, const TableFile& file,
-                                  const std::function<void(const TableFinding&)>& found) {
+                                  const std::function<void(const TableFinding&)>& found,
+                                  const RowProgress& progress) {
     const PatienceScope patience(store, Patience::Unlimited);
     store.BeginTransaction();
     try {
         CreateCatalogueTables(store);
-        std::vector<TableSize> sizes = FillTables(store, file, found);
+        std::vector<TableSize> sizes = FillTables(store, file, found, progress);
         store.Commit();
         return sizes;
     } catch (...) {

@@ -40,7 +40,8 @@ using TableFile = std::function<std::optional<std::string>(const Text& table)>;
 // not hold is told and left out. In one transaction: the store's run-time error leaves it as it was. What
 // stands in it then.
 std::vector<TableSize> LoadTables(Store& store, const TableFile& file,
-                                  const std::function<void(const TableFinding&)>& found);
+                                  const std::function<void(const TableFinding&)>& found,
+                                  const RowProgress& progress = {});
 
 // A table as such a file, in UTF-8, handed out in pieces.
 void DumpTable(Store& store, const Text& table, const std::function<void(const std::string&)>& write);

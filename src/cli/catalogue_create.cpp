@@ -43,7 +43,9 @@ ExitStatus CreateOnServer(const Arguments& arguments, const CataloguePlace& plac
         return ExitStatus::Good;
     }
     try {
+        console.ShowLive(u"正在服务器上建立目录");
         FillWithShippedCatalogue(store);
+        console.HideLive();
     } catch (const RuntimeError& error) {
         throw Problem(ExitStatus::NoAccess, QString::fromStdU16String(error.StandardMessage()).simplified() +
                                                 u" 不能在服务器上建立目录，请检查用户的权限"_s);

@@ -5,6 +5,7 @@
 #include "cli/catalogue_access.h"
 #include "cli/catalogue_actions.h"
 #include "cli/printable_text.h"
+#include "cli/row_progress.h"
 #include "host/file_names.h"
 #include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
@@ -81,9 +82,13 @@ ExitStatus Load(const Arguments& arguments, Console& console) {
         ++findings;
         console.Print(PrintableLine(LineOn(finding)) + "\n");
     };
-    const auto fill = [&](Store& store) { sizes = LoadTables(store, FilesOf(tables), tell); };
+    const auto fill = [&](Store& store) {
+        sizes = LoadTables(store, FilesOf(tables), tell, LiveRows(console));
+    };
     try {
-        if (!CreateProgramFolder(folder.toStdU16String(), fill)) {
+        const bool isNew = CreateProgramFolder(folder.toStdU16String(), fill);
+        console.HideLive();
+        if (!isNew) {
             throw Problem(ExitStatus::NoAccess, u"%1 中已有目录，没有改动。请给出新的文件夹"_s.arg(folder));
         }
     } catch (const RuntimeError& error) {

@@ -5,12 +5,12 @@
 #include "cli/catalogue_actions.h"
 #include "cli/catalogue_copy.h"
 #include "cli/consent.h"
+#include "cli/row_progress.h"
 #include "cli/table.h"
 #include "host/file_names.h"
 #include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/program_folder.h"
-#include "runtime/number.h"
 #include "runtime/runtime_error.h"
 
 namespace commtest {
@@ -65,12 +65,8 @@ std::optional<Text> SecureTarget(Store& target, const Arguments& arguments, Prog
 }
 
 std::vector<TableSize> RunCopy(Store& from, Store& to, Console& console) {
-    const auto show = [&console](const Text& table, int rows) {
-        constexpr int kRowsALook = 500;
-        if (rows % kRowsALook == 0) console.ShowLive(table + u" " + WholeText(rows));
-    };
     try {
-        std::vector<TableSize> copied = CopyCatalogueInto(from, to, show);
+        std::vector<TableSize> copied = CopyCatalogueInto(from, to, LiveRows(console));
         console.HideLive();
         return copied;
     } catch (const RuntimeError& error) {

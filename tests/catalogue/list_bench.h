@@ -8,13 +8,14 @@
 #include "host/file_names.h"
 #include "support/bytes_of_text.h"
 #include "support/fakes.h"
-#include "support/sqlite_store.h"
+#include "support/stores_under_test.h"
 
 namespace commtest::testing {
 
 // A catalogue with three classes, and a program folder.
 struct ListBench {
-    ListBench() {
+    explicit ListBench(const StoreUnderTest& kind = StoresUnderTest().front())
+        : store(MakeEmptyCatalogue(kind)) {
         catalogue.AddClass(u"数字显示仪表", 1);
         catalogue.AddClass(u"流量仪表", 3);
         catalogue.AddClass(u"记录仪", 13);
@@ -47,7 +48,7 @@ struct ListBench {
     // ID|仪表ID|参数名称|地址|长度|属性|小数点|下限值|上限值
     std::vector<std::string> Parameters() const { return Lines(catalogue.AllParameters()); }
 
-    std::unique_ptr<SqliteStore> store = MakeEmptyCatalogue();
+    std::unique_ptr<Store> store;
     InstrumentCatalogue catalogue{*store};
     FakeProgramFiles files;
     FakeDialogs dialogs;

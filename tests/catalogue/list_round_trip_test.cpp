@@ -19,8 +19,10 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using testing::ListBench;
 
-class RoundTrip : public ::testing::Test, public ListBench {
+class RoundTrip : public ::testing::TestWithParam<testing::StoreUnderTest>, public ListBench {
   protected:
+    RoundTrip() : ListBench(GetParam()) {}
+
     void Travel() {
         std::string bytes;
         {
@@ -132,7 +134,7 @@ class RandomCatalogue {
     std::mt19937 random_;
 };
 
-TEST_F(RoundTrip, LeavesARandomCatalogueAsItIs) {
+TEST_P(RoundTrip, LeavesARandomCatalogueAsItIs) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
         RandomCatalogue random(seed);
         catalogue.ClearCatalogue();
@@ -152,19 +154,19 @@ TEST_F(RoundTrip, LeavesARandomCatalogueAsItIs) {
 
 // --- What changes ---
 
-TEST_F(RoundTrip, SmallLettersBecomeCapitalsAndBlanksInANameGo) {
+TEST_P(RoundTrip, SmallLettersBecomeCapitalsAndBlanksInANameGo) {
     ParameterRecord parameter = Parameter(u"Out put x");
     parameter.attribute = u"rw";
     parameter.address = u"00af";
     EXPECT_THAT(Returned(parameter), ElementsAre("1|1|OUTPUTX|00AF|2|RW|1|-1999|9999"));
 }
 
-TEST_F(RoundTrip, BlanksBehindAColonAreCountedAnew) {
+TEST_P(RoundTrip, BlanksBehindAColonAreCountedAnew) {
     EXPECT_THAT(Returned(Parameter(u"LOW:X")), ElementsAre("1|1|LOW:  X|0010|2|RW|1|-1999|9999"));
     EXPECT_THAT(Returned(Parameter(u"LOW:  X")), ElementsAre("1|1|LOW:  X|0010|2|RW|1|-1999|9999"));
 }
 
-TEST_F(RoundTrip, NameThatReachesTheAddressWithAHexadecimalDigitLosesIt) {
+TEST_P(RoundTrip, NameThatReachesTheAddressWithAHexadecimalDigitLosesIt) {
     const Text name = Text(39, u'X') + u"A";
     EXPECT_THAT(Returned(Parameter(name)),
                 ElementsAre("1|1|" + std::string(39, 'X') + "|0201|A|1|0|RW|-1999"));
@@ -173,7 +175,7 @@ TEST_F(RoundTrip, NameThatReachesTheAddressWithAHexadecimalDigitLosesIt) {
         << "any other longer name stays";
 }
 
-TEST_F(RoundTrip, FirstDigitOfAnAddressThatIsNot0Goes) {
+TEST_P(RoundTrip, FirstDigitOfAnAddressThatIsNot0Goes) {
     ParameterRecord parameter = Parameter(u"PV");
     parameter.address = u"2010";
     EXPECT_THAT(Returned(parameter, u"12000101"), ElementsAre("1|1|PV|0010|2|RW|1|-1999|9999"));
@@ -183,13 +185,13 @@ TEST_F(RoundTrip, FirstDigitOfAnAddressThatIsNot0Goes) {
     EXPECT_THAT(Returned(parameter, u"51000101"), ElementsAre("1|1|PV|2DFE|2|RW|1|-1999|9999"));
 }
 
-TEST_F(RoundTrip, EmptyDecimalPointBecomes0) {
+TEST_P(RoundTrip, EmptyDecimalPointBecomes0) {
     ParameterRecord parameter = Parameter(u"PV");
     parameter.decimalPoint.clear();
     EXPECT_THAT(Returned(parameter), ElementsAre("1|1|PV|0010|2|RW|0|-1999|9999"));
 }
 
-TEST_F(RoundTrip, FieldBehindAnEmptyOneTakesItsPlace) {
+TEST_P(RoundTrip, FieldBehindAnEmptyOneTakesItsPlace) {
     ParameterRecord parameter = Parameter(u"PV");
     parameter.attribute.clear();
     EXPECT_THAT(Returned(parameter), ElementsAre("1|1|PV|0010|2|-1999|1|9999|"));
@@ -198,13 +200,13 @@ TEST_F(RoundTrip, FieldBehindAnEmptyOneTakesItsPlace) {
     EXPECT_THAT(Returned(parameter), ElementsAre("1|1|PV|0010|2|RW|1|9999|"));
 }
 
-TEST_F(RoundTrip, FieldThatFillsItsColumnRunsIntoTheNext) {
+TEST_P(RoundTrip, FieldThatFillsItsColumnRunsIntoTheNext) {
     ParameterRecord parameter = Parameter(u"PV");
     parameter.decimalPoint = u"0123456";
     EXPECT_THAT(Returned(parameter), ElementsAre("1|1|PV|0010|2|-1999|012345RW|9999|"));
 }
 
-TEST_F(RoundTrip, InstrumentWithoutParametersGoes) {
+TEST_P(RoundTrip, InstrumentWithoutParametersGoes) {
     InstrumentRecord instrument;
     instrument.id = 1;
     instrument.name = u"METER";
@@ -214,6 +216,9 @@ TEST_F(RoundTrip, InstrumentWithoutParametersGoes) {
     Travel();
     EXPECT_THAT(Instruments(), ::testing::IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, RoundTrip, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

@@ -57,8 +57,10 @@ TEST(ListLineOf, SecondCharacterOfTheAddressFallsAway) {
 
 // --- The list ---
 
-class ParameterListExportTest : public ::testing::Test, public ListBench {
+class ParameterListExportTest : public ::testing::TestWithParam<testing::StoreUnderTest>, public ListBench {
   protected:
+    ParameterListExportTest() : ListBench(GetParam()) {}
+
     void AddInstrument(int id, const Text& name, const Text& code, int classId) {
         InstrumentRecord instrument;
         instrument.id = id;
@@ -90,11 +92,11 @@ class ParameterListExportTest : public ::testing::Test, public ListBench {
     int lastParameter_ = 0;
 };
 
-TEST_F(ParameterListExportTest, EmptyCatalogueGivesTheTwoEndsOnly) {
+TEST_P(ParameterListExportTest, EmptyCatalogueGivesTheTwoEndsOnly) {
     EXPECT_EQ(Exported(), "END\r\nDEVICE   END\r\n");
 }
 
-TEST_F(ParameterListExportTest, BlocksComeInTheOrderOfTheirClassesWithAnEmptyLineBetween) {
+TEST_P(ParameterListExportTest, BlocksComeInTheOrderOfTheirClassesWithAnEmptyLineBetween) {
     AddInstrument(1, u"B", u"11000301", 3);
     AddInstrument(2, u"A", u"11000101", 1);
     AddParameter(1, u"P");
@@ -105,7 +107,7 @@ TEST_F(ParameterListExportTest, BlocksComeInTheOrderOfTheirClassesWithAnEmptyLin
                               "END\r\nDEVICE   END\r\n");
 }
 
-TEST_F(ParameterListExportTest, InstrumentsOfOneNameInARowAreOneBlock) {
+TEST_P(ParameterListExportTest, InstrumentsOfOneNameInARowAreOneBlock) {
     AddInstrument(1, u"A", u"11000101", 1);
     AddInstrument(2, u"A", u"31000101", 1);
     AddParameter(1, u"P");
@@ -114,12 +116,12 @@ TEST_F(ParameterListExportTest, InstrumentsOfOneNameInARowAreOneBlock) {
                               "END\r\nDEVICE   END\r\n");
 }
 
-TEST_F(ParameterListExportTest, OldFileGrowsByTheList) {
+TEST_P(ParameterListExportTest, OldFileGrowsByTheList) {
     files.TextFiles[Text(kListCopyFileName)] = u"旧\r\n";
     EXPECT_EQ(Exported(), "旧\r\nEND\r\nDEVICE   END\r\n");
 }
 
-TEST_F(ParameterListExportTest, NullsAreEmpty) {
+TEST_P(ParameterListExportTest, NullsAreEmpty) {
     AddInstrument(1, u"A", u"11000101", 1);
     store->AddRow(u"仪表_参数", {u"ID", u"仪表ID", u"参数名称"}, {u"1", u"1", u"P"});
     EXPECT_EQ(Exported(), "Device  A\r\nType    11000101\r\n001  P" + std::string(39, ' ') + " 0     " +
@@ -143,7 +145,7 @@ Told ExportOf(Store& store, std::function<bool(const Text&)> wanted = {}) {
     return {bytes, list.Instruments(), list.Parameters(), list.LossyRows()};
 }
 
-TEST_F(ParameterListExportTest, IsCodePage936WithAQuestionMarkForWhatItLacksWhichIsTold) {
+TEST_P(ParameterListExportTest, IsCodePage936WithAQuestionMarkForWhatItLacksWhichIsTold) {
     AddInstrument(1, u"表", u"11000101", 1);
     AddParameter(1, u"温度");
     AddParameter(1, u"µ值");
@@ -157,7 +159,7 @@ TEST_F(ParameterListExportTest, IsCodePage936WithAQuestionMarkForWhatItLacksWhic
     EXPECT_EQ(ToUtf8(told.lossy[0].name), "µ值");
 }
 
-TEST_F(ParameterListExportTest, TakesTheWantedInstrumentsOnly) {
+TEST_P(ParameterListExportTest, TakesTheWantedInstrumentsOnly) {
     AddInstrument(1, u"A", u"11000101", 1);
     AddInstrument(2, u"B", u"11000101", 1);
     AddInstrument(3, u"C", u"11000101", 1);
@@ -170,6 +172,9 @@ TEST_F(ParameterListExportTest, TakesTheWantedInstrumentsOnly) {
     EXPECT_EQ(told.parameters, 2);
     EXPECT_THAT(told.lossy, IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, ParameterListExportTest, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

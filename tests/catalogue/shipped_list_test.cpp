@@ -11,6 +11,7 @@
 #include "catalogue/parameter_list_import.h"
 #include "list_bench.h"
 #include "runtime/code_page.h"
+#include "support/sqlite_store.h"
 
 namespace commtest {
 namespace {

@@ -67,7 +67,9 @@ class TableFiles : public ::testing::TestWithParam<testing::StoreUnderTest> {
             const auto found = files.find(ToUtf8(table));
             return found == files.end() ? std::nullopt : std::optional(found->second);
         };
-        return LoadTables(*store, file, [this](const TableFinding& finding) { findings.push_back(finding); });
+        return LoadTables(
+            *store, file, [this](const TableFinding& finding) { findings.push_back(finding); },
+            [this](const Text& table, int rows) { told.push_back(ToUtf8(table) + std::to_string(rows)); });
     }
 
     // What was found of one file, but for columns that it does not have.
@@ -87,6 +89,7 @@ class TableFiles : public ::testing::TestWithParam<testing::StoreUnderTest> {
     std::unique_ptr<Store> store = GetParam().makeBare();
     std::map<std::string, std::string> files;
     std::vector<TableFinding> findings;
+    std::vector<std::string> told;
 };
 
 TEST_P(TableFiles, ColumnsOfATableAreThoseOfTheStore) {
@@ -111,6 +114,13 @@ TEST_P(TableFiles, ATableComesBackAsItWentInWhateverItsTexts) {
     EXPECT_THAT(FindingsOf(u"仪表_名称"), IsEmpty());
     EXPECT_EQ(Dumped(u"仪表_名称"), instruments);
     EXPECT_EQ(Dumped(u"字符_替换"), "\"原字符\",\"新字符\"\n");
+}
+
+TEST_P(TableFiles, EachRowIsToldAsItComes) {
+    files["仪表_类别"] = "类别ID,类别\n1,A\nx,B\n2,C\n";
+    files["字符_替换"] = "原字符\na\n";
+    Load();
+    EXPECT_THAT(told, ElementsAre("仪表_类别1", "仪表_类别2", "字符_替换1"));
 }
 
 TEST_P(TableFiles, AFileOfTheCodePageIsRead) {

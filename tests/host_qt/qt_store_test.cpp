@@ -225,7 +225,7 @@ TEST_F(QtStoreTest, TheCatalogueIsCopiedBesideItselfAndBroughtBack) {
     for (Store* copied : {static_cast<Store*>(&store), static_cast<Store*>(&asServer)}) {
         const Text copy = BackUpCatalogue(*copied, files, {2024, 5, 6, 7, 8, 9});
         catalogue.ClearCatalogue();
-        RestoreCatalogue(*copied, files, copy);
+        RestoreCatalogue(store, files, copy);
         EXPECT_EQ(catalogue.AllParameters().rows, parameters);
     }
     EXPECT_EQ(FilesInFolder().filter("通讯数据"),

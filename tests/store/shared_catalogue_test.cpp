@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
+#include "catalogue/catalogue_backup.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/parameter_list_import.h"
 #include "catalogue/shipped_catalogue.h"
 #include "host_qt/catalogue_store.h"
+#include "host_qt/folder_files.h"
 #include "runtime/runtime_error.h"
 #include "store/private_server.h"
 #include "support/bytes_of_text.h"
@@ -15,6 +19,7 @@ namespace {
 using testing::BytesOfText;
 using ::testing::ElementsAre;
 using testing::PrivateServer;
+using ::testing::UnorderedElementsAreArray;
 
 // Two programs on one server.
 class SharedCatalogue : public ::testing::Test {
@@ -69,9 +74,24 @@ TEST_F(SharedCatalogue, SecondImportIsRefusedAtOnceUntilTheFirstHasEnded) {
     const ParameterListImport third(other, List());
 }
 
+TEST_F(SharedCatalogue, ServersCatalogueIsKeptAsAFileAndRestoredFromIt) {
+    const QTemporaryDir folder;
+    FolderFiles files(folder.path());
+    InstrumentCatalogue catalogue(one);
+    const auto parameters = catalogue.AllParameters().rows;
+    const Text copy = BackUpCatalogue(one, files, {2024, 5, 6, 7, 8, 9});
+    catalogue.ClearCatalogue();
+    RestoreCatalogue(one, files, copy);
+    EXPECT_THAT(catalogue.AllParameters().rows, UnorderedElementsAreArray(parameters));
+    EXPECT_FALSE(parameters.empty());
+}
+
 TEST_F(SharedCatalogue, RecordingsAreAddedBesideAnImport) {
+    ParameterListImport import(one, List());
+    while (import.Step()) {
+    }
+    EXPECT_EQ(InstrumentCatalogue(one).Size().parameters, 1) << "its rows have gone out";
     const PatienceScope patience(other, Patience::Capture);
-    const ParameterListImport import(one, List());
     RecordedExchange exchange;
     exchange.instrument = u"A";
     exchange.note = u"N";
