@@ -12,8 +12,9 @@ bool IsField(const QWidget& widget) {
 }
 
 // What is made late stands last in the tab order of its window. Only what takes the focus can be put there.
-void PutBehind(QWidget& place, const QWidget& view) {
+void PutBehind(QWidget& place, QWidget& view) {
     QList<QWidget*> fields;
+    if (IsField(view)) fields += &view;
     for (QWidget* next = view.nextInFocusChain(); view.isAncestorOf(next); next = next->nextInFocusChain()) {
         if (IsField(*next)) fields += next;
     }

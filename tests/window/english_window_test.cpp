@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -189,6 +190,8 @@ TEST_F(EnglishWindow, ChoiceOfAWriteTypeIsNotThere) {
 TEST_F(EnglishWindow, IntervalTimerIsNotThere) { EXPECT_EQ(FindButton(window, "间歇性通讯"), nullptr); }
 
 TEST_F(EnglishWindow, DescriptionOfAChipIsNotThere) {
+    window.findChild<QStackedWidget*>()->setCurrentIndex(2);
+    ASSERT_NE(window.findChild<ChipPanel*>(), nullptr);
     EXPECT_EQ(The<ChipPanel>().findChild<QPlainTextEdit*>(), nullptr);
 }
 

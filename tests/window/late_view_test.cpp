@@ -68,6 +68,15 @@ TEST_F(LateViewTest, StandsInTheTabOrderWhereItsPlaceIs) {
     EXPECT_EQ(place->focusPolicy(), Qt::NoFocus);
 }
 
+TEST_F(LateViewTest, FieldAloneStandsInTheTabOrderWhereItsPlaceIs) {
+    QLineEdit* field = nullptr;
+    auto* late = new LateView([&field](QWidget* parent) { return field = new QLineEdit(parent); }, &window);
+    auto* end = new QLineEdit(&window);
+    late->show();
+    EXPECT_EQ(Behind(last), field);
+    EXPECT_EQ(Behind(field), end);
+}
+
 TEST_F(LateViewTest, PageIsMadeWhenItIsChosen) {
     auto* pages = new QStackedWidget(&window);
     layout->addWidget(pages);
