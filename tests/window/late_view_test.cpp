@@ -72,6 +72,7 @@ TEST_F(LateViewTest, FieldAloneStandsInTheTabOrderWhereItsPlaceIs) {
     QLineEdit* field = nullptr;
     auto* late = new LateView([&field](QWidget* parent) { return field = new QLineEdit(parent); }, &window);
     auto* end = new QLineEdit(&window);
+    end->show();
     late->show();
     EXPECT_EQ(Behind(last), field);
     EXPECT_EQ(Behind(field), end);
