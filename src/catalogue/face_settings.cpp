@@ -27,8 +27,8 @@ auto OfCatalogue(const Store& store, TextView table, Ask&& ask) -> decltype(ask(
 }
 
 StoreRows OrShipped(StoreRows rows, TextView table, SettingsUse use) {
-    const bool areMissing = rows.rows.empty() && !IsInEveryCatalogue(table);
-    return areMissing ? ShippedSettings(table, use) : rows;
+    if (rows.rows.empty() && !IsInEveryCatalogue(table)) return ShippedSettings(table, use);
+    return rows;
 }
 
 }  // namespace
