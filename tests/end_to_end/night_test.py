@@ -95,13 +95,18 @@ class NightTest(CommandLineTest):
         fresh.symlink_to(device)
         fresh.rename(link)
 
+    def pull_out(self, simulator):
+        """The link goes ahead of its device, whose name another test may get at once."""
+        (self.folder.parent / "port").unlink()
+        simulator.pull_the_cable()
+
     def lose_and_return(self, *options):
         """The run, behind a device that was pulled out and came back under another name."""
         with self.simulate() as first:
             self.link_to(first.device)
             process = self.start_on_a_link(*options)
             time.sleep(0.5)
-            first.pull_the_cable()
+            self.pull_out(first)
             lost = process.stderr.readline()
             with self.simulate() as second:
                 self.link_to(second.device)
@@ -132,7 +137,7 @@ class NightTest(CommandLineTest):
                 self.link_to(simulator.device)
                 process = self.start_on_a_link("--reconnect", *options)
                 time.sleep(0.4)
-                simulator.pull_the_cable()
+                self.pull_out(simulator)
                 self.assertEqual(process.stderr.readline(), "串口已断开，等待它重新连接\n")
                 if interrupts:
                     process.send_signal(signal.SIGINT)
