@@ -12,7 +12,6 @@
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 #include "runtime/runtime_error.h"
-#include "session/face.h"
 
 namespace commtest {
 
