@@ -111,8 +111,13 @@ void CountKeysOnwards(Store& store, const Text& table) {
 
 void BeginReading(Store& store) {
     store.BeginTransaction();
-    if (store.Engine() == StoreEngine::PostgreSql)
+    if (store.Engine() != StoreEngine::PostgreSql) return;
+    try {
         store.Execute(u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    } catch (...) {
+        PassOverError([&] { store.Rollback(); });
+        throw;
+    }
 }
 
 bool HoldsCatalogue(Store& store) { return HasTables(store, CatalogueTables()); }

@@ -7,6 +7,7 @@
 #include "support/error_of.h"
 #include "support/form_bench.h"
 #include "support/statement_table.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -16,9 +17,9 @@ using ::testing::ElementsAre;
 using testing::ErrorOf;
 using testing::FormBench;
 
-class CatalogueLists : public ::testing::Test {
+class CatalogueLists : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
-    void AddSetting(const Text& use, const Text& number, const Text& field, const Text& width,
+    void AddSetting(const Text& use, const Text& number, const Text& field, const StoreValue& width,
                     const Text& merge = u"0", const Text& alignment = u"0") {
         bench.store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度", u"合并", u"对齐"},
                             {use, number, field, width, merge, alignment});
@@ -41,11 +42,11 @@ class CatalogueLists : public ::testing::Test {
         return cells;
     }
 
-    FormBench bench;
+    FormBench bench{Protocols(), kChineseFace, testing::MakeEmptyCatalogue(GetParam())};
     MainForm& form = bench.form;
 };
 
-TEST_F(CatalogueLists, ProtocolsStandInTheOrderOfTheirNumbersWithTrimmedNames) {
+TEST_P(CatalogueLists, ProtocolsStandInTheOrderOfTheirNumbersWithTrimmedNames) {
     AddSetting(u"协议规定", u"2", u" ModBus-RTU协议 ", u"31");
     AddSetting(u"协议规定", u"1", u"TQ仪表协议", u"11");
     AddSetting(u"数据类型", u"1", u"浮点数", u"7");
@@ -55,9 +56,11 @@ TEST_F(CatalogueLists, ProtocolsStandInTheOrderOfTheirNumbersWithTrimmedNames) {
     EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11, 31));
 }
 
-TEST_F(CatalogueLists, ProtocolsInFrontOfACodeThatIsNoNumberAreLoaded) {
+TEST_P(CatalogueLists, ProtocolsInFrontOfACodeThatIsNoNumberAreLoaded) {
     AddSetting(u"协议规定", u"1", u"甲", u"11");
-    AddSetting(u"协议规定", u"2", u"乙", u"x");
+    // The columns of a server hold numbers only.
+    const bool holdsTexts = GetParam().engine == StoreEngine::Sqlite;
+    AddSetting(u"协议规定", u"2", u"乙", holdsTexts ? StoreValue(u"x") : std::nullopt);
     AddSetting(u"协议规定", u"3", u"丙", u"13");
     EXPECT_EQ(ErrorOf([&] { LoadProtocolList(form); }), 13);
     EXPECT_THAT(form.ConCommTypeList.Items(), ElementsAre(u"甲"));
@@ -65,7 +68,7 @@ TEST_F(CatalogueLists, ProtocolsInFrontOfACodeThatIsNoNumberAreLoaded) {
     EXPECT_THAT(form.ProtocolCodeOfType, ElementsAre(11));
 }
 
-TEST_F(CatalogueLists, ProtocolsMayBeMoreThanTwelve) {
+TEST_P(CatalogueLists, ProtocolsMayBeMoreThanTwelve) {
     for (int i = 1; i <= 20; ++i) {
         AddSetting(u"协议规定", FromUtf8(std::to_string(i)), u"协议", FromUtf8(std::to_string(10 + i)));
     }
@@ -74,7 +77,7 @@ TEST_F(CatalogueLists, ProtocolsMayBeMoreThanTwelve) {
     EXPECT_EQ(form.ProtocolCodeOfType.back(), 30);
 }
 
-TEST_F(CatalogueLists, DataTypesStandInTheOrderOfTheirNumbers) {
+TEST_P(CatalogueLists, DataTypesStandInTheOrderOfTheirNumbers) {
     AddSetting(u"数据类型", u"10", u"补码", u"0");
     AddSetting(u"数据类型", u"9", u" 原码 ", u"0");
     AddSetting(u"协议规定", u"1", u"TQ仪表协议", u"11");
@@ -82,7 +85,7 @@ TEST_F(CatalogueLists, DataTypesStandInTheOrderOfTheirNumbers) {
     EXPECT_THAT(form.ConDataTypeList.Items(), ElementsAre(u"原码", u"补码"));
 }
 
-TEST_F(CatalogueLists, GridLayoutSetsWidthMergeAlignmentAndHeadingByColumnNumber) {
+TEST_P(CatalogueLists, GridLayoutSetsWidthMergeAlignmentAndHeadingByColumnNumber) {
     AddSetting(u"仪表通信", u"1", u"参数名称", u"3200", u"1", u"4");
     AddSetting(u"仪表通信", u"10", u"修改值", u"900", u"0", u"7");
     LoadGridLayout(form);
@@ -99,14 +102,14 @@ TEST_F(CatalogueLists, GridLayoutSetsWidthMergeAlignmentAndHeadingByColumnNumber
     EXPECT_FALSE(grid.Column(2).isLaidOut);
 }
 
-TEST_F(CatalogueLists, GridLayoutOfAColumnThatTheGridLacksRaisesError9) {
+TEST_P(CatalogueLists, GridLayoutOfAColumnThatTheGridLacksRaisesError9) {
     AddSetting(u"仪表通信", u"11", u"多余", u"900");
     EXPECT_EQ(ErrorOf([&] { LoadGridLayout(form); }), 9);
 }
 
 // --- The English face ---
 
-class EnglishLists : public ::testing::Test {
+class EnglishLists : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
     void AddSetting(const Text& table, const Text& use, const Text& number, const Text& field,
                     const Text& width) {
@@ -121,12 +124,12 @@ class EnglishLists : public ::testing::Test {
     }
 
     const Text kOwn = u"\"表格-设置\"";
-    FormBench bench{Protocols(), kEnglishFace};
+    FormBench bench{Protocols(), kEnglishFace, testing::MakeEmptyCatalogue(GetParam())};
     MainForm& form = bench.form;
     Grid& grid = form.ParameterGrid();
 };
 
-TEST_F(EnglishLists, ProtocolsAndDataTypesAreThoseOfItsOwnTable) {
+TEST_P(EnglishLists, ProtocolsAndDataTypesAreThoseOfItsOwnTable) {
     AddSetting(u"表格_设置", u"协议规定", u"1", u"甲", u"11");
     AddSetting(u"表格_设置", u"数据类型", u"1", u"乙", u"0");
     AddSetting(kOwn, u"协议规定", u"1", u"丙", u"31");
@@ -138,7 +141,7 @@ TEST_F(EnglishLists, ProtocolsAndDataTypesAreThoseOfItsOwnTable) {
     EXPECT_THAT(form.ConDataTypeList.Items(), ElementsAre(u"丁"));
 }
 
-TEST_F(EnglishLists, ColumnsSixToTenAreAsWideAsThoseOfTheChineseFaceUnderTheirOwnHeadings) {
+TEST_P(EnglishLists, ColumnsSixToTenAreAsWideAsThoseOfTheChineseFaceUnderTheirOwnHeadings) {
     AddSetting(u"表格_设置", u"仪表通信", u"2", u"地址", u"701");
     AddSetting(u"表格_设置", u"仪表通信", u"6", u"RE 读值", u"1301");
     AddSetting(u"表格_设置", u"仪表通信", u"10", u"修改值", u"1201");
@@ -155,10 +158,13 @@ TEST_F(EnglishLists, ColumnsSixToTenAreAsWideAsThoseOfTheChineseFaceUnderTheirOw
                 ElementsAre("", "", "address", "", "", "", "RE 读值", "", "", "", "modified value"));
 }
 
-TEST_F(EnglishLists, CatalogueWithoutItsTableGivesTheShippedRowsAndStaysAsItIs) {
+TEST_P(EnglishLists, CatalogueWithoutItsTableGivesTheShippedRowsAndStaysAsItIs) {
     bench.store->Execute(u"DROP TABLE \"表格-设置\"");
     AddSetting(u"表格_设置", u"仪表通信", u"9", u"小数点修正值", u"1401");
-    const auto contents = [&] { return bench.store->Query(u"SELECT * FROM sqlite_master").rows; };
+    const Text tables = GetParam().engine == StoreEngine::Sqlite
+                            ? Text(u"SELECT name FROM sqlite_master")
+                            : Text(u"SELECT table_name FROM information_schema.tables");
+    const auto contents = [&] { return bench.store->Query(tables).rows; };
     const auto before = contents();
     LoadProtocolList(form);
     LoadDataTypes(form);
@@ -175,13 +181,13 @@ TEST_F(EnglishLists, CatalogueWithoutItsTableGivesTheShippedRowsAndStaysAsItIs) 
     EXPECT_EQ(contents(), before);
 }
 
-TEST_F(EnglishLists, OwnTableWithoutRowsGivesTheShippedOnesToo) {
+TEST_P(EnglishLists, OwnTableWithoutRowsGivesTheShippedOnesToo) {
     LoadProtocolList(form);
     EXPECT_EQ(form.ConCommTypeList.Items().size(), 14U);
     EXPECT_TRUE(bench.store->Query(u"SELECT * FROM \"表格-设置\"").rows.empty());
 }
 
-TEST_F(EnglishLists, CatalogueThatIsNotOpenGivesNoList) {
+TEST_P(EnglishLists, CatalogueThatIsNotOpenGivesNoList) {
     bench.store->Close();
     EXPECT_NE(ErrorOf([&] { LoadProtocolList(form); }), 0);
     EXPECT_NE(ErrorOf([&] { LoadDataTypes(form); }), 0);
@@ -189,12 +195,12 @@ TEST_F(EnglishLists, CatalogueThatIsNotOpenGivesNoList) {
     EXPECT_TRUE(form.ConCommTypeList.Items().empty());
 }
 
-TEST_F(CatalogueLists, FaceWhoseTableIsInEveryCatalogueTakesNoShippedRows) {
+TEST_P(CatalogueLists, FaceWhoseTableIsInEveryCatalogueTakesNoShippedRows) {
     LoadProtocolList(form);
     EXPECT_TRUE(form.ConCommTypeList.Items().empty());
 }
 
-TEST_F(CatalogueLists, TabTwoShowsTheInstrumentsWithNumberedRows) {
+TEST_P(CatalogueLists, TabTwoShowsTheInstrumentsWithNumberedRows) {
     AddInstrument(1, u"仪表乙", u"1102");
     AddInstrument(2, u"仪表甲", u"1101");
     form.SSTab2.Show(2);
@@ -210,7 +216,7 @@ TEST_F(CatalogueLists, TabTwoShowsTheInstrumentsWithNumberedRows) {
     EXPECT_TRUE(grid.Redraw);
 }
 
-TEST_F(CatalogueLists, TabThreeShowsTheRecordings) {
+TEST_P(CatalogueLists, TabThreeShowsTheRecordings) {
     AddRecording(*bench.store, u"仪表甲", u"说明乙", u" 40 0D");
     form.SSTab2.Show(3);
     SSTab2_Click(form);
@@ -221,16 +227,21 @@ TEST_F(CatalogueLists, TabThreeShowsTheRecordings) {
     EXPECT_EQ(form.MSHFlexGrid1[1].Rows(), 0);
 }
 
-TEST_F(CatalogueLists, HeadingIsAColumnsNameAlsoWhereTheEngineNamesItsTableToo) {
+// The embedded engine can be told to name the table.
+TEST(ListOfATab, HasAColumnsNameForItsHeadingAlsoWhereTheEngineNamesItsTableToo) {
+    FormBench bench;
     bench.store->Execute(u"PRAGMA short_column_names = OFF");
     bench.store->Execute(u"PRAGMA full_column_names = ON");
-    AddInstrument(1, u"仪表甲", u"1101");
-    form.SSTab2.Show(2);
-    SSTab2_Click(form);
-    EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[1].Cell(0, 9)), "编号");
+    InstrumentRecord instrument;
+    instrument.id = 1;
+    instrument.name = u"仪表甲";
+    InstrumentCatalogue(*bench.store).AddInstrument(instrument);
+    bench.form.SSTab2.Show(2);
+    SSTab2_Click(bench.form);
+    EXPECT_EQ(ToUtf8(bench.form.MSHFlexGrid1[1].Cell(0, 9)), "编号");
 }
 
-TEST_F(CatalogueLists, RowsBeyond999KeepTheirNumber) {
+TEST_P(CatalogueLists, RowsBeyond999KeepTheirNumber) {
     for (int i = 1; i <= 1000; ++i)
         AddRecording(*bench.store, u"仪表甲", FromUtf8(std::to_string(i)), u" 40");
     form.SSTab2.Show(3);
@@ -238,7 +249,7 @@ TEST_F(CatalogueLists, RowsBeyond999KeepTheirNumber) {
     EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[2].Cell(1000, 0)), "1000");
 }
 
-TEST_F(CatalogueLists, ListThatIsEmptyLeavesItsGrid) {
+TEST_P(CatalogueLists, ListThatIsEmptyLeavesItsGrid) {
     AddInstrument(1, u"仪表甲", u"1101");
     form.SSTab2.Show(2);
     SSTab2_Click(form);
@@ -247,7 +258,7 @@ TEST_F(CatalogueLists, ListThatIsEmptyLeavesItsGrid) {
     EXPECT_EQ(ToUtf8(form.MSHFlexGrid1[1].Cell(1, 3)), "仪表甲");
 }
 
-TEST_F(CatalogueLists, OtherTabsLoadNothing) {
+TEST_P(CatalogueLists, OtherTabsLoadNothing) {
     AddInstrument(1, u"仪表甲", u"1101");
     AddRecording(*bench.store, u"仪表甲", u"说明乙", u" 40 0D");
     for (const int tab : {0, 1, 4}) {
@@ -256,6 +267,12 @@ TEST_F(CatalogueLists, OtherTabsLoadNothing) {
         EXPECT_EQ(form.MSHFlexGrid1[1].Rows() + form.MSHFlexGrid1[2].Rows(), 0) << tab;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, CatalogueLists, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
+
+INSTANTIATE_TEST_SUITE_P(Each, EnglishLists, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

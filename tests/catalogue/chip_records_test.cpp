@@ -6,6 +6,7 @@
 #include "catalogue/instrument_catalogue.h"
 #include "runtime/runtime_error.h"
 #include "support/form_bench.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -14,7 +15,7 @@ using ::testing::ElementsAre;
 using testing::FormBench;
 using ::testing::SizeIs;
 
-class ChipRecords : public ::testing::Test {
+class ChipRecords : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
     ChipRecords() {
         AddInstrument(1, u"仪表甲", u"11000101", u"11");
@@ -57,18 +58,18 @@ class ChipRecords : public ::testing::Test {
         ShowChipRecord(form);
     }
 
-    FormBench bench;
+    FormBench bench{Protocols(), kChineseFace, testing::MakeEmptyCatalogue(GetParam())};
     MainForm& form = bench.form;
     Grid& list = form.MSHFlexGrid1[3];
 };
 
-TEST_F(ChipRecords, PanelIsHiddenUntilItIsAskedFor) {
+TEST_P(ChipRecords, PanelIsHiddenUntilItIsAskedFor) {
     EXPECT_FALSE(form.ConCpuDataShow.Visible());
     ShowChipFilePanel(form);
     EXPECT_TRUE(form.ConCpuDataShow.Visible());
 }
 
-TEST_F(ChipRecords, ListHasEveryInstrumentInTheOrderOfTheSortKeyAlsoOneWithoutARecord) {
+TEST_P(ChipRecords, ListHasEveryInstrumentInTheOrderOfTheSortKeyAlsoOneWithoutARecord) {
     ShowChipFilePanel(form);
     ASSERT_EQ(list.Rows(), 4);
     EXPECT_THAT(Line(0), ElementsAre("序号", "协议", "类别", "仪表名称", "文件名", "日期", "功能简述", "实例",
@@ -80,7 +81,7 @@ TEST_F(ChipRecords, ListHasEveryInstrumentInTheOrderOfTheSortKeyAlsoOneWithoutAR
     EXPECT_TRUE(list.Redraw);
 }
 
-TEST_F(ChipRecords, OpeningShowsTheRecordOfRowOneAtOnce) {
+TEST_P(ChipRecords, OpeningShowsTheRecordOfRowOneAtOnce) {
     ShowChipFilePanel(form);
     ShowRow(3);
     bench.store->Execute(u"Delete From 仪表_名称 Where 仪表ID = 1");
@@ -90,7 +91,7 @@ TEST_F(ChipRecords, OpeningShowsTheRecordOfRowOneAtOnce) {
                 ElementsAre("仪表乙", "31000102", "B.HEX", "2026-03-12", "标准", "量产", "带报警。"));
 }
 
-TEST_F(ChipRecords, RecordIsThatOfTheRowsFile) {
+TEST_P(ChipRecords, RecordIsThatOfTheRowsFile) {
     ShowChipFilePanel(form);
     ShowRow(3);
     EXPECT_THAT(Fields(),
@@ -98,27 +99,27 @@ TEST_F(ChipRecords, RecordIsThatOfTheRowsFile) {
     EXPECT_EQ(list.Row, 3);
 }
 
-TEST_F(ChipRecords, InstrumentWithoutARecordShowsItsNameAndCodeAndNoMore) {
+TEST_P(ChipRecords, InstrumentWithoutARecordShowsItsNameAndCodeAndNoMore) {
     ShowChipFilePanel(form);
     ShowRow(3);
     ShowRow(1);
     EXPECT_THAT(Fields(), ElementsAre("仪表甲", "11000101", "", "", "", "", ""));
 }
 
-TEST_F(ChipRecords, RecordWhoseFileHasNoNameShowsNameAndCode) {
+TEST_P(ChipRecords, RecordWhoseFileHasNoNameShowsNameAndCode) {
     AddChip(u"11000101", std::nullopt, u"2026-01-27");
     ShowChipFilePanel(form);
     EXPECT_THAT(Fields(), ElementsAre("仪表甲", "11000101", "", "", "", "", ""));
 }
 
-TEST_F(ChipRecords, FirstOfSeveralRecordsOfOneFileIsShown) {
+TEST_P(ChipRecords, FirstOfSeveralRecordsOfOneFileIsShown) {
     AddChip(u"31000102", u"B.HEX", u"2030-01-01");
     ShowChipFilePanel(form);
     ShowRow(2);
     EXPECT_EQ(ToUtf8(form.ConCpudataCombo[3].Value()), "2026-03-12");
 }
 
-TEST_F(ChipRecords, EmptyCatalogueOpensThePanelWithEmptyFields) {
+TEST_P(ChipRecords, EmptyCatalogueOpensThePanelWithEmptyFields) {
     InstrumentCatalogue(*bench.store).ClearCatalogue();
     form.ConCpudataCombo[2].Set(u"旧的");
     ShowChipFilePanel(form);
@@ -127,14 +128,14 @@ TEST_F(ChipRecords, EmptyCatalogueOpensThePanelWithEmptyFields) {
     EXPECT_THAT(Fields(), ElementsAre("", "", "", "", "", "", ""));
 }
 
-TEST_F(ChipRecords, QuoteInANameFailsWithTheEnginesText) {
+TEST_P(ChipRecords, QuoteInANameFailsWithTheEnginesText) {
     AddInstrument(3, u"O'K", u"51000101", u"51");
     ShowChipFilePanel(form);
     EXPECT_THROW(ShowRow(4), RuntimeError);
     EXPECT_TRUE(list.Redraw);
 }
 
-TEST_F(ChipRecords, OnlyTheLastButtonActsAndItHidesThePanel) {
+TEST_P(ChipRecords, OnlyTheLastButtonActsAndItHidesThePanel) {
     ShowChipFilePanel(form);
     ShowRow(2);
     for (const int button : {0, 1, 2}) {
@@ -145,7 +146,7 @@ TEST_F(ChipRecords, OnlyTheLastButtonActsAndItHidesThePanel) {
     EXPECT_FALSE(form.ConCpuDataShow.Visible());
 }
 
-TEST_F(ChipRecords, DeadButtonsChangeNothingInTheTable) {
+TEST_P(ChipRecords, DeadButtonsChangeNothingInTheTable) {
     ShowChipFilePanel(form);
     ShowRow(2);
     form.ConCpudataCombo[2].Set(u"NEW.HEX");
@@ -155,6 +156,9 @@ TEST_F(ChipRecords, DeadButtonsChangeNothingInTheTable) {
     EXPECT_THAT(before, SizeIs(2));
     EXPECT_EQ(ToUtf8(form.ConCpudataCombo[2].Value()), "NEW.HEX");
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, ChipRecords, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

@@ -6,6 +6,7 @@
 #include "runtime/runtime_error.h"
 #include "support/bench_session.h"
 #include "support/error_of.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -19,7 +20,7 @@ using testing::TestParameter;
 const Text kNative = u"TQ仪表协议";
 const Text kRtu = u"ModBus-RTU协议";
 
-class InstrumentSelection : public ::testing::Test {
+class InstrumentSelection : public ::testing::TestWithParam<testing::StoreUnderTest> {
   protected:
     static std::vector<TestParameter> Parameters(int count, const Text& attribute = u"RW") {
         std::vector<TestParameter> parameters;
@@ -36,7 +37,7 @@ class InstrumentSelection : public ::testing::Test {
 
     std::string Instrument() const { return ToUtf8(form.ConMeterName[0].Value()); }
 
-    BenchSession bench;
+    BenchSession bench{kChineseFace, testing::MakeEmptyCatalogue(GetParam())};
     MainForm& form = bench.Form();
 };
 
@@ -49,7 +50,7 @@ struct Choice {
     int displayMode;  // of ShowMode, 9 being what stood before
 };
 
-TEST_F(InstrumentSelection, ProtocolNameChoosesItsButtonCodeAndDisplay) {
+TEST_P(InstrumentSelection, ProtocolNameChoosesItsButtonCodeAndDisplay) {
     const Choice choices[] = {{u"TQ仪表协议", 0, 11, 0},
                               {u"TQ仪表协议-定制累加和", 1, 12, 0},
                               {u"TQ仪表协议-定制异或和", 2, 13, 0},
@@ -74,7 +75,7 @@ TEST_F(InstrumentSelection, ProtocolNameChoosesItsButtonCodeAndDisplay) {
     }
 }
 
-TEST_F(InstrumentSelection, FirstCaptionThatContainsTheNameWins) {
+TEST_P(InstrumentSelection, FirstCaptionThatContainsTheNameWins) {
     ClickProtocol(u"KD700");
     EXPECT_EQ(form.ConMeterType.Chosen(), 8);
     ClickProtocol(u"定制01");
@@ -83,14 +84,14 @@ TEST_F(InstrumentSelection, FirstCaptionThatContainsTheNameWins) {
     EXPECT_EQ(form.ConMeterType.Chosen(), 0);
 }
 
-TEST_F(InstrumentSelection, UnknownProtocolNameChoosesNoButton) {
+TEST_P(InstrumentSelection, UnknownProtocolNameChoosesNoButton) {
     ClickProtocol(kRtu);
     ClickProtocol(u"没有的协议");
     EXPECT_EQ(form.ConMeterType.Chosen(), 6);
     EXPECT_EQ(form.ProtocolCode, 31);
 }
 
-TEST_F(InstrumentSelection, ButtonOfTheFirstProtocolOffersTheDemonstrationAndNoOtherTakesItAway) {
+TEST_P(InstrumentSelection, ButtonOfTheFirstProtocolOffersTheDemonstrationAndNoOtherTakesItAway) {
     form.ConMyCommDriver.SetEnabled(false);
     form.ConMeterType.Choose(6);
     EXPECT_FALSE(form.ConMyCommDriver.Enabled());
@@ -100,11 +101,11 @@ TEST_F(InstrumentSelection, ButtonOfTheFirstProtocolOffersTheDemonstrationAndNoO
     EXPECT_TRUE(form.ConMyCommDriver.Enabled());
 }
 
-TEST_F(InstrumentSelection, ButtonBehindTheLastProtocolRaisesError9) {
+TEST_P(InstrumentSelection, ButtonBehindTheLastProtocolRaisesError9) {
     EXPECT_EQ(ErrorOf([&] { ConMeterType_Click(form, 14); }), 9);
 }
 
-TEST_F(InstrumentSelection, ClickOfTheUserOnAButtonChoosesItsProtocolAsFromTheList) {
+TEST_P(InstrumentSelection, ClickOfTheUserOnAButtonChoosesItsProtocolAsFromTheList) {
     bench.Add(u"A表", kNative, u"1101", Parameters(1));
     bench.Add(u"C表", kRtu, u"3101", Parameters(1));
     ClickProtocol(kNative);
@@ -116,7 +117,7 @@ TEST_F(InstrumentSelection, ClickOfTheUserOnAButtonChoosesItsProtocolAsFromTheLi
     EXPECT_EQ(Instrument(), "C表");
 }
 
-TEST_F(InstrumentSelection, ClickOfTheUserRunsTheClickOfTheListOnce) {
+TEST_P(InstrumentSelection, ClickOfTheUserRunsTheClickOfTheListOnce) {
     int clicks = 0;
     form.ConCommTypeList.Click = [&] { ++clicks; };
     ChooseProtocolOfType(form, 6);
@@ -126,14 +127,14 @@ TEST_F(InstrumentSelection, ClickOfTheUserRunsTheClickOfTheListOnce) {
     EXPECT_EQ(ToUtf8(form.ConCommTypeList.Value()), "ModBus-RTU协议");
 }
 
-TEST_F(InstrumentSelection, ClickOfTheUserBehindTheLastProtocolRaisesError9) {
+TEST_P(InstrumentSelection, ClickOfTheUserBehindTheLastProtocolRaisesError9) {
     ClickProtocol(kNative);
     EXPECT_EQ(ErrorOf([&] { ChooseProtocolOfType(form, 14); }), 9);
     EXPECT_EQ(ErrorOf([&] { ChooseProtocolOfType(form, -1); }), 9);
     EXPECT_EQ(ToUtf8(form.ConCommTypeList.Value()), "TQ仪表协议");
 }
 
-TEST_F(InstrumentSelection, ProtocolComposesTheAddressInItsOwnForm) {
+TEST_P(InstrumentSelection, ProtocolComposesTheAddressInItsOwnForm) {
     form.ConMeterAddr.Set(u"10");
     ClickProtocol(kNative);
     EXPECT_EQ(ToUtf8(form.AddressText), " 30 41");
@@ -143,7 +144,7 @@ TEST_F(InstrumentSelection, ProtocolComposesTheAddressInItsOwnForm) {
 
 // --- The instruments of a protocol ---
 
-TEST_F(InstrumentSelection, InstrumentsOfTheProtocolAreListedByNameAndTheFirstIsChosen) {
+TEST_P(InstrumentSelection, InstrumentsOfTheProtocolAreListedByNameAndTheFirstIsChosen) {
     bench.Add(u"B表", kNative, u"1101", Parameters(1));
     bench.Add(u"A表", kNative, u"1102", Parameters(2));
     bench.Add(u"C表", kRtu, u"3101", Parameters(1));
@@ -153,7 +154,7 @@ TEST_F(InstrumentSelection, InstrumentsOfTheProtocolAreListedByNameAndTheFirstIs
     EXPECT_EQ(bench.Cell(2, 1), "参数2");
 }
 
-TEST_F(InstrumentSelection, ProtocolWithoutInstrumentsEmptiesNameAndGrid) {
+TEST_P(InstrumentSelection, ProtocolWithoutInstrumentsEmptiesNameAndGrid) {
     bench.Add(u"A表", kNative, u"1101", Parameters(2));
     ClickProtocol(kNative);
     ClickProtocol(kRtu);
@@ -163,7 +164,7 @@ TEST_F(InstrumentSelection, ProtocolWithoutInstrumentsEmptiesNameAndGrid) {
     EXPECT_EQ(ToUtf8(form.MeterCodeText), "");
 }
 
-TEST_F(InstrumentSelection, CodeOfTheLastInstrumentWinsOverTheCodeOfTheButton) {
+TEST_P(InstrumentSelection, CodeOfTheLastInstrumentWinsOverTheCodeOfTheButton) {
     bench.Add(u"A表", kNative, u"1101", Parameters(1));
     bench.Add(u"B表", kNative, u"3101", Parameters(1));
     ClickProtocol(kNative);
@@ -174,7 +175,7 @@ TEST_F(InstrumentSelection, CodeOfTheLastInstrumentWinsOverTheCodeOfTheButton) {
     EXPECT_EQ(ToUtf8(form.AddressText), "01");
 }
 
-TEST_F(InstrumentSelection, InstrumentsFollowTheNameInTheListNotTheButton) {
+TEST_P(InstrumentSelection, InstrumentsFollowTheNameInTheListNotTheButton) {
     bench.Add(u"A表", kNative, u"1101", Parameters(1));
     ClickProtocol(kNative);
     form.ConMeterType.Choose(6);
@@ -182,7 +183,7 @@ TEST_F(InstrumentSelection, InstrumentsFollowTheNameInTheListNotTheButton) {
     EXPECT_EQ(form.ProtocolCode, 11);
 }
 
-TEST_F(InstrumentSelection, FailingQueryPassesTheStoresErrorOn) {
+TEST_P(InstrumentSelection, FailingQueryPassesTheStoresErrorOn) {
     form.ConCommTypeList.Set(u"TQ'协议");
     EXPECT_EQ(ErrorOf([&] { LoadInstrumentNames(form); }), RuntimeError::kStore);
     form.ConMeterName[0].Set(u"仪表'甲");
@@ -191,7 +192,7 @@ TEST_F(InstrumentSelection, FailingQueryPassesTheStoresErrorOn) {
 
 // --- The parameters of an instrument ---
 
-TEST_F(InstrumentSelection, ParameterFieldsGoToColumnsOneToFiveAndTheLimitsNowhere) {
+TEST_P(InstrumentSelection, ParameterFieldsGoToColumnsOneToFiveAndTheLimitsNowhere) {
     bench.Add(u"A表", kNative, u"1101", {{u"给定值", u"0123", u"2", u"RWS", u"0010"}});
     bench.store->Execute(u"Update 仪表_参数 Set 上限值 = '900', 下限值 = '-5'");
     ClickProtocol(kNative);
@@ -199,7 +200,7 @@ TEST_F(InstrumentSelection, ParameterFieldsGoToColumnsOneToFiveAndTheLimitsNowhe
     for (int col = 0; col < 11; ++col) EXPECT_EQ(bench.Cell(1, col), cells[col]) << col;
 }
 
-TEST_F(InstrumentSelection, FieldWithoutAValueGivesAnEmptyCell) {
+TEST_P(InstrumentSelection, FieldWithoutAValueGivesAnEmptyCell) {
     bench.Add(u"A表", kNative, u"1101", Parameters(1));
     bench.store->Execute(u"Update 仪表_参数 Set 小数点 = NULL");
     ClickProtocol(kNative);
@@ -211,10 +212,10 @@ struct RowCount {
     int rows;
 };
 
-TEST_F(InstrumentSelection, GridHasARowForEachParameterAndAtLeastFifteen) {
+TEST_P(InstrumentSelection, GridHasARowForEachParameterAndAtLeastFifteen) {
     for (const RowCount& row : {RowCount{1, 15}, RowCount{2, 15}, RowCount{13, 15}, RowCount{14, 15},
                                 RowCount{15, 16}, RowCount{200, 201}}) {
-        BenchSession each;
+        BenchSession each(kChineseFace, testing::MakeEmptyCatalogue(GetParam()));
         each.Add(u"A表", kNative, u"1101", Parameters(row.parameters));
         each.Choose(kNative, u"A表");
         EXPECT_EQ(each.Form().ParameterGrid().Rows(), row.rows) << row.parameters;
@@ -223,7 +224,7 @@ TEST_F(InstrumentSelection, GridHasARowForEachParameterAndAtLeastFifteen) {
     }
 }
 
-TEST_F(InstrumentSelection, EmptyRowsOfAShortListAreNumberedToo) {
+TEST_P(InstrumentSelection, EmptyRowsOfAShortListAreNumberedToo) {
     bench.Add(u"A表", kNative, u"1101", Parameters(2));
     ClickProtocol(kNative);
     EXPECT_EQ(bench.Cell(3, 0), "003 ");
@@ -231,7 +232,7 @@ TEST_F(InstrumentSelection, EmptyRowsOfAShortListAreNumberedToo) {
     EXPECT_EQ(bench.Cell(3, 1), "");
 }
 
-TEST_F(InstrumentSelection, InstrumentWithoutParametersHasAnEmptyGridOfFifteenRowsAndNoCode) {
+TEST_P(InstrumentSelection, InstrumentWithoutParametersHasAnEmptyGridOfFifteenRowsAndNoCode) {
     bench.Add(u"A表", kNative, u"1101", Parameters(20));
     ClickProtocol(kNative);
     form.ConMeterName[0].Set(u"没有参数的仪表");
@@ -242,7 +243,7 @@ TEST_F(InstrumentSelection, InstrumentWithoutParametersHasAnEmptyGridOfFifteenRo
     EXPECT_EQ(ToUtf8(form.MeterCodeText), "");
 }
 
-TEST_F(InstrumentSelection, ColumnSevenOfTheFirstFiveParametersIsPresetWithTheirNumberFromZero) {
+TEST_P(InstrumentSelection, ColumnSevenOfTheFirstFiveParametersIsPresetWithTheirNumberFromZero) {
     bench.Add(u"A表", kNative, u"1101", Parameters(7));
     ClickProtocol(kNative);
     for (int row = 1; row <= 5; ++row) EXPECT_EQ(bench.Cell(row, 7), std::to_string(row - 1));
@@ -250,14 +251,14 @@ TEST_F(InstrumentSelection, ColumnSevenOfTheFirstFiveParametersIsPresetWithTheir
     EXPECT_EQ(bench.Cell(7, 7), "");
 }
 
-TEST_F(InstrumentSelection, PresetStandsOnlyBesideAParameter) {
+TEST_P(InstrumentSelection, PresetStandsOnlyBesideAParameter) {
     bench.Add(u"A表", kNative, u"1101", Parameters(2));
     ClickProtocol(kNative);
     EXPECT_EQ(bench.Cell(2, 7), "1");
     EXPECT_EQ(bench.Cell(3, 7), "");
 }
 
-TEST_F(InstrumentSelection, PresetStaysUntilAReplyOverwritesIt) {
+TEST_P(InstrumentSelection, PresetStaysUntilAReplyOverwritesIt) {
     bench.Add(u"A表", kNative, u"1101", Parameters(3));
     bench.Choose(kNative, u"A表");
     form.CommandCode = 20;
@@ -268,13 +269,13 @@ TEST_F(InstrumentSelection, PresetStaysUntilAReplyOverwritesIt) {
     EXPECT_EQ(bench.Cell(2, 7), "1");
 }
 
-TEST_F(InstrumentSelection, InstrumentCodeComesFromTheCatalogue) {
+TEST_P(InstrumentSelection, InstrumentCodeComesFromTheCatalogue) {
     bench.Add(u"A表", kNative, u"11020304", Parameters(3));
     ClickProtocol(kNative);
     EXPECT_EQ(ToUtf8(form.MeterCodeText), "11020304");
 }
 
-TEST_F(InstrumentSelection, OfTwoInstrumentsOfOneNameTheFirstParameterGivesTheCode) {
+TEST_P(InstrumentSelection, OfTwoInstrumentsOfOneNameTheFirstParameterGivesTheCode) {
     bench.Add(u"A表", kNative, u"1102", Parameters(1));
     bench.Add(u"A表", kNative, u"1101", Parameters(2));
     ClickProtocol(kNative);
@@ -282,7 +283,7 @@ TEST_F(InstrumentSelection, OfTwoInstrumentsOfOneNameTheFirstParameterGivesTheCo
     EXPECT_EQ(bench.Cell(3, 1), "参数2");
 }
 
-TEST_F(InstrumentSelection, FirstDataRowIsTheFirstRowThatIsExactlyReadableAndWritable) {
+TEST_P(InstrumentSelection, FirstDataRowIsTheFirstRowThatIsExactlyReadableAndWritable) {
     bench.Add(u"A表", kNative, u"1101",
               {{u"甲", u"0000", u"3", u"W", u"0"},
                {u"乙", u"0100", u"2", u"RWS", u"0"},
@@ -291,7 +292,7 @@ TEST_F(InstrumentSelection, FirstDataRowIsTheFirstRowThatIsExactlyReadableAndWri
     EXPECT_EQ(form.FirstDataRow, 3);
 }
 
-TEST_F(InstrumentSelection, RowsOfTheInstrumentBeforeAreKeptWhereTheNewOneHasNone) {
+TEST_P(InstrumentSelection, RowsOfTheInstrumentBeforeAreKeptWhereTheNewOneHasNone) {
     bench.Add(u"A表", kNative, u"1101", Parameters(3, u"R"));
     form.FirstDataRow = 8;
     form.CurrentRow = 9;
@@ -300,7 +301,7 @@ TEST_F(InstrumentSelection, RowsOfTheInstrumentBeforeAreKeptWhereTheNewOneHasNon
     EXPECT_EQ(form.CurrentRow, 9);
 }
 
-TEST_F(InstrumentSelection, SelectionBeginsWithACleanGridAndTheFirstCell) {
+TEST_P(InstrumentSelection, SelectionBeginsWithACleanGridAndTheFirstCell) {
     bench.Add(u"A表", kNative, u"1101", Parameters(3));
     ClickProtocol(kNative);
     Grid& grid = form.ParameterGrid();
@@ -316,7 +317,7 @@ TEST_F(InstrumentSelection, SelectionBeginsWithACleanGridAndTheFirstCell) {
     EXPECT_TRUE(grid.Redraw);
 }
 
-TEST_F(InstrumentSelection, SelectionEmptiesSamplesAndSentFramesAndAsksForTheFocus) {
+TEST_P(InstrumentSelection, SelectionEmptiesSamplesAndSentFramesAndAsksForTheFocus) {
     bench.Add(u"A表", kNative, u"1101", Parameters(3));
     form.StaticSample = u" 40";
     form.DynamicSample = u" 41";
@@ -333,7 +334,7 @@ struct DataType {
     std::string type;
 };
 
-TEST_F(InstrumentSelection, ThirdAndFourthCharacterOfTheCodeChooseTheDataType) {
+TEST_P(InstrumentSelection, ThirdAndFourthCharacterOfTheCodeChooseTheDataType) {
     for (int i = 0; i <= 11; ++i) form.ConDataTypeList.Add(u"类型" + FromUtf8(std::to_string(i)));
     for (const DataType& row :
          {DataType{u"1101", "类型1"}, DataType{u"1110", "类型10"}, DataType{u"110299", "类型2"},
@@ -347,6 +348,9 @@ TEST_F(InstrumentSelection, ThirdAndFourthCharacterOfTheCodeChooseTheDataType) {
         EXPECT_EQ(ToUtf8(form.ConDataTypeList.Value()), row.type) << ToUtf8(row.code);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, InstrumentSelection, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

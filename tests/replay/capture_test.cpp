@@ -6,6 +6,7 @@
 #include "catalogue/instrument_catalogue.h"
 #include "support/error_of.h"
 #include "support/native_instrument.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -17,9 +18,9 @@ using testing::NativeBench;
 using ::testing::SizeIs;
 namespace frames = testing::frames;
 
-class Capture : public ::testing::Test, public NativeBench {
+class Capture : public ::testing::TestWithParam<testing::StoreUnderTest>, public NativeBench {
   protected:
-    Capture() {
+    Capture() : NativeBench(kChineseFace, testing::MakeEmptyCatalogue(GetParam())) {
         Form().CommandCode = 10;
         Form().ConSaveData.Set(true);
         dialogs.Answers = {u"abc"};
@@ -38,7 +39,7 @@ class Capture : public ::testing::Test, public NativeBench {
     }
 };
 
-TEST_F(Capture, StoresTheExchangeWithItsNoteInUpperCase) {
+TEST_P(Capture, StoresTheExchangeWithItsNoteInUpperCase) {
     WillAnswer({frames::kDynamicReply});
     Press(4);
     line.RunUntil(500);
@@ -49,7 +50,7 @@ TEST_F(Capture, StoresTheExchangeWithItsNoteInUpperCase) {
     EXPECT_EQ(ToUtf8(dialogs.Shown[0].text), "请输入采集数据说明,以便今后区分");
 }
 
-TEST_F(Capture, ReplyIsStoredOnceWhateverWasAsked) {
+TEST_P(Capture, ReplyIsStoredOnceWhateverWasAsked) {
     Form().ReplyText = u" 41";
     Form().SendText = u" 01";
     CaptureExchange(Form());
@@ -62,7 +63,7 @@ TEST_F(Capture, ReplyIsStoredOnceWhateverWasAsked) {
     EXPECT_THAT(dialogs.Shown, SizeIs(1)) << "the note stays for the run";
 }
 
-TEST_F(Capture, ReplyOfAnotherInstrumentOrNoteIsAnother) {
+TEST_P(Capture, ReplyOfAnotherInstrumentOrNoteIsAnother) {
     Form().ReplyText = u" 41";
     CaptureExchange(Form());
     Form().CaptureNote = u"OTHER";
@@ -72,7 +73,7 @@ TEST_F(Capture, ReplyOfAnotherInstrumentOrNoteIsAnother) {
     EXPECT_THAT(Rows(), SizeIs(3));
 }
 
-TEST_F(Capture, EmptyNoteIsAskedForAgain) {
+TEST_P(Capture, EmptyNoteIsAskedForAgain) {
     dialogs.Answers = {u"", u"n2"};
     Form().ReplyText = u" 41";
     CaptureExchange(Form());
@@ -84,7 +85,7 @@ TEST_F(Capture, EmptyNoteIsAskedForAgain) {
     EXPECT_THAT(Rows(), SizeIs(2));
 }
 
-TEST_F(Capture, NoteOutlastsTheTick) {
+TEST_P(Capture, NoteOutlastsTheTick) {
     Form().ReplyText = u" 41";
     CaptureExchange(Form());
     Form().ConSaveData.Set(false);
@@ -92,7 +93,7 @@ TEST_F(Capture, NoteOutlastsTheTick) {
     EXPECT_EQ(ToUtf8(Form().CaptureNote), "ABC");
 }
 
-TEST_F(Capture, EachClickOnTheTickBeginsTheListOfSentFramesAnew) {
+TEST_P(Capture, EachClickOnTheTickBeginsTheListOfSentFramesAnew) {
     Form().SentFrames().Add(u" 41");
     Form().ConSaveData.Set(false);
     EXPECT_THAT(Form().SentFrames().Items(), IsEmpty());
@@ -101,20 +102,20 @@ TEST_F(Capture, EachClickOnTheTickBeginsTheListOfSentFramesAnew) {
     EXPECT_THAT(Form().SentFrames().Items(), IsEmpty());
 }
 
-TEST_F(Capture, SilenceIsNotStored) {
+TEST_P(Capture, SilenceIsNotStored) {
     Press(4);
     line.RunUntil(5000);
     EXPECT_THAT(Rows(), IsEmpty());
 }
 
-TEST_F(Capture, ApostropheInTheNameBreaksTheStatementAndTheEngineSaysSo) {
+TEST_P(Capture, ApostropheInTheNameBreaksTheStatementAndTheEngineSaysSo) {
     Form().InstrumentList().Set(u"it's");
     Form().ReplyText = u" 41";
     EXPECT_EQ(ErrorOf([&] { CaptureExchange(Form()); }), RuntimeError::kStore);
     EXPECT_THAT(Rows(), IsEmpty());
 }
 
-TEST_F(Capture, QuestionStandsWithinTheReceiveEventWhileTheTimerIsOff) {
+TEST_P(Capture, QuestionStandsWithinTheReceiveEventWhileTheTimerIsOff) {
     bool wasEnabled = true;
     dialogs.Time = [this, &wasEnabled] {
         wasEnabled = Form().PollTimer().Enabled();
@@ -127,7 +128,7 @@ TEST_F(Capture, QuestionStandsWithinTheReceiveEventWhileTheTimerIsOff) {
     EXPECT_FALSE(wasEnabled);
 }
 
-TEST_F(Capture, WaitsWhileTheStoreIsWithinAnothersTransaction) {
+TEST_P(Capture, WaitsWhileTheStoreIsWithinAnothersTransaction) {
     Form().CaptureWaits = true;
     Form().ReplyText = u" 41";
     CaptureExchange(Form());
@@ -138,7 +139,7 @@ TEST_F(Capture, WaitsWhileTheStoreIsWithinAnothersTransaction) {
     EXPECT_THAT(Rows(), SizeIs(1));
 }
 
-TEST_F(Capture, PairIsMissedAndCountedWhileTheServerIsLost) {
+TEST_P(Capture, PairIsMissedAndCountedWhileTheServerIsLost) {
     Form().CaptureNote = u"A";
     Form().ReplyText = u" 41";
     for (const int call : {1, 2}) {  // the look, and the first index
@@ -156,7 +157,7 @@ TEST_F(Capture, PairIsMissedAndCountedWhileTheServerIsLost) {
     EXPECT_EQ(Form().MissedPairCount, 0);
 }
 
-TEST_F(Capture, PollingGoesOnWhileTheServerIsLost) {
+TEST_P(Capture, PollingGoesOnWhileTheServerIsLost) {
     Form().CaptureNote = u"A";
     storeCalls.LoseAt(1);
     WillAnswer({frames::kDynamicReply, frames::kDynamicReply});
@@ -168,13 +169,16 @@ TEST_F(Capture, PollingGoesOnWhileTheServerIsLost) {
     EXPECT_THAT(Rows(), SizeIs(1));
 }
 
-TEST_F(Capture, DeletedPairCountsAsKnown) {
+TEST_P(Capture, DeletedPairCountsAsKnown) {
     Form().ReplyText = u" 41";
     CaptureExchange(Form());
     InstrumentCatalogue(*store).DeleteRecording(u"仪表甲", u"ABC");
     CaptureExchange(Form());
     EXPECT_THAT(Rows(), SizeIs(1));
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, Capture, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

@@ -8,6 +8,7 @@
 #include "commands/operation_menus.h"
 #include "support/error_of.h"
 #include "support/native_instrument.h"
+#include "support/stores_under_test.h"
 
 namespace commtest {
 namespace {
@@ -23,9 +24,9 @@ namespace frames = testing::frames;
 const std::string kAskOf2 = "40 30 32 52 44 31 34 0D";
 const std::string kAskOf3 = "40 30 33 52 44 31 35 0D";
 
-class Replay : public ::testing::Test, public NativeBench {
+class Replay : public ::testing::TestWithParam<testing::StoreUnderTest>, public NativeBench {
   protected:
-    Replay() { Form().CommandCode = 31; }
+    Replay() : NativeBench(kChineseFace, testing::MakeEmptyCatalogue(GetParam())) { Form().CommandCode = 31; }
 
     void Record(const std::string& request, const std::string& reply, const Text& row,
                 const Text& note = u"N", const Text& name = u"仪表甲") {
@@ -70,7 +71,7 @@ class Replay : public ::testing::Test, public NativeBench {
 
 // --- The switch ---
 
-TEST_F(Replay, TickAddsToTheOperationStopsTheSessionAndShowsTheRecordings) {
+TEST_P(Replay, TickAddsToTheOperationStopsTheSessionAndShowsTheRecordings) {
     Press(4);
     TickReplay();
     EXPECT_EQ(Form().CommandCode, 10031);
@@ -82,7 +83,7 @@ TEST_F(Replay, TickAddsToTheOperationStopsTheSessionAndShowsTheRecordings) {
                 ElementsAre("请在 演示数据 表格里，双击选定的仪表名称，然后点击 开始通讯 按钮！"));
 }
 
-TEST_F(Replay, EveryClickSetsTheIntervalTo1000WhichStays) {
+TEST_P(Replay, EveryClickSetsTheIntervalTo1000WhichStays) {
     Form().ConDelayTime.Set(u"97");
     TickReplay();
     EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "1000");
@@ -91,7 +92,7 @@ TEST_F(Replay, EveryClickSetsTheIntervalTo1000WhichStays) {
     EXPECT_EQ(ToUtf8(Form().ConDelayTime.Value()), "1000");
 }
 
-TEST_F(Replay, ClearingTakesItOffTheOperationAndLoadsTheInstrumentsAnew) {
+TEST_P(Replay, ClearingTakesItOffTheOperationAndLoadsTheInstrumentsAnew) {
     TickReplay();
     Form().InstrumentList().Clear();
     TickReplay(false);
@@ -100,7 +101,7 @@ TEST_F(Replay, ClearingTakesItOffTheOperationAndLoadsTheInstrumentsAnew) {
     EXPECT_EQ(Form().Focus.Wanted(), FocusWish::Target::ParameterGrid) << "the address has it for a moment";
 }
 
-TEST_F(Replay, EntryOfTheMenuEndsItInEffectAndLeavesTheTick) {
+TEST_P(Replay, EntryOfTheMenuEndsItInEffectAndLeavesTheTick) {
     TickReplay();
     Happen(*this, [](MainForm& form) { ChooseMenuEntry(form, 1, 1); });
     EXPECT_EQ(Form().CommandCode, 10);
@@ -109,7 +110,7 @@ TEST_F(Replay, EntryOfTheMenuEndsItInEffectAndLeavesTheTick) {
 
 // --- The script ---
 
-TEST_F(Replay, BeginsWithTheSecondExchangeAndWrapsBehindTheLast) {
+TEST_P(Replay, BeginsWithTheSecondExchangeAndWrapsBehindTheLast) {
     RecordThree();
     TickReplay();
     Select();
@@ -129,7 +130,7 @@ TEST_F(Replay, BeginsWithTheSecondExchangeAndWrapsBehindTheLast) {
     EXPECT_FALSE(Form().MSComm1.PortOpen());
 }
 
-TEST_F(Replay, RepliesAreParsedAndCountedAsOnALine) {
+TEST_P(Replay, RepliesAreParsedAndCountedAsOnALine) {
     RecordThree();
     TickReplay();
     Select();
@@ -141,21 +142,21 @@ TEST_F(Replay, RepliesAreParsedAndCountedAsOnALine) {
     EXPECT_GT(Form().SendCount, 3);
 }
 
-TEST_F(Replay, WithoutAScriptTheStartIsError9) {
+TEST_P(Replay, WithoutAScriptTheStartIsError9) {
     TickReplay();
     Press(4);
     line.RunUntil(1000);
     EXPECT_EQ(dialogs.Shown.back().number, 9);
 }
 
-TEST_F(Replay, ScriptIsLoadedInReplayOnly) {
+TEST_P(Replay, ScriptIsLoadedInReplayOnly) {
     RecordThree();
     Select();
     EXPECT_THAT(Form().DemoFrames, IsEmpty());
     EXPECT_EQ(Form().DemoIndex, 1);
 }
 
-TEST_F(Replay, ScriptHasTheExchangesOfItsNoteInOrderDeletedOnesToo) {
+TEST_P(Replay, ScriptHasTheExchangesOfItsNoteInOrderDeletedOnesToo) {
     RecordThree();
     Record(frames::kReadDynamic, "41", u"9", u"OTHER");
     InstrumentCatalogue(*store).DeleteRecording(u"仪表甲", u"N");
@@ -164,7 +165,7 @@ TEST_F(Replay, ScriptHasTheExchangesOfItsNoteInOrderDeletedOnesToo) {
     EXPECT_THAT(Form().DemoRows, ElementsAre(6, 7, 8));
 }
 
-TEST_F(Replay, InstrumentThatIsNotInTheCatalogueIsToldAndNothingIsLoaded) {
+TEST_P(Replay, InstrumentThatIsNotInTheCatalogueIsToldAndNothingIsLoaded) {
     Record(frames::kReadDynamic, frames::kDynamicReply, u"6", u"N", u"别的");
     TickReplay();
     Select(u"别的");
@@ -173,7 +174,7 @@ TEST_F(Replay, InstrumentThatIsNotInTheCatalogueIsToldAndNothingIsLoaded) {
     EXPECT_EQ(ToUtf8(Form().InstrumentName()), "仪表甲");
 }
 
-TEST_F(Replay, DoubleClickOnTheListTakesProtocolInstrumentAndNote) {
+TEST_P(Replay, DoubleClickOnTheListTakesProtocolInstrumentAndNote) {
     RecordThree();
     TickReplay();
     Form().MSHFlexGrid1[2].Select(1, 1);
@@ -182,13 +183,13 @@ TEST_F(Replay, DoubleClickOnTheListTakesProtocolInstrumentAndNote) {
     EXPECT_EQ(ToUtf8(Form().InstrumentName()), "仪表甲");
 }
 
-TEST_F(Replay, FrameWithoutAScriptIsError9) {
+TEST_P(Replay, FrameWithoutAScriptIsError9) {
     EXPECT_EQ(ErrorOf([&] { TakeReplayFrame(Form()); }), 9);
 }
 
 // --- The menu of the list ---
 
-TEST_F(Replay, NewNameIsForEveryNoteOfTheInstrument) {
+TEST_P(Replay, NewNameIsForEveryNoteOfTheInstrument) {
     Record(frames::kReadDynamic, "41", u"6", u"甲");
     Record(frames::kReadDynamic, "42", u"6", u"乙");
     ShowList();
@@ -199,7 +200,7 @@ TEST_F(Replay, NewNameIsForEveryNoteOfTheInstrument) {
     EXPECT_EQ(ToUtf8(dialogs.Shown[0].text), "请输入新的仪表名称");
 }
 
-TEST_F(Replay, NewNoteIsForEveryInstrumentThatHasTheFormerOne) {
+TEST_P(Replay, NewNoteIsForEveryInstrumentThatHasTheFormerOne) {
     Record(frames::kReadDynamic, "41", u"6", u"甲");
     Record(frames::kReadDynamic, "42", u"6", u"甲", u"仪表乙");
     ShowList();
@@ -210,7 +211,7 @@ TEST_F(Replay, NewNoteIsForEveryInstrumentThatHasTheFormerOne) {
     EXPECT_EQ(ToUtf8(dialogs.Shown[0].text), "请输入新的说明");
 }
 
-TEST_F(Replay, EmptyAnswerChangesNothing) {
+TEST_P(Replay, EmptyAnswerChangesNothing) {
     Record(frames::kReadDynamic, "41", u"6", u"甲");
     ShowList();
     dialogs.Answers = {u"", u""};
@@ -219,7 +220,7 @@ TEST_F(Replay, EmptyAnswerChangesNothing) {
     EXPECT_THAT(List(), ElementsAre("仪表甲/甲"));
 }
 
-TEST_F(Replay, DeletingAsksAndMarksTheRows) {
+TEST_P(Replay, DeletingAsksAndMarksTheRows) {
     Record(frames::kReadDynamic, "41", u"6", u"甲");
     Record(frames::kReadDynamic, "42", u"6", u"乙");
     ShowList();
@@ -234,12 +235,15 @@ TEST_F(Replay, DeletingAsksAndMarksTheRows) {
     EXPECT_THAT(InstrumentCatalogue(*store).RecordedInstruments(u"TQ仪表协议").rows, SizeIs(1));
 }
 
-TEST_F(Replay, ListIsReadAnew) {
+TEST_P(Replay, ListIsReadAnew) {
     ShowList();
     Record(frames::kReadDynamic, "41", u"6", u"甲");
     ChooseInMenu(6, 1);
     EXPECT_THAT(List(), ElementsAre("仪表甲/甲"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, Replay, ::testing::ValuesIn(testing::StoresUnderTest()),
+                         testing::kNameOfStore);
 
 }  // namespace
 }  // namespace commtest

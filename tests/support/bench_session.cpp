@@ -9,14 +9,12 @@
 #include "session/events.h"
 #include "session/grid_editing.h"
 #include "session/grid_rows.h"
-#include "support/sqlite_store.h"
 
 namespace commtest::testing {
 
 namespace {
 
-std::unique_ptr<Store> MakeCatalogueWithProtocols() {
-    auto store = MakeEmptyCatalogue();
+std::unique_ptr<Store> WithProtocols(std::unique_ptr<Store> store) {
     int order = 0;
     for (const Protocol& protocol : Protocols().rows) {
         store->AddRow(u"表格_设置", {u"使用", u"列号", u"字段", u"宽度"},
@@ -27,8 +25,8 @@ std::unique_ptr<Store> MakeCatalogueWithProtocols() {
 
 }  // namespace
 
-BenchSession::BenchSession(const Face& face)
-    : store(MakeCatalogueWithProtocols()),
+BenchSession::BenchSession(const Face& face, std::unique_ptr<Store> catalogue)
+    : store(WithProtocols(std::move(catalogue))),
       session_({line, dialogs, line, files, storeCalls, settings, program}, face) {
     MainForm& form = Form();
     dialogs.Time = [this] { return line.Time(); };

@@ -9,16 +9,19 @@
 #include "support/failing_store.h"
 #include "support/fakes.h"
 #include "support/frame_text.h"
+#include "support/sqlite_store.h"
 #include "support/test_parameter.h"
 #include "support/virtual_line.h"
 
 namespace commtest::testing {
 
-// A whole session on a virtual line, over a store in memory: the bench on which core tests, the dialogues and
-// the benchmarks run. Verbs make a test a short story; texts are UTF-8.
+// A whole session on a virtual line, over a catalogue without rows, in memory unless one is given: the bench
+// on which core tests, the dialogues and the benchmarks run. Verbs make a test a short story; texts are
+// UTF-8.
 class BenchSession {
   public:
-    explicit BenchSession(const Face& face = kChineseFace);
+    explicit BenchSession(const Face& face = kChineseFace,
+                          std::unique_ptr<Store> catalogue = MakeEmptyCatalogue());
 
     MainForm& Form() { return session_.Form(); }
     DataTools& Tools() { return session_.Tools(); }

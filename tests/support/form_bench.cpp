@@ -4,8 +4,9 @@
 
 namespace commtest::testing {
 
-FormBench::FormBench(ProtocolTable table, const Face& face)
-    : protocols(std::move(table)),
+FormBench::FormBench(ProtocolTable table, const Face& face, std::unique_ptr<Store> catalogue)
+    : store(std::move(catalogue)),
+      protocols(std::move(table)),
       form({line, dialogs, line, files, *store, settings, program}, protocols, companions, face) {
     dialogs.Time = [this] { return line.Time(); };
     line.Receives = [this] { PortReceives(form); };

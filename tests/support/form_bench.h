@@ -43,14 +43,15 @@ class NotingCompanions : public Companions {
 // choice; no handler of a control is wired. For what a whole session (BenchSession) does not let a test
 // reach.
 struct FormBench {
-    explicit FormBench(ProtocolTable table = Protocols(), const Face& face = kChineseFace);
+    explicit FormBench(ProtocolTable table = Protocols(), const Face& face = kChineseFace,
+                       std::unique_ptr<Store> catalogue = MakeEmptyCatalogue());
 
     VirtualLine line;
     FakeDialogs dialogs;
     FakeProgramFiles files;
     FakeSettings settings;
     FakeProgram program;
-    std::unique_ptr<SqliteStore> store = MakeEmptyCatalogue();
+    std::unique_ptr<Store> store;
     NotingCompanions companions;
     ProtocolTable protocols;
     MainForm form;

@@ -28,7 +28,9 @@ inline const Text kNativeProtocol = u"TQ仪表协议";
 // (RW, one decimal), 3 启动 (a command), 4 小数点 (RW), 5 版本 (R), 6 测量值 and 7 输出值 (D).
 class NativeBench : public BenchSession {
   public:
-    explicit NativeBench(const Face& face = kChineseFace) : BenchSession(face) {
+    explicit NativeBench(const Face& face = kChineseFace,
+                         std::unique_ptr<Store> catalogue = MakeEmptyCatalogue())
+        : BenchSession(face, std::move(catalogue)) {
         Add(u"仪表甲", kNativeProtocol, u"1101",
             {{u"给定值", u"0123", u"2", u"RW", u"0"},
              {u"报警值", u"0125", u"2", u"RW", u"1"},
