@@ -1922,5 +1922,9 @@ Plug in an adapter and open the list again</translation>
         <source>这次改动已经失败</source>
         <translation>This change has failed</translation>
     </message>
+    <message>
+        <source>另一个程序正在改写服务器上的目录，请等它结束后再试</source>
+        <translation>Another program is rewriting the catalogue on the server, please try again when it has ended</translation>
+    </message>
 </context>
 </TS>

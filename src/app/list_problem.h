@@ -12,6 +12,7 @@ struct ListProblem {
     Text message;    // its own; the engine's text where the store failed
     int line = 0;    // of the list, from 1; 0 where none is at fault
     std::optional<UnreadableLine::Reason> unreadable = {};
+    bool isRewrittenElsewhere = false;  // another program has the server's catalogue
 
     // `line` is the last one that was read.
     static ListProblem Of(const RuntimeError& error, int line);

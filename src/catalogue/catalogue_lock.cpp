@@ -2,8 +2,6 @@
 
 #include <optional>
 
-#include "runtime/runtime_error.h"
-
 namespace commtest {
 
 namespace {
@@ -24,10 +22,12 @@ std::optional<Text> LockStatement(StoreEngine engine) {
 
 }  // namespace
 
+RewrittenElsewhere::RewrittenElsewhere()
+    : RuntimeError(OfStore(u"另一个程序正在改写服务器上的目录，请等它结束后再试")) {}
+
 void KeepOthersFromRewriting(Store& store) {
     const std::optional<Text> statement = LockStatement(store.Engine());
-    if (statement && store.Query(*statement).At(0, 0) != u"1")
-        throw RuntimeError::OfStore(u"另一个程序正在改写服务器上的目录，请等它结束后再试");
+    if (statement && store.Query(*statement).At(0, 0) != u"1") throw RewrittenElsewhere();
 }
 
 }  // namespace commtest

@@ -1,5 +1,6 @@
 #include "cli/list_words.h"
 
+#include "catalogue/catalogue_lock.h"
 #include "host_qt/path_problem.h"
 
 namespace commtest {
@@ -54,7 +55,9 @@ QString WordsOnListError(const RuntimeError& error, const QString& file, int lin
         return u"%1 读不出来: %2"_s.arg(file, trouble->Reason());
     }
     const QString place = line > 0 ? u"%1:%2"_s.arg(file).arg(line) : file;
-    return u"%1 %2: %3"_s.arg(QString::fromStdU16String(error.StandardMessage()), place, WhatToDo(error));
+    const QString what = QString::fromStdU16String(error.StandardMessage());
+    if (dynamic_cast<const RewrittenElsewhere*>(&error) != nullptr) return u"%1 %2"_s.arg(what, file);
+    return u"%1 %2: %3"_s.arg(what, place, WhatToDo(error));
 }
 
 }  // namespace commtest

@@ -24,6 +24,7 @@ QString ReasonOf(const ListProblem& problem) {
         const Kind kind = KindOf(*problem.unreadable);
         return WordsOn(ListFinding{.kind = kind}) + Words::tr("。") + RemedyOf(kind);
     }
+    if (problem.isRewrittenElsewhere) return Words::tr("另一个程序正在改写服务器上的目录，请等它结束后再试");
     switch (problem.number) {
         case RuntimeError::kPastEndOfFile:
             return Words::tr("文件在一台仪表中结束。") + RemedyOf(Kind::EndsInsideBlock);

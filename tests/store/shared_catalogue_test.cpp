@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 
 #include "catalogue/catalogue_backup.h"
+#include "catalogue/catalogue_lock.h"
 #include "catalogue/catalogue_schema.h"
 #include "catalogue/parameter_list_import.h"
 #include "catalogue/shipped_catalogue.h"
@@ -66,7 +67,7 @@ TEST_F(SharedCatalogue, SecondImportIsRefusedAtOnceUntilTheFirstHasEnded) {
         try {
             const ParameterListImport second(other, List());
             ADD_FAILURE() << "not refused";
-        } catch (const RuntimeError& error) {
+        } catch (const RewrittenElsewhere& error) {
             EXPECT_EQ(ToUtf8(error.Message()), "另一个程序正在改写服务器上的目录，请等它结束后再试");
         }
         EXPECT_FALSE(Instruments().empty()) << "who was refused goes on";

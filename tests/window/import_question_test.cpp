@@ -1,6 +1,9 @@
 #include "window/import_question.h"
 
+#include "catalogue/catalogue_lock.h"
 #include "window/list_window_bench.h"
+#include "window/list_words.h"
+#include "window/spoken_words.h"
 
 namespace commtest::testing {
 namespace {
@@ -136,6 +139,17 @@ TEST_F(HopelessListTest, CatalogueThatIsNotOpen) {
     Put("TQ.ini", ListOf(1));
     Form().outside.store.Close();
     EXPECT_EQ(Told(), "TQ.ini：数据库没有打开。请结束正在使用目录的其他程序，检查磁盘空间和权限");
+}
+
+// Of a server; whoever rewrites it has to end first, and nothing else helps.
+TEST(WordsOnListProblem, CatalogueThatAnotherProgramIsRewriting) {
+    const ListProblem problem = ListProblem::Of(RewrittenElsewhere(), 0);
+    EXPECT_EQ(WordsOn(problem, "TQ.ini").toStdString(),
+              "TQ.ini：另一个程序正在改写服务器上的目录，请等它结束后再试");
+    const SpokenWords words{*FindFace(u"english")};
+    EXPECT_EQ(WordsOn(problem, "TQ.ini").toStdString(),
+              "TQ.ini: Another program is rewriting the catalogue on the server, please try again when it "
+              "has ended");
 }
 
 }  // namespace
