@@ -1926,5 +1926,21 @@ Plug in an adapter and open the list again</translation>
         <source>另一个程序正在改写服务器上的目录，请等它结束后再试</source>
         <translation>Another program is rewriting the catalogue on the server, please try again when it has ended</translation>
     </message>
+    <message>
+        <source>目录的表结构已升级，升级前的目录存为 %1</source>
+        <translation>The tables of the catalogue have been brought up to date, the former catalogue is kept as %1</translation>
+    </message>
+    <message>
+        <source>目录的表结构没有升级，照旧使用：%1</source>
+        <translation>The tables of the catalogue have not been brought up to date, it is used as it is: %1</translation>
+    </message>
+    <message>
+        <source>目录是较新的程序建立的，本程序只读取它，不改写。需要采集或导入时请升级程序</source>
+        <translation>The catalogue was made by a newer program, this one reads it and does not write it. Please upgrade the program to capture or import</translation>
+    </message>
+    <message>
+        <source>目录是较新的程序建立的，本程序只能读取它，请升级程序</source>
+        <translation>The catalogue was made by a newer program, this one can only read it, please upgrade the program</translation>
+    </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "app/list_problem.h"
 
 #include "catalogue/catalogue_lock.h"
+#include "catalogue/catalogue_schema.h"
 
 namespace commtest {
 
@@ -8,8 +9,11 @@ ListProblem ListProblem::Of(const RuntimeError& error, int line) {
     if (const auto* const unreadable = dynamic_cast<const UnreadableLine*>(&error)) {
         return {error.Number(), error.Message(), unreadable->Line(), unreadable->Why()};
     }
-    const bool isRewritten = dynamic_cast<const RewrittenElsewhere*>(&error) != nullptr;
-    return {error.Number(), error.Message(), line, {}, isRewritten};
+    return {.number = error.Number(),
+            .message = error.Message(),
+            .line = line,
+            .isRewrittenElsewhere = dynamic_cast<const RewrittenElsewhere*>(&error) != nullptr,
+            .isOfNewerCatalogue = dynamic_cast<const NewerCatalogue*>(&error) != nullptr};
 }
 
 }  // namespace commtest

@@ -13,6 +13,7 @@ struct ListProblem {
     int line = 0;    // of the list, from 1; 0 where none is at fault
     std::optional<UnreadableLine::Reason> unreadable = {};
     bool isRewrittenElsewhere = false;  // another program has the server's catalogue
+    bool isOfNewerCatalogue = false;    // which this program only reads
 
     // `line` is the last one that was read.
     static ListProblem Of(const RuntimeError& error, int line);

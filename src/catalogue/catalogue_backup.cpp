@@ -119,7 +119,7 @@ void RestoreCatalogue(Store& store, const ProgramFiles& files, const Text& copy)
     const auto from = store.Another();
     from->Open({StoreAddress::Kind::LocalFile, files.PathOf(copy), CatalogueTables()});
     const PatienceScope patience(store, Patience::Unlimited);
-    MakeMissingIndexes(store);
+    BeginWriting(store);
     store.BeginTransaction();
     try {
         KeepOthersFromRewriting(store);

@@ -1,5 +1,6 @@
 #include "catalogue/catalogue_facts.h"
 
+#include "catalogue/schema_version.h"
 #include "runtime/number.h"
 
 namespace commtest {
@@ -29,9 +30,11 @@ FactStatements StatementsFor(StoreEngine engine) {
 
 CatalogueFacts FactsOf(Store& store) {
     const FactStatements statements = StatementsFor(store.Engine());
-    return {store.Engine(), store.Query(statements.version).At(0, 0),
-            static_cast<std::int64_t>(ToNumber(store.Query(statements.bytes).At(0, 0))),
-            SizesOfTables(store)};
+    return {.engine = store.Engine(),
+            .version = store.Query(statements.version).At(0, 0),
+            .schema = SchemaVersionOf(store),
+            .bytes = static_cast<std::int64_t>(ToNumber(store.Query(statements.bytes).At(0, 0))),
+            .tables = SizesOfTables(store)};
 }
 
 }  // namespace commtest

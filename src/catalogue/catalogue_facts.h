@@ -10,6 +10,7 @@ namespace commtest {
 struct CatalogueFacts {
     StoreEngine engine = StoreEngine::Sqlite;
     Text version;            // of the engine
+    int schema = 1;          // the version of the tables
     std::int64_t bytes = 0;  // of the file, or of the server's database
     std::vector<TableSize> tables;
 };

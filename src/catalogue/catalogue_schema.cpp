@@ -116,6 +116,9 @@ bool HandsOutKeys(const Text& table) { return table == u"仪表_芯片" || table
 
 }  // namespace
 
+NewerCatalogue::NewerCatalogue()
+    : RuntimeError(OfStore(u"目录是较新的程序建立的，本程序只能读取它，请升级程序")) {}
+
 const std::vector<Text>& CatalogueTables() {
     static const std::vector<Text> tables = {u"仪表_类别", u"仪表_名称", u"仪表_参数", u"仪表_芯片",
                                              u"表格_设置", u"字符_替换", u"通讯_仿真", Text(kParameterView)};
@@ -126,6 +129,7 @@ void CreateCatalogueTables(Store& store) {
     for (const Text& table : TablesOf(store.Engine())) store.Execute(table);
     store.Execute(ViewOf(store.Engine()));
     for (const Text& index : Indexes(store.Engine())) store.Execute(u"CREATE INDEX " + index);
+    NoteSchemaVersion(store);
 }
 
 bool HasEnglishSettings(Store& store) {
@@ -188,6 +192,11 @@ void MakeMissingIndexes(Store& store) {
         PassOverRefusal(
             [&] { store.Execute((isLocal ? u"CREATE INDEX IF NOT EXISTS " : u"CREATE INDEX ") + index); });
     }
+}
+
+void BeginWriting(Store& store) {
+    if (SchemaVersionOf(store) > kSchemaVersion) throw NewerCatalogue();
+    MakeMissingIndexes(store);
 }
 
 }  // namespace commtest

@@ -3,11 +3,16 @@
 #include <optional>
 #include <vector>
 
+#include "catalogue/schema_version.h"
 #include "host/store.h"
 
 namespace commtest {
 
-inline constexpr TextView kParameterView = u"仪表参数";
+// The catalogue was made, or brought up, by a newer program. It is read, and not written.
+class NewerCatalogue : public RuntimeError {
+  public:
+    NewerCatalogue();
+};
 
 // What a store must hold to be taken for a catalogue: seven tables and the view 仪表参数. The settings table
 // of the English face may be missing.
@@ -45,7 +50,11 @@ class OwnKeys {
 };
 
 // Makes the indexes that an older catalogue lacks; what the store does not allow is passed over. Not within a
-// transaction. Who begins to write calls it.
+// transaction.
 void MakeMissingIndexes(Store& store);
+
+// Who begins to write calls it, not within a transaction: raises NewerCatalogue, and makes the indexes that
+// are missing.
+void BeginWriting(Store& store);
 
 }  // namespace commtest

@@ -75,7 +75,7 @@ ParameterListImport::ParameterListImport(Store& store, std::unique_ptr<ByteReade
                                          const Switches& switches)
     : store_(store), catalogue_(store), lines_(std::move(list)), switches_(switches) {
     const PatienceScope patience(store_, Patience::Unlimited);
-    MakeMissingIndexes(store_);
+    BeginWriting(store_);
     store_.BeginTransaction();
     try {
         KeepOthersFromRewriting(store_);

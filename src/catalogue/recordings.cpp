@@ -60,7 +60,7 @@ std::vector<RecordedExchange> Recordings::Exchanges(const Text& instrument, cons
 
 void Recordings::Add(const std::vector<RecordedExchange>& exchanges) {
     const PatienceScope patience(store_, Patience::Unlimited);
-    MakeMissingIndexes(store_);
+    BeginWriting(store_);
     store_.BeginTransaction();
     try {
         for (const RecordedExchange& one : exchanges) {

@@ -51,6 +51,7 @@ std::vector<TableSize> CopyAll(Store& from, Store& to, const std::vector<Text>& 
     const PatienceScope patienceTo(to, Patience::Unlimited);
     std::vector<TableSize> copied;
     const std::vector<Text> tables = TablesOf(from);
+    if (!there.empty() && SchemaVersionOf(to) > kSchemaVersion) throw NewerCatalogue();
     BeginReading(from);
     try {
         to.BeginTransaction();

@@ -5,13 +5,16 @@
 #include <set>
 
 #include "catalogue/catalogue_connection.h"
+#include "catalogue/catalogue_upgrade.h"
 #include "catalogue/instrument_catalogue.h"
+#include "catalogue/schema_version.h"
 #include "catalogue/shipped_catalogue.h"
 #include "cli/suggestion.h"
 #include "host/file_names.h"
 #include "host_qt/older_catalogue.h"
 #include "host_qt/path_problem.h"
 #include "host_qt/program_folder.h"
+#include "host_qt/system_clock.h"
 
 namespace commtest {
 
@@ -40,6 +43,17 @@ void RefuseOlderCatalogue(const QString& file, Console& console) {
         ExitStatus::NoAccess,
         u"请用 Debian 的 mdbtools 把其中的表写成文件 (mdb-tables 列出表，mdb-export 数据库 表 > 表.csv)，"
         u"再用 commtest-cli catalogue load 新文件夹 --tables 表的文件夹 建立目录"_s);
+}
+
+QString WordsOnNewer(int version) {
+    return u"目录是较新的程序建立的 (表结构第 %1 版，本程序到第 %2 版)"_s.arg(version).arg(kSchemaVersion);
+}
+
+void TellIfNewer(Store& store, Console& console) {
+    const int version = SchemaVersionOf(store);
+    if (version <= kSchemaVersion) return;
+    KeepFromWriting(store);
+    console.Tell(WordsOnNewer(version) + u"，只读取它，不改写"_s);
 }
 
 }  // namespace
@@ -90,6 +104,7 @@ CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const Ca
     if (place.isServer) {
         try {
             store.Open(ServerCatalogue(files, place.settings));
+            TellIfNewer(store, console);
             return place;
         } catch (const RuntimeError& error) {
             const Problem problem = ServerProblem(files, place, error);
@@ -106,9 +121,27 @@ void OpenLocalCatalogue(const ProgramFiles& files, Store& store, Console& consol
     RefuseOlderCatalogue(QString::fromStdU16String(address.location), console);
     try {
         store.Open(address);
+        TellIfNewer(store, console);
     } catch (const RuntimeError& error) {
         throw Problem(ExitStatus::NoAccess, QString::fromStdU16String(error.StandardMessage()) +
                                                 WhatToDo(error, QString::fromStdU16String(address.location)));
+    }
+}
+
+void PrepareForWriting(Store& store, ProgramFiles& files, Console& console, const Text& spared) {
+    const int version = SchemaVersionOf(store);
+    if (version > kSchemaVersion)
+        throw Problem(ExitStatus::NoAccess, WordsOnNewer(version) + u"，没有改动。请升级程序"_s);
+    if (version == kSchemaVersion) return;
+    try {
+        const Text copy = UpgradeCatalogue(store, files, SystemClock().Now(), spared);
+        console.Tell(u"目录的表结构已由第 %1 版升级到第 %2 版，升级前的目录存为 %3"_s.arg(version)
+                         .arg(kSchemaVersion)
+                         .arg(QString::fromStdU16String(copy)));
+    } catch (const RuntimeError& error) {
+        console.Tell(u"%1 目录的表结构没有升级，照第 %2 版使用"_s
+                         .arg(QString::fromStdU16String(error.StandardMessage()).simplified())
+                         .arg(version));
     }
 }
 

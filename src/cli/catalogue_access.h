@@ -34,10 +34,15 @@ CataloguePlace CataloguePlaceOf(const Arguments& arguments, CatalogueUse use);
 CataloguePlace ServerPlaceOf(const Arguments& arguments, CatalogueUse use);
 
 // Opens the catalogue; a Problem if that fails, also if another program holds it. Where a server does not
-// give it to who only reads, the local file takes its place, and the user is told why. The place of the one
-// that is open.
+// give it to who only reads, the local file takes its place, and the user is told why. One of a newer version
+// is told and only read. The place of the one that is open.
 CataloguePlace OpenCatalogueOf(const ProgramFiles& files, Store& store, const CataloguePlace& place,
                                Console& console);
+
+// For who will write the open catalogue: one of an older version is brought up behind a copy in the folder,
+// or, where that is not allowed, used as it is, and the user is told; `spared` is a copy that is wanted yet.
+// A Problem for one of a newer version.
+void PrepareForWriting(Store& store, ProgramFiles& files, Console& console, const Text& spared = {});
 
 // The local file of the folder; of one in the older desktop format the user is told how to bring it over.
 void OpenLocalCatalogue(const ProgramFiles& files, Store& store, Console& console);

@@ -176,6 +176,7 @@ ExitStatus Import(const Arguments& arguments, Console& console) {
     BeforeAnyChange([&] {
         list.Open();
         OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
+        PrepareForWriting(store, files, console);
         if (!arguments.Has(kYesOption.name)) Ask(list, store, console);
     });
     Report report(format, console);

@@ -25,6 +25,7 @@ std::string Json(const CatalogueFacts& facts) {
     json.BeginObject();
     json.PutNumber(u"bytes", facts.bytes);
     json.PutText(u"engine", NameOf(facts.engine));
+    json.PutNumber(u"schema", facts.schema);
     json.PutKey(u"tables");
     json.BeginArray();
     for (const TableSize& size : facts.tables) {
@@ -40,9 +41,9 @@ std::string Json(const CatalogueFacts& facts) {
 }
 
 QString Lines(const CatalogueFacts& facts) {
-    QString lines = u"数据库 %1 %2，%3 字节\n"_s.arg(QStringView(NameOf(facts.engine)),
-                                                     QString::fromStdU16String(facts.version),
-                                                     QString::number(facts.bytes));
+    QString lines = u"数据库 %1 %2，%3 字节，表结构第 %4 版\n"_s.arg(
+        QStringView(NameOf(facts.engine)), QString::fromStdU16String(facts.version),
+        QString::number(facts.bytes), QString::number(facts.schema));
     for (const TableSize& size : facts.tables)
         lines += u"%1 %2 行\n"_s.arg(QString::fromStdU16String(size.table)).arg(size.rows);
     return lines;

@@ -92,6 +92,7 @@ ExitStatus Restore(const Arguments& arguments, Console& console) {
     CatalogueStore store;
     BeforeAnyChange([&] {
         OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
+        PrepareForWriting(store, files, console, copy);
         const CatalogueSize size = SizeOfCopy(files, copy);
         if (!arguments.Has(kYesOption.name)) Ask(copy, size, store, console);
         const Text backup = CopyCatalogue(store, files, copy);

@@ -22,6 +22,7 @@ LineSession::LineSession(const LineOptions& options, Console& console)
       session_({traced_, dialogs_, clock_, files_, store_, settings_, program_},
                {*options.words, kChineseFace.settingsTable, kChineseFace.switches}) {
     OpenCatalogueOf(files_, store_, options.catalogue, console);
+    if (options.catalogue.use == CatalogueUse::Writing) PrepareForWriting(store_, files_, console);
     ChooseInstrument(Form(), options);
     ShowStoredPortSettings(Form(), options.settings + u" " + options.port);
     WireEvents();

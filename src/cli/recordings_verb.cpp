@@ -173,8 +173,9 @@ ExitStatus RunRecordings(const Arguments& arguments, Console& console) {
     const QStringList words = arguments.Positional(takesFile ? 2 : 1, u"文件");
     RequireUsage(action, arguments);
     CatalogueStore store;
-    OpenCatalogueOf(FolderFiles(ProgramFolderOf(arguments, console)), store,
-                    CataloguePlaceOf(arguments, UseOf(action)), console);
+    FolderFiles files(ProgramFolderOf(arguments, console));
+    OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, UseOf(action)), console);
+    if (UseOf(action) == CatalogueUse::Writing) PrepareForWriting(store, files, console);
     Recordings recordings(store);
     return RunAction(words, arguments, recordings, console);
 }

@@ -46,7 +46,7 @@ RecordedExchange ExchangeOf(const MainForm& form) {
 void AddPair(MainForm& form) {
     Store& store = form.outside.store;
     const PatienceScope patience(store, Patience::Capture);
-    if (form.CapturedCount == 0) MakeMissingIndexes(store);
+    if (form.CapturedCount == 0) BeginWriting(store);
     InstrumentCatalogue(store).AddRecordedExchange(ExchangeOf(form));
 }
 

@@ -25,6 +25,7 @@ QString ReasonOf(const ListProblem& problem) {
         return WordsOn(ListFinding{.kind = kind}) + Words::tr("。") + RemedyOf(kind);
     }
     if (problem.isRewrittenElsewhere) return Words::tr("另一个程序正在改写服务器上的目录，请等它结束后再试");
+    if (problem.isOfNewerCatalogue) return Words::tr("目录是较新的程序建立的，本程序只能读取它，请升级程序");
     switch (problem.number) {
         case RuntimeError::kPastEndOfFile:
             return Words::tr("文件在一台仪表中结束。") + RemedyOf(Kind::EndsInsideBlock);

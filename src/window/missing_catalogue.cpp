@@ -14,6 +14,7 @@
 #include "host_qt/words.h"
 #include "runtime/runtime_error.h"
 #include "window/catalogue_box.h"
+#include "window/catalogue_version.h"
 #include "window/empty_state.h"
 #include "window/grid_view.h"
 #include "window/kept_picture.h"
@@ -66,6 +67,8 @@ void MissingCatalogue::ShowIn(MainWindow& window, const Theme& theme) {
         window.LeftSide().ShowFormerChoice(settings_.value(kProtocolKey).toString(),
                                            settings_.value(kInstrumentKey).toString());
         QTimer::singleShot(0, this, &MissingCatalogue::Ask);
+    } else {
+        QTimer::singleShot(0, this, [this] { SettleCatalogueVersion(form_, window_->Notes()); });
     }
 }
 
@@ -154,6 +157,7 @@ QString MissingCatalogue::TryToOpen() {
     window_->Views().Event([&] {
         try {
             OpenCatalogueBehindStart(form_);
+            SettleCatalogueVersion(form_, window_->Notes());
         } catch (const RuntimeError& error) {
             problem = QString::fromStdU16String(error.Message());
         }

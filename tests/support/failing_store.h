@@ -7,8 +7,9 @@
 
 namespace commtest::testing {
 
-// The calls with which who begins to write makes missing indexes; it does without one that fails.
-inline constexpr int kIndexCalls = 9;
+// The calls with which who begins to write asks for the version and makes missing indexes; it does without an
+// index that fails.
+inline constexpr int kIndexCalls = 10;
 
 // A store over another one, of whose calls one fails with the text "call N failed" and without reaching it.
 // Counted are opening, every statement, every row of a cursor, begin and commit, also those of the stores
