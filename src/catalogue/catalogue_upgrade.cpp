@@ -8,20 +8,31 @@
 
 namespace commtest {
 
-Text UpgradeCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared) {
-    const PatienceScope patience(store, Patience::Unlimited);
+namespace {
+
+// In a transaction that is kept or, asked only for the right, taken back.
+void BringUp(Store& store, bool isKept) {
     const bool hasEnglishSettings = HasEnglishSettings(store);
-    const Text copy = BackUpCatalogue(store, files, now, spared);
     store.BeginTransaction();
     try {
         KeepOthersFromRewriting(store);
         if (!hasEnglishSettings) CreateEnglishSettings(store);
         NoteSchemaVersion(store);
-        store.Commit();
+        if (isKept) store.Commit();
     } catch (...) {
         PassOverError([&] { store.Rollback(); });
         throw;
     }
+    if (!isKept) store.Rollback();
+}
+
+}  // namespace
+
+Text UpgradeCatalogue(Store& store, ProgramFiles& files, const DateTime& now, const Text& spared) {
+    const PatienceScope patience(store, Patience::Unlimited);
+    BringUp(store, false);  // who may not makes no copy either
+    const Text copy = BackUpCatalogue(store, files, now, spared);
+    BringUp(store, true);
     MakeMissingIndexes(store);
     return copy;
 }

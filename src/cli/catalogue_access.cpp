@@ -45,15 +45,13 @@ void RefuseOlderCatalogue(const QString& file, Console& console) {
         u"再用 commtest-cli catalogue load 新文件夹 --tables 表的文件夹 建立目录"_s);
 }
 
-QString WordsOnNewer(int version) {
-    return u"目录是较新的程序建立的 (表结构第 %1 版，本程序到第 %2 版)"_s.arg(version).arg(kSchemaVersion);
-}
-
 void TellIfNewer(Store& store, Console& console) {
     const int version = SchemaVersionOf(store);
     if (version <= kSchemaVersion) return;
     KeepFromWriting(store);
-    console.Tell(WordsOnNewer(version) + u"，只读取它，不改写"_s);
+    console.Tell(
+        u"目录是较新的程序建立的 (表结构第 %1 版，本程序到第 %2 版)，只读取它，不改写"_s.arg(version).arg(
+            kSchemaVersion));
 }
 
 }  // namespace
@@ -131,7 +129,7 @@ void OpenLocalCatalogue(const ProgramFiles& files, Store& store, Console& consol
 void PrepareForWriting(Store& store, ProgramFiles& files, Console& console, const Text& spared) {
     const int version = SchemaVersionOf(store);
     if (version > kSchemaVersion)
-        throw Problem(ExitStatus::NoAccess, WordsOnNewer(version) + u"，没有改动。请升级程序"_s);
+        throw Problem(ExitStatus::NoAccess, u"目录是较新的程序建立的，没有改动。请升级程序"_s);
     if (version == kSchemaVersion) return;
     try {
         const Text copy = UpgradeCatalogue(store, files, SystemClock().Now(), spared);

@@ -169,12 +169,12 @@ bool WriteListBehind(Store& store, FolderFiles& files, Report& report, ListProgr
 ExitStatus Import(const Arguments& arguments, Console& console) {
     const auto named = arguments.OnePositionalAtMost();
     const Format format = ReportFormatOf(arguments);
-    RequireConsent(arguments, console);
     FolderFiles files(ProgramFolderOf(arguments, console));
     const ListSource list(files, named, kListFileName);
     CatalogueStore store;
+    BeforeAnyChange([&] { list.Open(); });
+    RequireConsent(arguments, console);
     BeforeAnyChange([&] {
-        list.Open();
         OpenCatalogueOf(files, store, CataloguePlaceOf(arguments, CatalogueUse::Writing), console);
         PrepareForWriting(store, files, console);
         if (!arguments.Has(kYesOption.name)) Ask(list, store, console);

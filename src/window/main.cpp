@@ -87,12 +87,14 @@ commtest::WindowOptions OptionsOf(const QCoreApplication& application) {
     return options;
 }
 
-// What is asked about the program is answered without a display.
+// What is asked about the program is answered, and a face that there is not refused, without a display.
 void AnswerQuestions(int argc, char* argv[]) {
     QCommandLineParser parser;
     AddOptions(parser);
     parser.parse(ArgumentsOf(argc, argv));
-    if (!parser.isSet(u"help"_s) && !parser.isSet(u"help-all"_s) && !parser.isSet(u"version"_s)) return;
+    const bool asks = parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s) || parser.isSet(u"version"_s);
+    const bool isUnknown = parser.isSet(u"face"_s) && commtest::FindFace(parser.value(u"face"_s)) == nullptr;
+    if (!asks && !isUnknown) return;
     const QCoreApplication application(argc, argv);
     NameProgram();
     if (parser.isSet(u"version"_s)) {
@@ -100,6 +102,7 @@ void AnswerQuestions(int argc, char* argv[]) {
         std::exit(0);
     }
     const commtest::SpokenWords words(FaceIn(ArgumentsOf(argc, argv)));
+    if (!asks) NamedFaceOf(parser);
     OptionsOf(application);
 }
 

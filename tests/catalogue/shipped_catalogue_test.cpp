@@ -357,7 +357,7 @@ TEST_F(CatalogueFilesTest, WhicheverStatementFailsTheStoreIsAsItWas) {
             EXPECT_TRUE(store.Query(u"SELECT * From sqlite_master").rows.empty()) << failures;
         }
     }
-    EXPECT_EQ(failures - 1, 1 + 8 + 1 + 9 + 11 + 1);  // begin, tables, view, indexes, rows, commit
+    EXPECT_EQ(failures - 1, 1 + 8 + 1 + 9 + 1 + 11 + 1);  // begin, tables, view, indexes, rows, commit
 }
 
 }  // namespace

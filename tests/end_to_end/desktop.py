@@ -71,9 +71,6 @@ class Desktop:
         """The window that has the focus of the window manager; empty if there is none."""
         return self._output("xdotool", "getactivewindow").strip()
 
-    def title(self, window):
-        return self._output("xdotool", "getwindowname", window).strip()
-
     def fill(self, window):
         """Lets the window fill the screen, without a frame."""
         self.do("windowmove", "--sync", window, 0, 0)

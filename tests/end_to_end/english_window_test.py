@@ -1,5 +1,6 @@
 """The program with its window under the English face: a user polls an instrument and reads the record."""
 
+import os
 import subprocess
 import unittest
 
@@ -47,6 +48,11 @@ class EnglishWindowTest(WindowCase):
     def test_help_is_in_the_language_of_the_face(self):
         text = subprocess.run([WINDOW, "--face", "english", "--help"], capture_output=True, text=True, check=True).stdout
         self.assertIn("The face, by default the one chosen last.", text)
+
+    def test_face_that_there_is_not_is_refused_without_a_display(self):
+        without = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "QT_QPA_PLATFORM")}
+        run = subprocess.run([WINDOW, "--face", "latin"], capture_output=True, text=True, check=False, env=without)
+        self.assertEqual((run.returncode, run.stderr), (2, "--face 须是 chinese 或 english\n"))
 
 
 if __name__ == "__main__":
