@@ -1922,5 +1922,29 @@ Plug in an adapter and open the list again</translation>
         <source>这次改动已经失败</source>
         <translation>This change has failed</translation>
     </message>
+    <message>
+        <source>使用指南</source>
+        <translation>Guide</translation>
+    </message>
+    <message>
+        <source>返回</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>前进</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
+        <source>首页</source>
+        <translation>Contents</translation>
+    </message>
+    <message>
+        <source>查找</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>没有找到</source>
+        <translation>Not found</translation>
+    </message>
 </context>
 </TS>
