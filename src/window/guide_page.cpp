@@ -46,6 +46,12 @@ int LettersOf(const QStringList& pieces) {
     });
 }
 
+// A Chinese page has curly marks for other things.
+QRegularExpression QuotationsOf(const QString& source) {
+    const bool isChinese = source.contains(u'「');
+    return QRegularExpression(isChinese ? u"「([^」]*)」"_s : u"“((?:[^“”]|“[^“”]*”)*)”"_s);
+}
+
 // How many letters of what was said are quoted; 0 if something else is.
 int LettersQuoted(const QString& quotation, const QString& said) {
     const QStringList pieces = Plain(quotation).split(u'…', Qt::SkipEmptyParts);
@@ -87,14 +93,14 @@ GuidePage GuidePageOf(const QString& source) {
 }
 
 QString AnchorAbout(const QString& source, const QString& said) {
-    static const QRegularExpression kQuotation(u"[「“]([^」”]*)[」”]"_s);
+    const QRegularExpression quotation = QuotationsOf(source);
     const QString words = Plain(said);
     QString found;
     int most = 0;
     QString anchor;
     QString part;
     const auto judge = [&] {
-        for (auto match = kQuotation.globalMatch(part); match.hasNext();) {
+        for (auto match = quotation.globalMatch(part); match.hasNext();) {
             const int letters = LettersQuoted(match.next().captured(1), words);
             if (letters <= most || anchor.isEmpty()) continue;
             most = letters;

@@ -21,6 +21,7 @@ constexpr int kBehindItem = 4;
 constexpr int kAboveHeading = 16;
 constexpr int kTitleSize = 18;
 constexpr int kHeadingSize = 15;
+constexpr int kEntrySize = 13;
 constexpr int kCellPadding = 4;
 constexpr int kCodeIndent = 12;
 
@@ -50,6 +51,11 @@ bool AreOneCode(const QTextBlock& block, const QTextBlock& next) {
         return each.blockFormat().stringProperty(QTextFormat::BlockCodeLanguage);
     };
     return IsCode(block) && IsCode(next) && languageOf(block) == languageOf(next);
+}
+
+int SizeOfHeading(int level) {
+    if (level == 1) return kTitleSize;
+    return level == 2 ? kHeadingSize : kEntrySize;
 }
 
 QTextCursor CursorOver(QTextBlock& block) {
@@ -113,9 +119,12 @@ QVariant GuideView::loadResource(int type, const QUrl& name) {
 
 void GuideView::TakePage(const QUrl& page) {
     if (std::exchange(isFresh_, false)) {
+        QTextCursor all(document());
+        all.beginEditBlock();  // laid out once, behind all of it
         NameHeadings();
         DressBlocks();
         DressTables();
+        all.endEditBlock();
         moveCursor(QTextCursor::Start);
     }
     if (page.hasFragment()) scrollToAnchor(page.fragment());
@@ -152,8 +161,7 @@ void GuideView::DressBlocks() {
 void GuideView::DressHeading(QTextBlock& block) const {
     QTextCharFormat letters = block.begin().fragment().charFormat();
     letters.clearProperty(QTextFormat::FontSizeAdjustment);
-    letters.setProperty(QTextFormat::FontPixelSize,
-                        block.blockFormat().headingLevel() == 1 ? kTitleSize : kHeadingSize);
+    letters.setProperty(QTextFormat::FontPixelSize, SizeOfHeading(block.blockFormat().headingLevel()));
     letters.setForeground(theme_.Now().text);
     CursorOver(block).setCharFormat(letters);
 }

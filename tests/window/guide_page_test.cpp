@@ -6,9 +6,12 @@ namespace commtest::testing {
 namespace {
 
 const QString kMessages =
-    "# Messages\n\n<a name=\"gone\"></a>\n## “… is gone”\n\nPlug it in, press “Continue”.\n\n"
-    "<a name=\"gone-for-good\"></a>\n## “COM… is gone for good. Please\nbuy one”\n\n"
-    "<a name=\"other\"></a>\n## 「没有端口」\n\n「是」\n";
+    "# Messages\n\n<a name=\"gone\"></a>\n\n### “… is gone”\n\nPlug it in, press “Continue”.\n\n"
+    "<a name=\"gone-for-good\"></a>\n\n### “COM… is gone for good. Please\nbuy one”\n\n"
+    "<a name=\"fits\"></a>\n\n### “No port fits “…””\n";
+const QString kChinese =
+    "# 提示\n\n<a name=\"port\"></a>\n\n### 「没有“…”端口」\n\n请按「是」。\n\n"
+    "<a name=\"other\"></a>\n\n### 「没有设备」\n\n不是“没有名为的端口”。\n";
 
 TEST(GuidePageOf, AnchorNamesTheHeadingBehindIt) {
     const GuidePage page =
@@ -49,10 +52,16 @@ TEST(AnchorAbout, PiecesOfAQuotationStandInTheirOrder) {
 }
 
 TEST(AnchorAbout, QuotationIsFoundInWhatIsSaidAroundIt) {
-    EXPECT_EQ(AnchorAbout(kMessages, "出错：没有端口，请检查").toStdString(), "other");
+    EXPECT_EQ(AnchorAbout(kChinese, "出错：没有设备，请检查").toStdString(), "other");
 }
 
-TEST(AnchorAbout, FewLettersTellNothing) { EXPECT_EQ(AnchorAbout(kMessages, "是").toStdString(), ""); }
+TEST(AnchorAbout, QuotationMayHoldCurlyMarks) {
+    EXPECT_EQ(AnchorAbout(kMessages, "No port fits “COM9”").toStdString(), "fits");
+    EXPECT_EQ(AnchorAbout(kChinese, "没有“串口”端口").toStdString(), "port");
+    EXPECT_EQ(AnchorAbout(kChinese, "没有名为的端口").toStdString(), "");
+}
+
+TEST(AnchorAbout, FewLettersTellNothing) { EXPECT_EQ(AnchorAbout(kChinese, "是").toStdString(), ""); }
 
 TEST(AnchorAbout, WhatNoPartQuotesHasNoAnchor) {
     EXPECT_EQ(AnchorAbout(kMessages, "COM7 is going").toStdString(), "");
