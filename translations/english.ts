@@ -1939,6 +1939,30 @@ Plug in an adapter and open the list again</translation>
         <translation>The catalogue was made by a newer program, this one reads it and does not write it. Please upgrade the program to capture or import</translation>
     </message>
     <message>
+        <source>使用指南</source>
+        <translation>Guide</translation>
+    </message>
+    <message>
+        <source>返回</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>前进</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
+        <source>首页</source>
+        <translation>Contents</translation>
+    </message>
+    <message>
+        <source>查找</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>没有找到</source>
+        <translation>Not found</translation>
+    </message>
+    <message>
         <source>目录是较新的程序建立的，本程序只能读取它，请升级程序</source>
         <translation>The catalogue was made by a newer program, this one can only read it, please upgrade the program</translation>
     </message>

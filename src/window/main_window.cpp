@@ -28,7 +28,7 @@
 #include "window/first_steps.h"
 #include "window/follow_tick.h"
 #include "window/grid_view.h"
-#include "window/help_view.h"
+#include "window/guide_key.h"
 #include "window/hit_list.h"
 #include "window/late_view.h"
 #include "window/list_work.h"
@@ -44,6 +44,7 @@
 #include "window/stop_line.h"
 #include "window/tab_row.h"
 #include "window/tool_bar.h"
+#include "window/window_face.h"
 #include "window/work_band.h"
 
 namespace commtest {
@@ -110,6 +111,8 @@ MainWindow::MainWindow(MainForm& form, Theme& theme, QSettings& settings)
                            {pages_->widget(kCatalogueTab), pages_->widget(kRecordingsTab)},
                            *this});
     AddFaceChoice(form_, *toolBar_, settings_, *notes_);
+    guide_ =
+        new GuideKey(theme_, FaceOf(form_).guide.toString(), settings_, *this, [this] { return Said(); });
     AddShortcuts();
     FitInto(screen()->availableGeometry());
     RestoreState();
@@ -289,6 +292,17 @@ void MainWindow::RestoreColumns(QWidget& page) {
         grid->RestoreWidths(settings_.value(u"Window/"_s + ColumnsKey(*grid)).toByteArray());
 }
 
+// --- What is said ---
+
+// The passing word, and the failure on the state line.
+QStringList MainWindow::Said() {
+    QStringList said;
+    if (!notes_->Text().isEmpty()) said += notes_->Text();
+    const StateMessage& state = State().Shown();
+    if (State().isVisible() && state.look == StateMessage::Look::Failure) said += state.text;
+    return said;
+}
+
 // --- Focus and keys ---
 
 void MainWindow::FollowFocus() {
@@ -324,10 +338,6 @@ void MainWindow::AddShortcuts() {
     };
     AddKeyOfEachWindow(Qt::Key_F5, [press] { press(toolbar::kStartStop); });
     AddKey(Qt::CTRL | Qt::Key_F, [this] { BringSearch(); });
-    AddKey(Qt::Key_F1, [this] {
-        BringPage(1);
-        pages_->currentWidget()->findChild<HelpView*>()->setFocus();
-    });
     AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] { tabRow_->Filter().TakeFocus(); });
     AddKey(Qt::CTRL | Qt::Key_I, [press] { press(toolbar::kImport); });
     AddKeyOfEachWindow(Qt::CTRL | Qt::Key_Q, [press] { press(toolbar::kLeave); });

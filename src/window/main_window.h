@@ -16,6 +16,7 @@ class CataloguePage;
 class ClearedCounters;
 class CommunicationPage;
 class GridView;
+class GuideKey;
 class LateView;
 class ListWork;
 class NoteBar;
@@ -40,6 +41,7 @@ class MainWindow : public QMainWindow {
     NoteBar& Notes() { return *notes_; }
     PortReturn& LostPort() { return *lostPort_; }
     StateLine& State();
+    GuideKey& Guide() { return *guide_; }
     ListWork& Lists() { return *lists_; }
     Sidebar& LeftSide() { return *sidebar_; }
     void SaveState();
@@ -82,6 +84,7 @@ class MainWindow : public QMainWindow {
     void MoveToArea(int step);
     void FocusInto(QWidget* area);
     void SwitchPalette();
+    QStringList Said();
 
     void Adapt();
     void AdaptMainArea();
@@ -112,6 +115,7 @@ class MainWindow : public QMainWindow {
     CataloguePage* catalogue_ = nullptr;  // once it has been seen
     RecordingWork* recordingWork_ = nullptr;
     ListWork* lists_ = nullptr;
+    GuideKey* guide_ = nullptr;
     bool wantsSidebar_ = true;      // the user's choice in a window that is wide enough
     bool sidebarLiesOver_ = false;  // it lies over the main area
     QByteArray besideState_;        // of the columns, while it does

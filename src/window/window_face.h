@@ -25,6 +25,7 @@ struct WindowFace {
     QStringView translation;   // of the window's words, a resource; empty: they are written in its language
     QStringView toolkitTexts;  // the toolkit's translation; empty: its texts are
     QStringView help;          // a resource; empty: what the session reads from the program folder
+    QStringView guide;         // a folder of resources
     FaceLayout layout;
 };
 
@@ -36,6 +37,7 @@ inline constexpr std::array<WindowFace, 2> kWindowFaces = {
       .translation = u"",
       .toolkitTexts = u"qtbase_zh_CN",
       .help = u"",
+      .guide = u":/docs/guide/zh",
       .layout = {.tickColumns = 2, .filterWidth = 180}},
      {.name = u"english",
       .caption = u"English",
@@ -44,6 +46,7 @@ inline constexpr std::array<WindowFace, 2> kWindowFaces = {
       .translation = u":/translations/english.qm",
       .toolkitTexts = u"",
       .help = u":/help/help_english.txt",
+      .guide = u":/docs/guide/en",
       .layout = {.tickColumns = 1, .filterWidth = 260, .columns = {0, 0, 0, 52, 72, 0, 0, 0, 0, 0, 144}}}}};
 
 // Null if none has that name.

@@ -8,6 +8,7 @@
 #include "host_qt/named_port.h"
 #include "host_qt/program_folder.h"
 #include "host_qt/qt_settings.h"
+#include "host_qt/renewed_help.h"
 #include "host_qt/unsaved_settings.h"
 #include "host_qt/words.h"
 #include "session/events.h"
@@ -90,6 +91,7 @@ WindowProgram::WindowProgram(const WindowOptions& options)
     WireEvents();
     KeepPictureOverFailures(Form());
     remembersFolder_ = options.folder.isEmpty();
+    RenewHelp(files_.Folder());
 }
 
 void WindowProgram::WireEvents() {

@@ -10,7 +10,7 @@
 #include "window/communication_page.h"
 #include "window/empty_state.h"
 #include "window/grid_view.h"
-#include "window/help_view.h"
+#include "window/guide_key.h"
 #include "window/main_window.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
@@ -136,10 +136,11 @@ TEST_F(FirstStepsTest, AreaKeyAndTabulatorReachThem) {
     }
 }
 
-TEST_F(FirstStepsTest, HelpKeyBringsTheHelp) {
-    QTest::keyClick(window.get(), Qt::Key_F1);
-    EXPECT_EQ(Form().SSTab2.Chosen(), 1);
-    EXPECT_EQ(QApplication::focusWidget(), window->findChild<HelpView*>());
+TEST_F(FirstStepsTest, HelpKeyTellsOfTheFirstConnection) {
+    Steps()->findChild<QAbstractButton*>()->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    ASSERT_NE(window->Guide().Window(), nullptr);
+    EXPECT_EQ(window->Guide().Window()->View().Place(), "connection.md#first-poll");
 }
 
 }  // namespace
