@@ -31,6 +31,11 @@ def words(page):
     return re.sub(r"`[^`]*`", "", FENCE.sub("", text_of(page)))
 
 
+def calls(page):
+    """The calls of the program's own that stand within its lines."""
+    return re.findall(r"`((?:commtest|commtest-cli|instrument-simulator)(?: [^`]+)?)`", FENCE.sub("", text_of(page)))
+
+
 def anchors(page):
     return ANCHOR.findall(text_of(page))
 

@@ -10,7 +10,7 @@ import unittest
 from pathlib import Path
 
 from desktop import Desktop
-from guide import GUIDE, ROOT, blocks, pages
+from guide import GUIDE, LANGUAGES, ROOT, blocks, calls, pages
 from programs import CLI, PATIENCE, SIMULATOR, Simulator
 from window_case import WINDOW
 
@@ -146,6 +146,16 @@ class GuideCommandsTest(unittest.TestCase):
             for command in starts:
                 with self.subTest(command=command):
                     self.assertEqual(self.home.show(desktop, command), 0)
+
+    def test_a_call_within_a_line_is_one_that_the_program_knows(self):
+        found = {call for language in LANGUAGES for page in pages(language) for call in calls(page)}
+        self.assertIn("commtest-cli catalogue restore", found)
+        for call in found:
+            with self.subTest(call=call):
+                status, output = self.home.run(call.removesuffix(" --help") + " --help")
+                self.assertEqual(status, 0, output)
+                for word in call.split()[1:]:
+                    self.assertRegex(output, rf"(?<![\w-]){word}(?![\w-])")
 
     def test_what_is_not_run_stands_in_the_guide(self):
         known = {command for page in PAGES for command, _ in commands(page)}
