@@ -40,7 +40,8 @@ GuideKey::GuideKey(const Theme& theme, QString home, QSettings& settings, QMainW
 }
 
 bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
-    if (!watched->isWidgetType() || !IsHelpKey(*event)) return false;
+    const bool isUnderPopup = QApplication::activePopupWidget() != nullptr;
+    if (!watched->isWidgetType() || !IsHelpKey(*event) || isUnderPopup) return false;
     if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) ShowFor(*static_cast<QWidget*>(watched));
     return true;
 }

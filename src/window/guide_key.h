@@ -9,8 +9,9 @@
 
 namespace commtest {
 
-// F1, wherever it is pressed: opens the guide at the place that tells of what has the focus. What a box says
-// or the window has just said comes first, if the guide has an entry about it.
+// F1, wherever it is pressed but in a menu or a list that has popped up: opens the guide at the place that
+// tells of what has the focus. What a box says or the window has just said comes first, if the guide has an
+// entry about it.
 class GuideKey : public QObject {
     Q_OBJECT
 

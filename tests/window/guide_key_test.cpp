@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "window/catalogue_page.h"
+#include "window/cell_editor.h"
 #include "window/grid_view.h"
 #include "window/main_window.h"
 #include "window/note_bar.h"
@@ -120,6 +121,28 @@ TEST_F(GuideOfTheWindowTest, BoxHasAGuideThatItDoesNotShutOut) {
     guide->close();
     EXPECT_TRUE(QTest::qWaitFor([&guide] { return guide.isNull(); }));
     EXPECT_TRUE(box.isVisible());
+}
+
+TEST_F(GuideOfTheWindowTest, MenuKeepsItsKeys) {
+    QMenu menu(&window);
+    menu.addAction("entry");
+    menu.popup(window.pos());
+    QTest::keyClick(&menu, Qt::Key_F1);
+    EXPECT_EQ(window.Guide().Window(), nullptr);
+    EXPECT_TRUE(menu.isVisible());
+}
+
+TEST_F(GuideOfTheWindowTest, EditorKeepsWhatIsTyped) {
+    BringPage(Qt::Key_1);
+    QTest::keyClick(&Focus(), Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(&Focus(), Qt::Key_End);
+    QTest::keyClick(&Focus(), Qt::Key_F2);
+    auto* editor = window.findChild<CellEditor*>();
+    ASSERT_TRUE(editor->isVisible());
+    QTest::keyClicks(editor, "42");
+    EXPECT_EQ(PlaceOf(*editor), "writing.md#write");
+    EXPECT_TRUE(editor->isVisible());
+    EXPECT_EQ(editor->text().toStdString(), "42");
 }
 
 TEST_F(GuideOfTheWindowTest, PlaceAndSizeAreRemembered) {
