@@ -42,6 +42,8 @@ Interrupt::Interrupt(std::function<void()> handler) {
     }
 }
 
+int Interrupt::Descriptor() { return pipeEnds[0]; }
+
 Interrupt::~Interrupt() {
     if (notifier_ == nullptr) return;
     for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &former_[i], nullptr);

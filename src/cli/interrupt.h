@@ -18,6 +18,9 @@ class Interrupt {
     Interrupt(const Interrupt&) = delete;
     Interrupt& operator=(const Interrupt&) = delete;
 
+    // Ready to be read once the event is due; below 0 while there is no interrupt to come.
+    static int Descriptor();
+
   private:
     std::array<struct sigaction, 3> former_ = {};
     std::unique_ptr<QSocketNotifier> notifier_;

@@ -1,8 +1,6 @@
 #include "cli/line_session.h"
 
-#include <QTimer>
 #include <algorithm>
-#include <chrono>
 
 #include "cli/catalogue_access.h"
 #include "cli/instrument_choice.h"
@@ -14,13 +12,20 @@
 
 namespace commtest {
 
+namespace {
+
+constexpr int kTimeBetweenOpenings = 1000;  // milliseconds
+
+}  // namespace
+
 LineSession::LineSession(const LineOptions& options, Console& console)
     : console_(console),
       files_(options.folder),
-      port_(options.devices),
+      transport_(MakeLineTransport(options.devices)),
       dialogs_(console),
       session_({traced_, dialogs_, clock_, files_, store_, settings_, program_},
-               {*options.words, kChineseFace.settingsTable, kChineseFace.switches}) {
+               {*options.words, kChineseFace.settingsTable, kChineseFace.switches}),
+      nextOpening_(false, kTimeBetweenOpenings) {
     OpenCatalogueOf(files_, store_, options.catalogue, console);
     if (options.catalogue.use == CatalogueUse::Writing) PrepareForWriting(store_, files_, console);
     ChooseInstrument(Form(), options);
@@ -29,24 +34,26 @@ LineSession::LineSession(const LineOptions& options, Console& console)
 }
 
 void LineSession::WireEvents() {
-    port_.Receives = [this] {
+    QtSerialPort& port = transport_->Port();
+    port.Receives = [this] {
         PortReceives(Form());
         if (IsBetweenExchanges()) TellEndOfUnjudged(Ending::Complete);
         LookAtSession();
     };
-    port_.IsLost = [this](const Text& reason) {
+    port.IsLost = [this](const Text& reason) {
         PortIsLost(Form(), reason);
         LookAtSession();
     };
-    port_.IsBack = [this](const Text&) {
-        isPortBack_ = true;
-        if (isWaitingForPort_) loop_.quit();
-    };
-    port_.IsGoneAgain = [this] { isPortBack_ = false; };
+    port.IsBack = [this](const Text&) { NotePortIsBack(); };
+    port.IsGoneAgain = [this] { isPortBack_ = false; };
     Form().StatusNote.Change = [this] { console_.Tell(WordsOn(Form().StatusNote.Value())); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
-        timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
+        transport_->Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] { Tick(index); });
     }
+    transport_->Drive(nextOpening_, [this] {
+        nextOpening_.SetEnabled(false);
+        NotePortIsBack();
+    });
 }
 
 // Several events can fall into one round of the event loop: a tick behind the end of a run waits for the
@@ -115,35 +122,34 @@ void LineSession::EndRun(End end) {
     if (isDone_ == nullptr) return;
     isDone_ = nullptr;
     end_ = end;
-    loop_.quit();
+    transport_->Quit();
 }
 
 LineSession::End LineSession::Run(const std::function<bool()>& isDone) {
     isDone_ = &isDone;
-    loop_.exec();
+    transport_->Run(Looks);
     return end_;
 }
 
 void LineSession::Quit() {
-    if (isWaitingForPort_) loop_.quit();
+    if (isWaitingForPort_) transport_->Quit();
     EndRun(End::Done);
+}
+
+void LineSession::NotePortIsBack() {
+    isPortBack_ = true;
+    if (isWaitingForPort_) transport_->Quit();
 }
 
 // A device that is found again may refuse its first opening all the same.
 bool LineSession::WaitForPort() {
-    constexpr auto kTimeBetweenOpenings = std::chrono::seconds(1);
-    QTimer nextOpening;
-    nextOpening.setSingleShot(true);
-    QObject::connect(&nextOpening, &QTimer::timeout, &loop_, [this] {
-        isPortBack_ = true;
-        loop_.quit();
-    });
     unjudgedAt_.reset();
     isPortBack_ = false;
-    if (WhyStopped() == End::NoPort) nextOpening.start(kTimeBetweenOpenings);
+    nextOpening_.SetEnabled(WhyStopped() == End::NoPort);
     isWaitingForPort_ = true;
-    loop_.exec();
+    transport_->Run(Looks);
     isWaitingForPort_ = false;
+    nextOpening_.SetEnabled(false);
     return isPortBack_;
 }
 

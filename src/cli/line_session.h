@@ -1,18 +1,17 @@
 #pragma once
 
-#include <QEventLoop>
 #include <functional>
+#include <memory>
 
 #include "app/session.h"
 #include "cli/console_dialogs.h"
 #include "cli/line_options.h"
+#include "cli/line_transport.h"
 #include "cli/traced_port.h"
 #include "host_qt/catalogue_store.h"
 #include "host_qt/folder_files.h"
 #include "host_qt/no_settings.h"
 #include "host_qt/qt_program.h"
-#include "host_qt/qt_serial_port.h"
-#include "host_qt/qt_timers.h"
 #include "host_qt/system_clock.h"
 
 namespace commtest {
@@ -38,6 +37,8 @@ class LineSession {
     std::function<void(const Outcome&)> ExchangeEnded;
     // In front of each tick that sends a frame of the cycle.
     std::function<void()> FrameIsNext;
+    // About ten times a second, inside Run and WaitForPort.
+    std::function<void()> Looks;
 
     // Runs the events until `isDone` holds behind one of them, or the session has stopped by itself.
     End Run(const std::function<bool()>& isDone);
@@ -81,20 +82,20 @@ class LineSession {
     void LookAtSession();
     End WhyStopped();
     void EndRun(End end);
+    void NotePortIsBack();
 
     Console& console_;
     FolderFiles files_;
     CatalogueStore store_;
-    QtSerialPort port_;
+    std::unique_ptr<LineTransport> transport_;
     SystemClock clock_;
-    TracedPort traced_{port_, clock_};
+    TracedPort traced_{transport_->Port(), clock_};
     ConsoleDialogs dialogs_;
     NoSettings settings_;
     QtProgram program_;
-    QtTimers timers_;
     Session session_;
 
-    QEventLoop loop_;
+    Timer nextOpening_;
     const std::function<bool()>* isDone_ = nullptr;  // while Run runs
     End end_ = End::Done;
     bool isWaitingForPort_ = false;

@@ -1,7 +1,6 @@
 #include "cli/poll_run.h"
 
 #include <QElapsedTimer>
-#include <QTimer>
 
 #include "cli/answer_words.h"
 #include "cli/interrupt.h"
@@ -16,7 +15,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kRefreshPeriod = 100ms;
 constexpr int kMostRetries = 100;
 
 int CommandOf(const Arguments& arguments) {
@@ -59,7 +57,7 @@ class PollRun {
           output_(output),
           console_(console),
           repetition_(line, options.retries, console) {
-        QObject::connect(&refresh_, &QTimer::timeout, [this] { LookUp(); });
+        line.Looks = [this] { LookUp(); };
         line.FrameIsNext = [this] { repetition_.BeforeFrame(); };
         line.ExchangeEnded = [this](const Outcome& outcome) {
             output_.AddExchange(outcome);
@@ -71,7 +69,6 @@ class PollRun {
     LineSession::End Run() {
         const Interrupt interrupt([this] { Quit(); });
         began_.start();
-        refresh_.start(kRefreshPeriod);
         LineSession::End end = RunOnce();
         while (options_.reconnects && end == LineSession::End::PortLost) {
             repetition_.NoteLoss();
@@ -131,7 +128,6 @@ class PollRun {
     RunOutput& output_;
     Console& console_;
     ReadRepetition repetition_;
-    QTimer refresh_;
     QElapsedTimer began_;
     bool hasQuit_ = false;
 };

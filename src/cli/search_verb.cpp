@@ -1,6 +1,4 @@
-#include <QTimer>
 #include <algorithm>
-#include <chrono>
 
 #include "cli/catalogue_access.h"
 #include "cli/interrupt.h"
@@ -15,11 +13,9 @@
 namespace commtest {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kRefreshPeriod = 100ms;
 constexpr int kLargestAddress = 255;
 constexpr int kBeginButton = 1;
 
@@ -111,9 +107,7 @@ class Search {
     }
 
     LineSession::End Run() {
-        QTimer refresh;
-        QObject::connect(&refresh, &QTimer::timeout, [this] { console_.ShowLive(ProgressLine()); });
-        refresh.start(kRefreshPeriod);
+        line_.Looks = [this] { console_.ShowLive(ProgressLine()); };
         bool isInterrupted = false;
         const Interrupt interrupt([&] {
             isInterrupted = true;

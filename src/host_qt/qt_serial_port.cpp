@@ -70,8 +70,9 @@ QtSerialPort::QtSerialPort(DeviceMap devices) : devices_(std::move(devices)) {
     QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] {
         if (Receives) Receives();
     });
-    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
-                     [this](QSerialPort::SerialPortError error) { HandleError(error); });
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_, [this](QSerialPort::SerialPortError error) {
+        if (MeansLoss(error)) NoteLoss();
+    });
     QObject::connect(&lookForLost_, &QTimer::timeout, &port_, [this] { LookForLostDevice(); });
 }
 
@@ -161,8 +162,11 @@ std::string QtSerialPort::Input() { return port_.readAll().toStdString(); }
 
 // The loss is met in the middle of a handler and told behind it. Until then the port counts as open, so that
 // no timer in between opens it again and speaks of a port that is in use.
-void QtSerialPort::HandleError(QSerialPort::SerialPortError error) {
-    if (!port_.isOpen() || !MeansLoss(error) || std::exchange(isLosing_, true)) return;
+void QtSerialPort::NoteLoss() {
+    if (port_.isOpen() && !std::exchange(isLosing_, true)) LoseSoon();
+}
+
+void QtSerialPort::LoseSoon() {
     QMetaObject::invokeMethod(
         &port_, [this] { Lose(); }, Qt::QueuedConnection);
 }

@@ -47,12 +47,18 @@ class QtSerialPort : public SerialPort {
     void Output(const std::string& bytes) override;
     std::string Input() override;
 
+  protected:
+    // Of the open port, -1 of a closed one.
+    int Descriptor() const { return port_.handle(); }
+    // Bytes could not be carried because the device is gone. Lose is due, once, behind the handler under way.
+    void NoteLoss();
+    virtual void LoseSoon();
+    void Lose();
+
   private:
     void Open();
     QString WantedDevice() const;
     QString CaveatOfOpenLine(const LineSettings& settings) const;
-    void HandleError(QSerialPort::SerialPortError error);
-    void Lose();
     void LookForLostDevice();
     void SetBack(bool isBack);
     void AwaitNothing();

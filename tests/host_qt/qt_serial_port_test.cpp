@@ -1,10 +1,9 @@
-#include "host_qt/qt_serial_port.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <ctime>
@@ -12,7 +11,7 @@
 #include <numeric>
 #include <optional>
 
-#include "host_qt/event_loop.h"
+#include "host_qt/port_under_test.h"
 #include "host_qt/pseudo_terminal.h"
 
 namespace commtest {
@@ -20,9 +19,8 @@ namespace commtest {
 namespace {
 
 using ::testing::EndsWith;
-using testing::Eventually;
+using testing::MakePortUnderTest;
 using testing::PseudoTerminal;
-using testing::RunEventLoopFor;
 using namespace std::chrono_literals;
 
 std::string EveryByte() {
@@ -39,9 +37,12 @@ class QtSerialPortTest : public ::testing::Test {
     }
 
     std::string Problem() const { return ToUtf8(port.LastProblem()); }
+    bool Eventually(const std::function<bool()>& holds) { return transport->Eventually(holds); }
+    void RunFor(std::chrono::milliseconds time) { transport->RunFor(time); }
 
     PseudoTerminal line;
-    QtSerialPort port{{{1, line.Device()}}};
+    std::unique_ptr<testing::PortUnderTest> transport = MakePortUnderTest({{1, line.Device()}});
+    QtSerialPort& port = transport->Port();
     std::string received;
     std::vector<std::string> losses;
 };
@@ -108,7 +109,8 @@ TEST_F(QtSerialPortTest, BusyPortStaysClosedAndItsHolderIsNamed) {
     ASSERT_TRUE(other.PortOpen());
     port.SetPortOpen(true);
     EXPECT_FALSE(port.PortOpen());
-    const std::string self = "host_qt_tests (进程 " + std::to_string(getpid()) + ")";
+    const std::string program = QFileInfo("/proc/self/exe").symLinkTarget().section('/', -1).toStdString();
+    const std::string self = program + " (进程 " + std::to_string(getpid()) + ")";
     EXPECT_EQ(Problem(),
               "设备 " + line.Device().toStdString() + " 正被程序 " + self + " 使用。请先结束那个程序");
 }
@@ -174,7 +176,7 @@ TEST_F(QtSerialPortTest, LossOfTheDeviceIsToldOnceAndClosesThePort) {
     line.HangUp();
     EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
     EXPECT_FALSE(port.PortOpen());
-    RunEventLoopFor(100ms);
+    RunFor(100ms);
     EXPECT_EQ(losses, std::vector<std::string>{"COM1 (" + line.Device().toStdString() +
                                                ") 已断开。请检查接线后重新开始"});
 }
@@ -185,7 +187,7 @@ TEST_F(QtSerialPortTest, LossThatAWriteMeetsIsToldFromTheEventLoop) {
     port.Output("@01RD17\r");
     EXPECT_TRUE(losses.empty());
     EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
-    RunEventLoopFor(100ms);
+    RunFor(100ms);
     EXPECT_EQ(losses.size(), 1U);
 }
 
@@ -199,7 +201,7 @@ TEST_F(QtSerialPortTest, UntilTheLossIsToldThePortIsNotOpenedAgain) {
     EXPECT_EQ(port.LastProblem(), u"");
     EXPECT_TRUE(Eventually([this] { return !losses.empty(); }));
     EXPECT_FALSE(port.PortOpen());
-    RunEventLoopFor(50ms);
+    RunFor(50ms);
     EXPECT_EQ(losses.size(), 1U);
 }
 
@@ -208,7 +210,7 @@ TEST_F(QtSerialPortTest, LossOfAPortThatIsClosedMeanwhileIsNotTold) {
     line.HangUp();
     port.Output("@01RD17\r");
     port.SetPortOpen(false);
-    RunEventLoopFor(50ms);
+    RunFor(50ms);
     EXPECT_TRUE(losses.empty());
 }
 
@@ -217,7 +219,7 @@ TEST_F(QtSerialPortTest, LostPortLeavesTheProcessorAlone) {
     line.HangUp();
     ASSERT_TRUE(Eventually([this] { return !losses.empty(); }));
     const std::clock_t before = std::clock();
-    RunEventLoopFor(300ms);
+    RunFor(300ms);
     EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 20);
 }
 
@@ -225,7 +227,7 @@ TEST_F(QtSerialPortTest, ClosingIsNoLoss) {
     port.SetPortOpen(true);
     port.SetPortOpen(false);
     line.HangUp();
-    RunEventLoopFor(50ms);
+    RunFor(50ms);
     EXPECT_TRUE(losses.empty());
 }
 
@@ -257,11 +259,15 @@ class LostPortTest : public ::testing::Test {
         return Eventually([&] { return told == expected; });
     }
 
+    bool Eventually(const std::function<bool()>& holds) { return transport->Eventually(holds); }
+    void RunFor(std::chrono::milliseconds time) { transport->RunFor(time); }
+
     QTemporaryDir folder;
     QString adapter = folder.filePath("adapter");
     PseudoTerminal first;
     PseudoTerminal second;
-    QtSerialPort port{{{1, adapter}}};
+    std::unique_ptr<testing::PortUnderTest> transport = MakePortUnderTest({{1, adapter}});
+    QtSerialPort& port = transport->Port();
     std::vector<std::string> told;
 };
 
@@ -282,7 +288,7 @@ TEST_F(LostPortTest, OpeningEndsTheWait) {
     port.SetPortOpen(true);
     EXPECT_EQ(told, std::vector<std::string>{"gone"});
     port.SetPortOpen(false);
-    RunEventLoopFor(1200ms);
+    RunFor(1200ms);
     EXPECT_EQ(told.size(), 1U);
 }
 
@@ -290,7 +296,7 @@ TEST_F(LostPortTest, ChoiceOfAnotherPortEndsTheWait) {
     Lose();
     port.SetCommPort(2);
     PlugIn(second);
-    RunEventLoopFor(1200ms);
+    RunFor(1200ms);
     EXPECT_TRUE(told.empty());
 }
 
