@@ -2,6 +2,7 @@
 
 import json
 import lzma
+import re
 import shutil
 import sqlite3
 import subprocess
@@ -14,6 +15,7 @@ from programs import CLI
 from window_case import WindowCase
 
 CATALOGUE = "通讯数据.mdb"
+UNFINISHED = re.compile(r"\.part")
 
 # What a session in the window of each build has left; a folder is named by what had landed and its commit. Interval,
 # address, count, protocol, instrument and mode that were chosen there last.
@@ -43,15 +45,20 @@ class FolderCase(WindowCase):
     def catalogue(self):
         return self.folder / CATALOGUE
 
+    @property
+    def help_text(self):
+        return self.folder / "使用说明.ini"
+
     def lay(self, former):
         for copy in self.copies():
             copy.unlink()
         self.catalogue.write_bytes(lzma.decompress((former / "catalogue.xz").read_bytes()))
         shutil.copyfile(former / "settings.ini", self.settings)
+        shutil.copyfile(former / "help.ini", self.help_text)
         return self.catalogue.read_bytes()
 
     def copies(self):
-        return sorted(self.folder.glob(CATALOGUE + ".bak-*"))
+        return sorted(copy for copy in self.folder.glob(CATALOGUE + ".bak-*") if not UNFINISHED.search(copy.name))
 
     def run_verb(self, *words):
         return subprocess.run([CLI, *words, "--folder", self.folder], capture_output=True, encoding="utf-8",
@@ -117,6 +124,7 @@ class UpgradeTest(FolderCase):
         self.assertEqual(contents(self.catalogue), rows)
 
     def test_the_window_takes_over_catalogue_and_settings_of_an_older_build(self):
+        present = self.help_text.read_bytes()
         for former in FORMER:
             with self.subTest(former.name):
                 self.lay(former)
@@ -126,6 +134,15 @@ class UpgradeTest(FolderCase):
                 self.assertEqual(contents(copy), rows)
                 self.assertEqual(contents(self.catalogue), rows)
                 self.assertEqual(self.stored()["SoftSeting"].strip(), CHOSEN[former.name])
+                self.assertEqual(self.help_text.read_bytes(), present)
+
+    def test_a_help_text_that_somebody_has_changed_stays(self):
+        self.lay(FORMER[0])
+        changed = self.help_text.read_bytes() + b"mine"
+        self.help_text.write_bytes(changed)
+        with self.shown_window():
+            wait_for(self.copies, "the copy")
+        self.assertEqual(self.help_text.read_bytes(), changed)
 
 
 class NewerTest(FolderCase):
