@@ -1,5 +1,6 @@
 // The program with its window polls a simulated instrument on a device and tells on the way, a line a
-// reading: exchanges, failures, wall seconds, processor seconds, resident kilobytes.
+// reading: exchanges, failures, wall seconds, processor seconds, resident kilobytes. It begins when the
+// window stands and has come to rest.
 //     window_poll PROGRAM_FOLDER DEVICE INTERVAL_MS EXCHANGES READINGS
 #include <sys/resource.h>
 
@@ -14,6 +15,9 @@
 #include "window/window_program.h"
 
 namespace {
+
+constexpr int kComesToRest = 1000;  // milliseconds
+constexpr int kBetweenLooks = 100;  // milliseconds
 
 double ProcessorSeconds() {
     rusage usage = {};
@@ -48,10 +52,8 @@ int main(int argc, char* argv[]) {
     const int step = words[4].toInt() / words[5].toInt();
     int next = step;
 
-    commtest::RunEvent(form, [&form] { commtest::RunToolbarCommand(form, commtest::toolbar::kStartStop); });
     QElapsedTimer wall;
-    wall.start();
-    const double processorAtStart = ProcessorSeconds();
+    double processorAtStart = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
         if (form.SendCount < next) return;
@@ -63,6 +65,12 @@ int main(int argc, char* argv[]) {
         std::fflush(stdout);
         if (next > words[4].toInt()) QCoreApplication::exit(0);
     });
-    timer.start(20);
+    QTimer::singleShot(kComesToRest, [&] {
+        commtest::RunEvent(form,
+                           [&form] { commtest::RunToolbarCommand(form, commtest::toolbar::kStartStop); });
+        wall.start();
+        processorAtStart = ProcessorSeconds();
+        timer.start(kBetweenLooks);
+    });
     return QApplication::exec();
 }

@@ -8,13 +8,23 @@
 #include "window/grid_view.h"
 #include "window/window_program.h"
 
+namespace {
+
+void KeepAsBehindTheFirstExchange(const QString& settingsFile) {
+    QSettings settings(settingsFile, QSettings::IniFormat);
+    const QString key = QStringLiteral("Window/HasExchanged");
+    if (!settings.value(key).toBool()) settings.setValue(key, true);
+}
+
+}  // namespace
+
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationVersion("1.0.0");
     commtest::WindowOptions options;
     options.folder = QString::fromLocal8Bit(argv[1]);
     options.settingsFile = options.folder + "/settings.ini";
-    QSettings(options.settingsFile, QSettings::IniFormat).setValue("Window/HasExchanged", true);
+    KeepAsBehindTheFirstExchange(options.settingsFile);
     commtest::WindowProgram program(options);
     if (!program.Start()) return 1;
     const FirstPaint firstPaint(

@@ -20,7 +20,10 @@ std::optional<Text> QtSettings::Read(const Text& key) const {
 }
 
 void QtSettings::Save(const Text& key, const Text& value) {
-    store_.setValue(PathOf(key), QString::fromStdU16String(value));
+    const QVariant wanted = QString::fromStdU16String(value);
+    const bool standsThere = store_.value(PathOf(key)) == wanted && store_.status() == QSettings::NoError;
+    if (standsThere) return;
+    store_.setValue(PathOf(key), wanted);
     store_.sync();
 }
 

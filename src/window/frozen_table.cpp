@@ -18,6 +18,8 @@ FrozenTable::FrozenTable(GridHeader* header, const Theme& theme, QWidget* parent
     };
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, showAnew);
     connect(header, &QHeaderView::sectionResized, this, showAnew);
+    // What lies behind need not be painted for the sake of a cell.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 QRect FrozenTable::visualRect(const QModelIndex& index) const {
@@ -83,6 +85,7 @@ QRegion FrozenTable::visualRegionForSelection(const QItemSelection& selection) c
 }
 
 void FrozenTable::paintEvent(QPaintEvent* event) {
+    QPainter(viewport()).fillRect(event->rect(), theme_.Now().surface);
     QTableView::paintEvent(event);
     if (!Frozen().LieOver()) return;
     QPainter painter(viewport());

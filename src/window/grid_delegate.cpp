@@ -106,15 +106,14 @@ void GridDelegate::PaintHit(QPainter& painter, const QRect& room, Place place, c
 
 void GridDelegate::PaintText(QPainter& painter, const QRect& cell, Place place, const QString& text) const {
     if (text.isEmpty()) return;
-    const QFont& font = LookOfColumn(index_, place.col).isCode ? codeFont_ : uiFont_;
+    LaidOutTexts& texts = LookOfColumn(index_, place.col).isCode ? codeTexts_ : uiTexts_;
     const int glyphWidth = WriteLookOf(place) ? kGlyphSize + kGlyphGap : 0;
     const QRect room = cell.adjusted(kPadding + glyphWidth, 0, -kPadding, 0);
-    painter.setFont(font);
+    painter.setFont(texts.Font());
     PaintHit(painter, room, place, text);
     painter.setPen(InkOf(place));
-    const QFontMetrics metrics(font);
-    painter.drawText(LineInRow(room, metrics), SideOf(grid_.Column(place.col)) | Qt::TextSingleLine,
-                     metrics.elidedText(text, Qt::ElideRight, room.width()));
+    texts.Draw(painter, LineInRow(room, QFontMetrics(texts.Font())), AlignmentOf(grid_.Column(place.col)),
+               text);
 }
 
 void GridDelegate::PaintGlyph(QPainter& painter, const QRect& cell, const WriteLook& look) const {

@@ -6,6 +6,7 @@
 #include "commissioning/write_watch.h"
 #include "session/main_form.h"
 #include "window/cell_flash.h"
+#include "window/laid_out_texts.h"
 #include "window/row_filter.h"
 #include "window/theme.h"
 #include "window/write_words.h"
@@ -59,8 +60,8 @@ class GridDelegate : public QStyledItemDelegate {
     const RowFilter* filter_ = nullptr;
     int readRow_ = -1;
     Place current_{-1, -1};
-    QFont uiFont_ = Theme::UiFont();
-    QFont codeFont_ = Theme::MonoFont();
+    mutable LaidOutTexts uiTexts_{Theme::UiFont()};
+    mutable LaidOutTexts codeTexts_{Theme::MonoFont()};
 };
 
 }  // namespace commtest

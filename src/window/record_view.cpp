@@ -5,8 +5,10 @@
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <algorithm>
+#include <cmath>
 
 #include "host_qt/words.h"
 #include "window/bindings.h"
@@ -41,6 +43,8 @@ RecordView::RecordView(Binder& binder, const Theme& theme, const RecordPane& pan
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDocumentMargin(kMargin);
     viewport()->setCursor(Qt::ArrowCursor);
+    // What lies behind need not be painted for the sake of a line.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     BindPresence(binder, pane, *this);
     connect(&theme, &Theme::Changed, this, &RecordView::ShowAll);
     binder.Watch(pane, [this] { Follow(); });
@@ -74,15 +78,37 @@ void RecordView::PutOnTop(std::size_t count) {
     const int linesIntoFirst = bar.value() - first.firstLineNumber();
     const int number = first.blockNumber();
     const int blocksBefore = blockCount();
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
-    for (std::size_t index = 0; index < count; ++index) Insert(cursor, pane_.Blocks()[index]);
-    cursor.endEditBlock();
-    if (isAtTop) return;
+    {
+        // Told of the change, the view would paint all of its lines anew.
+        const QSignalBlocker untold(document()->documentLayout());
+        QTextCursor cursor(document());
+        cursor.beginEditBlock();
+        for (std::size_t index = 0; index < count; ++index) Insert(cursor, pane_.Blocks()[index]);
+        cursor.endEditBlock();
+    }
+    emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
+    if (isAtTop) return PushDown(blockCount() - blocksBefore);
+    viewport()->update();
     const QTextBlock moved = document()->findBlockByNumber(number + blockCount() - blocksBefore);
     // The insertion may have taken its lines away until it is laid out anew.
     document()->documentLayout()->blockBoundingRect(moved);
     bar.setValue(moved.firstLineNumber() + linesIntoFirst);
+}
+
+// The lines below travel as they are; only the new ones in front of them are painted.
+void RecordView::PushDown(int newLines) {
+    const QRect room = viewport()->rect();
+    double height = 0;
+    QTextBlock line = document()->begin();
+    for (int number = 0; number < newLines && height < room.height(); ++number, line = line.next()) {
+        // Its glyphs are kept until they are painted for the first time.
+        line.layout()->setCacheEnabled(true);
+        height += blockBoundingRect(line).height();
+        line.layout()->setCacheEnabled(false);
+    }
+    const int distance = static_cast<int>(std::ceil(height));
+    viewport()->scroll(0, distance, room);
+    viewport()->update(0, 0, room.width(), distance + kMargin);
 }
 
 void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block) const {
@@ -122,6 +148,7 @@ void RecordView::GoTo(const Outcome& outcome) {
 }
 
 void RecordView::paintEvent(QPaintEvent* event) {
+    QPainter(viewport()).fillRect(event->rect(), theme_.Now().surface);
     QPlainTextEdit::paintEvent(event);
     QPainter painter(viewport());
     for (QTextBlock line = firstVisibleBlock(); line.isValid(); line = line.next()) {

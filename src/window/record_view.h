@@ -41,6 +41,7 @@ class RecordView : public QPlainTextEdit {
     void Follow();
     void ShowAll();
     void PutOnTop(std::size_t count);
+    void PushDown(int newLines);
     void Insert(QTextCursor& cursor, const RecordBlock& block) const;
     void DropClickIfDragged(const QMouseEvent& event);
 

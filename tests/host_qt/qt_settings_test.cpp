@@ -50,6 +50,17 @@ TEST_F(QtSettingsTest, ValueIsOnTheDiskInItsSectionOnceSaved) {
     EXPECT_EQ(FileContent(), "[SystemSetting]\nShowType=2\n");
 }
 
+TEST_F(QtSettingsTest, ValueThatStandsThereIsNotWrittenAgain) {
+    QSettings store(path, QSettings::IniFormat);
+    QtSettings settings(store);
+    settings.Save(u"ShowType", u"2");
+    ASSERT_TRUE(QFile::remove(path));
+    settings.Save(u"ShowType", u"2");
+    EXPECT_FALSE(QFile::exists(path));
+    settings.Save(u"ShowType", u"1");
+    EXPECT_TRUE(QFile::exists(path));
+}
+
 TEST_F(QtSettingsTest, MissingKeyIsNothing) {
     EXPECT_EQ(ReadAnew(u"ShowType"), "nothing");
     Write("ShowType=1\n[Other]\nShowType=2\n[SystemSetting]\nCommPort=x\n");

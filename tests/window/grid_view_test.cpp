@@ -12,6 +12,7 @@
 
 #include "session/events.h"
 #include "window/grid_view_bench.h"
+#include "window/paint_watch.h"
 
 namespace commtest::testing {
 namespace {
@@ -46,6 +47,25 @@ TEST_F(GridViewTest, GridMadeSmallerBeforeALookIsPaintedWithoutHarm) {
     EXPECT_EQ(view->model()->rowCount(), 2);
     EXPECT_EQ(view->model()->columnCount(), 4);
     view->grab();
+}
+
+TEST_F(GridViewTest, ChangedCellIsPaintedAloneAndNothingBehindIt) {
+    const PaintWatch cells(*view->viewport());
+    const PaintWatch behind(window);
+    grid.SetCell(3, 5, u"7");
+    Look();
+    QApplication::processEvents();
+    EXPECT_EQ(cells.Painted(), QRegion(view->visualRect(view->model()->index(2, 5))));
+    EXPECT_TRUE(behind.Painted().isEmpty());
+}
+
+TEST_F(GridViewTest, RoomThatTheCellsLeaveIsPainted) {
+    form.ParameterGrid().SetRows(4);
+    Look();
+    QApplication::processEvents();
+    const QImage image = view->viewport()->grab().toImage();
+    EXPECT_EQ(image.pixelColor(5, image.height() - 5), bench.theme.Now().surface);
+    EXPECT_EQ(OnTheScreen(window), PaintedAnew(window));
 }
 
 TEST_F(GridViewTest, CurrentCellOfTheGridIsMarked) {

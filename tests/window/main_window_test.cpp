@@ -18,6 +18,7 @@
 #include "window/filter_box.h"
 #include "window/grid_view.h"
 #include "window/hit_list.h"
+#include "window/paint_watch.h"
 #include "window/port_page.h"
 #include "window/record_view.h"
 #include "window/search_panel.h"
@@ -80,6 +81,18 @@ TEST_F(MainWindowTest, CaptionIsTheSessions) {
     Form().Caption.Set(u"衡岫TQ系列仪联演示软件(TQ通讯协议) V 1.02.03");
     window->Views().Look();
     EXPECT_EQ(window->windowTitle().toStdString(), "衡岫TQ系列仪联演示软件(TQ通讯协议) V 1.02.03");
+}
+
+TEST_F(MainWindowTest, ALookWithoutChangesPaintsNothing) {
+    window->Views().Look();
+    QApplication::processEvents();
+    std::vector<std::unique_ptr<PaintWatch>> watches;
+    for (QWidget* widget : window->findChildren<QWidget*>())
+        watches.push_back(std::make_unique<PaintWatch>(*widget));
+    window->Views().Look();
+    QApplication::processEvents();
+    for (const auto& watch : watches)
+        EXPECT_TRUE(watch->Painted().isEmpty()) << watch->parent()->metaObject()->className();
 }
 
 TEST_F(MainWindowTest, StartKeyStartsAndStops) {

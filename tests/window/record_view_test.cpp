@@ -13,6 +13,7 @@
 
 #include "window/emptied_record.h"
 #include "window/note_bar.h"
+#include "window/paint_watch.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -171,6 +172,39 @@ TEST_F(RecordViewTest, ScrolledViewKeepsItsPlaceInTheText) {
         EXPECT_EQ(FirstLineInView(), line) << start;
         EXPECT_EQ(view->cursorForPosition(QPoint(10, 4)).positionInBlock(), column) << start;
     }
+}
+
+TEST_F(RecordViewTest, BlockOnTopPaintsItsOwnLinesAndNothingBehindThem) {
+    window.resize(300, 600);
+    view->resize(300, 600);
+    ShowBlocks(50);
+    QApplication::processEvents();
+    const PaintWatch lines(*view->viewport());
+    const PaintWatch behind(window);
+    PutOnTop(51, 51);
+    bench.binder.Look();
+    QApplication::processEvents();
+    const int formerTop = view->cursorRect(QTextCursor(view->document()->findBlockByNumber(4))).top();
+    EXPECT_EQ(lines.Painted().boundingRect(), QRect(0, 0, view->viewport()->width(), formerTop));
+    EXPECT_TRUE((behind.Painted() & view->viewport()->geometry()).isEmpty());
+}
+
+TEST_F(RecordViewTest, LinesThatHaveTravelledStandWhereTheyWouldBePainted) {
+    for (int number = 1; number <= 6; ++number) {
+        PutOnTop(number, number);
+        bench.binder.Look();
+        QApplication::processEvents();
+        EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << number;
+    }
+    PutOnTop(7, 30);
+    bench.binder.Look();
+    QApplication::processEvents();
+    EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << "more than there is room for";
+    view->verticalScrollBar()->setValue(7);
+    PutOnTop(31, 31);
+    bench.binder.Look();
+    QApplication::processEvents();
+    EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << "in the midst of the text";
 }
 
 TEST_F(RecordViewTest, SelectionStaysOnItsText) {
