@@ -51,6 +51,11 @@ def all_on_one_core():
             KERNEL_WORKERS.write_text(former, encoding="ascii")
 
 
+def tell(name, value, unit):
+    """A figure, as bench/report reads it."""
+    print(f"{name:45} {value:10.2f} {unit}", flush=True)
+
+
 def words(command):
     return [str(word) for word in command]
 

@@ -1,4 +1,4 @@
-// What the lists of a large catalogue cost in the window, a line each: name, milliseconds.
+// What the lists of a large catalogue cost in the window, a line each: NAME VALUE ms.
 //     list_bind INSTRUMENTS
 // Each instrument has a chip record. The first time of a list is from the click to its first picture, the
 // others are the longest of their kind. "names" is the choice of the protocol that all of them have, with
@@ -89,12 +89,14 @@ double MillisecondsOf(const std::function<void()>& work) {
     return static_cast<double>(watch.nsecsElapsed()) * 1e-6;
 }
 
-void Tell(const char* name, double milliseconds) { std::printf("%s %.1f\n", name, milliseconds); }
+void Tell(const char* name, const char* what, double milliseconds) {
+    std::printf("%s.%s %.2f ms\n", name, what, milliseconds);
+}
 
-void TellLongest(const char* name, int times, const std::function<void(int)>& work) {
+void TellLongest(const char* name, const char* what, int times, const std::function<void(int)>& work) {
     double longest = 0;
     for (int time = 0; time < times; ++time) longest = std::max(longest, MillisecondsOf([&] { work(time); }));
-    Tell(name, longest);
+    Tell(name, what, longest);
 }
 
 void Paint(GridView& list) {
@@ -103,24 +105,23 @@ void Paint(GridView& list) {
 }
 
 void MeasureList(const char* name, GridView& list, const std::function<void()>& bind) {
-    std::printf("%s\n", name);
-    Tell("  first", MillisecondsOf([&] {
+    Tell(name, "first", MillisecondsOf([&] {
              bind();
              Paint(list);
          }));
-    TellLongest("  again", kRounds, [&](int) {
+    TellLongest(name, "again", kRounds, [&](int) {
         bind();
         Paint(list);
     });
-    TellLongest("  sort", 2 * kRounds, [&](int round) {
+    TellLongest(name, "sort", 2 * kRounds, [&](int round) {
         list.OrderBy(3 + round % 2);
         Paint(list);
     });
-    TellLongest("  scroll", kScrollSteps, [&](int step) {
+    TellLongest(name, "scroll", kScrollSteps, [&](int step) {
         list.verticalScrollBar()->setValue(step * 20);
         Paint(list);
     });
-    TellLongest("  find", kRounds, [&](int) {
+    TellLongest(name, "find", kRounds, [&](int) {
         list.keyboardSearch(u"zz"_s);
         Paint(list);
     });
@@ -142,11 +143,10 @@ void MeasureEvent(const char* name, const std::function<void()>& prepare,
         QApplication::processEvents();
         painted.push_back(static_cast<double>(watch.nsecsElapsed()) * 1e-6);
     }
-    std::printf("%s\n", name);
     for (auto* times : {&bound, &painted}) {
         std::sort(times->begin(), times->end());
-        Tell(times == &bound ? "  event, quickest" : "  picture, quickest", times->front());
-        Tell(times == &bound ? "  event, median" : "  picture, median", (*times)[kRoundsOfEvents / 2]);
+        Tell(name, times == &bound ? "event.quickest" : "picture.quickest", times->front());
+        Tell(name, times == &bound ? "event.median" : "picture.median", (*times)[kRoundsOfEvents / 2]);
     }
 }
 
