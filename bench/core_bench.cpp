@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "numbers/register_codecs.h"
+#include "protocol_modbus/rtu_frame.h"
+#include "protocol_modbus/rtu_reply_rows.h"
 #include "protocol_native/check_words.h"
 #include "protocol_native/read_requests.h"
 #include "protocol_native/write_requests.h"
@@ -127,6 +129,42 @@ void BM_Exchange(benchmark::State& state, PolledInstrument (*instrument)()) {
 BENCHMARK_CAPTURE(BM_Exchange, native, Native)->Arg(50)->Arg(5000)->Arg(500000);
 BENCHMARK_CAPTURE(BM_Exchange, novax, Novax)->Arg(50)->Arg(5000)->Arg(500000);
 BENCHMARK_CAPTURE(BM_Exchange, flow_meter, FlowMeter)->Arg(50)->Arg(5000)->Arg(500000);
+
+// --- A register of a reply: raw text, value and scaled text into the grid ---
+
+constexpr int kRegisters = 100;
+
+// A row of decimals, which holds 1, and a hundred registers; `decimals` is what they say of theirs.
+void ChooseRegisters(BenchSession& bench, const Text& decimals) {
+    std::vector<TestParameter> parameters = BehindFiveCommands({{u"小数点位置", u"0010", u"2", u"R", u"0"}});
+    for (int i = 0; i < kRegisters; ++i) {
+        parameters.push_back({u"寄存器", FittedToWidth(HexOf(0x100 + i), 4), u"2", u"RW", decimals});
+    }
+    bench.Add(u"仪表", u"ModBus-RTU协议", u"310100", parameters);
+    bench.Choose(u"ModBus-RTU协议", u"仪表");
+    bench.Form().ParameterGrid().SetCell(6, column::kValue, u"1");
+}
+
+void BM_DecodeRegister(benchmark::State& state, const char16_t* decimals) {
+    BenchSession bench;
+    ChooseRegisters(bench, decimals);
+    // Q133: the last one is not taken.
+    HexText reply = u" 01 03 CA";
+    for (int i = 0; i < kRegisters + 1; ++i) AppendHexBytes(reply, {"\x04\xD2", 2});
+    AppendRtuCrc(reply);
+    MainForm& form = bench.Form();
+    form.CommandCode = command::kReadSeveralRows;
+    for (auto _ : state) {
+        form.CurrentRow = 7;
+        DecodeRtuRows(form, reply);
+    }
+    const Text wanted = decimals == Text(u"0") ? u"1234" : u"123.4";
+    if (form.ParameterGrid().Cell(106, column::kScaledValue) != wanted) state.SkipWithError("decoded wrong");
+    state.counters["register"] = benchmark::Counter(
+        kRegisters, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK_CAPTURE(BM_DecodeRegister, whole, u"0");
+BENCHMARK_CAPTURE(BM_DecodeRegister, scaled, u"0010");
 
 // Distinct frames in the list of sent frames: finding one must not grow with it.
 void BM_FindSentFrame(benchmark::State& state) {

@@ -18,12 +18,11 @@ struct Range {
 };
 
 // Control characters, invisible marks, separators of lines, changes of direction.
-constexpr std::array<Range, 6> kControls = {{{0x0000, 0x001F},
-                                             {0x007F, 0x009F},
-                                             {0x200B, 0x200F},
-                                             {0x2028, 0x202E},
-                                             {0x2060, 0x206F},
-                                             {0xFEFF, 0xFEFF}}};
+constexpr std::array<Range, 5> kControls = {
+    {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}}};
+constexpr char16_t kByteOrderMark = 0xFEFF;
+
+bool IsPlainAscii(char16_t unit) { return unit >= u' ' && unit <= u'~'; }
 
 Text Escaped(char16_t unit) {
     Text digits = HexOf(static_cast<double>(unit));
@@ -54,28 +53,25 @@ void WalkCharacters(TextView text, Takes takes) {
 }  // namespace
 
 bool IsControl(char16_t unit) {
-    const bool isPlain = unit >= u' ' && unit <= u'~';
-    return !isPlain && std::any_of(kControls.begin(), kControls.end(), [unit](const Range& range) {
-        return unit >= range.first && unit <= range.last;
-    });
+    if (IsPlainAscii(unit) || unit > kControls.back().last) return unit == kByteOrderMark;
+    return std::any_of(kControls.begin(), kControls.end(),
+                       [unit](const Range& range) { return unit >= range.first && unit <= range.last; });
 }
 
 std::string PrintableText(TextView text) {
-    Text printable;
-    printable.reserve(text.size());
+    std::string printable;
     while (!text.empty()) {
+        const auto control = std::find_if(
+            text.begin(), text.end(), [](char16_t unit) { return !IsPlainAscii(unit) && IsControl(unit); });
+        const auto plain = static_cast<std::size_t>(control - text.begin());
+        printable += ToUtf8(text.substr(0, plain));
+        text.remove_prefix(plain);
+        if (text.empty()) break;
         const bool isLineEnd = text.starts_with(kLineEnd);
-        const char16_t unit = text.front();
-        if (isLineEnd) {
-            printable += u'\n';
-        } else if (IsControl(unit)) {
-            printable += Escaped(unit);
-        } else {
-            printable += unit;
-        }
+        printable += isLineEnd ? "\n" : ToUtf8(Escaped(text.front()));
         text.remove_prefix(isLineEnd ? kLineEnd.size() : 1);
     }
-    return ToUtf8(printable);
+    return printable;
 }
 
 std::string PrintableLine(TextView text) {

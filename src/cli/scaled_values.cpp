@@ -1,5 +1,7 @@
 #include "cli/scaled_values.h"
 
+#include <algorithm>
+
 #include "cli/table.h"
 #include "runtime/runtime_error.h"
 #include "session/main_form.h"
@@ -8,38 +10,39 @@ namespace commtest {
 
 namespace {
 
-int DecimalsRowOf(const MainForm& form, int row) {
-    const RowManner& rows = form.ProtocolInUse().rows;
-    return rows.decimalsRow == nullptr ? 0 : rows.decimalsRow(form, row);
+int DecimalsRowOf(const RowManner& manner, const MainForm& form, int row) {
+    return manner.decimalsRow == nullptr ? 0 : manner.decimalsRow(form, row);
 }
 
 }  // namespace
 
-void ScaledValues::NoteRow(const MainForm& form, int row) {
-    const int holder = DecimalsRowOf(form, row);
-    if (holder == 0 || read_.contains(holder)) {
-        early_.erase(row);
-    } else {
-        early_.insert(row);
-    }
+ScaledValues::RowState ScaledValues::StateOf(int row) const {
+    const auto at = static_cast<std::size_t>(row);
+    return at < rows_.size() ? rows_[at] : RowState();
 }
 
 void ScaledValues::Note(const MainForm& form, const Outcome& outcome) {
+    const RowManner& manner = form.ProtocolInUse().rows;
     for (const RowSpan& span : outcome.rows.Runs()) {
-        for (int row = span.first; row <= span.last; ++row) NoteRow(form, row);
+        rows_.resize(std::max(rows_.size(), static_cast<std::size_t>(span.last) + 1));
+        for (int row = span.first; row <= span.last; ++row) {
+            const int holder = DecimalsRowOf(manner, form, row);
+            rows_[static_cast<std::size_t>(row)].isEarly = holder != 0 && !StateOf(holder).isRead;
+        }
     }
     for (const RowSpan& span : outcome.rows.Runs()) {
-        for (int row = span.first; row <= span.last; ++row) read_.insert(row);
+        for (int row = span.first; row <= span.last; ++row)
+            rows_[static_cast<std::size_t>(row)].isRead = true;
     }
 }
 
 Text ScaledValues::Of(const MainForm& form, int row) const {
     const Grid& grid = form.ParameterGrid();
     Text shown = grid.Cell(row, column::kScaledValue);
-    if (!early_.contains(row)) return shown;
-    if (!read_.contains(DecimalsRowOf(form, row))) return Text(kUndecided);
-    PassOverError(
-        [&] { shown = form.ProtocolInUse().rows.withDecimals(form, row, grid.Cell(row, column::kValue)); });
+    if (!StateOf(row).isEarly) return shown;
+    const RowManner& manner = form.ProtocolInUse().rows;
+    if (!StateOf(DecimalsRowOf(manner, form, row)).isRead) return Text(kUndecided);
+    PassOverError([&] { shown = manner.withDecimals(form, row, grid.Cell(row, column::kValue)); });
     return shown;
 }
 

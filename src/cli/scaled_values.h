@@ -1,6 +1,6 @@
 #pragma once
 
-#include <set>
+#include <vector>
 
 #include "runtime/text.h"
 
@@ -20,10 +20,14 @@ class ScaledValues {
     Text Of(const MainForm& form, int row) const;
 
   private:
-    void NoteRow(const MainForm& form, int row);
+    struct RowState {
+        bool isRead = false;
+        bool isEarly = false;  // came before its decimals
+    };
 
-    std::set<int> read_;   // rows
-    std::set<int> early_;  // rows that came before their decimals
+    RowState StateOf(int row) const;
+
+    std::vector<RowState> rows_;  // as many as were needed
 };
 
 }  // namespace commtest

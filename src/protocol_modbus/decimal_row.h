@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "runtime/text.h"
 
 namespace commtest {
@@ -12,6 +14,22 @@ class Grid;
 // (both excluded), the value stays; so does one that is no number. A leading point gets its zero all the
 // same. The grid's redraw is on afterwards, unless the value is empty. Passes over run-time errors.
 void ScaleByDecimalRow(Grid& grid, int row, Text& value, bool divide);
+
+// The same for the rows of one reply, which mostly name the same parameter, one behind the other: its row is
+// looked for once. Addresses and attributes stay meanwhile, values need not.
+class DecimalRows {
+  public:
+    explicit DecimalRows(const Grid& grid) : grid_(grid) {}
+
+    Text Scaled(int row, Text value, bool divide);
+
+  private:
+    Text ReferencedDecimals(int row);
+
+    const Grid& grid_;
+    Text address_;
+    std::optional<int> reference_;  // of that address
+};
 
 // The same without a touch of the grid.
 Text WithDecimalRow(const Grid& grid, int row, Text value, bool divide);

@@ -1,5 +1,6 @@
 #include "protocol_modbus/read_operation.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/clock.h"
@@ -38,7 +39,9 @@ Text ZeroToppedAddress(const Text& address) { return u"0" + Mid(address, 2); }  
 
 // Q117: the first digit of the row before is dropped, that of the row itself is kept.
 bool RowRunsOn(const Grid& grid, int row, double step) {
-    const auto before = HexParse(Mid(grid.Cell(row - 1, column::kAddress), 2));
+    TextView above = grid.Cell(row - 1, column::kAddress);
+    above.remove_prefix(std::min<std::size_t>(above.size(), 1));
+    const auto before = HexParse(above);
     return before + step == HexParse(grid.Cell(row, column::kAddress));
 }
 

@@ -1,6 +1,7 @@
 #include "protocol_modbus/rtu_read_requests.h"
 
 #include <cmath>
+#include <utility>
 
 #include "host/clock.h"
 #include "protocol_modbus/read_operation.h"
@@ -37,7 +38,11 @@ Text ZeroToppedRowAddress(const Conversation& talk) {
 }
 
 void Compose(Conversation& talk, TextView function, const Text& address, TextView count) {
-    talk.SendText = talk.AddressText + Text(function) + SplitAddress(address) + Text(count);
+    Text frame = talk.AddressText;
+    frame += function;
+    frame += SplitAddress(address);
+    frame += count;
+    talk.SendText = std::move(frame);
 }
 
 // --- The single reads ---

@@ -1,7 +1,9 @@
 #include "protocol_modbus/rtu_reply_rows.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <utility>
 
 #include "protocol_modbus/decimal_row.h"
 #include "protocol_modbus/read_operation.h"
@@ -24,12 +26,14 @@ using Data = TextView;
 
 // Bytes `first` to `last`, counted from 1, joined without blanks; what lies beyond the end is missing.
 Text Joined(Data data, int first, int last) {
-    Text code;
-    for (int byte = first; byte <= last; ++byte) {
-        const auto digits = static_cast<std::size_t>(byte) * kByteWidth - 2;
-        if (digits < data.size()) code += data.substr(digits, 2);
+    std::array<char16_t, 20> code;
+    std::size_t length = 0;
+    auto digits = static_cast<std::size_t>(first) * kByteWidth - 2;
+    for (int byte = first; byte <= last && digits < data.size(); ++byte, digits += kByteWidth) {
+        code[length++] = data[digits];
+        if (digits + 1 < data.size()) code[length++] = data[digits + 1];
     }
-    return code;
+    return {code.data(), length};
 }
 
 Text WordsSwapped(Data data) { return Joined(data, 3, 4) + Joined(data, 1, 2); }
@@ -55,11 +59,13 @@ class RowCutter {
 
     std::optional<Text> Cut(int row, Data& data) const {
         const Text& length = grid_.Cell(row, column::kLength);
-        if (length == u"1") return TakeBytes(data, 1);
-        if (length == u"2") return TakeBytes(data, 2);
-        if (length == u"4") return CutFour(grid_.Cell(row, column::kAddress) == u"0000", data);
-        if (length == u"5") return CutFive(data);
-        return std::nullopt;  // Q138: the cell stays
+        switch (length.size() == 1 ? length.front() : u' ') {
+            case u'1': return TakeBytes(data, 1);
+            case u'2': return TakeBytes(data, 2);
+            case u'4': return CutFour(grid_.Cell(row, column::kAddress) == u"0000", data);
+            case u'5': return CutFive(data);
+            default: return std::nullopt;  // Q138: the cell stays
+        }
     }
 
   private:
@@ -82,12 +88,15 @@ class RowCutter {
     bool isFlowMeter_;
 };
 
-void ShowValue(const Conversation& talk, Grid& grid, int row, int rawColumn) {
+void ShowValue(const RtuValueReader& reader, DecimalRows& decimals, Grid& grid, int row, int rawColumn) {
     Text value = grid.Cell(row, rawColumn);
-    DecodeRtuValue(talk, value);
+    reader.Decode(value);
     grid.SetCell(row, column::kValue, value);
-    if (grid.Cell(row, column::kDecimals) != u"0") ScaleByDecimalRow(grid, row, value, true);
-    grid.SetCell(row, column::kScaledValue, value);
+    if (grid.Cell(row, column::kDecimals) != u"0" && !value.empty()) {
+        value = decimals.Scaled(row, std::move(value), true);
+        grid.Redraw = true;
+    }
+    grid.SetCell(row, column::kScaledValue, std::move(value));
 }
 
 }  // namespace
@@ -98,6 +107,8 @@ void DecodeRtuRows(Conversation& talk, const HexText& reply) {
     data = data.substr(kFrontWidth, data.size() - kFrontWidth - kCrcWidth);
     Grid& grid = talk.ParameterGrid();
     const RowCutter cutter(talk);
+    const RtuValueReader reader(talk);
+    DecimalRows decimals(grid);
     const bool isGroupRead = talk.CommandCode == command::kReadSeveralRows;
     const int rawColumn = isGroupRead ? column::kGroupRead : column::kSingleRead;
     talk.CurrentRow = std::max(talk.CurrentRow, kFirstModbusRow);
@@ -105,7 +116,7 @@ void DecodeRtuRows(Conversation& talk, const HexText& reply) {
     for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
         if (auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, std::move(*raw));
         talk.FilledRows.Add(row);
-        ShowValue(talk, grid, row, rawColumn);
+        ShowValue(reader, decimals, grid, row, rawColumn);
         if (!isGroupRead) KeepRowInView(talk);
         if (data.size() < kFewestLeft) {
             talk.CurrentRow = Whole16(row + 1);

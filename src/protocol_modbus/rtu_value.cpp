@@ -14,14 +14,17 @@ bool ShowsConstant(const Conversation& talk, const Text& code) {
     return talk.switches.instrumentTypeHandling && Len(code) == 8 && Contains(talk.InstrumentName(), u"相");
 }
 
-void DecodeRtuValue(const Conversation& talk, Text& value) {
+void RtuValueReader::Decode(Text& value) const {
     // Q139: a constant stands for the received code.
-    if (ShowsConstant(talk, value)) {
+    if (ShowsConstant(talk_, value)) {
         value = u"42460000";
         CommCodeToValue(value, register_format::kIeeeSingle);
     } else {
-        CommCodeToValue(value, FormatOfInstrument(talk));
+        if (!format_) format_ = FormatOfInstrument(talk_);
+        CommCodeToValue(value, *format_);
     }
 }
+
+void DecodeRtuValue(const Conversation& talk, Text& value) { RtuValueReader(talk).Decode(value); }
 
 }  // namespace commtest

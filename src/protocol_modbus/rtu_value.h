@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "runtime/text.h"
 
 namespace commtest {
@@ -17,7 +19,19 @@ void EncodeRtuValue(const InstrumentInUse& instrument, Text& value);
 // eight characters, on a face that heeds the name.
 bool ShowsConstant(const Conversation& talk, const Text& code);
 
-// Code text to number text; the constant is 49.5.
+// Turns code texts of one reply into number texts; the constant is 49.5. The format is looked up with the
+// first of them.
+class RtuValueReader {
+  public:
+    explicit RtuValueReader(const Conversation& talk) : talk_(talk) {}
+
+    void Decode(Text& value) const;
+
+  private:
+    const Conversation& talk_;
+    mutable std::optional<int> format_;
+};
+
 void DecodeRtuValue(const Conversation& talk, Text& value);
 
 }  // namespace commtest

@@ -82,10 +82,21 @@ void EnsureLeadingBlank(Text& text) {
 }
 
 void AppendHexByte(HexText& frame, int byte) {
+    const char character = static_cast<char>(byte);
+    AppendHexBytes(frame, {&character, 1});
+}
+
+void AppendHexBytes(HexText& frame, std::string_view bytes) {
     constexpr TextView kDigits = u"0123456789ABCDEF";
-    frame += u' ';
-    frame += kDigits[static_cast<std::size_t>(byte >> 4 & 0xF)];
-    frame += kDigits[static_cast<std::size_t>(byte & 0xF)];
+    const std::size_t before = frame.size();
+    frame.resize(before + 3 * bytes.size());
+    char16_t* place = frame.data() + before;
+    for (const char character : bytes) {
+        const auto byte = static_cast<unsigned char>(character);
+        *place++ = u' ';
+        *place++ = kDigits[byte >> 4];
+        *place++ = kDigits[byte & 0xF];
+    }
 }
 
 }  // namespace commtest

@@ -27,7 +27,8 @@ HexText HexTextOfReadable(Text text);  // mode 1
 // Puts a blank in front of a text that does not begin with one.
 void EnsureLeadingBlank(Text& text);
 
-// Appends a byte (0 to 255) as a blank and two digits.
+// Appends a byte (0 to 255), or each of several, as a blank and two digits.
 void AppendHexByte(HexText& frame, int byte);
+void AppendHexBytes(HexText& frame, std::string_view bytes);
 
 }  // namespace commtest

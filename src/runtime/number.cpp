@@ -1,9 +1,9 @@
 #include "runtime/number.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <locale>
@@ -16,16 +16,117 @@ namespace commtest {
 
 namespace {
 
-int HexDigitValue(char16_t c) {
-    if (c >= u'0' && c <= u'9') return c - u'0';
-    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-    return -1;
-}
+constexpr std::array<std::int8_t, 128> kHexDigitValues = [] {
+    std::array<std::int8_t, 128> values{};
+    values.fill(-1);
+    for (std::size_t digit = 0; digit < 10; ++digit) values[u'0' + digit] = static_cast<std::int8_t>(digit);
+    for (std::size_t digit = 10; digit < 16; ++digit) {
+        values[u'A' + digit - 10] = static_cast<std::int8_t>(digit);
+        values[u'a' + digit - 10] = static_cast<std::int8_t>(digit);
+    }
+    return values;
+}();
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+int HexDigitValue(char16_t c) { return c < kHexDigitValues.size() ? kHexDigitValues[c] : -1; }
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 constexpr int kDoubleDigits = 15;
+constexpr int kSingleDigits = 7;
+
+// --- Short decimals: what most values of instruments are ---
+
+constexpr int kMostDecimals = 4;
+
+constexpr std::array<std::int64_t, kDoubleDigits + 1> kPowersOfTen = [] {
+    std::array<std::int64_t, kDoubleDigits + 1> powers{};
+    std::int64_t power = 1;
+    for (std::int64_t& each : powers) {
+        each = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+std::int64_t PowerOfTen(int exponent) { return kPowersOfTen[static_cast<std::size_t>(exponent)]; }
+
+// digits / 10^decimals, of at most 15 digits. Its double is the quotient of two exact numbers, and no other
+// decimal of 15 digits has the same one.
+struct ShortDecimal {
+    bool negative = false;
+    std::int64_t digits = 0;
+    int decimals = 0;
+
+    double Magnitude() const {
+        return static_cast<double>(digits) / static_cast<double>(PowerOfTen(decimals));
+    }
+};
+
+std::optional<ShortDecimal> ReadShortDecimal(TextView text) {
+    text = Trimmed(text);
+    ShortDecimal decimal;
+    decimal.negative = text.starts_with(u'-');
+    if (decimal.negative || text.starts_with(u'+')) text.remove_prefix(1);
+    if (text.empty() || text.size() > kDoubleDigits || text.back() == u'.') return std::nullopt;
+    const char16_t* behindPoint = nullptr;
+    for (const char16_t& unit : text) {
+        if (IsDigit(unit)) {
+            decimal.digits = decimal.digits * 10 + (unit - u'0');
+        } else if (unit == u'.' && behindPoint == nullptr) {
+            behindPoint = &unit + 1;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (behindPoint != nullptr) decimal.decimals = static_cast<int>(text.data() + text.size() - behindPoint);
+    return decimal;
+}
+
+// The one with the fewest decimals that is the value.
+std::optional<ShortDecimal> AsShortDecimal(double value, int significant) {
+    const double magnitude = std::fabs(value);
+    for (int decimals = 0; decimals <= kMostDecimals; ++decimals) {
+        const double scaled = magnitude * static_cast<double>(PowerOfTen(decimals));
+        if (!(scaled < static_cast<double>(PowerOfTen(significant) - 1))) return std::nullopt;
+        const ShortDecimal decimal = {std::signbit(value), static_cast<std::int64_t>(scaled + 0.5), decimals};
+        if (decimal.Magnitude() == magnitude) return decimal;
+    }
+    return std::nullopt;
+}
+
+// Q6: no zero before the point.
+Text TextOf(const ShortDecimal& decimal) {
+    std::array<char16_t, 24> units;
+    char16_t* const end = units.data() + units.size();
+    char16_t* first = end;
+    std::int64_t rest = decimal.digits;
+    const auto put = [&first, &rest] {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    };
+    for (int i = 0; i < decimal.decimals; ++i) put();
+    if (decimal.decimals > 0) *--first = u'.';
+    while (rest > 0) put();
+    if (decimal.negative) *--first = u'-';
+    return {first, end};
+}
+
+// Q5: half away from zero, unlike RoundHalfEven. None where the digits have no room.
+std::optional<ShortDecimal> Fixed(ShortDecimal decimal, int decimals) {
+    if (decimals > kMostDecimals || decimal.digits >= PowerOfTen(kDoubleDigits - kMostDecimals))
+        return std::nullopt;
+    decimal.negative = decimal.negative && decimal.digits != 0;
+    if (decimal.decimals > decimals) {
+        const std::int64_t power = PowerOfTen(decimal.decimals - decimals);
+        decimal.digits = decimal.digits / power + (decimal.digits % power >= power / 2 ? 1 : 0);
+    } else {
+        decimal.digits *= PowerOfTen(decimals - decimal.decimals);
+    }
+    decimal.decimals = decimals;
+    return decimal;
+}
+
+// --- Any number ---
 
 std::string ScientificForm(double value, int significant) {
     char printed[40];
@@ -48,7 +149,7 @@ Decimal DecimalOf(double value, int significant) {
     decimal.negative = std::signbit(value);
     decimal.point = std::atoi(text.c_str() + e + 1) + 1;
     for (char c : text.substr(0, e)) {
-        if (IsDigit(c)) decimal.digits += c;
+        if (IsDigit(static_cast<unsigned char>(c))) decimal.digits += c;
     }
     const auto last = decimal.digits.find_last_not_of('0');
     decimal.digits.resize(last == std::string::npos ? 0 : last + 1);
@@ -76,6 +177,8 @@ std::string PlainForm(const Decimal& decimal) {
 }
 
 Text NumberTextOf(double value, int significant) {
+    if (const auto shortDecimal = AsShortDecimal(value, significant))
+        return shortDecimal->digits == 0 ? u"0" : TextOf(*shortDecimal);
     const Decimal decimal = DecimalOf(value, significant);
     if (decimal.digits.empty()) return u"0";
     const bool plain = decimal.point <= significant && decimal.point >= -3;
@@ -109,7 +212,7 @@ FixedParts FixedPartsOf(double value, int decimals) {
     const auto whole = static_cast<std::size_t>(decimal.point > 0 ? decimal.point : 0);
     const auto wanted = whole + static_cast<std::size_t>(decimals);
     digits.resize(std::max(digits.size(), wanted + 1), '0');
-    const bool up = digits[wanted] >= '5';  // Q5: unlike RoundHalfEven
+    const bool up = digits[wanted] >= '5';
     digits.resize(wanted);
     if (up) RoundUp(digits);
     const auto point = digits.size() - static_cast<std::size_t>(decimals);
@@ -134,13 +237,16 @@ double NumberBeyondRange(const std::string& text) {
 }  // namespace
 
 double ToNumber(TextView text) {
+    if (const auto decimal = ReadShortDecimal(text))
+        return decimal->negative ? -decimal->Magnitude() : decimal->Magnitude();
     const std::string trimmed = ToUtf8(Trim(text));
     const char* begin = trimmed.data();
     const char* const end = begin + trimmed.size();
     if (begin != end && *begin == '+') ++begin;
     const char* const first = begin != end && begin == trimmed.data() && *begin == '-' ? begin + 1 : begin;
     // The number reader would also take "inf" and "nan".
-    const bool startsLikeNumber = first != end && (IsDigit(*first) || *first == '.');
+    const bool startsLikeNumber =
+        first != end && (IsDigit(static_cast<unsigned char>(*first)) || *first == '.');
     double value = 0;
     const auto [stop, error] = std::from_chars(begin, end, value);
     if (!startsLikeNumber || stop != end || error == std::errc::invalid_argument) {
@@ -162,8 +268,10 @@ std::int32_t ToWhole32(TextView text) { return Whole32(ToNumber(text)); }
 std::int32_t HexParse(TextView text) {
     std::uint32_t value = 0;
     std::size_t digits = 0;
-    for (; digits < text.size() && HexDigitValue(text[digits]) >= 0; ++digits) {
-        value = (value << 4) | static_cast<std::uint32_t>(HexDigitValue(text[digits]));
+    for (; digits < text.size(); ++digits) {
+        const int digit = HexDigitValue(text[digits]);
+        if (digit < 0) break;
+        value = (value << 4) | static_cast<std::uint32_t>(digit);
     }
     if (digits <= 4) return static_cast<std::int16_t>(value);  // Q4: signed
     return static_cast<std::int32_t>(value);
@@ -181,8 +289,12 @@ std::optional<int> HexPairValue(TextView pair) {
 }
 
 Text NumberText(double value) { return NumberTextOf(value, kDoubleDigits); }
-Text SingleText(float value) { return NumberTextOf(static_cast<double>(value), 7); }
-Text WholeText(std::int64_t value) { return FromUtf8(std::to_string(value)); }
+Text SingleText(float value) { return NumberTextOf(static_cast<double>(value), kSingleDigits); }
+
+Text WholeText(std::int64_t value) {
+    std::array<char, 20> digits;
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
+}
 
 double RoundedToText(double value) {
     const std::string digits = ScientificForm(value, kDoubleDigits);
@@ -192,14 +304,21 @@ double RoundedToText(double value) {
 }
 
 Text HexOf(double value) {
-    char printed[16];
-    std::snprintf(printed, sizeof printed, "%X", static_cast<unsigned>(Whole32(value)));
-    return FromUtf8(printed);
+    auto rest = static_cast<std::uint32_t>(Whole32(value));
+    Text digits;
+    do {
+        digits.insert(digits.begin(), u"0123456789ABCDEF"[rest % 16]);
+        rest /= 16;
+    } while (rest != 0);
+    return digits;
 }
 
 Text HexOf(TextView text) { return HexOf(ToNumber(text)); }
 
 Text FixedText(double value, int decimals) {
+    if (const auto shortDecimal = AsShortDecimal(value, kDoubleDigits)) {
+        if (const auto fixed = Fixed(*shortDecimal, decimals)) return TextOf(*fixed);
+    }
     const FixedParts parts = FixedPartsOf(value, decimals);
     return Joined(parts, parts.whole);
 }
@@ -217,7 +336,11 @@ Text GroupedText(double value, int decimals) {
 }
 
 // Q5: to even, unlike shown decimals.
-double RoundHalfEven(double value) { return std::nearbyint(value); }
+double RoundHalfEven(double value) {
+    const bool isSmall = value > -1e9 && value < 1e9;
+    if (isSmall && static_cast<double>(static_cast<std::int32_t>(value)) == value) return value;
+    return std::nearbyint(value);
+}
 
 std::int16_t Whole16(double value) {
     const double rounded = RoundHalfEven(value);

@@ -15,8 +15,9 @@ std::size_t Count(int length) {
     return static_cast<std::size_t>(length);
 }
 
-void AppendUtf8(std::string& out, char32_t c) {
-    const auto put = [&out](char32_t byte) { out += static_cast<char>(static_cast<unsigned char>(byte)); };
+// Writes a character behind those in front and gives the place behind it.
+char* PutUtf8(char* to, char32_t c) {
+    const auto put = [&to](char32_t byte) { *to++ = static_cast<char>(static_cast<unsigned char>(byte)); };
     if (c < 0x80) {
         put(c);
     } else if (c < 0x800) {
@@ -32,6 +33,14 @@ void AppendUtf8(std::string& out, char32_t c) {
         put(0x80 | ((c >> 6) & 0x3F));
         put(0x80 | (c & 0x3F));
     }
+    return to;
+}
+
+// Bytes of its UTF-8; a pair of halves counts two too many.
+std::size_t Utf8Length(TextView text) {
+    std::size_t length = text.size();
+    for (const char16_t unit : text) length += (unit >= 0x80 ? 1U : 0U) + (unit >= 0x800 ? 1U : 0U);
+    return length;
 }
 
 void AppendUtf16(Text& out, char32_t c) {
@@ -72,6 +81,19 @@ char32_t TakeUtf8(std::string_view& rest) {
     return overlong || c > 0x10FFFF || (c >= 0xD800 && c < 0xE000) ? kReplacement : c;
 }
 
+// The same of UTF-16.
+char32_t TakeUtf16(TextView& rest) {
+    const char32_t unit = rest.front();
+    rest.remove_prefix(1);
+    const bool isHalf = unit >= 0xD800 && unit < 0xE000;
+    if (!isHalf) return unit;
+    const bool isPaired = unit < 0xDC00 && !rest.empty() && rest.front() >= 0xDC00 && rest.front() < 0xE000;
+    if (!isPaired) return kReplacement;
+    const char32_t low = rest.front();
+    rest.remove_prefix(1);
+    return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
+}
+
 }  // namespace
 
 Text Mid(TextView text, int start) {
@@ -103,10 +125,10 @@ int InStr(TextView text, TextView wanted) {
 
 bool Contains(TextView text, TextView wanted) { return InStr(text, wanted) > 0; }
 
-Text Trim(TextView text) {
+TextView Trimmed(TextView text) {
     const auto first = text.find_first_not_of(u' ');
     if (first == TextView::npos) return {};
-    return Text(text.substr(first, text.find_last_not_of(u' ') - first + 1));
+    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
 Text UCase(TextView text) {
@@ -125,23 +147,21 @@ Text Behind(TextView text, char16_t separator) {
 }
 
 std::string ToUtf8(TextView text) {
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char32_t unit = text[i];
-        if (unit < 0x80) {
-            out += static_cast<char>(unit);
-            continue;
-        }
-        const bool high = unit >= 0xD800 && unit < 0xDC00;
-        const bool paired = high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
-        if (paired) {
-            const char32_t low = text[++i];
-            AppendUtf8(out, 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00));
+    std::string out(Utf8Length(text), '\0');
+    char* to = out.data();
+    if (out.size() == text.size()) {
+        for (const char16_t unit : text) *to++ = static_cast<char>(unit);
+        return out;
+    }
+    while (!text.empty()) {
+        if (const char16_t unit = text.front(); unit < 0x80) {
+            *to++ = static_cast<char>(unit);
+            text.remove_prefix(1);
         } else {
-            AppendUtf8(out, unit >= 0xD800 && unit < 0xE000 ? kReplacement : unit);
+            to = PutUtf8(to, TakeUtf16(text));
         }
     }
+    out.resize(static_cast<std::size_t>(to - out.data()));
     return out;
 }
 

@@ -25,7 +25,8 @@ int InStr(TextView text, TextView wanted);
 bool Contains(TextView text, TextView wanted);
 
 // Takes the blanks (only these) off both ends.
-Text Trim(TextView text);
+TextView Trimmed(TextView text);
+inline Text Trim(TextView text) { return Text(Trimmed(text)); }
 
 // Upper case of the letters a to z; every other character stays.
 Text UCase(TextView text);

@@ -37,13 +37,28 @@ Exchange TakeExchange(MainForm& form, const Protocol& protocol) {
 
 // The line of the record: what has come, as the display mode shows it.
 void PutReplyIntoLogLine(MainForm& form, const HexText& reply) {
-    Text shown = reply;
+    Text readable;
+    TextView shown = reply;
     PassOverError([&] {
-        if (form.ShowMode.IsChosen(0)) ConvertHexText(shown, 0);
+        if (!form.ShowMode.IsChosen(0)) return;
+        readable = ReadableOf(reply);
+        shown = readable;
     });
     form.LogParts.replyAt = form.LogLine.size();
-    form.LogLine += Trim(shown) + Text(kLineEnd);
+    form.LogLine += Trimmed(shown);
+    form.LogLine += kLineEnd;
     form.LogParts.wordsAt = form.LogLine.size();
+}
+
+void PutLogLineIntoRecord(MainForm& form, const OutcomePointer& outcome) {
+    RecordBlock block;
+    block.text.reserve(form.LogLine.size() + 2 * kLineEnd.size());
+    block.text = form.LogLine;
+    block.text += kLineEnd;
+    block.text += kLineEnd;
+    block.parts = form.LogParts;
+    block.outcome = outcome;
+    form.Record().PutOnTop(std::move(block));
 }
 
 void AddOne(std::int32_t& counter) {
@@ -94,7 +109,7 @@ void ReceiveReply(MainForm& form) {
     if (verdict.logsError) PassOverError([&] { LogCommError(form); });
     if (verdict.makesReady) form.CycleStep = cycle_step::kReady;
     if (verdict.stopsSession) StopByException(form, outcome);
-    form.Record().PutOnTop({form.LogLine + Text(kLineEnd) + Text(kLineEnd), form.LogParts, outcome});
+    PutLogLineIntoRecord(form, outcome);
     AskForNextPart(form, verdict);
     if (verdict.decodes) Decode(form, *outcome, protocol);
     form.Outcomes.Add(outcome);

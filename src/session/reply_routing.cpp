@@ -54,7 +54,7 @@ void AddFailures(StatisticsCaption& caption, TextView words, std::int32_t count)
 void AddRate(StatisticsCaption& caption, const MainForm& form) {
     const std::int32_t failures = Add32(Add32(form.IncompleteCount, form.CheckErrorCount), form.NoReplyCount);
     const double rate = static_cast<double>(Multiply32(failures, 100)) / form.SendCount;
-    Add(caption, GroupedText(rate, 2) + u" %", failures > 0);
+    Add(caption, failures == 0 ? u"0.00 %" : GroupedText(rate, 2) + u" %", failures > 0);
 }
 
 void Append(StatisticsCaption& caption, const StatisticsCaption& behind) {
@@ -64,7 +64,7 @@ void Append(StatisticsCaption& caption, const StatisticsCaption& behind) {
 }
 
 void Show(MainForm& form, std::size_t index, const StatisticsCaption& caption) {
-    form.ConCommMessage[index].Set(caption.text);
+    if (form.ConCommMessage[index].Value() != caption.text) form.ConCommMessage[index].Set(caption.text);
     form.ShownStatistics[index] = caption.numbers;
 }
 
@@ -82,12 +82,15 @@ void RouteReply(MainForm& form) {
 }
 
 void ShowStatistics(MainForm& form) {
+    constexpr std::size_t kUsualLength = 100;
     StatisticsCaption total;
+    total.text.reserve(kUsualLength);
     total.text = form.texts.beforeTotal;
     Add(total, WholeText(form.SendCount), false);
     total.text += form.texts.behindTotal;
     Show(form, 1, total);
     StatisticsCaption failures;
+    failures.text.reserve(kUsualLength);
     AddFailures(failures, u"数据不完整 ", form.IncompleteCount);
     AddFailures(failures, u" 次;校验出错 ", form.CheckErrorCount);
     AddFailures(failures, u" 次;无应答 ", form.NoReplyCount);

@@ -125,7 +125,7 @@ void MSComm1_OnComm(MainForm& form) {
     if (arrived.size() >= 2) form.RxEventCount = Add16(form.RxEventCount, 1);
     if (!arrived.empty()) NoteArrival(form);
     // Q58: also behind the end of a reply.
-    for (const char byte : arrived) AppendHexByte(form.ReplyText, static_cast<unsigned char>(byte));
+    AppendHexBytes(form.ReplyText, arrived);
     if (!form.ReplyText.empty()) FindEndWord(form);
     form.PollTimer().SetEnabled(true);  // Q43: also of a stopped session
 }

@@ -115,6 +115,28 @@ TEST_F(DecimalRow, FirstRowOfTheAddressCounts) {
     EXPECT_EQ(Scaled(u"1234"), "1234") << "an empty one too";
 }
 
+TEST_F(DecimalRow, WholeNumbersOfAnyLengthGetTheirPoint) {
+    SetReference(3, u"3");
+    const char16_t* const values[] = {u"7", u"-7", u"1000", u"-123456", u"999999999999999", u"-0", u"010"};
+    std::string all;
+    for (const char16_t* value : values) all += Scaled(value) + " ";
+    EXPECT_EQ(all, "0.007 -0.007 1.000 -123.456 999999999999.999 0.000 0.010 ");
+}
+
+TEST_F(DecimalRow, RowsOfOneReplyFollowTheirOwnReferences) {
+    constexpr int kOther = 9;
+    grid.SetCell(kOther, column::kDecimals, u"0030");
+    SetReference(3, u"2");
+    SetReference(4, u"1", u"0030");
+    DecimalRows rows(grid);
+    const auto scaled = [&rows](int row) { return ToUtf8(rows.Scaled(row, u"1234", kReading)); };
+    EXPECT_EQ(scaled(kRow), "12.34");
+    EXPECT_EQ(scaled(kOther), "123.4");
+    EXPECT_EQ(scaled(kRow), "12.34");
+    grid.SetCell(3, column::kValue, u"3");
+    EXPECT_EQ(scaled(kRow), "1.234") << "decimals that the reply brings";
+}
+
 TEST_F(DecimalRow, EveryRowBelowTheHeadingsIsSearched) {
     for (const int row : {1, 5, kRow, LastRow(grid)}) {
         SetReference(row, u"2");

@@ -112,6 +112,12 @@ TEST(EnsureLeadingBlank, PutsOneWhereThereIsNone) {
     EXPECT_EQ(ToUtf8(empty), " ");
 }
 
+TEST(AppendHexBytes, WritesEachByteBehindTheOther) {
+    HexText frame = u" 01";
+    AppendHexBytes(frame, std::string_view("\x00\x7F\xFF", 3));
+    EXPECT_EQ(ToUtf8(frame), " 01 00 7F FF");
+}
+
 TEST(AppendHexByte, WritesABlankAndTwoUpperCaseDigits) {
     HexText frame = u" 40";
     for (int byte : {0, 10, 255}) AppendHexByte(frame, byte);

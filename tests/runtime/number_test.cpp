@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "support/error_of.h"
@@ -26,6 +27,14 @@ TEST(ToNumber, ReadsDecimalNumbers) {
         {u"1.5e-3", 0.0015}, {u"  7 ", 7},   {u"1E-400", 0},  {u"-1E-400", 0},
     };
     for (const Row& row : rows) EXPECT_EQ(ToNumber(row.text), row.number) << ToUtf8(row.text);
+}
+
+TEST(ToNumber, FifteenDigitsAndMoreAreTheNearestDouble) {
+    EXPECT_EQ(ToNumber(u"999999999999999"), 999999999999999.0);
+    EXPECT_EQ(ToNumber(u"-12345678901.2345"), -12345678901.2345);
+    EXPECT_EQ(ToNumber(u".000000000000001"), 1e-15);
+    EXPECT_EQ(ToNumber(u"12345678901234567"), 12345678901234567.0);
+    EXPECT_TRUE(std::signbit(ToNumber(u"-0")));
 }
 
 TEST(ToNumber, TextThatIsNoNumberRaisesError13) {
@@ -279,6 +288,27 @@ TEST(FixedFormats, RoundHalfAwayFromZero) {
 }
 
 // As a double 1.005 is a little below the half.
+TEST(FixedFormats, ShortNumbersAreRoundedAsLongOnes) {
+    const struct {
+        double number;
+        int decimals;
+        const char* text;
+    } rows[] = {{2.5, 0, "3"},
+                {-2.5, 0, "-3"},
+                {0.125, 2, ".13"},
+                {1.005, 2, "1.01"},
+                {-0.04, 1, "-.0"},
+                {0, 2, ".00"},
+                {-0.0, 1, ".0"},
+                {0, 0, ""},
+                {12.5, 4, "12.5000"},
+                {99.95, 1, "100.0"},
+                {0.9999, 3, "1.000"},
+                {7, 5, "7.00000"},
+                {1234567890123.4, 1, "1234567890123.4"}};
+    for (const auto& row : rows) EXPECT_EQ(ToUtf8(FixedText(row.number, row.decimals)), row.text);
+}
+
 TEST(FixedFormats, RoundTheDecimalTextNotTheDouble) {
     EXPECT_EQ(ToUtf8(FixedTextWithZero(1.005, 2)), "1.01");
     EXPECT_EQ(ToUtf8(FixedTextWithZero(-1.005, 2)), "-1.01");
