@@ -166,7 +166,6 @@ void MeasureChoices(Binder& binder) {
     };
     MeasureEvent(
         "names", [&] { chooseProtocol(u"ModBus-RTU协议"); }, [&] { chooseProtocol(kProtocol); });
-    std::fprintf(stderr, "DEBUG %zu\n", form.InstrumentList().Items().size());
     MeasureEvent(
         "choice", [&] { chooseInstrument(form.InstrumentList().At(3)); },
         [&] { chooseInstrument(Text(kLongName)); });
