@@ -8,7 +8,7 @@
 namespace commtest {
 
 // The blocks of the record on their way out, oldest first: to the results, to a file, to both or to neither.
-// They wait here until Flush, a few of them at a time.
+// A few of them wait here, at the longest until Flush.
 class RecordStream {
   public:
     // A Problem if the file is not to be written, or cannot be.
@@ -23,10 +23,13 @@ class RecordStream {
     void Finish();
 
   private:
+    void HandOn();
+
     Console& console_;
     bool showsBlocks_;
     OutputFile file_;
     std::string waiting_;
+    bool awaitsFlush_ = false;  // the results
 };
 
 }  // namespace commtest

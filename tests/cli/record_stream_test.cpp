@@ -47,6 +47,19 @@ TEST_F(RecordStreamTest, BlocksWaitForAFlush) {
     EXPECT_EQ(FileContent(), "a");
 }
 
+TEST_F(RecordStreamTest, ManyBlocksGoOutWithoutAFlushAndOnce) {
+    RecordStream record(console, true, {fileName, OutputKind::Record, {}});
+    std::string all;
+    for (int i = 0; i < 2000; ++i) {
+        record.Add(u"0123456789");
+        all += "0123456789";
+    }
+    EXPECT_GE(FileContent().size(), 16384U);
+    EXPECT_TRUE(record.Flush());
+    EXPECT_EQ(FileContent(), all);
+    EXPECT_EQ(results.str(), all);
+}
+
 TEST_F(RecordStreamTest, FileHoldsTheSameTextAndBeginsAnew) {
     QFile file(fileName);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
