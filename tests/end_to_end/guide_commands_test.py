@@ -87,7 +87,8 @@ class Home:
     def show(self, desktop, command):
         """Starts the window, waits until it is there and leaves it by its key: the exit status."""
         words = self.here("exec " + command)
-        program = subprocess.Popen(words, cwd=self.folder, env={**desktop.environment, **self.environment})
+        screen = {name: desktop.environment[name] for name in ("DISPLAY", "QT_QPA_PLATFORM")}
+        program = subprocess.Popen(words, cwd=self.folder, env={**self.environment, **screen})
         try:
             desktop.window(program)
             desktop.press("ctrl+q")
