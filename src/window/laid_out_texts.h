@@ -12,7 +12,7 @@ namespace commtest {
 // with dots.
 class LaidOutTexts {
   public:
-    explicit LaidOutTexts(QFont font) : font_(std::move(font)) {}
+    explicit LaidOutTexts(const QFont& font) : font_(font) {}
 
     const QFont& Font() const { return font_; }
 
