@@ -50,11 +50,12 @@ TEST_F(GridViewTest, GridMadeSmallerBeforeALookIsPaintedWithoutHarm) {
 }
 
 TEST_F(GridViewTest, ChangedCellIsPaintedAloneAndNothingBehindIt) {
+    PaintWhatIsDue(window);
     const PaintWatch cells(*view->viewport());
     const PaintWatch behind(window);
     grid.SetCell(3, 5, u"7");
     Look();
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     EXPECT_EQ(cells.Painted(), QRegion(view->visualRect(view->model()->index(2, 5))));
     EXPECT_TRUE(behind.Painted().isEmpty());
 }
@@ -62,7 +63,7 @@ TEST_F(GridViewTest, ChangedCellIsPaintedAloneAndNothingBehindIt) {
 TEST_F(GridViewTest, RoomThatTheCellsLeaveIsPainted) {
     form.ParameterGrid().SetRows(4);
     Look();
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     const QImage image = view->viewport()->grab().toImage();
     EXPECT_EQ(image.pixelColor(5, image.height() - 5), bench.theme.Now().surface);
     EXPECT_EQ(OnTheScreen(window), PaintedAnew(window));
@@ -140,12 +141,12 @@ TEST_F(GridViewTest, NothingFollowsWhileTheRedrawIsOff) {
 class PaintedCell : public QObject {
   public:
     PaintedCell(GridView& view, QPoint place) : view_(view), place_(place) {
-        QApplication::processEvents();
+        PaintWhatIsDue(*view_.window());
         view_.viewport()->installEventFilter(this);
     }
     bool IsPainted() {
         isPainted_ = false;
-        QApplication::processEvents();
+        PaintWhatIsDue(*view_.window());
         return isPainted_;
     }
     bool eventFilter(QObject*, QEvent* event) override {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QApplication>
 #include <QBackingStore>
+#include <QEvent>
 #include <QImage>
 #include <QPaintEvent>
 #include <QWidget>
@@ -22,6 +24,15 @@ class PaintWatch : public QObject {
   private:
     QRegion painted_;
 };
+
+// Lays out and paints all of the window that waits for it, whenever the toolkit would have come to it.
+inline void PaintWhatIsDue(QWidget& window) {
+    for (int turn = 0; turn < 3; ++turn) {  // what is laid out asks for paint
+        QApplication::processEvents();
+        QEvent due(QEvent::UpdateRequest);
+        QApplication::sendEvent(&window, &due);
+    }
+}
 
 // The pixels that a window has on the screen.
 inline QImage OnTheScreen(const QWidget& window) {

@@ -178,12 +178,12 @@ TEST_F(RecordViewTest, BlockOnTopPaintsItsOwnLinesAndNothingBehindThem) {
     window.resize(300, 600);
     view->resize(300, 600);
     ShowBlocks(50);
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     const PaintWatch lines(*view->viewport());
     const PaintWatch behind(window);
     PutOnTop(51, 51);
     bench.binder.Look();
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     const int formerTop = view->cursorRect(QTextCursor(view->document()->findBlockByNumber(4))).top();
     EXPECT_EQ(lines.Painted().boundingRect(), QRect(0, 0, view->viewport()->width(), formerTop));
     EXPECT_TRUE((behind.Painted() & view->viewport()->geometry()).isEmpty());
@@ -193,17 +193,17 @@ TEST_F(RecordViewTest, LinesThatHaveTravelledStandWhereTheyWouldBePainted) {
     for (int number = 1; number <= 6; ++number) {
         PutOnTop(number, number);
         bench.binder.Look();
-        QApplication::processEvents();
+        PaintWhatIsDue(window);
         EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << number;
     }
     PutOnTop(7, 30);
     bench.binder.Look();
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << "more than there is room for";
     view->verticalScrollBar()->setValue(7);
     PutOnTop(31, 31);
     bench.binder.Look();
-    QApplication::processEvents();
+    PaintWhatIsDue(window);
     EXPECT_EQ(OnTheScreen(window), PaintedAnew(window)) << "in the midst of the text";
 }
 
