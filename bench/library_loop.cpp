@@ -1,5 +1,6 @@
 // library_loop DEVICE EXCHANGES REGISTERS: the client of libmodbus. Asks address 1 for REGISTERS holding
-// registers from 0100 on. Prints seconds of wall clock and of processor time, and the number of exchanges.
+// registers, walking over those from 0100 on. Prints seconds of wall clock and of processor time, and the
+// number of exchanges.
 #include <modbus/modbus.h>
 
 #include <array>
@@ -9,6 +10,7 @@
 #include <memory>
 
 #include "loop_costs.h"
+#include "register_walk.h"
 
 namespace {
 
@@ -36,7 +38,8 @@ int main(int argc, char** argv) {
     std::array<std::uint16_t, MODBUS_MAX_READ_REGISTERS> values = {};
     const LoopCosts costs;
     for (int i = 0; i < exchanges; ++i) {
-        if (modbus_read_registers(context.get(), 0x0100, registers, values.data()) != registers) {
+        const int first = FirstRegisterOf(i, registers);
+        if (modbus_read_registers(context.get(), first, registers, values.data()) != registers) {
             std::fprintf(stderr, "library_loop: exchange %d: %s\n", i + 1, modbus_strerror(errno));
             return 1;
         }
