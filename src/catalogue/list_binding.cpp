@@ -1,7 +1,5 @@
 #include "catalogue/list_binding.h"
 
-#include <utility>
-
 #include "runtime/hex_text.h"
 #include "runtime/number.h"
 
@@ -23,7 +21,7 @@ Text NumberOfRow(int row) {
 }  // namespace
 
 // Q179: an empty result leaves the grid.
-void BindToGrid(Grid& grid, StoreRows result) {
+void BindToGrid(Grid& grid, const StoreRows& result) {
     if (result.rows.empty()) return;
     const auto rows = result.rows.size();
     const auto columns = result.columns.size();
@@ -37,8 +35,8 @@ void BindToGrid(Grid& grid, StoreRows result) {
         const int row = static_cast<int>(r) + 1;
         grid.SetCell(row, 0, NumberOfRow(row));
         for (std::size_t c = 0; c < columns; ++c) {
-            StoreValue& value = result.rows[r][c];
-            grid.SetCell(row, static_cast<int>(c) + 1, value ? std::move(*value) : Text());
+            const StoreValue& value = result.rows[r][c];
+            grid.SetCell(row, static_cast<int>(c) + 1, value ? TextView(*value) : TextView());
         }
     }
     grid.Redraw = true;

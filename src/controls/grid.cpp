@@ -32,13 +32,6 @@ void Grid::SetSize(int rows, int cols) {
     MarkDirty();
 }
 
-const Text& Grid::Cell(int row, int col) const { return cells_[IndexOf(row, col)]; }
-
-void Grid::SetCell(int row, int col, Text text) {
-    cells_[IndexOf(row, col)] = std::move(text);
-    MarkDirty();
-}
-
 void Grid::Clear() {
     std::fill(cells_.begin(), cells_.end(), Text());
     colours_.clear();
@@ -67,19 +60,15 @@ std::optional<Colour> Grid::GivenColour(int row, int col) const {
 }
 
 GridColumn& Grid::Column(int col) {
-    if (col < 0 || col >= cols_) throw RuntimeError(RuntimeError::kSubscript);
+    if (col < 0 || col >= cols_) RaiseOutside();
     return columns_[static_cast<std::size_t>(col)];
 }
 
 const GridColumn& Grid::Column(int col) const {
-    if (col < 0 || col >= cols_) throw RuntimeError(RuntimeError::kSubscript);
+    if (col < 0 || col >= cols_) RaiseOutside();
     return columns_[static_cast<std::size_t>(col)];
 }
 
-std::size_t Grid::IndexOf(int row, int col) const {
-    const bool inside = row >= 0 && row < rows_ && col >= 0 && col < cols_;
-    if (!inside) throw RuntimeError(RuntimeError::kSubscript);
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
-}
+void Grid::RaiseOutside() { throw RuntimeError(RuntimeError::kSubscript); }
 
 }  // namespace commtest

@@ -43,8 +43,12 @@ class Grid : public Control {
     void SetSize(int rows, int cols);
     void SetRows(int rows) { SetSize(rows, cols_); }
 
-    const Text& Cell(int row, int col) const;
-    void SetCell(int row, int col, Text text);
+    const Text& Cell(int row, int col) const { return cells_[IndexOf(row, col)]; }
+    void SetCell(int row, int col, TextView text) {
+        Text& cell = cells_[IndexOf(row, col)];
+        if (cell != text) cell = text;  // while it polls, most values are the former ones
+        MarkDirty();
+    }
 
     // Empties every cell and takes the colours off; the size stays.
     void Clear();
@@ -63,7 +67,13 @@ class Grid : public Control {
     const GridColumn& Column(int col) const;
 
   private:
-    std::size_t IndexOf(int row, int col) const;
+    std::size_t IndexOf(int row, int col) const {
+        const bool inside = row >= 0 && row < rows_ && col >= 0 && col < cols_;
+        if (!inside) RaiseOutside();
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+               static_cast<std::size_t>(col);
+    }
+    [[noreturn]] static void RaiseOutside();
 
     std::uint64_t epoch_ = 0;
     int rows_ = 0;

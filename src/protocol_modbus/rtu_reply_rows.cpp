@@ -96,7 +96,7 @@ void ShowValue(const RtuValueReader& reader, DecimalRows& decimals, Grid& grid, 
         value = decimals.Scaled(row, std::move(value), true);
         grid.Redraw = true;
     }
-    grid.SetCell(row, column::kScaledValue, std::move(value));
+    grid.SetCell(row, column::kScaledValue, value);
 }
 
 }  // namespace
@@ -114,7 +114,7 @@ void DecodeRtuRows(Conversation& talk, const HexText& reply) {
     talk.CurrentRow = std::max(talk.CurrentRow, kFirstModbusRow);
     // Q134: CurrentRow stays where the grid ends first.
     for (int row = talk.CurrentRow; row < grid.Rows(); ++row) {
-        if (auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, std::move(*raw));
+        if (const auto raw = cutter.Cut(row, data)) grid.SetCell(row, rawColumn, *raw);
         talk.FilledRows.Add(row);
         ShowValue(reader, decimals, grid, row, rawColumn);
         if (!isGroupRead) KeepRowInView(talk);

@@ -65,9 +65,9 @@ void ScaleDirectly(const Text& decimalsText, Text& value, bool divide) {
 int RowAtDecimalsAddress(const Grid& grid, int row, bool (*mayHold)(const Grid&, int row)) {
     const Text& decimals = grid.Cell(row, column::kDecimals);
     if (decimals == u"0") return 0;
+    const auto address = HexParse(decimals);
     for (int r = 1; r < grid.Rows(); ++r) {
-        const bool isThere = HexParse(grid.Cell(r, column::kAddress)) == HexParse(decimals);
-        if (isThere && mayHold(grid, r)) return r;
+        if (HexParse(grid.Cell(r, column::kAddress)) == address && mayHold(grid, r)) return r;
     }
     return 0;
 }

@@ -64,7 +64,8 @@ void Append(StatisticsCaption& caption, const StatisticsCaption& behind) {
 }
 
 void Show(MainForm& form, std::size_t index, const StatisticsCaption& caption) {
-    if (form.ConCommMessage[index].Value() != caption.text) form.ConCommMessage[index].Set(caption.text);
+    if (form.ConCommMessage[index].Value() == caption.text) return;
+    form.ConCommMessage[index].Set(caption.text);
     form.ShownStatistics[index] = caption.numbers;
 }
 
