@@ -59,19 +59,20 @@ bool IsControl(char16_t unit) {
 }
 
 std::string PrintableText(TextView text) {
-    std::string printable;
+    Text printable;
+    printable.reserve(text.size());
     while (!text.empty()) {
         const auto control = std::find_if(
             text.begin(), text.end(), [](char16_t unit) { return !IsPlainAscii(unit) && IsControl(unit); });
         const auto plain = static_cast<std::size_t>(control - text.begin());
-        printable += ToUtf8(text.substr(0, plain));
+        printable += text.substr(0, plain);
         text.remove_prefix(plain);
         if (text.empty()) break;
         const bool isLineEnd = text.starts_with(kLineEnd);
-        printable += isLineEnd ? "\n" : ToUtf8(Escaped(text.front()));
+        printable += isLineEnd ? u"\n" : Escaped(text.front());
         text.remove_prefix(isLineEnd ? kLineEnd.size() : 1);
     }
-    return printable;
+    return ToUtf8(printable);
 }
 
 std::string PrintableLine(TextView text) {

@@ -25,7 +25,11 @@ QString WordsOn(const Outcome& outcome) {
 
 void ReadRepetition::BeforeFrame() {
     const MainForm& form = line_.Form();
-    place_ = {form.CommandCode, form.CurrentRow, form.SendText, form.ReadFrameCommand, form.ReadAttribute};
+    place_.command = form.CommandCode;
+    place_.row = form.CurrentRow;
+    place_.frame = form.SendText;
+    place_.frameCommand = form.ReadFrameCommand;
+    place_.attribute = form.ReadAttribute;
     if (isDue_) ++count_;
     isDue_ = false;
     isUnderWay_ = true;

@@ -28,10 +28,4 @@ constexpr CrcTable MakeTable(int shift) {
 constexpr CrcTable kCrcFirstTable = MakeTable(0);
 constexpr CrcTable kCrcSecondTable = MakeTable(8);
 
-void Crc16::Fold(std::uint8_t byte) {
-    const std::size_t index = byte ^ first_;
-    first_ = kCrcFirstTable[index] ^ second_;
-    second_ = kCrcSecondTable[index];
-}
-
 }  // namespace commtest

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace commtest {
@@ -29,5 +30,11 @@ class Crc16 {
 using CrcTable = std::array<std::uint8_t, 256>;
 extern const CrcTable kCrcFirstTable;
 extern const CrcTable kCrcSecondTable;
+
+inline void Crc16::Fold(std::uint8_t byte) {
+    const std::size_t index = byte ^ first_;
+    first_ = kCrcFirstTable[index] ^ second_;
+    second_ = kCrcSecondTable[index];
+}
 
 }  // namespace commtest

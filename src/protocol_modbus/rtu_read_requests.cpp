@@ -38,7 +38,10 @@ Text ZeroToppedRowAddress(const Conversation& talk) {
 }
 
 void Compose(Conversation& talk, TextView function, const Text& address, TextView count) {
-    Text frame = talk.AddressText;
+    constexpr std::size_t kLength = 24;  // with its check word
+    Text frame;
+    frame.reserve(kLength);
+    frame += talk.AddressText;
     frame += function;
     frame += SplitAddress(address);
     frame += count;

@@ -267,11 +267,12 @@ std::int32_t ToWhole32(TextView text) { return Whole32(ToNumber(text)); }
 
 std::int32_t HexParse(TextView text) {
     std::uint32_t value = 0;
-    std::size_t digits = 0;
-    for (; digits < text.size(); ++digits) {
-        const int digit = HexDigitValue(text[digits]);
+    int digits = 0;
+    for (const char16_t unit : text) {
+        const int digit = HexDigitValue(unit);
         if (digit < 0) break;
         value = (value << 4) | static_cast<std::uint32_t>(digit);
+        ++digits;
     }
     if (digits <= 4) return static_cast<std::int16_t>(value);  // Q4: signed
     return static_cast<std::int32_t>(value);
@@ -292,6 +293,7 @@ Text NumberText(double value) { return NumberTextOf(value, kDoubleDigits); }
 Text SingleText(float value) { return NumberTextOf(static_cast<double>(value), kSingleDigits); }
 
 Text WholeText(std::int64_t value) {
+    if (value >= 0 && value < 10) return Text(1, static_cast<char16_t>(u'0' + value));
     std::array<char, 20> digits;
     return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
 }

@@ -36,10 +36,16 @@ char* PutUtf8(char* to, char32_t c) {
     return to;
 }
 
-// Bytes of its UTF-8; a pair of halves counts two too many.
-std::size_t Utf8Length(TextView text) {
-    std::size_t length = text.size();
-    for (const char16_t unit : text) length += (unit >= 0x80 ? 1U : 0U) + (unit >= 0x800 ? 1U : 0U);
+// Of the characters in front that are a byte each; a processor looks at a lump at once.
+std::size_t PlainLength(TextView text) {
+    constexpr std::size_t kLump = 16;
+    std::size_t length = 0;
+    for (; length + kLump <= text.size(); length += kLump) {
+        char16_t bits = 0;
+        for (std::size_t i = 0; i < kLump; ++i) bits |= text[length + i];
+        if (bits >= 0x80) break;
+    }
+    while (length < text.size() && text[length] < 0x80) ++length;
     return length;
 }
 
@@ -147,19 +153,15 @@ Text Behind(TextView text, char16_t separator) {
 }
 
 std::string ToUtf8(TextView text) {
-    std::string out(Utf8Length(text), '\0');
+    constexpr std::size_t kMostBytes = 3;  // of a unit
+    std::size_t plain = PlainLength(text);
+    std::string out(plain + kMostBytes * (text.size() - plain), '\0');
     char* to = out.data();
-    if (out.size() == text.size()) {
-        for (const char16_t unit : text) *to++ = static_cast<char>(unit);
-        return out;
-    }
     while (!text.empty()) {
-        if (const char16_t unit = text.front(); unit < 0x80) {
-            *to++ = static_cast<char>(unit);
-            text.remove_prefix(1);
-        } else {
-            to = PutUtf8(to, TakeUtf16(text));
-        }
+        for (const char16_t unit : text.substr(0, plain)) *to++ = static_cast<char>(unit);
+        text.remove_prefix(plain);
+        while (!text.empty() && text.front() >= 0x80) to = PutUtf8(to, TakeUtf16(text));
+        plain = PlainLength(text);
     }
     out.resize(static_cast<std::size_t>(to - out.data()));
     return out;

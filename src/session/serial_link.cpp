@@ -104,11 +104,10 @@ void SendFrame(MainForm& form) {
     }
 }
 
-bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes) {
-    EnsureLeadingBlank(frame);
+bool HexTextToBytes(MainForm& form, const HexText& frame, std::string& bytes) {
     bytes.clear();
-    for (std::size_t blank = 0; blank < frame.size(); blank += 3) {
-        const auto value = HexPairValue(TextView(frame).substr(blank + 1, 2));
+    for (std::size_t pair = frame.starts_with(u' ') ? 1 : 0; pair <= frame.size(); pair += 3) {
+        const auto value = HexPairValue(TextView(frame).substr(pair, 2));
         if (!value) {
             form.outside.dialogs.ShowMessage(u"对不起，数据串中含有非法字符,无法完成数据转换！", {});
             return false;  // Q57: what stands in `bytes` is sent

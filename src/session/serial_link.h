@@ -14,7 +14,7 @@ void SendFrame(MainForm& form);
 
 // Turns a frame into bytes; a missing leading blank does not count. At a pair that is no hexadecimal number
 // it tells the user and stops: `bytes` then holds what stood before it, and the result is false.
-bool HexTextToBytes(MainForm& form, HexText frame, std::string& bytes);
+bool HexTextToBytes(MainForm& form, const HexText& frame, std::string& bytes);
 
 // The receive event: appends what has arrived to ReplyText and judges it.
 void MSComm1_OnComm(MainForm& form);
