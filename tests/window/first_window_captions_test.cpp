@@ -42,7 +42,6 @@ class FirstWindowCaptions : public ::testing::TestWithParam<Sight> {
 
     FirstWindowCaptions() {
         ShowPortStatus(session.Form());
-        theme.Dress();
         const qreal scale = qApp->devicePixelRatio();
         window.FitInto({0, 0, static_cast<int>(GetParam().width / scale),
                         static_cast<int>(GetParam().height / scale) - kPanel});
