@@ -179,9 +179,8 @@ void TokenStyle::DrawMenuEntry(const QStyleOptionMenuItem& option, QPainter& pai
 
 void TokenStyle::DrawEntryOfAList(const QStyleOptionMenuItem& option, QPainter& painter,
                                   const QWidget* list) const {
-    QStyleOptionMenuItem entry = option;
-    entry.palette.setColor(QPalette::Window, tokens_->surface);
-    QProxyStyle::drawControl(CE_MenuItem, &entry, &painter, list);
+    painter.fillRect(option.rect, tokens_->surface);
+    QProxyStyle::drawControl(CE_MenuItem, &option, &painter, list);
 }
 
 void TokenStyle::DrawHeading(const QStyleOptionHeader& option, QPainter& painter,
@@ -222,7 +221,9 @@ void TokenStyle::drawControl(ControlElement element, const QStyleOption* option,
         case CE_TabBarTabShape: return PaintTab(*painter, As<QStyleOptionTab>(option), *tokens_);
         case CE_TabBarTabLabel: return DrawTabLabel(As<QStyleOptionTab>(option), *painter, widget);
         case CE_MenuItem: return DrawMenuEntry(As<QStyleOptionMenuItem>(option), *painter, widget);
-        case CE_MenuEmptyArea: return;
+        case CE_MenuEmptyArea:
+            if (IsDropList(widget)) painter->fillRect(option->rect, tokens_->surface);
+            return;
         case CE_ItemViewItem:
             if (HasPaddedItems(widget)) return DrawItem(As<QStyleOptionViewItem>(option), *painter, widget);
             break;
