@@ -99,6 +99,7 @@ QWidget* Sidebar::MakeFields(Binder& binder, NoteBar& notes) {
 
 QWidget* Sidebar::MakeOptions(Binder& binder) {
     auto* contents = new QWidget;
+    contents->setObjectName(u"optionListContents"_s);
     auto* layout = new QVBoxLayout(contents);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

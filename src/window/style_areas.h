@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStyleOptionSlider>
+#include <optional>
 
 #include "window/look.h"
 #include "window/style_painting.h"

@@ -12,7 +12,6 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QStyleOption>
 #include <QTabBar>
 #include <algorithm>
 
