@@ -26,6 +26,8 @@ bool IsList(const QWidget* frame) {
            qobject_cast<const QListView*>(frame) != nullptr;
 }
 
+bool IsOutlined(Look look) { return look == Look::Hint || look == Look::LineFrame; }
+
 QMargins All(int width) { return {width, width, width, width}; }
 
 // Behind a bar lies what lies behind the rest of its area.
@@ -55,7 +57,7 @@ std::optional<QMargins> FrameOf(const QWidget* frame) {
     }
     if (qobject_cast<const QTextEdit*>(frame) != nullptr) return All(0);
     if (frame != nullptr && frame->windowType() == Qt::ToolTip) return QMargins(9, 5, 9, 5);
-    if (!IsList(frame)) return std::nullopt;
+    if (!IsList(frame)) return IsOutlined(LookOf(frame)) ? std::optional(All(1)) : std::nullopt;
     if (IsDropList(frame)) return QMargins(1, 1 + kPaddingOfDropList, 1, 1 + kPaddingOfDropList);
     return All(LookOf(frame) == Look::FactTable ? 1 : 0);
 }
@@ -76,7 +78,9 @@ void PaintFrame(QPainter& painter, const QStyleOption& option, const QWidget* fr
         case Look::Word:
             if (HasFocus(option)) PaintBox(painter, box, Qt::transparent, focus, kRadius);
             return;
-        case Look::LineFrame: return PaintEdge(painter, box, {tokens.line});
+        case Look::LineFrame:
+            painter.fillRect(box, tokens.surface);
+            return PaintEdge(painter, box, {tokens.line});
         case Look::FactTable:
             return PaintEdge(painter, box, {HasFocus(option) ? tokens.accent : tokens.line});
         default: break;

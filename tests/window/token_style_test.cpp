@@ -354,6 +354,19 @@ TEST_F(TokenStyleTest, TextsHaveTheAccentRingWithFocus) {
     EXPECT_EQ(At(texts, 100, 2), Hex(kSurface));
 }
 
+TEST_F(TokenStyleTest, OutlineOfAHintTakesRoomFromWhatItHolds) {
+    auto* hint = new QFrame;
+    SetLook(*hint, Look::Hint);
+    auto* layout = new QVBoxLayout(hint);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* words = new QLabel("甲");
+    layout->addWidget(words);
+    Put(hint, {60, 30});
+    EXPECT_EQ(words->geometry(), QRect(1, 1, 58, 28));
+    EXPECT_EQ(At(*hint, 30, 0), Hex(kBorder));
+    EXPECT_EQ(At(*hint, 30, 1), Hex(kSurface));
+}
+
 TEST_F(TokenStyleTest, ScrollBarIsAThumbOnTheGroundOfItsArea) {
     auto& texts = Put(new QPlainTextEdit(QString("a\n").repeated(100)), {200, 120});
     QApplication::processEvents();
