@@ -26,7 +26,6 @@ ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* pare
     title_->setObjectName(u"conversionTitle"_s);
     title_->setTextFormat(Qt::PlainText);
     title_->setFixedHeight(kTitleHeight);
-    title_->setMargin(0);
     title_->setContentsMargins(kPadding, 0, kPadding, 0);
     title_->setAutoFillBackground(true);
     ShowAsCaption(*title_);
