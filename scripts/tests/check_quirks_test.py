@@ -55,7 +55,7 @@ class CheckQuirks(unittest.TestCase):
 
     def test_only_comments_of_the_code_cite(self):
         self.expect_clean({"src/runtime/text.h": 'auto Q17 = "Q18";\n',
-                           "src/window/style.qss": "/* Q19 */ // Q19\n",
+                           "src/window/words.txt": "/* Q19 */ // Q19\n",
                            "tests/runtime/text_test.cpp": "// Q20\n"})
 
     def test_a_number_is_a_word_of_its_own(self):

@@ -1,11 +1,11 @@
 #include "window/catalogue_box.h"
 
 #include <QHBoxLayout>
-#include <QStyle>
 #include <algorithm>
 
 #include "host_qt/words.h"
 #include "window/glyphs.h"
+#include "window/look.h"
 
 namespace commtest {
 
@@ -83,8 +83,7 @@ void CatalogueBox::Say(const QString& path, const QString& reason, bool hasFile)
 
 void CatalogueBox::MakeDefault(QPushButton& button) {
     for (QPushButton* each : {create_, choose_}) {
-        each->setProperty("primary", each == &button);
-        style()->polish(each);
+        SetLook(*each, each == &button ? Look::Primary : Look::Plain);
     }
     button.setDefault(true);
     button.setFocus();

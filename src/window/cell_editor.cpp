@@ -9,6 +9,7 @@
 #include "window/bindings.h"
 #include "window/editor_hint.h"
 #include "window/grid_view.h"
+#include "window/look.h"
 #include "window/theme.h"
 #include "window/write_words.h"
 
@@ -22,7 +23,7 @@ CellEditor::CellEditor(Binder& binder, const Theme& theme, GridView& grid, Write
       grid_(grid),
       writes_(writes),
       hint_(new EditorHint(theme, page)) {
-    setObjectName(u"cellEditor"_s);
+    SetLook(*this, Look::CellEditor);
     setAccessibleName(Words::tr("修改值"));
     setFont(Theme::MonoFont());
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);

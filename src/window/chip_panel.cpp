@@ -10,6 +10,7 @@
 
 #include "catalogue/chip_records.h"
 #include "host_qt/words.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -54,13 +55,11 @@ QPushButton* MakeDeadButton(const QString& caption) {
 ChipPanel::ChipPanel(Binder& binder, const Theme& theme, QWidget* parent)
     : QScrollArea(parent), binder_(binder), form_(binder.Form()), counts_(MakeCaption({})) {
     setAccessibleName(u"CPU资料档案"_s);
-    setObjectName(u"chipPanel"_s);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setMinimumWidth(kNarrowest);
     auto* contents = new QWidget;
-    contents->setObjectName(u"chipPanelContents"_s);
     auto* layout = new QVBoxLayout(contents);
     layout->setContentsMargins(12, 8, 12, 12);
     layout->setSpacing(8);
@@ -87,7 +86,7 @@ QWidget* ChipPanel::MakeHead() {
 
 QWidget* ChipPanel::MakeList(const Theme& theme) {
     auto* frame = new QFrame;
-    frame->setObjectName(u"chipListFrame"_s);
+    SetLook(*frame, Look::LineFrame);
     frame->setMinimumHeight(kListHeight);
     auto* layout = new QVBoxLayout(frame);
     layout->setContentsMargins(1, 1, 1, 1);
@@ -112,6 +111,7 @@ QWidget* ChipPanel::MakeFields() {
 
 QWidget* ChipPanel::MakeText() {
     auto* text = new QPlainTextEdit;
+    SetLook(*text, Look::Boxed);
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setFixedHeight(kTextHeight);

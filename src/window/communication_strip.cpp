@@ -7,6 +7,7 @@
 #include "session/records.h"
 #include "window/asking_tick.h"
 #include "window/bindings.h"
+#include "window/look.h"
 #include "window/pieces.h"
 #include "window/sent_frames.h"
 #include "window/theme.h"
@@ -40,8 +41,7 @@ CommunicationStrip::CommunicationStrip(Binder& binder, const Theme& theme, QWidg
       pace_(new QWidget(this)),
       paceBorder_(MakeHairline(Qt::Vertical, kBorderLength)),
       state_(new StateLine(binder, theme, this)) {
-    setObjectName(u"strip"_s);
-    setAttribute(Qt::WA_StyledBackground);
+    setAutoFillBackground(true);
     auto* lines = new QVBoxLayout;
     lines->setContentsMargins(12, kMargin, 12, kMargin);
     lines->setSpacing(kMargin);
@@ -99,7 +99,7 @@ void CommunicationStrip::AddShowModes(Binder& binder) {
     ascii->setToolTip(u"对Modbus等协议可能出现不可见的字符"_s);
     auto* hexadecimal = new QRadioButton(ToQt(captions.hexadecimal), this);
     for (QRadioButton* mode : {ascii, hexadecimal}) {
-        mode->setProperty("tight", true);
+        SetLook(*mode, Look::Tight);
         firstLine_->addWidget(mode);
     }
     Bind(binder, binder.Form().ShowMode, {ascii, hexadecimal});

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTitleHeight = 24;
+constexpr int kPadding = 8;
 
 }  // namespace
 
@@ -25,6 +26,9 @@ ConversionPane::ConversionPane(Binder& binder, const Theme& theme, QWidget* pare
     title_->setObjectName(u"conversionTitle"_s);
     title_->setTextFormat(Qt::PlainText);
     title_->setFixedHeight(kTitleHeight);
+    title_->setContentsMargins(kPadding, 0, kPadding, 0);
+    title_->setAutoFillBackground(true);
+    ShowAsCaption(*title_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

@@ -5,6 +5,8 @@
 
 #include "host_qt/words.h"
 #include "window/glyphs.h"
+#include "window/look.h"
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -22,6 +24,7 @@ QLabel* MakeLine(QWidget* hint) {
     auto* line = new QLabel(hint);
     line->setTextFormat(Qt::PlainText);
     line->setFixedHeight(kLineHeight);
+    line->setFont(Theme::CaptionFont());
     return line;
 }
 
@@ -40,8 +43,9 @@ EditorHint::EditorHint(const Theme& theme, QWidget* parent)
       objection_(MakeLine(this)),
       keys_(MakeLine(this)) {
     setObjectName(u"editorHint"_s);
+    SetLook(*this, Look::Hint);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    objection_->setProperty("failure", true);
+    objection_->setForegroundRole(kFailureRole);
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(8, kMargin, 8, kMargin);
     layout->setHorizontalSpacing(6);

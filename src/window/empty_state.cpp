@@ -22,8 +22,8 @@ EmptyState::EmptyState(const QString& icon, const EmptyWords& words, const Theme
       head_(new QLabel),
       text_(MakeHint({})),
       actions_(new QHBoxLayout) {
-    setObjectName(QStringLiteral("emptyState"));
-    setAttribute(Qt::WA_StyledBackground);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     setFont(Theme::UiFont());  // in a pane of frames, too
     text_->setAlignment(Qt::AlignCenter);
     auto* layout = new QVBoxLayout(this);

@@ -63,8 +63,7 @@ QWidget* ErrorPage::MakeErrors(const Theme& theme) {
 
 QWidget* ErrorPage::MakeStrip(const Theme& theme) {
     auto* strip = new QWidget(this);
-    strip->setObjectName(u"strip"_s);
-    strip->setAttribute(Qt::WA_StyledBackground);
+    strip->setAutoFillBackground(true);
     strip->setFixedHeight(kStripHeight);
     auto* line = new QHBoxLayout;
     line->setContentsMargins(12, 4, 12, 4);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host_qt/words.h"
+#include "window/look.h"
 
 namespace commtest {
 
@@ -82,7 +83,7 @@ void FactBox::SetFact(const QString& name, const QString& value) {
         known->second->setText(value);
     } else {
         auto* head = new QLabel(name, this);
-        head->setProperty("factName", true);
+        head->setForegroundRole(kCaptionRole);
         QWidget* text = MakeSentence(value);
         facts_->addWidget(head, static_cast<int>(named_.size()), 0, Qt::AlignTop);
         facts_->addWidget(text, static_cast<int>(named_.size()), 1, Qt::AlignTop);
@@ -103,7 +104,7 @@ QPushButton* FactBox::AddWayOut(const QString& caption) {
 QPushButton* FactBox::AddAnswer(const QString& caption, bool isPrimary) {
     auto* button = new QPushButton(caption, this);
     button->setMinimumWidth(52);
-    if (isPrimary) button->setProperty("primary", true);
+    if (isPrimary) SetLook(*button, Look::Primary);
     buttons_->addWidget(button);
     return button;
 }

@@ -3,13 +3,15 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include "window/look.h"
 #include "window/theme.h"
 
 namespace commtest {
 
 FactTable::FactTable(const QStringList& headings, QWidget* parent)
     : QTableWidget(0, static_cast<int>(headings.size()), parent) {
-    setProperty("factTable", true);
+    SetLook(*this, Look::FactTable);
+    setFont(Theme::CaptionFont());
     setHorizontalHeaderLabels(headings);
     setAlternatingRowColors(true);
     setShowGrid(false);

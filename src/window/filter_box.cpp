@@ -7,6 +7,8 @@
 #include "host_qt/words.h"
 #include "window/bindings.h"
 #include "window/glyphs.h"
+#include "window/look.h"
+#include "window/pieces.h"
 
 namespace commtest {
 
@@ -32,7 +34,7 @@ FilterBox::FilterBox(const Theme& theme, int width, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(lens_);
     layout->addWidget(field_);
-    lens_->setProperty("flat", true);
+    SetLook(*lens_, Look::Flat);
     lens_->setFixedSize(kLensSize, kLensSize);
     lens_->setIconSize({kGlyphSize, kGlyphSize});
     lens_->setFocusPolicy(Qt::StrongFocus);
@@ -41,13 +43,14 @@ FilterBox::FilterBox(const Theme& theme, int width, QWidget* parent)
     lens_->hide();
     connect(lens_, &QToolButton::clicked, this, &FilterBox::TakeFocus);
 
-    field_->setProperty("compact", true);
+    SetLook(*field_, Look::Compact);
+    field_->setFont(Theme::CaptionFont());
     field_->setFixedSize(width_, kHeight);
     field_->setPlaceholderText(Words::tr("筛选名称、地址、属性"));
     field_->setAccessibleName(Words::tr("筛选"));
     field_->setClearButtonEnabled(true);
     sign_ = field_->addAction(QIcon(), QLineEdit::LeadingPosition);
-    hits_->setProperty("caption", true);
+    ShowAsCaption(*hits_);
     hits_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     hits_->setAttribute(Qt::WA_TransparentForMouseEvents);
     hits_->setGeometry(width_ - kClearWidth - kHitsWidth, 2, kHitsWidth, kHeight - 4);
@@ -84,8 +87,7 @@ void FilterBox::ShowHits() {
     hits_->setText(hits);
     field_->setTextMargins(0, 0, isOn ? kHitsWidth : 0, 0);
     field_->setAccessibleDescription(hits);
-    lens_->setProperty("chosen", isOn);
-    lens_->style()->polish(lens_);
+    SetLook(*lens_, isOn ? Look::FlatChosen : Look::Flat);
     if (!isOn && !field_->text().trimmed().isEmpty()) field_->clear();
 }
 

@@ -103,8 +103,8 @@ FirstSteps::FirstSteps(Binder& binder, const Theme& theme, QWidget* parent)
       start_(new FirstStep(3, Words::tr("按 F5 开始通讯"), theme, this)),
       instrumentAtFirst_(form_.InstrumentList().Generation()),
       addressAtFirst_(form_.ConMeterAddr.Generation()) {
-    setObjectName(u"firstSteps"_s);
-    setAttribute(Qt::WA_StyledBackground);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     setAccessibleName(Words::tr("第一次通讯"));
     port_->SetAction(u"串口设置"_s, u"Ctrl+2"_s, [this] { emit PortPageWanted(); });
     instrument_->SetText(Words::tr("在左侧选协议、名称，填仪表地址\n不知道地址时可用 仪表搜索"));

@@ -1,10 +1,10 @@
 #include "window/follow_tick.h"
 
-#include <QStyle>
 #include <utility>
 
 #include "host_qt/words.h"
 #include "window/bindings.h"
+#include "window/look.h"
 
 namespace commtest {
 
@@ -43,8 +43,7 @@ void FollowTick::ShowReason(HoldReason reason) {
     shown_ = reason;
     setToolTip(WordsOf(reason));
     setAccessibleDescription(WordsOf(reason));
-    setProperty("quiet", reason != HoldReason::None);
-    style()->polish(this);
+    SetLook(*this, reason == HoldReason::None ? Look::Plain : Look::Quiet);
 }
 
 }  // namespace commtest

@@ -9,6 +9,7 @@
 #include "host_qt/words.h"
 #include "window/first_geometry.h"
 #include "window/glyphs.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -72,7 +73,7 @@ QWidget* GuideWindow::MakeTools() {
 
 QWidget* GuideWindow::MakeButton(const QString& caption, const QKeySequence& key, std::function<void()> act) {
     auto* button = new QToolButton(this);
-    button->setProperty("flat", true);
+    SetLook(*button, Look::Flat);
     button->setText(caption);
     button->setFixedHeight(kButtonHeight);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -84,7 +85,8 @@ QWidget* GuideWindow::MakeButton(const QString& caption, const QKeySequence& key
 
 QLineEdit* GuideWindow::MakeFindField(const Theme& theme) {
     auto* field = new QLineEdit(this);
-    field->setProperty("compact", true);
+    SetLook(*field, Look::Compact);
+    field->setFont(Theme::CaptionFont());
     field->setFixedWidth(kFindWidth);
     field->setPlaceholderText(Words::tr("查找"));
     field->setAccessibleName(Words::tr("查找"));

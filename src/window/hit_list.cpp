@@ -58,9 +58,10 @@ HitList::HitList(Binder& binder, const Theme& theme, NoteBar& notes, SearchRetur
 
 QWidget* HitList::MakeTitle() {
     auto* line = new QWidget(this);
-    line->setObjectName(u"hitTitle"_s);
-    line->setAttribute(Qt::WA_StyledBackground);
+    line->setAutoFillBackground(true);
     line->setFixedHeight(kTitleHeight);
+    ShowAsCaption(*title_);
+    for (QPushButton* action : {takeOver_, export_}) action->setFixedHeight(kTitleHeight - 2);
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(8, 0, 0, 0);
     layout->setSpacing(0);

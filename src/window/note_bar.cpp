@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QStyle>
 #include <chrono>
 #include <utility>
 
@@ -18,6 +17,7 @@ namespace {
 constexpr auto kTimeOfAWord = 6s;
 constexpr int kGlyphSize = 16;
 constexpr int kEdgeLength = 12;
+constexpr int kActionHeight = 18;  // the toolkit leaves no more room in a status bar
 
 }  // namespace
 
@@ -34,6 +34,9 @@ NoteBar::NoteBar(const Theme& theme, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     sign_->setFixedWidth(kGlyphSize);
+    ShowAsCaption(*words_);
+    ShowAsCaption(*seconds_);
+    action_->setFixedHeight(kActionHeight);
     words_->setMinimumWidth(0);
     words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     layout->addWidget(edge_);
@@ -123,10 +126,7 @@ void NoteBar::ShowAction(const QString& action, std::function<void()> take) {
     FitWords();
 }
 
-void NoteBar::ShowAsFailure(bool isFailure) {
-    words_->setProperty("failure", isFailure);
-    words_->style()->polish(words_);
-}
+void NoteBar::ShowAsFailure(bool isFailure) { commtest::ShowAsFailure(*words_, isFailure, kCaptionRole); }
 
 void NoteBar::CountDown() {
     if (--secondsLeft_ == 0) {

@@ -9,7 +9,7 @@ namespace commtest {
 
 NothingFound::NothingFound(QWidget* parent) : QWidget(parent), words_(new QLabel(this)) {
     words_->setTextFormat(Qt::PlainText);
-    words_->setProperty("caption", true);
+    ShowAsCaption(*words_);
     QPushButton* clear = MakeLineAction(Words::tr("清除筛选"));
     connect(clear, &QPushButton::clicked, this, &NothingFound::ClearWanted);
     auto* layout = new QVBoxLayout(this);

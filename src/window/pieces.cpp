@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "window/look.h"
 #include "window/theme.h"
 
 namespace commtest {
@@ -21,9 +22,19 @@ void LayInLine(QLabel& label, int height, const QFont& font) {
 
 }  // namespace
 
+void ShowAsCaption(QLabel& label) {
+    label.setFont(Theme::CaptionFont());
+    label.setForegroundRole(kCaptionRole);
+}
+
+void ShowAsFailure(QLabel& label, bool isFailure, QPalette::ColorRole otherwise) {
+    label.setForegroundRole(isFailure ? kFailureRole : otherwise);
+}
+
 QFrame* MakeHairline(Qt::Orientation orientation, int length) {
     auto* line = new QFrame;
-    line->setProperty("hairline", true);
+    line->setAutoFillBackground(true);
+    line->setBackgroundRole(kLineRole);
     const bool isVertical = orientation == Qt::Vertical;
     if (isVertical) {
         line->setFixedWidth(1);
@@ -43,7 +54,7 @@ QLabel* MakeTitle(const QString& text) {
 
 QLabel* MakeCaption(const QString& text, QWidget* buddy) {
     auto* label = new QLabel(text);
-    label->setProperty("caption", true);
+    ShowAsCaption(*label);
     LayInLine(*label, kCaptionHeight, Theme::CaptionFont());
     if (buddy != nullptr) {
         label->setBuddy(buddy);
@@ -54,14 +65,15 @@ QLabel* MakeCaption(const QString& text, QWidget* buddy) {
 
 QLabel* MakeHint(const QString& text) {
     auto* hint = new QLabel(text);
-    hint->setProperty("caption", true);
+    ShowAsCaption(*hint);
     hint->setWordWrap(true);
     return hint;
 }
 
 QPushButton* MakeLineAction(const QString& text) {
     auto* action = new QPushButton(text);
-    action->setProperty("lineAction", true);
+    SetLook(*action, Look::LineAction);
+    action->setFont(Theme::CaptionFont());
     action->setCursor(Qt::PointingHandCursor);
     return action;
 }

@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QWidget>
 
@@ -18,6 +19,12 @@ inline QString ToQt(TextView text) {
 
 // "8,391"
 inline QString GroupedNumber(qint64 number) { return ToQt(GroupedText(static_cast<double>(number), 0)); }
+
+// Caption type, in its colour.
+void ShowAsCaption(QLabel& label);
+
+// In the colour of failures, or in that of `otherwise`.
+void ShowAsFailure(QLabel& label, bool isFailure, QPalette::ColorRole otherwise);
 
 // A line of one pixel; `length` 0 takes what there is.
 QFrame* MakeHairline(Qt::Orientation orientation, int length = 0);

@@ -12,7 +12,9 @@
 #include "window/bindings.h"
 #include "window/glyphs.h"
 #include "window/list_model.h"
+#include "window/look.h"
 #include "window/port_list_view.h"
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -25,12 +27,15 @@ constexpr int kGlyphSize = 16;
 
 QWidget* MakeRefusal(QLabel* sign, QWidget* parent) {
     auto* refusal = new QFrame(parent);
-    refusal->setObjectName(u"portRefusal"_s);
+    SetLook(*refusal, Look::Hint);
     auto* layout = new QHBoxLayout(refusal);
     layout->setContentsMargins(8, 4, 8, 4);
     layout->setSpacing(4);
     layout->addWidget(sign);
-    layout->addWidget(new QLabel(RefusalWords(), refusal), 1);
+    auto* words = new QLabel(RefusalWords(), refusal);
+    words->setFont(Theme::CaptionFont());
+    words->setForegroundRole(kFailureRole);
+    layout->addWidget(words, 1);
     refusal->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     refusal->hide();
     return refusal;
@@ -105,11 +110,10 @@ void PortBox::ShowPortInUse() {
 }
 
 void PortBox::SetRefused(bool refused) {
-    if (property("refused").toBool() == refused) return;
-    setProperty("refused", refused);
-    style()->polish(this);
+    if ((LookOf(this) == Look::Refused) == refused) return;
+    SetLook(*this, refused ? Look::Refused : Look::Plain);
     setAccessibleDescription(refused ? RefusalWords() : QString());
-    const QColor warn = QApplication::palette().color(QPalette::BrightText);
+    const QColor warn = QApplication::palette().color(kFailureRole);
     refusalSign_->setPixmap(GlyphPicture(Glyph::Warning, warn, kGlyphSize, devicePixelRatioF()));
     refusal_->setVisible(refused);
 }

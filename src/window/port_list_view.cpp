@@ -1,12 +1,13 @@
 #include "window/port_list_view.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPainter>
 #include <algorithm>
 #include <utility>
 
 #include "host_qt/words.h"
+#include "window/pieces.h"
+#include "window/theme.h"
 
 namespace commtest {
 
@@ -40,9 +41,8 @@ class PortRowDelegate : public QStyledItemDelegate {
                const QModelIndex& index) const override {
         const QString port = index.data().toString();
         const PortRow row = RowOfPort(devices_, port);
-        // The widget's own palette knows the colours of the style sheet alone.
-        const QPalette inks = QApplication::palette();
-        const QColor quiet = inks.color(QPalette::PlaceholderText);
+        const QPalette& inks = option.palette;
+        const QColor quiet = inks.color(kCaptionRole);
         const QRect line = option.rect.adjusted(kPadding, 0, -kPadding, 0);
         const auto write = [&](const QRect& place, Qt::Alignment side, const QColor& ink,
                                const QString& text) {
@@ -51,7 +51,7 @@ class PortRowDelegate : public QStyledItemDelegate {
         };
         painter->save();
         painter->setFont(option.font);
-        if (option.state & QStyle::State_Selected) painter->fillRect(option.rect, option.palette.highlight());
+        option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
         write(line, Qt::AlignLeft, inks.color(QPalette::Text), port);
         write(line.adjusted(kNameWidth, 0, 0, 0), Qt::AlignLeft,
               row.isThere ? quiet : inks.color(QPalette::Disabled, QPalette::Text), row.device);
@@ -77,9 +77,14 @@ PortRow RowOfPort(const std::vector<PortDevice>& devices, const QString& port) {
 }
 
 PortListView::PortListView(QWidget* parent)
-    : QListView(parent), hint_(new QLabel(Words::tr("可输入 COM9=/dev/ttyS3 指定设备"), this)) {
+    : QListView(parent),
+      edge_(MakeHairline(Qt::Horizontal)),
+      hint_(new QLabel(Words::tr("可输入 COM9=/dev/ttyS3 指定设备"), this)) {
+    edge_->setParent(this);
     hint_->setObjectName(u"portListHint"_s);
     hint_->setIndent(0);
+    hint_->setContentsMargins(kPadding, 0, kPadding, 0);
+    ShowAsCaption(*hint_);
     setViewportMargins(0, 0, 0, kHintHeight);
     setItemDelegate(new PortRowDelegate(devices_, this));
 }
@@ -93,7 +98,8 @@ void PortListView::Show(std::vector<PortDevice> devices) {
 void PortListView::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
     const QRect rows = viewport()->geometry();
-    hint_->setGeometry(rows.left(), rows.bottom() + 1, rows.width(), kHintHeight);
+    edge_->setGeometry(rows.left(), rows.bottom() + 1, rows.width(), 1);
+    hint_->setGeometry(rows.left(), rows.bottom() + 2, rows.width(), kHintHeight - 1);
 }
 
 }  // namespace commtest

@@ -39,6 +39,7 @@ class PortListView : public QListView {
 
   private:
     std::vector<PortDevice> devices_;
+    QWidget* edge_;
     QLabel* hint_;
 };
 

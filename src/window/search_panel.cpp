@@ -2,10 +2,10 @@
 
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QStyle>
 
 #include "commands/search_panel.h"
 #include "window/bindings.h"
+#include "window/look.h"
 #include "window/pieces.h"
 #include "window/port_box.h"
 
@@ -38,8 +38,8 @@ SearchPanel::SearchPanel(Binder& binder, const Theme& theme, QWidget* parent)
       binder_(binder),
       wayBack_(binder.Form()),
       hint_(MakeCaption(u"系统提示:完全搜索仪表,耗时将在三分钟左右！"_s)) {
-    setObjectName(u"searchPanel"_s);
     setAttribute(Qt::WA_StyledBackground);
+    SetLook(*this, Look::TintBand);
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(12, kMargin, 12, kMargin + 1);
     lines->setSpacing(kMargin);
@@ -68,8 +68,7 @@ void SearchPanel::FitLines() {
     hint_->setVisible(!isNarrow_ || !hasSearch);
     const int lines = isNarrow_ ? 3 : 2;
     setFixedHeight(hasSearch ? kWithSearch : lines * (kLineHeight + kMargin) + kMargin + 1);
-    start_->setProperty("primary", search_->Shown() != SearchState::UnderWay);
-    start_->style()->polish(start_);
+    SetLook(*start_, search_->Shown() == SearchState::UnderWay ? Look::Plain : Look::Primary);
 }
 
 void SearchPanel::resizeEvent(QResizeEvent* event) {
@@ -111,7 +110,7 @@ void SearchPanel::FillSecondLine() {
     secondLine_->addWidget(new QLabel(ToQt(binder_.Form().texts.captions.searchBaudRates), this));
     for (std::size_t index = 0; index < kSearchBaudRates.size(); ++index) {
         auto* box = new QCheckBox(QString::fromStdU16String(Text(kSearchBaudRates[index])), this);
-        box->setProperty("tight", true);
+        SetLook(*box, Look::Tight);
         Bind(binder_, binder_.Form().ConSettingBT[index], *box);
         secondLine_->addWidget(box);
     }

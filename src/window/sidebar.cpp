@@ -12,6 +12,7 @@
 #include "window/address_field.h"
 #include "window/bindings.h"
 #include "window/list_browsing.h"
+#include "window/look.h"
 #include "window/pieces.h"
 #include "window/window_face.h"
 
@@ -48,7 +49,6 @@ TextSpinBox* MakeSpinBox(Binder& binder, TextControl& control, const QString& ti
 }  // namespace
 
 Sidebar::Sidebar(Binder& binder, NoteBar& notes, QWidget* parent) : QScrollArea(parent), binder_(binder) {
-    setObjectName(u"sidebar"_s);
     setMinimumWidth(kNarrowest);
     setMaximumWidth(kWidest);
     setWidgetResizable(true);
@@ -56,7 +56,6 @@ Sidebar::Sidebar(Binder& binder, NoteBar& notes, QWidget* parent) : QScrollArea(
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     auto* contents = new QWidget;
-    contents->setObjectName(u"sidebarContents"_s);
     auto* layout = new QVBoxLayout(contents);
     layout->setContentsMargins(12, 8, 12, 8);
     layout->setSpacing(8);
@@ -117,7 +116,7 @@ QWidget* Sidebar::MakeOptions(Binder& binder) {
 
 void Sidebar::AddOption() {
     auto* option = new QRadioButton(u"备用"_s);
-    option->setProperty("quiet", true);
+    SetLook(*option, Look::Quiet);
     option->setFixedHeight(optionHeight_);
     connect(option, &QAbstractButton::clicked, this, [this, index = static_cast<int>(options_.size())] {
         binder_.Event([this, index] { ChooseProtocolOfType(binder_.Form(), index); });

@@ -3,11 +3,11 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QStyle>
 #include <algorithm>
 #include <utility>
 
 #include "host_qt/words.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -23,7 +23,7 @@ constexpr int kDotSize = 8;
 
 QLabel* MakeWords(QWidget* parent) {
     auto* words = new QLabel(parent);
-    words->setProperty("stateWords", true);
+    words->setFont(Theme::CaptionFont());
     words->setTextFormat(Qt::PlainText);
     return words;
 }
@@ -55,7 +55,7 @@ StateLine::StateLine(Binder& binder, const Theme& theme, QWidget* parent)
     layout->addWidget(dot_);
     layout->addWidget(captureCounts_);
     layout->addWidget(action_);
-    dot_->setObjectName(u"captureDot"_s);
+    SetLook(*dot_, Look::Dot);
     dot_->setFixedSize(kDotSize, kDotSize);
     captureCounts_->setAccessibleName(Words::tr("采集计数"));
     connect(action_, &QPushButton::clicked, this, [this] {
@@ -129,8 +129,7 @@ void StateLine::ShowWords() {
     if (shown_.glyph) sign_->setPixmap(GlyphPicture(*shown_.glyph, ink, kGlyphSize, devicePixelRatioF()));
     head_->setVisible(!shown_.head.isEmpty());
     head_->setText(shown_.head);
-    head_->setProperty("failure", isFailure);
-    head_->style()->polish(head_);
+    ShowAsFailure(*head_, isFailure, QPalette::WindowText);
     text_->setText(text_->fontMetrics().elidedText(shown_.text, Qt::ElideRight, text_->width()));
     text_->setToolTip(shown_.text);
     count_->setVisible(!shown_.count.isEmpty());

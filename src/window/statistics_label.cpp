@@ -86,8 +86,7 @@ void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 StatisticsLine::StatisticsLine(Binder& binder, const Theme& theme, QWidget* parent) : QWidget(parent) {
-    setObjectName(u"statistics"_s);
-    setAttribute(Qt::WA_StyledBackground);
+    setAutoFillBackground(true);
     setFixedHeight(kLineHeight);
     auto* line = new QHBoxLayout;
     line->setContentsMargins(12 - kPadding, 0, 12, 0);

@@ -7,6 +7,7 @@
 #include "host/store.h"
 #include "host_qt/words.h"
 #include "window/bindings.h"
+#include "window/look.h"
 #include "window/note_bar.h"
 #include "window/notice_words.h"
 #include "window/pieces.h"
@@ -47,6 +48,7 @@ StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
     AddPortPanel();
     addWidget(&notes_, 1);
     auto* clock = new QLabel(this);
+    ShowAsCaption(*clock);
     Bind(binder, binder.Form().StatusBar1[2], *clock);
     addPermanentWidget(clock);
     FollowNote();
@@ -55,6 +57,8 @@ StatusPanels::StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent)
 void StatusPanels::AddMakerPanel() {
     auto* maker = new QLabel(this);
     maker->setObjectName(u"makerPanel"_s);
+    ShowAsCaption(*maker);
+    SetLook(*maker, Look::Word);
     binder_.AtEachLook([maker, &form = binder_.Form()] {
         maker->setText(MakerWords(form));
         const QString tip = MakerToolTip(form);
@@ -75,6 +79,7 @@ void StatusPanels::AddPortPanel() {
     layout->setSpacing(8);
     auto* dot = new QFrame(panel);
     dot->setObjectName(u"comShow"_s);
+    SetLook(*dot, Look::Dot);
     dot->setFixedSize(kDotSize, kDotSize);
     QSizePolicy policy = dot->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -84,6 +89,7 @@ void StatusPanels::AddPortPanel() {
     binder_.Watch(form.RunningState(), showDot);
     layout->addWidget(dot);
     auto* port = new QLabel(panel);
+    ShowAsCaption(*port);
     Bind(binder_, form.StatusBar1[1], *port);
     layout->addWidget(port);
     addWidget(panel);

@@ -1,5 +1,7 @@
 #include "window/step_text.h"
 
+#include "window/pieces.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -8,7 +10,7 @@
 namespace commtest {
 
 StepText::StepText(QWidget* parent) : QLabel(parent) {
-    setProperty("caption", true);
+    ShowAsCaption(*this);
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
 }

@@ -8,6 +8,7 @@
 #include "window/filter_box.h"
 #include "window/follow_tick.h"
 #include "window/icons.h"
+#include "window/look.h"
 #include "window/pieces.h"
 #include "window/window_face.h"
 
@@ -29,14 +30,12 @@ TabRow::TabRow(Binder& binder, const Theme& theme, QWidget* parent)
       tabs_(new QTabBar(this)),
       filter_(new FilterBox(theme, FaceOf(binder.Form()).layout.filterWidth, this)),
       follow_(new FollowTick(binder, this)) {
-    setObjectName(u"tabRow"_s);
-    setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(kHeight);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 12, 0);
     layout->setSpacing(8);
 
-    sidebarButton_->setProperty("flat", true);
+    SetLook(*sidebarButton_, Look::Flat);
     sidebarButton_->setIconSize({kIconSize, kIconSize});
     sidebarButton_->setAccessibleName(ToQt(binder.Form().texts.captions.instrumentSelection));
     sidebarButton_->setFocusPolicy(Qt::StrongFocus);
@@ -85,7 +84,7 @@ void TabRow::AddWriteTypes(Binder& binder) {
     QList<QAbstractButton*> options;
     for (const QString& caption : {u" 参数双字节修改"_s, u" 参数四字节修改"_s, u" 参数批量修改"_s}) {
         auto* option = new QRadioButton(caption, this);
-        option->setProperty("tight", true);
+        SetLook(*option, Look::Tight);
         options += option;
         layout()->addWidget(option);
     }

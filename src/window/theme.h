@@ -2,12 +2,21 @@
 
 #include <QFont>
 #include <QObject>
+#include <QPalette>
+#include <QPointer>
 
 #include "window/tokens.h"
 
 namespace commtest {
 
-// The look of the program: Fusion with a palette and one style sheet, both made of the tokens in use.
+class TokenStyle;
+
+// Roles of the palette that serve for what their names do not say.
+constexpr QPalette::ColorRole kCaptionRole = QPalette::PlaceholderText;
+constexpr QPalette::ColorRole kFailureRole = QPalette::BrightText;
+constexpr QPalette::ColorRole kLineRole = QPalette::Shadow;
+
+// The look of the program: its style and a palette, both of the tokens in use.
 class Theme : public QObject {
     Q_OBJECT
 
@@ -22,9 +31,6 @@ class Theme : public QObject {
 
     void Use(Choice choice);
 
-    // Puts the style sheet on. Widgets that are made before are made much faster.
-    void Dress();
-
     static QFont UiFont();       // 13 px
     static QFont CaptionFont();  // 12 px: captions, heads of grids
     static QFont MonoFont();     // 12 px: frames, numbers, addresses, codes
@@ -33,10 +39,8 @@ class Theme : public QObject {
     void Changed();
 
   private:
-    void Apply();
-
     bool desktopIsDark_;
-    bool isDressed_ = false;
+    QPointer<TokenStyle> style_;  // the application's
     const Tokens* tokens_ = &kLightTokens;
 };
 

@@ -2,13 +2,13 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QStyle>
 #include <array>
 #include <utility>
 
 #include "commands/toolbar_commands.h"
 #include "window/editing_stop.h"
 #include "window/icons.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -49,8 +49,8 @@ QString NameOf(int index) { return u"toolbar%1"_s.arg(index); }
 
 ToolBar::ToolBar(Binder& binder, const Theme& theme, QWidget* parent)
     : QWidget(parent), binder_(binder), theme_(theme) {
-    setObjectName(u"toolBar"_s);
     setAttribute(Qt::WA_StyledBackground);
+    SetLook(*this, Look::Band);
     setFixedHeight(kHeight);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 8, 1);
@@ -70,7 +70,7 @@ ToolBar::ToolBar(Binder& binder, const Theme& theme, QWidget* parent)
     Button(toolbar::kSearch).setCheckable(true);
     binder.Watch(form.FindFrame,
                  [this, &form] { Button(toolbar::kSearch).setChecked(form.FindFrame.Visible()); });
-    Button(toolbar::kStartStop).setProperty("primary", true);
+    SetLook(Button(toolbar::kStartStop), Look::ToolBarPrimary);
     binder.Watch(form.RunningState(), [this] { ShowStartStop(); });
     binder.AtEachLook([this, &form, wasForEditing = false]() mutable {
         const bool isForEditing = IsStoppedForEditing(form);
@@ -85,6 +85,7 @@ QToolButton& ToolBar::Button(int index) const { return *findChild<QToolButton*>(
 QToolButton* ToolBar::MakeButton(int index) {
     auto* button = new QToolButton(this);
     button->setObjectName(NameOf(index));
+    SetLook(*button, Look::ToolBar);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIconSize({kIconSize, kIconSize});
     button->setFocusPolicy(Qt::StrongFocus);
@@ -133,7 +134,6 @@ void ToolBar::AddMenu(int index, std::initializer_list<ToolbarEntry> entries) {
         connect(menu->addAction(caption), &QAction::triggered, this, [this, entry] { Choose(entry); });
     }
     QToolButton& button = Button(index);
-    button.setProperty("drop", true);
     button.setPopupMode(QToolButton::InstantPopup);
     button.setMenu(menu);
 }
@@ -141,10 +141,8 @@ void ToolBar::AddMenu(int index, std::initializer_list<ToolbarEntry> entries) {
 void ToolBar::ShowStartStop() {
     QToolButton& button = Button(toolbar::kStartStop);
     button.setText(QString::fromStdU16String(Text(binder_.Form().StartStopCaption())));
-    button.setProperty("running", binder_.Form().IsRunning());
-    button.setProperty("editing", IsStoppedForEditing(binder_.Form()));
-    button.style()->unpolish(&button);
-    button.style()->polish(&button);
+    const bool isTinted = binder_.Form().IsRunning() || IsStoppedForEditing(binder_.Form());
+    SetLook(button, isTinted ? Look::ToolBarTinted : Look::ToolBarPrimary);
     ShowIcons();
 }
 

@@ -16,6 +16,7 @@
 #include "tools/tool_modes.h"
 #include "window/bindings.h"
 #include "window/icons.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -213,6 +214,7 @@ QWidget* ToolWindow::MakeNormalised() {
     }
     Bind(binder_, tools_.ConShowType, options);
     QLineEdit* field = MakeField(tools_.OutString[3], u"normalised"_s);
+    SetLook(*field, Look::Given);
     field->setToolTip(u"自动将输入数据转换成标准\\统一的写法"_s);
     auto* piece = new QWidget;
     QVBoxLayout* column = MakeColumn(piece, 0);
@@ -235,7 +237,7 @@ QWidget* ToolWindow::MakeResult() {
     QLineEdit* field = MakeField(tools_.OutString[1], u"result"_s);
     binder_.Watch(tools_.OutString[1], [field] { field->setToolTip(field->text()); });
     action_ = MakeButton(0);
-    action_->setProperty("primary", true);
+    SetLook(*action_, Look::Primary);
     action_->setMinimumWidth(kActionWidth);
     action_->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the input
     auto* piece = new QWidget;
@@ -256,7 +258,7 @@ QWidget* ToolWindow::MakeResult() {
 QWidget* ToolWindow::MakeExplanation() {
     const TextControl& control = tools_.OutString[2];
     auto* pane = new QPlainTextEdit;
-    pane->setObjectName(u"explanation"_s);
+    SetLook(*pane, Look::Lined);
     pane->setFont(Theme::MonoFont());
     pane->setReadOnly(true);
     pane->setTabChangesFocus(true);
@@ -274,7 +276,7 @@ QWidget* ToolWindow::MakeExplanation() {
 // Copies the text itself: a field shows its line ends only as blanks.
 QWidget* ToolWindow::MakeCopyButton(const QString& name, const TextControl& source) {
     auto* button = new QToolButton;
-    button->setProperty("flat", true);
+    SetLook(*button, Look::Flat);
     button->setText(Words::tr("复制"));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFixedHeight(kControlHeight);
@@ -297,6 +299,7 @@ QWidget* ToolWindow::MakeCopyButton(const QString& name, const TextControl& sour
 
 void ToolWindow::FillStatusBar() {
     auto* clock = new QLabel(this);
+    ShowAsCaption(*clock);
     Bind(binder_, tools_.StatusBar1, *clock);
     status_->setSizeGripEnabled(false);
     status_->setContentsMargins(kEdge, 0, kEdge, 0);

@@ -138,7 +138,6 @@ bool WindowProgram::Start() {
     choices_.PutBack();
     window_ = std::make_unique<MainWindow>(Form(), *theme_, *store_);
     window_->Lists().Spreadsheets().Use(spreadsheets_);
-    theme_->Dress();
     dialogs_.SetWindow(window_.get());
     if (keepsChoices_) {
         choices_.Follow(window_->Views(), *window_->findChild<TextSpinBox*>(u"ConDelayTime"_s));

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "host_qt/words.h"
+#include "window/look.h"
 #include "window/pieces.h"
 
 namespace commtest {
@@ -28,8 +29,8 @@ WorkBand::WorkBand(QWidget* parent)
       fieldLine_(new QHBoxLayout),
       cancel_(new QPushButton(Words::tr("取消"), this)),
       bar_(new QProgressBar(this)) {
-    setObjectName(u"workBand"_s);
     setAttribute(Qt::WA_StyledBackground);
+    SetLook(*this, Look::TintBand);
     setFixedHeight(kHeight + kBarHeight);
     setFocusProxy(cancel_);
     auto* line = new QHBoxLayout;

@@ -15,6 +15,7 @@
 #include "commands/toolbar_commands.h"
 #include "window/editor_hint.h"
 #include "window/grid_view.h"
+#include "window/look.h"
 #include "window/main_window.h"
 #include "window/note_bar.h"
 #include "window/record_view.h"
@@ -42,7 +43,6 @@ class CellEditorTest : public ::testing::Test {
     GridView& view = *static_cast<GridView*>(editor.parentWidget()->parentWidget());
 
     CellEditorTest() {
-        theme.Dress();
         window.show();
         (void)QTest::qWaitForWindowActive(&window);
     }
@@ -394,15 +394,15 @@ TEST_F(CellEditorTest, EditorThatIsLeftAgainLeavesAPlainStopBehind) {
     const QToolButton& startButton = window.findChild<ToolBar*>()->Button(toolbar::kStartStop);
     session.Start();
     Open();
-    EXPECT_TRUE(startButton.property("editing").toBool());
+    EXPECT_EQ(LookOf(&startButton), Look::ToolBarTinted);
     Press(Qt::Key_Escape);
     EXPECT_EQ(state.Shown().head.toStdString(), "编辑时停止");
     EXPECT_EQ(state.Shown().text.toStdString(), "第 0 次之后，按 F5 继续");
     EXPECT_EQ(state.Shown().look, StateMessage::Look::Quiet);
-    EXPECT_FALSE(startButton.property("editing").toBool());
+    EXPECT_EQ(LookOf(&startButton), Look::ToolBarPrimary);
     Open();
     EXPECT_EQ(state.Shown().text.toStdString(), "编辑时通讯已停止，回车写入并继续");
-    EXPECT_TRUE(startButton.property("editing").toBool());
+    EXPECT_EQ(LookOf(&startButton), Look::ToolBarTinted);
     Press(Qt::Key_Escape);
     QTest::keyClick(&window, Qt::Key_F5);
     EXPECT_TRUE(form.IsRunning());

@@ -15,6 +15,7 @@
 #include "window/communication_strip.h"
 #include "window/grid_header.h"
 #include "window/grid_view.h"
+#include "window/look.h"
 #include "window/main_window.h"
 #include "window/note_bar.h"
 #include "window/search_panel.h"
@@ -39,7 +40,7 @@ int TopIn(const QWidget& area, const QWidget& widget) { return widget.mapTo(&are
 template <typename Widget>
 void ExpectVisibleOnesToBe28High(const QWidget& area) {
     for (const Widget* widget : area.findChildren<Widget*>()) {
-        if (widget->isVisible() && !widget->property("lineAction").toBool()) {
+        if (widget->isVisible() && LookOf(widget) != Look::LineAction) {
             EXPECT_EQ(widget->height(), 28) << widget->accessibleName().toStdString();
         }
     }
@@ -54,7 +55,6 @@ class DesignHeights : public ::testing::Test {
     MainWindow window{session.Form(), theme, settings};
 
     DesignHeights() {
-        theme.Dress();
         window.show();
         (void)QTest::qWaitForWindowActive(&window);
         QApplication::processEvents();

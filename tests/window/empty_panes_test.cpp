@@ -27,7 +27,6 @@ class EmptyPanesTest : public ::testing::Test {
     RecordView& record = window.findChild<CommunicationPage*>()->Record();
 
     EmptyPanesTest() {
-        theme.Dress();
         form.Explanation().SetVisible(true);
         window.show();
         (void)QTest::qWaitForWindowActive(&window);

@@ -16,7 +16,6 @@ class EmptyStateTest : public ::testing::Test {
     std::string pressed;
 
     EmptyStateTest() {
-        theme.Dress();
         state.resize(400, 200);
         state.show();
     }

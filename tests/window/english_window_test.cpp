@@ -53,7 +53,6 @@ class EnglishWindow : public ::testing::Test {
     MainWindow window{session.Form(), theme, settings};
 
     EnglishWindow() {
-        theme.Dress();
         window.resize(1366, 700);
         window.show();
         (void)QTest::qWaitForWindowActive(&window);

@@ -40,7 +40,6 @@ class EnglishWordsOfTheWindow : public EnglishWords {
     MainWindow window{session.Form(), theme, settings};
 
     EnglishWordsOfTheWindow() {
-        theme.Dress();
         window.resize(1366, 700);
         window.show();
         (void)QTest::qWaitForWindowActive(&window);

@@ -36,7 +36,6 @@ class FirstStepsTest : public ::testing::Test {
 
     void Open() {
         window = std::make_unique<MainWindow>(Form(), theme, settings);
-        theme.Dress();
         window->ShowFirstSteps([this] { ++trials; });
         window->show();
         (void)QTest::qWaitForWindowActive(window.get());

@@ -42,7 +42,6 @@ class FirstWindowCaptions : public ::testing::TestWithParam<Sight> {
 
     FirstWindowCaptions() {
         ShowPortStatus(session.Form());
-        theme.Dress();
         const qreal scale = qApp->devicePixelRatio();
         window.FitInto({0, 0, static_cast<int>(GetParam().width / scale),
                         static_cast<int>(GetParam().height / scale) - kPanel});
@@ -57,6 +56,8 @@ class FirstWindowCaptions : public ::testing::TestWithParam<Sight> {
         session.Form().FindFrame.SetVisible(withSearch);
         window.Views().Look();
         QApplication::processEvents();
+        // A look of the timer's may have come behind the layout.
+        QApplication::sendPostedEvents();
     }
 
     // A line that is cut off where there is no room says so by its size policy; some of the options are

@@ -45,7 +45,6 @@ class FirstWindow : public ::testing::TestWithParam<Screen> {
     MainWindow window{session.Form(), theme, settings};
 
     FirstWindow() {
-        theme.Dress();
         window.FitInto(Free());
         window.show();
         (void)QTest::qWaitForWindowActive(&window);

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "window/look.h"
 #include "window/main_window.h"
 #include "window/statistics_label.h"
 #include "window/view_bench.h"
@@ -26,7 +27,6 @@ class FocusFrameTest : public ::testing::TestWithParam<Theme::Choice> {
     MainWindow window{session.Form(), theme, settings};
 
     FocusFrameTest() {
-        theme.Dress();
         window.show();
         (void)QTest::qWaitForWindowActive(&window);
     }
@@ -42,7 +42,8 @@ class FocusFrameTest : public ::testing::TestWithParam<Theme::Choice> {
 
     // Pixels of the frame, which is of another colour around a filled button.
     int CameWithTheFocus(QWidget& widget) {
-        const bool isFilled = widget.property("primary").toBool();
+        const Look look = LookOf(&widget);
+        const bool isFilled = look == Look::Primary || look == Look::ToolBarPrimary;
         const QColor& colour = isFilled ? theme.Now().text : theme.Now().accent;
         widget.clearFocus();
         QApplication::processEvents();

@@ -44,7 +44,6 @@ class MainWindowTest : public ::testing::Test {
 
     void Open() {
         window = std::make_unique<MainWindow>(Form(), theme, settings);
-        theme.Dress();
         window->show();
         (void)QTest::qWaitForWindowActive(window.get());
     }

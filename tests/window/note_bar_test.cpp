@@ -123,7 +123,7 @@ TEST_F(NoteBarTest, ActionStandsBesideTheWordsAndTheSecondsBehindIt) {
 TEST_F(NoteBarTest, LinePartsAWordFromWhatStandsInFront) {
     const QList<QFrame*> frames = notes.findChildren<QFrame*>();
     const QFrame* edge = *std::ranges::find_if(
-        frames, [](const QFrame* frame) { return frame->property("hairline").toBool(); });
+        frames, [](const QFrame* frame) { return frame->backgroundRole() == kLineRole; });
     EXPECT_FALSE(edge->isVisible());
     notes.Say("已存");
     EXPECT_TRUE(edge->isVisible());
@@ -133,7 +133,7 @@ TEST_F(NoteBarTest, LinePartsAWordFromWhatStandsInFront) {
 }
 
 TEST_F(NoteBarTest, OnlyAFailureIsInTheColourOfFailures) {
-    const auto isFailure = [this] { return Words()->property("failure").toBool(); };
+    const auto isFailure = [this] { return Words()->foregroundRole() == kFailureRole; };
     notes.Say("已存");
     EXPECT_FALSE(isFailure());
     notes.Warn("写不进去");

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "window/look.h"
 #include "window/port_list_view.h"
 #include "window/view_bench.h"
 
@@ -139,7 +140,7 @@ TEST_F(PortBoxTest, WhatIsNoPortIsRefusedAndTheFormerOneHolds) {
         Type(text);
         QTest::keyClick(box, Qt::Key_Return);
         EXPECT_TRUE(box->Refusal().isVisible()) << text;
-        EXPECT_TRUE(box->property("refused").toBool()) << text;
+        EXPECT_EQ(LookOf(box), Look::Refused) << text;
         EXPECT_EQ(box->accessibleDescription().toStdString(), "不是串口，未采用");
         EXPECT_EQ(box->currentText().toStdString(), text);
         EXPECT_EQ(ToUtf8(Port().Value()), "COM1") << text;
@@ -154,7 +155,7 @@ TEST_F(PortBoxTest, EscapeRestoresTheFormerPort) {
     QTest::keyClick(box, Qt::Key_Escape);
     EXPECT_EQ(box->currentText().toStdString(), "COM1");
     EXPECT_FALSE(box->Refusal().isVisible());
-    EXPECT_FALSE(box->property("refused").toBool());
+    EXPECT_EQ(LookOf(box), Look::Plain);
     EXPECT_EQ(box->accessibleDescription().toStdString(), "");
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "window/look.h"
 #include "window/search_bench.h"
 #include "window/text_spin_box.h"
 #include "window/widget_search.h"
@@ -108,12 +109,12 @@ TEST_F(SearchPanelTest, PortIsTyped) {
 
 TEST_F(SearchPanelTest, SearchIsBegunByItsButton) {
     bench.session.Start();
-    EXPECT_TRUE(Button("开始搜索")->property("primary").toBool());
+    EXPECT_EQ(LookOf(Button("开始搜索")), Look::Primary);
     Search();
     EXPECT_EQ(Form().LastStop().cause, StopCause::Search) << "the session is stopped for it first";
     EXPECT_TRUE(Form().IsRunning());
     EXPECT_TRUE(panel->isVisible());
-    EXPECT_FALSE(Button("开始搜索")->property("primary").toBool());
+    EXPECT_EQ(LookOf(Button("开始搜索")), Look::Plain);
 }
 
 TEST_F(SearchPanelTest, SearchIsGivenUpByButtonAndEscape) {

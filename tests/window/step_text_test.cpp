@@ -14,7 +14,6 @@ class StepTextTest : public ::testing::Test {
     int line = 0;
 
     StepTextTest() {
-        theme.Dress();
         text.setText("HHH\nHHH\nHHH");
         text.ensurePolished();
         line = text.fontMetrics().lineSpacing();

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QTest>
 
+#include "window/look.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -54,11 +55,11 @@ TEST_F(ToolBarTest, StartButtonIsTheStateOfTheSession) {
     Press(4);
     EXPECT_TRUE(Form().IsRunning());
     EXPECT_EQ(toolBar.Button(4).text().toStdString(), "停止通讯");
-    EXPECT_TRUE(toolBar.Button(4).property("running").toBool());
+    EXPECT_EQ(LookOf(&toolBar.Button(4)), Look::ToolBarTinted);
     Press(4);
     EXPECT_FALSE(Form().IsRunning());
     EXPECT_EQ(toolBar.Button(4).text().toStdString(), "开始通讯");
-    EXPECT_FALSE(toolBar.Button(4).property("running").toBool());
+    EXPECT_EQ(LookOf(&toolBar.Button(4)), Look::ToolBarPrimary);
 }
 
 // Between stopped and running: tinted, with the icon that starts.

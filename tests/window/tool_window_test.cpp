@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include "commands/toolbar_commands.h"
+#include "window/look.h"
 #include "window/view_bench.h"
 #include "window/widget_search.h"
 
@@ -46,7 +47,7 @@ class ToolWindowTest : public ::testing::Test {
     QPushButton& Action() {
         QPushButton* action = nullptr;
         for (auto* button : window->findChildren<QPushButton*>()) {
-            if (button->property("primary").toBool()) action = button;
+            if (LookOf(button) == Look::Primary) action = button;
         }
         return *action;
     }

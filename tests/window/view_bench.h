@@ -13,7 +13,7 @@ struct ViewBench {
     Theme theme{Theme::Choice::Light};
     Binder binder{session.Form()};
 
-    explicit ViewBench(const Face& face = kChineseFace) : session(face) { theme.Dress(); }
+    explicit ViewBench(const Face& face = kChineseFace) : session(face) {}
 
     MainForm& Form() { return session.Form(); }
 };

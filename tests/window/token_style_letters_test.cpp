@@ -1,5 +1,3 @@
-#include "window/whole_letters.h"
-
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
@@ -12,11 +10,9 @@ namespace commtest::testing {
 namespace {
 
 // With the font of the run.
-class WholeLettersTest : public ::testing::Test {
+class TokenStyleLettersTest : public ::testing::Test {
   protected:
     Theme theme{Theme::Choice::Light};
-
-    WholeLettersTest() { theme.Dress(); }
 
     // How many rows of a picture the letters take, from column `left` on.
     static int RowsOfLetters(QWidget& widget, int left = 0) {
@@ -35,14 +31,14 @@ class WholeLettersTest : public ::testing::Test {
     }
 };
 
-TEST_F(WholeLettersTest, TitleIsNotCutAtItsFeet) {
+TEST_F(TokenStyleLettersTest, TitleIsNotCutAtItsFeet) {
     const std::unique_ptr<QLabel> title(MakeTitle("Tjgpq"));
     QLabel roomy("Tjgpq");
     roomy.setFixedHeight(60);
     EXPECT_EQ(RowsOfLetters(*title), RowsOfLetters(roomy));
 }
 
-TEST_F(WholeLettersTest, TickIsNotCutAtItsFeet) {
+TEST_F(TokenStyleLettersTest, TickIsNotCutAtItsFeet) {
     constexpr int kBehindTheBox = 24;
     QCheckBox low("Tjgpq");
     low.setFixedHeight(20);
