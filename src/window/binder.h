@@ -9,8 +9,9 @@
 
 namespace commtest {
 
-// Where widgets and controls meet. About 30 times a second, and behind each event of the user, it looks which
-// controls have changed and lets their widgets show them; the core calls no widget.
+// Where widgets and controls meet. It looks which controls have changed and lets their widgets show them: at
+// once behind each event of the user, soon behind those of the line and of the timers, about 30 times a
+// second at the most, and by itself about 10 times a second. The core calls no widget.
 class Binder : public QObject {
   public:
     explicit Binder(MainForm& form);
@@ -22,6 +23,11 @@ class Binder : public QObject {
 
     // `show` runs at once and whenever the control has changed.
     void Watch(const Control& control, std::function<void()> show);
+
+    // Something may have changed that is no event of the user: one look for all of it, in a thirtieth of a
+    // second.
+    void LookSoon();
+    bool LooksSoon() const { return looksSoon_; }
 
     // `look` runs at every look, for views that find out by themselves what has changed.
     void AtEachLook(std::function<void()> look);
@@ -39,7 +45,8 @@ class Binder : public QObject {
     // A view that is made within a look joins it; what runs stays where it is.
     std::deque<Watched> watched_;
     std::deque<std::function<void()>> looks_;
-    QTimer timer_;
+    QTimer timer_;  // of the next look
+    bool looksSoon_ = false;
 };
 
 }  // namespace commtest

@@ -6,6 +6,7 @@
 #include "commissioning/write_watch.h"
 #include "session/main_form.h"
 #include "window/cell_flash.h"
+#include "window/frame_font.h"
 #include "window/laid_out_texts.h"
 #include "window/row_filter.h"
 #include "window/theme.h"
@@ -61,7 +62,7 @@ class GridDelegate : public QStyledItemDelegate {
     int readRow_ = -1;
     Place current_{-1, -1};
     mutable LaidOutTexts uiTexts_{Theme::UiFont()};
-    mutable LaidOutTexts codeTexts_{Theme::MonoFont()};
+    mutable LaidOutTexts codeTexts_{FrameFont()};
 };
 
 }  // namespace commtest

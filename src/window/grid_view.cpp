@@ -169,11 +169,12 @@ int GridView::LastRowInView() const {
 
 void GridView::CompareCells() {
     const int first = FirstRow();
+    const int last = LastRowInView();
     const int cols = grid_.Cols();
     std::vector<ShownCell> shown;
-    shown.reserve(static_cast<std::size_t>(std::max(LastRowInView() - first + 1, 0) * cols));
+    shown.reserve(static_cast<std::size_t>(std::max(last - first + 1, 0) * cols));
     const int shownEnd = shownFirst_ + static_cast<int>(shown_.size()) / std::max(cols, 1);
-    for (int row = first; row <= LastRowInView(); ++row) {
+    for (int row = first; row <= last; ++row) {
         const bool wasShown = row >= shownFirst_ && row < shownEnd;
         for (int col = 0; col < cols; ++col) {
             ShownCell cell;

@@ -6,12 +6,14 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyleOptionSlider>
 #include <QTextBlock>
 #include <algorithm>
 #include <cmath>
 
 #include "host_qt/words.h"
 #include "window/bindings.h"
+#include "window/frame_font.h"
 #include "window/record_stretches.h"
 
 namespace commtest {
@@ -27,6 +29,39 @@ bool IsOfAStop(const QTextBlock& line) {
     return !first.atEnd() && first.fragment().charFormat().boolProperty(kIsOfAStop);
 }
 
+QRect SliderOf(const QScrollBar& bar) {
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.subControls = QStyle::SC_All;
+    option.orientation = bar.orientation();
+    option.minimum = bar.minimum();
+    option.maximum = bar.maximum();
+    option.singleStep = bar.singleStep();
+    option.pageStep = bar.pageStep();
+    option.sliderPosition = bar.sliderPosition();
+    option.sliderValue = bar.value();
+    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+}
+
+// The bar of a long record looks the same behind a block more: it is painted when its slider has moved.
+class SliderWatch {
+  public:
+    explicit SliderWatch(QScrollBar& bar) : bar_(bar), wasShown_(bar.isVisible()), former_(SliderOf(bar)) {
+        bar_.setAttribute(Qt::WA_UpdatesDisabled);
+    }
+    ~SliderWatch() {
+        bar_.setAttribute(Qt::WA_UpdatesDisabled, false);
+        if (!wasShown_ || SliderOf(bar_) != former_) bar_.update();
+    }
+    SliderWatch(const SliderWatch&) = delete;
+    SliderWatch& operator=(const SliderWatch&) = delete;
+
+  private:
+    QScrollBar& bar_;
+    bool wasShown_;
+    QRect former_;
+};
+
 int LinesOf(const RecordBlock& block) {
     return static_cast<int>(std::count(block.text.begin(), block.text.end(), u'\n'));
 }
@@ -39,7 +74,7 @@ RecordView::RecordView(Binder& binder, const Theme& theme, const RecordPane& pan
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
-    setFont(Theme::MonoFont());
+    setFont(FrameFont());
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDocumentMargin(kMargin);
     viewport()->setCursor(Qt::ArrowCursor);
@@ -78,14 +113,8 @@ void RecordView::PutOnTop(std::size_t count) {
     const int linesIntoFirst = bar.value() - first.firstLineNumber();
     const int number = first.blockNumber();
     const int blocksBefore = blockCount();
-    {
-        // Told of the change, the view would paint all of its lines anew.
-        const QSignalBlocker untold(document()->documentLayout());
-        QTextCursor cursor(document());
-        cursor.beginEditBlock();
-        for (std::size_t index = 0; index < count; ++index) Insert(cursor, pane_.Blocks()[index]);
-        cursor.endEditBlock();
-    }
+    const SliderWatch slider(bar);
+    InsertOnTop(count);
     emit document()->documentLayout()->documentSizeChanged(document()->documentLayout()->documentSize());
     if (isAtTop) return PushDown(blockCount() - blocksBefore);
     viewport()->update();
@@ -93,6 +122,21 @@ void RecordView::PutOnTop(std::size_t count) {
     // The insertion may have taken its lines away until it is laid out anew.
     document()->documentLayout()->blockBoundingRect(moved);
     bar.setValue(moved.firstLineNumber() + linesIntoFirst);
+}
+
+void RecordView::InsertOnTop(std::size_t count) {
+    // Told of the change, the view would paint all of its lines anew.
+    const QSignalBlocker untold(document()->documentLayout());
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    // With its end in front of it already, the line that was the first stays laid out.
+    const RecordBlock& last = pane_.Blocks()[count - 1];
+    const bool endsItsLine = last.text.ends_with(kLineEnd);
+    if (endsItsLine) cursor.insertBlock();
+    cursor.setPosition(0);
+    for (std::size_t index = 0; index + 1 < count; ++index) Insert(cursor, pane_.Blocks()[index]);
+    Insert(cursor, last, endsItsLine ? kLineEnd.size() : 0);
+    cursor.endEditBlock();
 }
 
 // The lines below travel as they are; only the new ones in front of them are painted.
@@ -111,10 +155,16 @@ void RecordView::PushDown(int newLines) {
     viewport()->update(0, 0, room.width(), distance + kMargin);
 }
 
-void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block) const {
+void RecordView::Insert(QTextCursor& cursor, const RecordBlock& block, std::size_t leftOut) const {
     const Tokens& tokens = theme_.Now();
     const bool isOfAStop = block.outcome != nullptr && block.outcome->verdict.stopsSession;
-    for (const RecordStretch& stretch : StretchesOf(block)) {
+    std::vector<RecordStretch> stretches = StretchesOf(block);
+    for (auto last = stretches.rbegin(); leftOut > 0 && last != stretches.rend(); ++last) {
+        const std::size_t cut = std::min(leftOut, last->text.size());
+        last->text.remove_suffix(cut);
+        leftOut -= cut;
+    }
+    for (const RecordStretch& stretch : stretches) {
         QTextCharFormat format;
         if (isOfAStop) format.setProperty(kIsOfAStop, true);
         switch (stretch.kind) {
@@ -153,7 +203,7 @@ void RecordView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     for (QTextBlock line = firstVisibleBlock(); line.isValid(); line = line.next()) {
         const QRectF place = blockBoundingGeometry(line).translated(contentOffset());
-        if (place.top() > viewport()->height()) break;
+        if (place.top() > event->rect().bottom()) break;
         if (IsOfAStop(line))
             painter.fillRect(QRectF(0, place.top(), kBarWidth, place.height()), theme_.Now().warn);
     }

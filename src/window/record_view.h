@@ -41,8 +41,9 @@ class RecordView : public QPlainTextEdit {
     void Follow();
     void ShowAll();
     void PutOnTop(std::size_t count);
+    void InsertOnTop(std::size_t count);
     void PushDown(int newLines);
-    void Insert(QTextCursor& cursor, const RecordBlock& block) const;
+    void Insert(QTextCursor& cursor, const RecordBlock& block, std::size_t leftOut = 0) const;
     void DropClickIfDragged(const QMouseEvent& event);
 
     const Theme& theme_;

@@ -1,8 +1,10 @@
 #include "window/sent_frames.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -10,6 +12,7 @@
 #include "runtime/hex_text.h"
 #include "runtime/runtime_error.h"
 #include "window/bindings.h"
+#include "window/frame_font.h"
 #include "window/list_browsing.h"
 #include "window/pieces.h"
 #include "window/theme.h"
@@ -38,6 +41,24 @@ class HintBox : public QWidget {
     }
 };
 
+// What lies behind need not be painted for the sake of a frame that goes out.
+class FrameField : public QLineEdit {
+  public:
+    explicit FrameField(QWidget* parent) : QLineEdit(parent) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setFont(FrameFont());
+        setReadOnly(true);
+        setCursor(Qt::ArrowCursor);
+        setPlaceholderText(u"显示通讯指令"_s);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(this).fillRect(event->rect(), QApplication::palette().color(QPalette::Base));
+        QLineEdit::paintEvent(event);
+    }
+};
+
 // A text that is no frame, as one that is composed by hand, has one notation.
 QString BothNotations(const Text& frame) {
     const QString code = ToQt(frame).trimmed().toHtmlEscaped();
@@ -56,12 +77,9 @@ SentFrames::SentFrames(Binder& binder, QWidget* parent)
       hint_(new HintBox(this)),
       words_(new QLabel(hint_)) {
     setEditable(true);
+    setLineEdit(new FrameField(this));
     setToolTip(u"显示实时通讯指令内容"_s);
     QLineEdit& text = *lineEdit();
-    text.setFont(Theme::MonoFont());
-    text.setReadOnly(true);
-    text.setCursor(Qt::ArrowCursor);
-    text.setPlaceholderText(u"显示通讯指令"_s);
     text.installEventFilter(this);
     connect(&text, &QLineEdit::textChanged, &text, [&text] { text.home(false); });
     Bind(binder, binder.Form().SentFrames(), *this);

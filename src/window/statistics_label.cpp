@@ -1,11 +1,13 @@
 #include "window/statistics_label.h"
 
+#include <QEvent>
 #include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "window/bindings.h"
 #include "window/pieces.h"
@@ -18,12 +20,14 @@ namespace {
 
 constexpr int kLineHeight = 25;
 constexpr int kGapBehindTotal = 24;
-constexpr int kPadding = 6;  // room for the frame of the focus
+constexpr int kPadding = 6;   // room for the frame of the focus
+constexpr int kOverhang = 2;  // of a letter beyond its room
 
 }  // namespace
 
 StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, QWidget* parent)
     : QWidget(parent), theme_(theme) {
+    setAttribute(Qt::WA_OpaquePaintEvent);  // what lies behind need not be painted for the sake of a number
     setToolTip(u"双击则重新记数"_s);
     WhenEntered(*this, [this] { emit DoubleClicked(); });
     connect(&theme, &Theme::Changed, this, qOverload<>(&QWidget::update));
@@ -38,15 +42,35 @@ StatisticsLabel::StatisticsLabel(Binder& binder, const Theme& theme, int index, 
 void StatisticsLabel::Show(const QString& caption, const StatisticsNumbers& numbers) {
     setAccessibleName(caption);
     setFocusPolicy(caption.isEmpty() ? Qt::NoFocus : Qt::TabFocus);
+    const std::vector<Part> former = std::exchange(parts_, {});
     Divide(caption, numbers);
-    const QFontMetricsF metrics(font());
-    double width = 0;
-    for (const Part& part : parts_) width += metrics.horizontalAdvance(part.text);
+    Place(former);
+    const double width = parts_.back().left + parts_.back().width - kPadding;
     if (width > width_) {
         width_ = static_cast<int>(std::ceil(width));
         updateGeometry();
     }
-    update();
+    const auto [changed, same] = std::mismatch(parts_.begin(), parts_.end(), former.begin(), former.end());
+    const int left = changed == parts_.end() ? 0 : static_cast<int>(changed->left) - kOverhang;
+    update(left, 0, this->width() - left, height());
+}
+
+// What was measured before need not be measured again.
+void StatisticsLabel::Place(const std::vector<Part>& former) {
+    const QFontMetricsF metrics(font());
+    double left = kPadding;
+    for (std::size_t index = 0; index < parts_.size(); ++index) {
+        Part& part = parts_[index];
+        const bool isKnown = index < former.size() && former[index].text == part.text;
+        part.left = left;
+        part.width = isKnown ? former[index].width : metrics.horizontalAdvance(part.text);
+        left += part.width;
+    }
+}
+
+void StatisticsLabel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) Place({});
+    QWidget::changeEvent(event);
 }
 
 void StatisticsLabel::Divide(const QString& caption, const StatisticsNumbers& numbers) {
@@ -64,21 +88,29 @@ void StatisticsLabel::Divide(const QString& caption, const StatisticsNumbers& nu
 
 QSize StatisticsLabel::sizeHint() const { return {width_ + 2 * kPadding, fontMetrics().height()}; }
 
-void StatisticsLabel::paintEvent(QPaintEvent*) {
+void StatisticsLabel::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    painter.fillRect(event->rect(), theme_.Now().window);
     const QFontMetricsF metrics(font());
     const double baseline = std::round((height() - metrics.height()) / 2 + metrics.ascent());
-    double x = kPadding;
+    double end = kPadding;
     for (const Part& part : parts_) {
-        const QString text = metrics.elidedText(part.text, Qt::ElideRight, width() - kPadding - x);
-        painter.setPen(theme_.Now().*part.ink);
-        painter.drawText(QPointF(x, baseline), text);
-        x += metrics.horizontalAdvance(text);
-        if (text != part.text) break;
+        const double room = width() - kPadding - part.left;
+        const bool fits = part.width <= room;
+        const QString text = fits ? part.text : metrics.elidedText(part.text, Qt::ElideRight, room);
+        end = part.left + (fits ? part.width : metrics.horizontalAdvance(text));
+        if (end + kOverhang >= event->rect().left()) {
+            painter.setPen(theme_.Now().*part.ink);
+            painter.drawText(QPointF(part.left, baseline), text);
+        }
+        if (!fits) break;
     }
-    if (!hasFocus()) return;
+    if (hasFocus()) PaintFocus(painter, end);
+}
+
+void StatisticsLabel::PaintFocus(QPainter& painter, double end) const {
     painter.setPen(QPen(theme_.Now().accent, 2));
-    painter.drawRoundedRect(QRectF(1, 1, std::min<double>(x + kPadding, width()) - 2, height() - 2), 4, 4);
+    painter.drawRoundedRect(QRectF(1, 1, std::min<double>(end + kPadding, width()) - 2, height() - 2), 4, 4);
 }
 
 void StatisticsLabel::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -25,15 +25,22 @@ class StatisticsLabel : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     struct Part {
         QString text;
         QColor Tokens::*ink;
+        double left = 0;
+        double width = 0;
+
+        bool operator==(const Part&) const = default;
     };
 
     void Show(const QString& caption, const StatisticsNumbers& numbers);
     void Divide(const QString& caption, const StatisticsNumbers& numbers);
+    void Place(const std::vector<Part>& former);
+    void PaintFocus(QPainter& painter, double end) const;
 
     const Theme& theme_;
     std::vector<Part> parts_;  // of the caption, from the left

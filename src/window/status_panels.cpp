@@ -105,6 +105,15 @@ void StatusPanels::FollowNote() {
     connect(&notes_, &NoteBar::Ended, this, [&form] { form.StatusNote.Set({}); });
 }
 
+// A panel whose text has changed is laid out and painted by itself; the toolkit would paint the whole bar.
+bool StatusPanels::event(QEvent* event) {
+    if (event->type() != QEvent::LayoutRequest) return QStatusBar::event(event);
+    setAttribute(Qt::WA_UpdatesDisabled);
+    const bool isDone = QStatusBar::event(event);
+    setAttribute(Qt::WA_UpdatesDisabled, false);
+    return isDone;
+}
+
 bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {
     if (watched == maker_ && event->type() == QEvent::MouseButtonDblClick) {
         SwitchCatalogue();

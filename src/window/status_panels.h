@@ -17,6 +17,7 @@ class StatusPanels : public QStatusBar {
     StatusPanels(Binder& binder, NoteBar& notes, QWidget* parent);
 
   protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -95,8 +95,14 @@ WindowProgram::WindowProgram(const WindowOptions& options)
 }
 
 void WindowProgram::WireEvents() {
-    port_.Receives = [this] { PortReceives(Form()); };
-    port_.IsLost = [this](const Text& reason) { PortIsLost(Form(), reason); };
+    port_.Receives = [this] {
+        PortReceives(Form());
+        LookSoon();
+    };
+    port_.IsLost = [this](const Text& reason) {
+        PortIsLost(Form(), reason);
+        LookSoon();
+    };
     port_.IsBack = [this](const Text& device) {
         if (window_) window_->LostPort().TellBack(QString::fromStdU16String(device));
     };
@@ -106,11 +112,19 @@ void WindowProgram::WireEvents() {
     program_.IsCalled = [this] { BringForward(); };
     port_.IsNamed = [this](int number, const QString& device) { KeepDevice(number, device); };
     for (int index = 0; index < static_cast<int>(Form().Timer1.size()); ++index) {
-        timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)],
-                      [this, index] { TimerTicks(Form(), index); });
+        timers_.Drive(Form().Timer1[static_cast<std::size_t>(index)], [this, index] {
+            TimerTicks(Form(), index);
+            LookSoon();
+        });
     }
-    timers_.Drive(session_.Tools().Timer1,
-                  [this] { RunEvent(Form(), [this] { Timer1_Timer(session_.Tools()); }); });
+    timers_.Drive(session_.Tools().Timer1, [this] {
+        RunEvent(Form(), [this] { Timer1_Timer(session_.Tools()); });
+        LookSoon();
+    });
+}
+
+void WindowProgram::LookSoon() {
+    if (window_) window_->Views().LookSoon();
 }
 
 // Another start ends with a call to this one.

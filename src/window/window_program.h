@@ -53,6 +53,7 @@ class WindowProgram {
 
   private:
     void WireEvents();
+    void LookSoon();
     void BringForward();
     void KeepDevice(int number, const QString& device);
     void FollowTool();

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 #include "runtime/runtime_error.h"
 #include "window/view_bench.h"
@@ -54,6 +55,29 @@ TEST_F(BindingsTest, TimerLooksByItself) {
     Bind(binder, bench.Form().ConCommMessage[0], label);
     bench.Form().ConCommMessage[0].Set(u"数据不完整");
     EXPECT_TRUE(QTest::qWaitFor([&] { return label.text() == u"数据不完整"; }, 2000));
+}
+
+TEST_F(BindingsTest, LookThatIsAskedForComesSoonAndIsOneForAll) {
+    int looks = 0;
+    binder.Look();
+    binder.AtEachLook([&looks] { ++looks; });
+    looks = 0;
+    int looksBefore = -1;
+    int looksBehind = -1;
+    QTimer::singleShot(5, Qt::PreciseTimer, &window, [&] { looksBefore = looks; });
+    QTimer::singleShot(66, Qt::PreciseTimer, &window, [&] { looksBehind = looks; });
+    for (int turn = 0; turn < 3; ++turn) binder.LookSoon();
+    EXPECT_TRUE(binder.LooksSoon());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return looksBehind >= 0; }));
+    EXPECT_EQ(looksBefore, 0);
+    EXPECT_EQ(looksBehind, 1);
+    EXPECT_FALSE(binder.LooksSoon());
+}
+
+TEST_F(BindingsTest, LookBehindAnEventOfTheUserIsThatOfTheTimers) {
+    binder.LookSoon();
+    binder.Event([] {});
+    EXPECT_FALSE(binder.LooksSoon());
 }
 
 TEST_F(BindingsTest, PresenceIsShown) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <QTimer>
 
 namespace commtest::testing {
 namespace {
@@ -56,6 +57,15 @@ TEST_F(CellFlashTest, LightGoesDownInTwoStepsAndOut) {
     }
     EXPECT_FALSE(flash.IsRunning());
     EXPECT_EQ(repainted, std::vector<CellFlash::Cell>(4, {3, 9}));
+}
+
+TEST_F(CellFlashTest, NothingIsLookedAtUntilALightHasToChange) {
+    flash.Light({3, 9});
+    ASSERT_EQ(looks, 1);
+    bool isHalfOver = false;
+    QTimer::singleShot(125, &flash, [&isHalfOver] { isHalfOver = true; });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isHalfOver; }));
+    EXPECT_EQ(looks, 1);
 }
 
 TEST_F(CellFlashTest, CellLitAgainBeginsAnewAndOthersGoOutByThemselves) {

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "session/serial_link.h"
+#include "window/paint_watch.h"
 #include "window/text_spin_box.h"
 #include "window/theme.h"
 #include "window/view_bench.h"
@@ -72,6 +73,20 @@ TEST_F(CommunicationStripTest, FrameIsShownFromItsBeginningAndOnlyToCopy) {
     EXPECT_EQ(text->font().families(), Theme::MonoFont().families());
     QTest::keyClicks(text, "x");
     EXPECT_EQ(text->text().toStdString(), ToUtf8(frame));
+}
+
+TEST_F(CommunicationStripTest, FrameThatGoesOutIsPaintedAndNothingBehindIt) {
+    PaintWhatIsDue(strip);
+    const PaintWatch field(*Frame()->lineEdit());
+    const PaintWatch box(*Frame());
+    const PaintWatch behind(strip);
+    Form().SentFrames().Set(u" 40 30 31 52 44 30 31 0D");
+    bench.binder.Look();
+    PaintWhatIsDue(strip);
+    EXPECT_EQ(field.Painted(), QRegion(Frame()->lineEdit()->rect()));
+    EXPECT_TRUE(box.Painted().isEmpty());
+    EXPECT_TRUE(behind.Painted().isEmpty());
+    EXPECT_EQ(OnTheScreen(strip), PaintedAnew(strip));
 }
 
 TEST_F(CommunicationStripTest, FramesThatWereSentAreOffered) {

@@ -126,8 +126,14 @@ TEST_F(RecordViewTest, BlockOnTopOfFiftyLeavesTheOthersLaidOut) {
     int laidOut = 0;
     for (QTextBlock block = view->document()->begin(); block.isValid(); block = block.next())
         laidOut += block.layout()->lineCount() > 0 ? 1 : 0;
-    // All but the four new ones and the one that they were put in front of.
-    EXPECT_GE(laidOut, blocks - 1);
+    EXPECT_GE(laidOut, blocks);  // all but the four new ones
+}
+
+TEST_F(RecordViewTest, TextWithoutALineEndStandsInFrontOfTheFirstLine) {
+    ShowBlocks(1);
+    pane.PutOnTop({u"甲"});
+    bench.binder.Look();
+    EXPECT_EQ(ShownText().substr(0, 7), "甲第 ");
 }
 
 TEST_F(RecordViewTest, EmptiedRecordIsShownAnew) {
@@ -187,6 +193,32 @@ TEST_F(RecordViewTest, BlockOnTopPaintsItsOwnLinesAndNothingBehindThem) {
     const int formerTop = view->cursorRect(QTextCursor(view->document()->findBlockByNumber(4))).top();
     EXPECT_EQ(lines.Painted().boundingRect(), QRect(0, 0, view->viewport()->width(), formerTop));
     EXPECT_TRUE((behind.Painted() & view->viewport()->geometry()).isEmpty());
+}
+
+TEST_F(RecordViewTest, ScrollBarIsPaintedOnlyWhenItsSliderHasMoved) {
+    window.resize(900, 200);
+    view->resize(900, 200);
+    ShowBlocks(2);
+    PaintWhatIsDue(window);
+    const PaintWatch few(*view->verticalScrollBar());
+    PutOnTop(3, 4);
+    bench.binder.Look();
+    PaintWhatIsDue(window);
+    EXPECT_FALSE(few.Painted().isEmpty());
+    PutOnTop(5, 2000);
+    bench.binder.Look();
+    PaintWhatIsDue(window);
+    const int maximum = view->verticalScrollBar()->maximum();
+    const PaintWatch many(*view->verticalScrollBar());
+    PutOnTop(2001, 2001);
+    bench.binder.Look();
+    PaintWhatIsDue(window);
+    EXPECT_TRUE(many.Painted().isEmpty());
+    EXPECT_GT(view->verticalScrollBar()->maximum(), maximum);
+}
+
+TEST_F(RecordViewTest, FramesAreLaidOutLetterByLetter) {
+    EXPECT_TRUE(view->font().styleStrategy() & QFont::PreferNoShaping);
 }
 
 TEST_F(RecordViewTest, LinesThatHaveTravelledStandWhereTheyWouldBePainted) {

@@ -8,6 +8,7 @@
 
 #include "session/records.h"
 #include "session/reply_routing.h"
+#include "window/paint_watch.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
@@ -134,6 +135,28 @@ TEST(StatisticsLabels, PaintEachTextWhole) {
             EXPECT_EQ(inAnyRoom, widened) << label.accessibleName().toStdString();
         }
     }
+}
+
+TEST(StatisticsLine, NumberThatChangesIsPaintedFromThereOnAndNothingBehindIt) {
+    ViewBench bench;
+    ShowCounters(bench, {.sent = 15});
+    StatisticsLine line(bench.binder, bench.theme, nullptr);
+    line.resize(700, 25);
+    line.show();
+    PaintWhatIsDue(line);
+    const StatisticsLabel& total = *line.findChildren<StatisticsLabel*>()[0];
+    const PaintWatch watch(*line.findChildren<StatisticsLabel*>()[0]);
+    const PaintWatch behind(line);
+    ShowCounters(bench, {.sent = 16});
+    PaintWhatIsDue(line);
+    const int words = QFontMetrics(total.font()).horizontalAdvance("总计通讯: ");
+    EXPECT_GE(watch.Painted().boundingRect().left(), words);
+    EXPECT_EQ(watch.Painted().boundingRect().right(), total.rect().right());
+    EXPECT_TRUE(behind.Painted().isEmpty());
+    EXPECT_EQ(OnTheScreen(line), PaintedAnew(line));
+    ShowCounters(bench, {.sent = 1000});
+    PaintWhatIsDue(line);
+    EXPECT_EQ(OnTheScreen(line), PaintedAnew(line)) << "with a longer number";
 }
 
 TEST_F(StatisticsLabelTest, DoubleClickOfTheLeftButtonAndEnterAreToldOf) {

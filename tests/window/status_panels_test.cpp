@@ -9,10 +9,13 @@
 #include "host/settings_store.h"
 #include "host/store.h"
 #include "window/note_bar.h"
+#include "window/paint_watch.h"
 #include "window/view_bench.h"
 
 namespace commtest::testing {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 class StatusPanelsTest : public ::testing::Test {
   protected:
@@ -50,6 +53,27 @@ TEST_F(StatusPanelsTest, ThreePanelsAreShown) {
     Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
     bench.binder.Look();
     EXPECT_TRUE(Shows("2024年05月06日  12:00:00"));
+}
+
+TEST_F(StatusPanelsTest, ClockThatTicksIsPaintedAlone) {
+    Form().StatusBar1[2].Set(u"2024年05月06日  12:00:00");
+    bench.binder.Look();
+    PaintWhatIsDue(panels);
+    const PaintWatch watch(panels);
+    Form().StatusBar1[2].Set(u"2024年05月06日  12:00:01");
+    bench.binder.Look();
+    PaintWhatIsDue(panels);
+    const QLabel& clock = Label(u"2024年05月06日  12:00:01"_s);
+    EXPECT_FALSE(watch.Painted().isEmpty());
+    EXPECT_TRUE((watch.Painted() - clock.geometry()).isEmpty());
+}
+
+TEST_F(StatusPanelsTest, LongerTextOfThePortIsLaidOutAndPainted) {
+    PaintWhatIsDue(panels);
+    Form().StatusBar1[1].Set(u"COM1 已打开 9600,N,8,1，一段长的文字");
+    bench.binder.Look();
+    PaintWhatIsDue(panels);
+    EXPECT_EQ(OnTheScreen(panels), PaintedAnew(panels));
 }
 
 TEST_F(StatusPanelsTest, CatalogueThatIsNotOpenIsNotNamed) {

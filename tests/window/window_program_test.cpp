@@ -111,6 +111,15 @@ class WindowProgramTest : public ::testing::Test {
     QTimer closer_;
 };
 
+TEST_F(WindowProgramTest, TickOfATimerIsShownSoon) {
+    ASSERT_TRUE(Start());
+    const Binder& views = program->Window().Views();
+    program->Window().Views().Look();
+    ASSERT_FALSE(views.LooksSoon());
+    Form().Timer1[0].SetInterval(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return views.LooksSoon(); }));
+}
+
 TEST_F(WindowProgramTest, FirstRunWritesTheDefaults) {
     ASSERT_TRUE(Start());
     EXPECT_EQ(Stored("ShowType"), "1");
