@@ -36,15 +36,20 @@ char* PutUtf8(char* to, char32_t c) {
     return to;
 }
 
-// Of the characters in front that are a byte each; a processor looks at a lump at once.
+// What a processor looks at in one go.
+constexpr std::size_t kLump = 16;
+
+// Whether so many units are a byte each.
+bool IsPlainLump(const char16_t* units) {
+    char16_t bits = 0;
+    for (std::size_t i = 0; i < kLump; ++i) bits |= units[i];
+    return bits < 0x80;
+}
+
+// Of the characters in front that are a byte each.
 std::size_t PlainLength(TextView text) {
-    constexpr std::size_t kLump = 16;
     std::size_t length = 0;
-    for (; length + kLump <= text.size(); length += kLump) {
-        char16_t bits = 0;
-        for (std::size_t i = 0; i < kLump; ++i) bits |= text[length + i];
-        if (bits >= 0x80) break;
-    }
+    while (length + kLump <= text.size() && IsPlainLump(text.data() + length)) length += kLump;
     while (length < text.size() && text[length] < 0x80) ++length;
     return length;
 }
@@ -87,17 +92,23 @@ char32_t TakeUtf8(std::string_view& rest) {
     return overlong || c > 0x10FFFF || (c >= 0xD800 && c < 0xE000) ? kReplacement : c;
 }
 
-// The same of UTF-16.
-char32_t TakeUtf16(TextView& rest) {
-    const char32_t unit = rest.front();
+// Takes the two halves of a character off the front of `rest`, or one that stands alone.
+char32_t TakeHalves(TextView& rest) {
+    const char32_t high = rest.front();
     rest.remove_prefix(1);
-    const bool isHalf = unit >= 0xD800 && unit < 0xE000;
-    if (!isHalf) return unit;
-    const bool isPaired = unit < 0xDC00 && !rest.empty() && rest.front() >= 0xDC00 && rest.front() < 0xE000;
+    const bool isPaired = high < 0xDC00 && !rest.empty() && rest.front() >= 0xDC00 && rest.front() < 0xE000;
     if (!isPaired) return kReplacement;
     const char32_t low = rest.front();
     rest.remove_prefix(1);
-    return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
+    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+}
+
+// The same as TakeUtf8 of UTF-16.
+inline char32_t TakeUtf16(TextView& rest) {
+    const char32_t unit = rest.front();
+    if (unit >= 0xD800 && unit < 0xE000) return TakeHalves(rest);
+    rest.remove_prefix(1);
+    return unit;
 }
 
 }  // namespace
@@ -152,18 +163,32 @@ Text Behind(TextView text, char16_t separator) {
     return at == TextView::npos ? Text() : Text(text.substr(at + 1));
 }
 
-std::string ToUtf8(TextView text) {
+void AppendUtf8(std::string& out, TextView text) {
     constexpr std::size_t kMostBytes = 3;  // of a unit
-    std::size_t plain = PlainLength(text);
-    std::string out(plain + kMostBytes * (text.size() - plain), '\0');
-    char* to = out.data();
+    const std::size_t former = out.size();
+    const std::size_t plain = PlainLength(text);
+    out.resize(former + plain + kMostBytes * (text.size() - plain));
+    char* to = out.data() + former;
+    for (const char16_t unit : text.substr(0, plain)) *to++ = static_cast<char>(unit);
+    text.remove_prefix(plain);
     while (!text.empty()) {
-        for (const char16_t unit : text.substr(0, plain)) *to++ = static_cast<char>(unit);
-        text.remove_prefix(plain);
-        while (!text.empty() && text.front() >= 0x80) to = PutUtf8(to, TakeUtf16(text));
-        plain = PlainLength(text);
+        const char16_t unit = text.front();
+        if (unit >= 0x80) {
+            to = PutUtf8(to, TakeUtf16(text));
+        } else if (text.size() >= kLump && IsPlainLump(text.data())) {
+            for (std::size_t i = 0; i < kLump; ++i) *to++ = static_cast<char>(text[i]);
+            text.remove_prefix(kLump);
+        } else {
+            *to++ = static_cast<char>(unit);
+            text.remove_prefix(1);
+        }
     }
     out.resize(static_cast<std::size_t>(to - out.data()));
+}
+
+std::string ToUtf8(TextView text) {
+    std::string out;
+    AppendUtf8(out, text);
     return out;
 }
 

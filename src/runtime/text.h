@@ -37,8 +37,9 @@ Text Before(TextView text, char16_t separator);
 // What stands behind the first `separator`, or nothing if there is none.
 Text Behind(TextView text, char16_t separator);
 
-// Conversions for the edge of the program; ill-formed UTF-8 becomes U+FFFD.
+// Conversions for the edge of the program; what is ill-formed becomes U+FFFD.
 std::string ToUtf8(TextView text);
+void AppendUtf8(std::string& out, TextView text);
 Text FromUtf8(std::string_view utf8);
 
 }  // namespace commtest

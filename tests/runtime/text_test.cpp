@@ -97,6 +97,14 @@ TEST(Utf8, GoesThereAndBack) {
     EXPECT_EQ(FromUtf8("\xF0\x9F\x98\x80"), u"\U0001F600");
 }
 
+TEST(Utf8, GoesBehindWhatIsThere) {
+    std::string line = "第";
+    AppendUtf8(line, u" 1 次, 01 03 02 00 07 F9 86 收到: 01 03 02 00 07 F9 86");
+    EXPECT_EQ(line, "第 1 次, 01 03 02 00 07 F9 86 收到: 01 03 02 00 07 F9 86");
+    AppendUtf8(line, u"");
+    EXPECT_EQ(line.size(), 60U);
+}
+
 TEST(Utf8, KeepsAZeroCharacter) { EXPECT_EQ(FromUtf8(std::string_view("a\0b", 3)), Text(u"a\0b", 3)); }
 
 TEST(Utf8, IllFormedBytesBecomeTheReplacementCharacter) {
