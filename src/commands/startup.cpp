@@ -125,6 +125,7 @@ void RefuseSecondInstance(MainForm& form) {
 void Form_Activate(MainForm& form) {
     if (form.Activated) return;
     RefuseSecondInstance(form);
+    const SameAnswersScope answers(form.outside.store);
     // Q183: what fails is passed over.
     PassOverErrors([&] { LoadSettings(form); },     //
                    [&] { ShowPortStatus(form); },   //
@@ -162,6 +163,7 @@ void LoadSettings(MainForm& form) {
 
 void OpenCatalogueBehindStart(MainForm& form) {
     form.outside.store.Open(LocalCatalogue(form.outside.files));
+    const SameAnswersScope answers(form.outside.store);
     const SoftSetting soft = StoredSoftSetting(form);
     PassOverErrors([&] { LoadProtocolList(form); }, [&] { ChooseStoredProtocol(form, soft.protocol); },
                    [&] { LoadInstrumentNames(form); }, [&] { ConMeterAddr_Change(form); },

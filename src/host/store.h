@@ -112,6 +112,10 @@ class Store {
 
     // How long calls are waited for from now on; how long they were. Said by a PatienceScope.
     virtual Patience Wait(Patience) { return Patience::Usual; }
+
+    // Whether a query that is asked again may be answered with the rows that it gave; whether it could until
+    // now. Said by a SameAnswersScope.
+    virtual bool KeepAnswers(bool) { return false; }
 };
 
 // While it stands, the calls of a store are waited for so long.
@@ -125,6 +129,20 @@ class PatienceScope {
   private:
     Store& store_;
     Patience former_;
+};
+
+// While it stands, a query without values that is asked again is answered with the rows that it gave, until
+// this store is written or opened: for a routine that asks the same several times within a moment.
+class SameAnswersScope {
+  public:
+    explicit SameAnswersScope(Store& store) : store_(store), former_(store.KeepAnswers(true)) {}
+    SameAnswersScope(const SameAnswersScope&) = delete;
+    SameAnswersScope& operator=(const SameAnswersScope&) = delete;
+    ~SameAnswersScope() { store_.KeepAnswers(former_); }
+
+  private:
+    Store& store_;
+    bool former_;
 };
 
 // Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,

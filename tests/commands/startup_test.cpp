@@ -3,8 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <utility>
+
 #include "app/session.h"
 #include "catalogue/catalogue_schema.h"
+#include "catalogue/instrument_selection.h"
 #include "catalogue/shipped_catalogue.h"
 #include "commands/toolbar_commands.h"
 #include "session/events.h"
@@ -23,6 +28,28 @@ const Text kLocalFile = u"folder/通讯数据.mdb";
 const Text kServer = u"driver={SQL Server};Server=\\\\srv\\prog;uid=commtest;pwd=p;database=d";
 const Text kServerFile = u"Server \\\\srv\\prog\r\nUser commtest\r\nPassword p\r\nDatabase d\r\nLast x\r\n";
 const Text kServersProgram = u"\\\\srv\\prog\\commtest.EXE";
+
+// Knows how often each statement was asked while it did not have to keep its answers.
+class AskedStore : public testing::SqliteStore {
+  public:
+    using SqliteStore::Query;
+    StoreRows Query(const Text& sql) override {
+        if (!keeps_) ++asked_[sql];
+        return SqliteStore::Query(sql);
+    }
+    bool KeepAnswers(bool keep) override { return std::exchange(keeps_, keep); }
+
+    bool Keeps() const { return keeps_; }
+    int MostAsked() const {
+        int most = 0;
+        for (const auto& [sql, count] : asked_) most = std::max(most, count);
+        return most;
+    }
+
+  private:
+    bool keeps_ = false;
+    std::map<Text, int> asked_;
+};
 
 class StartUp : public ::testing::Test {
   protected:
@@ -50,7 +77,7 @@ class StartUp : public ::testing::Test {
     testing::FakeDialogs dialogs;
     testing::FakeProgramFiles files;
     testing::FakeSettings settings;
-    testing::SqliteStore store;
+    AskedStore store;
     testing::FakeProgram program;
     Session session{{line, dialogs, line, files, store, settings, program}};
     MainForm& form = session.Form();
@@ -99,6 +126,22 @@ TEST_F(StartUp, RunsOnce) {
     EXPECT_EQ(ToUtf8(form.ConDelayTime.Value()), "5");
     EXPECT_EQ(ToUtf8(form.Caption.Value()), "");
     EXPECT_TRUE(form.Activated);
+}
+
+TEST_F(StartUp, StoreNeedNotBeAskedTheSameTwice) {
+    Start();
+    EXPECT_LE(store.MostAsked(), 1);
+    EXPECT_FALSE(store.Keeps());
+    ConMeterName_Click(form);
+    ConMeterName_Click(form);
+    EXPECT_EQ(store.MostAsked(), 2) << "behind the start";
+}
+
+TEST_F(StartUp, CatalogueThatComesLaterNeedNotBeAskedTheSameTwice) {
+    OpenCatalogueBehindStart(form);
+    EXPECT_EQ(Instrument(), "HX-D10智能数字显示控制仪");
+    EXPECT_LE(store.MostAsked(), 1);
+    EXPECT_FALSE(store.Keeps());
 }
 
 TEST_F(StartUp, ChoosesTheFirstTabAndTheDynamicReadInTurn) {
@@ -315,7 +358,7 @@ TEST_F(StartUp, ServerIsUsedInNetworkMode) {
 class StartWithoutACatalogue : public StartUp {
   protected:
     StartWithoutACatalogue() {
-        store = testing::SqliteStore();
+        store = AskedStore();
         line.Receives = [this] { PortReceives(form); };
         line.TimerTick = [this](int index) { TimerTicks(form, index); };
         for (Timer& timer : form.Timer1) line.Drive(timer);

@@ -47,6 +47,7 @@ class FailingStore : public Store {
 
     std::unique_ptr<Store> Another() const override;
     Patience Wait(Patience patience) override { return inner_.Wait(patience); }
+    bool KeepAnswers(bool keep) override { return inner_.KeepAnswers(keep); }
 
   private:
     struct Calls {
