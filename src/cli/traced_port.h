@@ -25,6 +25,7 @@ class TracedPort : public SerialPort {
     void SetPortOpen(bool open) override { port_.SetPortOpen(open); }
     Text LastProblem() const override { return port_.LastProblem(); }
     std::vector<PortDevice> Devices() const override { return port_.Devices(); }
+    Text Device() const override { return port_.Device(); }
     void NameDevice(int number, Text device) override { port_.NameDevice(number, std::move(device)); }
     void Output(const std::string& bytes) override;
     std::string Input() override;

@@ -41,6 +41,9 @@ class SerialPort {
     // The ports that there are at this moment, by number.
     virtual std::vector<PortDevice> Devices() const = 0;
 
+    // The device behind the port in use; empty if there is none.
+    virtual Text Device() const = 0;
+
     // From the next opening on, the port of that number is this device.
     virtual void NameDevice(int number, Text device) = 0;
 

@@ -147,6 +147,14 @@ std::vector<PortDevice> QtSerialPort::Devices() const {
     return ports;
 }
 
+// To list the machine's ports takes milliseconds: of an open port, and of one that was named, they are not
+// needed.
+Text QtSerialPort::Device() const {
+    const auto named = devices_.find(number_);
+    if (named != devices_.end()) return named->second.toStdU16String();
+    return (port_.isOpen() ? device_ : WantedDevice()).toStdU16String();
+}
+
 void QtSerialPort::NameDevice(int number, Text device) {
     const QString name = QString::fromStdU16String(device);
     devices_[number] = name;

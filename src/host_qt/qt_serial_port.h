@@ -43,6 +43,7 @@ class QtSerialPort : public SerialPort {
     void SetPortOpen(bool open) override;
     Text LastProblem() const override { return problem_; }
     std::vector<PortDevice> Devices() const override;
+    Text Device() const override;
     void NameDevice(int number, Text device) override;
     void Output(const std::string& bytes) override;
     std::string Input() override;

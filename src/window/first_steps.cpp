@@ -41,14 +41,6 @@ QPixmap RingOf(int number, bool isDone, const Tokens& tokens, qreal ratio) {
     return ring;
 }
 
-// The device of the port in use; empty if it has none.
-QString DeviceInUse(const MainForm& form) {
-    for (const PortDevice& port : form.MSComm1.Devices()) {
-        if (port.number == form.MSComm1.CommPort()) return QString::fromStdU16String(port.device);
-    }
-    return {};
-}
-
 }  // namespace
 
 FirstStep::FirstStep(int number, const QString& title, const Theme& theme, QWidget* parent)
@@ -152,7 +144,7 @@ void FirstSteps::Follow() {
 
 // Behind each change of the port or its settings.
 void FirstSteps::FollowPort() {
-    const QString device = DeviceInUse(form_);
+    const QString device = QString::fromStdU16String(form_.MSComm1.Device());
     const QString settings = QString::fromStdU16String(form_.MSComm1.Settings());
     const QString port = u"COM%1"_s.arg(form_.MSComm1.CommPort());
     port_->SetText(device.isEmpty() ? Words::tr("%1：没有找到串口\n插入转换器后再打开列表").arg(port)

@@ -30,13 +30,6 @@ bool IsSame(const Stop& one, const Stop& other) {
            one.detail == other.detail;
 }
 
-QString DeviceOf(const SerialPort& port, int number) {
-    for (const PortDevice& device : port.Devices()) {
-        if (device.number == number) return ToQt(device.device);
-    }
-    return {};
-}
-
 StateMessage Stopped(const QString& text) { return {.head = Words::tr("已停止"), .text = text}; }
 
 StateMessage BehindExchange(const QString& cause, const Stop& stop) {
@@ -81,7 +74,7 @@ void StopLine::FollowPort() {
         port_ = 0;
     } else if (port_ != form_.MSComm1.CommPort()) {
         port_ = form_.MSComm1.CommPort();
-        device_ = DeviceOf(form_.MSComm1, port_);
+        device_ = ToQt(form_.MSComm1.Device());
     }
 }
 

@@ -352,6 +352,19 @@ TEST_F(QtSerialPortTest, NamedDevicesAreOfferedUnderTheirNumbersInOrder) {
     EXPECT_EQ(devices[200], "/dev/b");
 }
 
+TEST_F(QtSerialPortTest, DeviceOfThePortInUseIsTheOneThatWasNamedForIt) {
+    QtSerialPort named({{199, line.Device()}, {200, QStringLiteral("/dev/b")}});
+    named.SetCommPort(200);
+    EXPECT_EQ(ToUtf8(named.Device()), "/dev/b");
+    named.SetCommPort(199);
+    EXPECT_EQ(ToUtf8(named.Device()), line.Device().toStdString());
+    named.SetPortOpen(true);
+    EXPECT_EQ(ToUtf8(named.Device()), line.Device().toStdString());
+    named.SetPortOpen(false);
+    named.SetCommPort(198);
+    EXPECT_EQ(ToUtf8(named.Device()), "");
+}
+
 }  // namespace
 
 }  // namespace commtest

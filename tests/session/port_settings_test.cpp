@@ -119,6 +119,7 @@ class NotingPort : public SerialPort {
     std::string Input() override { return {}; }
     Text LastProblem() const override { return {}; }
     std::vector<PortDevice> Devices() const override { return {}; }
+    Text Device() const override { return {}; }
     void NameDevice(int, Text) override {}
 };
 

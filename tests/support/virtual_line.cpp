@@ -91,6 +91,12 @@ void VirtualLine::Stopped(Timer& timer) {
     }
 }
 
+Text VirtualLine::Device() const {
+    const auto inUse = std::find_if(Ports.begin(), Ports.end(),
+                                    [&](const PortDevice& each) { return each.number == commPort_; });
+    return inUse == Ports.end() ? Text() : inUse->device;
+}
+
 void VirtualLine::Output(const std::string& bytes) {
     ++frameCount_;
     if (KeepsFrames) frames_.push_back({now_, bytes, settings_, commPort_});

@@ -70,6 +70,7 @@ class VirtualLine : public TimerDriver, public SerialPort, public Clock {
     std::string Input() override { return std::exchange(waiting_, {}); }
     Text LastProblem() const override { return Occupied ? Problem : Text(); }
     std::vector<PortDevice> Devices() const override { return Ports; }
+    Text Device() const override;
     void NameDevice(int number, Text device) override { Ports.push_back({number, std::move(device)}); }
     DateTime Now() const override;
     void Sleep(std::int32_t milliseconds) override { now_ += milliseconds; }
