@@ -1966,5 +1966,9 @@ Plug in an adapter and open the list again</translation>
         <source>目录是较新的程序建立的，本程序只能读取它，请升级程序</source>
         <translation>The catalogue was made by a newer program, this one can only read it, please upgrade the program</translation>
     </message>
+    <message>
+        <source>不是仪表通讯数据库，未作任何改动（%1）</source>
+        <translation>It is no instrument catalogue, nothing was changed (%1)</translation>
+    </message>
 </context>
 </TS>

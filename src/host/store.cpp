@@ -44,7 +44,7 @@ void RequireTables(Store& store, const std::vector<Text>& tables) {
         } catch (const LostStore&) {
             throw;
         } catch (const RuntimeError& error) {
-            throw RuntimeError::OfStore(u"不是仪表通讯数据库，未作任何改动（" + error.Message() + u"）");
+            throw NoCatalogue(error.Message());
         }
     }
 }

@@ -66,6 +66,13 @@ class LostStore : public RuntimeError {
     explicit LostStore(Text words) : RuntimeError(RuntimeError::OfStore(std::move(words))) {}
 };
 
+// A store that lacks a table which it must hold, with the engine's text; from an opening with the program's
+// words.
+class NoCatalogue : public RuntimeError {
+  public:
+    explicit NoCatalogue(Text words) : RuntimeError(RuntimeError::OfStore(std::move(words))) {}
+};
+
 // How long a call to a server is waited for; a file is always waited for.
 enum class Patience {
     Usual,      // 1 s
@@ -145,8 +152,8 @@ class SameAnswersScope {
     bool former_;
 };
 
-// Runs one statement on each of the tables. A store that lacks one of them raises the store's run-time error,
-// which says that this is no catalogue and holds the engine's text; a DamagedStore and a LostStore pass.
+// Runs one statement on each of the tables. A store that lacks one of them raises NoCatalogue; a DamagedStore
+// and a LostStore pass.
 void RequireTables(Store& store, const std::vector<Text>& tables);
 
 // False where it lacks one; a LostStore passes. Asked not within a transaction: a server ends one over it.

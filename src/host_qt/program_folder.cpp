@@ -54,7 +54,7 @@ class DraftFile {
   private:
     [[noreturn]] void Raise(const QString& path) const {
         const QString reason = ReasonOfFailure(PathUse::Writing, path, errno);
-        throw RuntimeError::OfStore((path + QStringLiteral("：") + reason).toStdU16String());
+        throw RuntimeError::OfStore(Words::tr("%1：%2").arg(path, reason).toStdU16String());
     }
 
     QFile file_;

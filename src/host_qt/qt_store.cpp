@@ -65,6 +65,11 @@ Text WordsAt(const Text& file, const Text& words) {
         .toStdU16String();
 }
 
+Text WordsOnNoCatalogue(const NoCatalogue& error) {
+    const QString engineText = QString::fromStdU16String(error.Message());
+    return Words::tr("不是仪表通讯数据库，未作任何改动（%1）").arg(engineText).toStdU16String();
+}
+
 [[noreturn]] void Raise(const QSqlError& error, const StoreSource& source) {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     const FileResult result = source.engine == StoreEngine::Sqlite ? FileResultOf(error) : FileResult::None;
@@ -169,6 +174,10 @@ void QtStore::Open(const StoreAddress& address) {
     } catch (const DamagedStore& error) {
         Close();
         throw DamagedStore(WordsAt(address.location, error.Message()));
+    } catch (const NoCatalogue& error) {
+        Close();
+        const Text words = WordsOnNoCatalogue(error);
+        throw NoCatalogue(isFile ? WordsAt(address.location, words) : words);
     } catch (const RuntimeError& error) {
         Close();
         // The string of a server holds its password and is never shown.

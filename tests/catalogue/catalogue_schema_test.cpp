@@ -28,9 +28,8 @@ TEST(CatalogueTables, AStoreThatLacksAnyOfThemIsRefusedByItsName) {
         try {
             RequireTables(*store, {table});
             FAIL() << ToUtf8(table);
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(ToUtf8(error.Message()),
-                      "不是仪表通讯数据库，未作任何改动（no such table: " + ToUtf8(table) + "）");
+        } catch (const NoCatalogue& error) {
+            EXPECT_EQ(ToUtf8(error.Message()), "no such table: " + ToUtf8(table));
         }
     }
 }

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "host_qt/catalogue_store.h"
 #include "host_qt/path_problem.h"
 #include "session/events.h"
 #include "window/error_words.h"
@@ -117,6 +119,23 @@ TEST_F(EnglishWords, CountsAgreeWithTheirNouns) {
 
 TEST_F(EnglishWords, ProblemOfAPath) {
     EXPECT_EQ(ObstacleTo(PathUse::Writing, "/nowhere/file").toStdString(), "There is no folder /nowhere");
+}
+
+TEST_F(EnglishWords, FileThatIsNoCatalogue) {
+    QFile file(folder.filePath("letter"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("letters of a friend");
+    file.close();
+    CatalogueStore store;
+    try {
+        store.Open({StoreAddress::Kind::LocalFile, file.fileName().toStdU16String(), {u"仪表_名称"}});
+        ADD_FAILURE() << "taken";
+    } catch (const NoCatalogue& error) {
+        EXPECT_EQ(ToUtf8(error.Message()),
+                  file.fileName().toStdString() +
+                      ": It is no instrument catalogue, nothing was changed (file is "
+                      "not a database)");
+    }
 }
 
 }  // namespace
