@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <vector>
+
 #include "catalogue/recordings.h"
 #include "cli/catalogue_access.h"
 #include "cli/poll_run.h"
@@ -21,7 +24,7 @@ OptionList ReplayOptionList() {
         kFolderOption,
         kServerOption,
         kServerSettingsOption,
-        {u"instrument", u"名称", u"演示数据的仪表，见 recordings list"},
+        {u"instrument", u"名称", u"演示数据的仪表，名称的一部分即可，见 recordings list"},
         kNoteOption,
         {u"speed", u"1|N|max", u"倍速: 间隔为 1000 毫秒除以 N，max 时没有间隔", u"1"},
         {u"show", u"ascii|hex", u"记录中数据串的显示方式，默认随协议"},
@@ -41,15 +44,32 @@ int IntervalOf(const Arguments& arguments) {
     return kInterval / speed;
 }
 
+std::vector<RecordingSummary> ToBePlayed(std::vector<RecordingSummary> recordings) {
+    std::erase_if(recordings, [](const RecordingSummary& one) { return one.deleted == one.exchanges; });
+    return recordings;
+}
+
+// The recording of that instrument, or of the only one whose name has the word as a part.
+RecordingSummary RecordingMeant(const Recordings& recordings, const Text& word, const Text& note) {
+    const std::vector<RecordingSummary> exact = ToBePlayed(recordings.Of(word, note));
+    if (!exact.empty()) return exact.front();
+    std::vector<RecordingSummary> fitting = ToBePlayed(recordings.OfNote(note));
+    std::erase_if(fitting, [&](const RecordingSummary& one) { return !Contains(one.instrument, word); });
+    if (fitting.empty()) throw NoRecording(word, note);
+    std::vector<Text> names;
+    for (const RecordingSummary& one : fitting) names.push_back(one.instrument);
+    const Text meant = InstrumentMeant(word, names);
+    return *std::find_if(fitting.begin(), fitting.end(),
+                         [&](const RecordingSummary& one) { return one.instrument == meant; });
+}
+
 // A server that does not answer is asked once.
-Text ProtocolOfRecording(LineOptions& options, const Text& note, Console& console) {
-    const Text& instrument = options.instrument;
+void ChooseRecording(LineOptions& options, const Text& note, Console& console) {
     CatalogueStore store;
     options.catalogue = OpenCatalogueOf(FolderFiles(options.folder), store, options.catalogue, console);
-    for (const RecordingSummary& one : Recordings(store).Of(instrument, note)) {
-        if (one.deleted < one.exchanges) return one.protocol;
-    }
-    throw NoRecording(instrument, note);
+    const RecordingSummary meant = RecordingMeant(Recordings(store), options.instrument, note);
+    options.instrument = meant.instrument;
+    options.protocol = meant.protocol;
 }
 
 ExitStatus Replay(const Arguments& arguments, Console& console) {
@@ -63,7 +83,7 @@ ExitStatus Replay(const Arguments& arguments, Console& console) {
     const RunOptions run = RunOptionsOf(arguments);
     options.folder = ProgramFolderOf(arguments, console);
     options.catalogue = CataloguePlaceOf(arguments, CatalogueUse::Reading);
-    options.protocol = ProtocolOfRecording(options, note, console);
+    ChooseRecording(options, note, console);
     options.address = u"1";
     options.settings = u"9600,N,8,1";
     options.port = u"COM1";  // the session wants one, and nothing opens it

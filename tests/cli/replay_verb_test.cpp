@@ -83,6 +83,22 @@ TEST_F(ReplayVerb, RecordingThatIsDeletedIsNotPlayed) {
                           "commtest-cli recordings list"));
 }
 
+TEST_F(ReplayVerb, PartOfTheNameIsEnoughWhereOneRecordingHasIt) {
+    const QStringList play = {"replay",      "--instrument", "D10", "--note",      "bench", "--folder",
+                              folder.path(), "--speed",      "max", "--exchanges", "1"};
+    Outcome outcome = RunCommand(play);
+    EXPECT_EQ(outcome.problems, "");
+    EXPECT_THAT(outcome.results, HasSubstr("第 1 次, 向 HX-D10智能数字显示控制仪 发送: @01RD17\\0D   收到"));
+    Recordings(store).Add(
+        {{u"HX-D10B", u"TQ仪表协议", u"BENCH", u"11000101", u"2024-05-06", u"6", u" 40", u" 41"},
+         {u"HX-D10C", u"TQ仪表协议", u"OTHER", u"11000101", u"2024-05-06", u"6", u" 40", u" 41"}});
+    outcome = RunCommand(play);
+    EXPECT_TRUE(
+        IsProblem(outcome, 2, "名称中有 \"D10\" 的仪表有 2 种: HX-D10B、HX-D10智能数字显示控制仪。请写全"));
+    Recordings(store).SetValid(u"HX-D10B", u"BENCH", false);
+    EXPECT_EQ(RunCommand(play).status, 0) << "a deleted one is not meant";
+}
+
 TEST_F(ReplayVerb, InstrumentThatTheCatalogueDoesNotKnowIsTold) {
     Recordings(store).Rename(kIndicator.toStdU16String(), u"x");
     EXPECT_TRUE(
