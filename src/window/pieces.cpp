@@ -78,6 +78,13 @@ QPushButton* MakeLineAction(const QString& text) {
     return action;
 }
 
+QHBoxLayout* MakeMarkAligned(QWidget* widget) {
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(kFocusRoom, 0, 0, 0);
+    line->addWidget(widget);
+    return line;
+}
+
 QWidget* MakeCaptioned(const QString& caption, QWidget* field) {
     auto* piece = new QWidget;
     auto* layout = new QVBoxLayout(piece);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPalette>
 #include <QPushButton>
@@ -8,6 +9,7 @@
 
 #include "runtime/number.h"
 #include "runtime/text.h"
+#include "window/style_options.h"
 
 // Small pieces that the pages are put together of.
 namespace commtest {
@@ -28,6 +30,10 @@ void ShowAsFailure(QLabel& label, bool isFailure, QPalette::ColorRole otherwise)
 
 // A line of one pixel; `length` 0 takes what there is.
 QFrame* MakeHairline(Qt::Orientation orientation, int length = 0);
+
+// Where options stand in a column with other widgets, those are moved, so that the marks stand under them:
+// the frame of the focus reaches into the column's margin, which is less by kFocusRoom.
+QHBoxLayout* MakeMarkAligned(QWidget* widget);
 
 // The head of a group: a line as high as the design has it, whatever the font.
 QLabel* MakeTitle(const QString& text);

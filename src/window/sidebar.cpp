@@ -57,12 +57,12 @@ Sidebar::Sidebar(Binder& binder, NoteBar& notes, QWidget* parent) : QScrollArea(
     setFocusPolicy(Qt::NoFocus);
     auto* contents = new QWidget;
     auto* layout = new QVBoxLayout(contents);
-    layout->setContentsMargins(12, 8, 12, 8);
+    layout->setContentsMargins(12 - kFocusRoom, 8, 12, 8);
     layout->setSpacing(8);
-    layout->addWidget(MakeFields(binder, notes));
-    layout->addWidget(MakeHairline(Qt::Horizontal));
+    layout->addLayout(MakeMarkAligned(MakeFields(binder, notes)));
+    layout->addLayout(MakeMarkAligned(MakeHairline(Qt::Horizontal)));
     layout->addWidget(MakeOptions(binder));
-    layout->addWidget(MakeHairline(Qt::Horizontal));
+    layout->addLayout(MakeMarkAligned(MakeHairline(Qt::Horizontal)));
     layout->addWidget(MakeAdvanced(binder));
     layout->addStretch(1);
     setWidget(contents);
@@ -153,7 +153,7 @@ QWidget* Sidebar::MakeAdvanced(Binder& binder) {
     const int columns = face.layout.tickColumns;
     for (int column = 0; column < columns; ++column) layout->setColumnStretch(column, 1);
     auto* title = new QHBoxLayout;
-    title->setContentsMargins(0, 0, 0, 8 - kGapOfTicks);
+    title->setContentsMargins(kFocusRoom, 0, 0, 8 - kGapOfTicks);
     title->setSpacing(4);
     title->addWidget(MakeTitle(ToQt(captions.advancedSettings)));
     title->addWidget(MakeCaption(face.behindAdvancedSettings.toString()));

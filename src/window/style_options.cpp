@@ -12,7 +12,7 @@ constexpr int kTickRadius = 3;
 constexpr int kTickSize = 12;
 constexpr int kRing = 4;  // of an option that is chosen
 
-int PaddingOf(Look look) { return kFocusWidth + (look == Look::Tight ? 1 : 2); }
+int PaddingOf(Look look) { return look == Look::Tight ? kFocusWidth + 1 : kFocusRoom; }
 
 QColor EdgeOf(QStyle::State state, const QColor& other, const Tokens& tokens) {
     if (!Has(state, QStyle::State_Enabled)) return tokens.line;

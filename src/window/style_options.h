@@ -10,6 +10,7 @@
 namespace commtest {
 
 constexpr int kMarkSize = 14;
+constexpr int kFocusRoom = 4;  // left of the mark and right of the words, for the frame of the focus
 
 QSize SizeOfOption(Look look, QSize words);
 QRect MarkOfOption(const QRect& option, Look look);

@@ -101,17 +101,17 @@ ToolWindow::ToolWindow(MainForm& form, DataTools& tools, const Theme& theme, QSe
 QWidget* ToolWindow::MakeChoices() {
     auto* choices = new QWidget;
     auto* column = MakeColumn(choices, 8);
-    column->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
-    column->addWidget(MakeTitle(Words::tr("转换方式")));
+    column->setContentsMargins(kEdge - kFocusRoom, kEdge, kEdge, kEdge);
+    column->addLayout(MakeMarkAligned(MakeTitle(Words::tr("转换方式"))));
     column->addWidget(MakeModes());
-    column->addWidget(MakeHairline(Qt::Horizontal));
-    column->addWidget(MakeTitle(Words::tr("通讯协议")));
+    column->addLayout(MakeMarkAligned(MakeHairline(Qt::Horizontal)));
+    column->addLayout(MakeMarkAligned(MakeTitle(Words::tr("通讯协议"))));
     column->addWidget(MakeProtocols());
     auto* instruments = new QComboBox;
     Bind(binder_, tools_.ConMeterList, *instruments);
-    column->addWidget(MakeCaptioned(u"仪表名称"_s, instruments));
+    column->addLayout(MakeMarkAligned(MakeCaptioned(u"仪表名称"_s, instruments)));
     column->addStretch(1);
-    column->addWidget(MakeHints());
+    column->addLayout(MakeMarkAligned(MakeHints()));
     auto* scroll = new QScrollArea(this);
     scroll->setFixedWidth(kChoicesWidth);
     scroll->setFrameShape(QFrame::NoFrame);

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "window/note_bar.h"
+#include "window/option_mark.h"
 #include "window/text_spin_box.h"
 #include "window/view_bench.h"
 
@@ -64,6 +65,13 @@ TEST_F(SidebarTest, AddressOfTheUserIsComposedAtOnce) {
     EXPECT_EQ(ToUtf8(Form().ConMeterAddr.Value()), "17");
     QTest::keyClick(address, Qt::Key_Up);
     EXPECT_EQ(ToUtf8(Form().ConMeterAddr.Value()), "18");
+}
+
+TEST_F(SidebarTest, MarksOfOptionsAndBoxesStandUnderTheFields) {
+    const int edge = Named<QComboBox>("名称")->mapTo(&sidebar, QPoint()).x();
+    EXPECT_EQ(edge, 12);
+    EXPECT_EQ(LeftOfMark(*Options()[0], sidebar), edge);
+    EXPECT_EQ(LeftOfMark(*Box("任意长度"), sidebar), edge);
 }
 
 TEST_F(SidebarTest, OptionStandsForEachProtocolOfTheCatalogue) {

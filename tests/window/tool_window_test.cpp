@@ -14,6 +14,7 @@
 
 #include "commands/toolbar_commands.h"
 #include "window/look.h"
+#include "window/option_mark.h"
 #include "window/view_bench.h"
 #include "window/widget_search.h"
 
@@ -97,6 +98,13 @@ TEST_F(ToolWindowTest, FieldsHaveTheirCaptions) {
     }
     EXPECT_EQ(Field("数据整理").toolTip().toStdString(), "自动将输入数据转换成标准\\统一的写法");
     EXPECT_EQ(FindNamed<QComboBox>(*window, "仪表名称")->count(), 0);
+}
+
+TEST_F(ToolWindowTest, MarksOfOptionsStandUnderTheFields) {
+    const int edge = FindNamed<QComboBox>(*window, "仪表名称")->mapTo(window.get(), QPoint()).x();
+    EXPECT_EQ(edge, 16);
+    EXPECT_EQ(LeftOfMark(Button("数值->自定义浮点数"), *window), edge);
+    EXPECT_EQ(LeftOfMark(Button("TQ仪表协议"), *window), edge);
 }
 
 TEST_F(ToolWindowTest, HintsStandInTheWindow) {
