@@ -104,7 +104,7 @@ char32_t TakeHalves(TextView& rest) {
 }
 
 // The same as TakeUtf8 of UTF-16.
-inline char32_t TakeUtf16(TextView& rest) {
+char32_t TakeUtf16(TextView& rest) {
     const char32_t unit = rest.front();
     if (unit >= 0xD800 && unit < 0xE000) return TakeHalves(rest);
     rest.remove_prefix(1);

@@ -6,8 +6,10 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <QFile>
 #include <map>
 #include <stdexcept>
+#include <vector>
 
 namespace commtest::testing {
 
@@ -15,9 +17,25 @@ namespace {
 
 constexpr int kPatienceMs = 2000;
 
+// Of who has hung up its line and not closed its port yet: the number of the line is free, its lock stands.
+bool IsLocked(const QString& device) {
+    const QString name = QString(device).remove(QStringLiteral("/dev/")).replace(u'/', u'_');
+    return QFile::exists(QStringLiteral("/var/lock/LCK..") + name);
+}
+
 }  // namespace
 
 PseudoTerminal::PseudoTerminal() {
+    Make();
+    std::vector<int> taken;  // by the port of another test
+    while (IsLocked(device_)) {
+        taken.push_back(master_);
+        Make();
+    }
+    for (const int each : taken) close(each);
+}
+
+void PseudoTerminal::Make() {
     int slave = -1;
     char name[64] = {};
     if (openpty(&master_, &slave, name, nullptr, nullptr) != 0)

@@ -24,6 +24,8 @@ class PseudoTerminal {
     void HangUp();
 
   private:
+    void Make();
+
     int master_ = -1;
     QString device_;
 };
