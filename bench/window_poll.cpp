@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kComesToRest = 1000;  // milliseconds
-constexpr int kBetweenLooks = 100;  // milliseconds
+constexpr int kBetweenLooks = 500;  // milliseconds; a look costs, too
 
 double ProcessorSeconds() {
     rusage usage = {};
