@@ -46,7 +46,7 @@ class ScreenReader:
         return self.ask(description=name)
 
     def focus(self):
-        """Name and description of what has the keyboard."""
+        """Name and description of what has the keyboard; empty while nothing has it."""
         return self.ask(focus=True)
 
     def words(self, name):
@@ -62,6 +62,9 @@ class ScreenReader:
 
     def wait_for_focus(self, name, description):
         wait_for(lambda: self.focus() == [name, description], f"{name}: {description}")
+
+    def wait_for_button(self, caption):
+        wait_for(lambda: self.focus()[:1] == [caption], f"the button {caption}")
 
     def wait_for_cell(self, table, row, column, name):
         wait_for(lambda: self.cell(table, row, column) == name, f"cell {row}, {column}: {name}")

@@ -48,7 +48,7 @@ class WindowSearchTest(WindowCase):
 
     def close_the_box(self, desktop, reader, beginning):
         wait_for(lambda: any(words.startswith(beginning) for words in reader.words("CommTest")), beginning)
-        wait_for(lambda: reader.focus()[0] == "确定", "the button")
+        reader.wait_for_button("确定")
         desktop.press("Return")
 
     def take_over(self, desktop, reader):

@@ -78,7 +78,7 @@ class WindowWriteTest(WindowCase):
 
     def close_the_message_of_the_lost_port(self, desktop, reader):
         """The message has the keyboard when its button says so; a key before that would be lost."""
-        wait_for(lambda: reader.focus()[0] == "确定", "the message")
+        reader.wait_for_button("确定")
         self.assertIn("串口已断开,通讯停止！", reader.words("CommTest"))
         self.adapter.unlink(missing_ok=True)
         desktop.press("Return")
