@@ -25,6 +25,8 @@ class ScreenReader:
         # The bindings belong to the interpreter of the system.
         self.listener = subprocess.Popen(["/usr/bin/python3", LISTENER], env=desktop.environment, encoding="utf-8",
                                          stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        # An answer tells that it listens: a program that starts beside it may never hear of it.
+        self.focus()
 
     def __enter__(self):
         return self
