@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -11,6 +12,7 @@
 #include <QStandardPaths>
 #include <QUuid>
 #include <cerrno>
+#include <cstdio>
 
 #include "host/file_names.h"
 #include "host_qt/path_problem.h"
@@ -27,13 +29,8 @@ namespace {
 // A new and empty file beside the one that it is to become; gone at the end unless it became that.
 class DraftFile {
   public:
-    explicit DraftFile(const QString& path)
-        : file_(path + u'.' + QUuid::createUuid().toString(QUuid::Id128)) {
-        errno = 0;
-        if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly)) Raise(path);
-        lock_ = dup(file_.handle());
-        flock(lock_, LOCK_EX);
-        file_.close();
+    explicit DraftFile(const QString& path) {
+        while (!Make(path)) close(lock_);
     }
     DraftFile(const DraftFile&) = delete;
     DraftFile& operator=(const DraftFile&) = delete;
@@ -46,12 +43,35 @@ class DraftFile {
 
     // Takes the name for good; an existing file is never replaced. False if another program was quicker.
     bool Publish(const QString& path) {
-        published_ = file_.rename(path);
+        published_ = TakeName(path);
         if (!published_ && !QFile::exists(path)) Raise(path);
         return published_;
     }
 
   private:
+    // False if another program took it for abandoned before it was locked, and has removed it.
+    bool Make(const QString& path) {
+        file_.setFileName(path + u'.' + QUuid::createUuid().toString(QUuid::Id128));
+        errno = 0;
+        if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly)) Raise(path);
+        lock_ = dup(file_.handle());
+        flock(lock_, LOCK_EX);
+        file_.close();
+        struct stat state = {};
+        return fstat(lock_, &state) == 0 && state.st_nlink > 0;
+    }
+
+    // In one step, so that of two programs one is the quicker.
+    bool TakeName(const QString& path) {
+        const QByteArray from = QFile::encodeName(file_.fileName());
+        const QByteArray to = QFile::encodeName(path);
+        errno = 0;
+        if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+            return true;
+        const bool isUnknownToTheFileSystem = errno == EINVAL;
+        return isUnknownToTheFileSystem && file_.rename(path);
+    }
+
     [[noreturn]] void Raise(const QString& path) const {
         const QString reason = ReasonOfFailure(PathUse::Writing, path, errno);
         throw RuntimeError::OfStore(Words::tr("%1：%2").arg(path, reason).toStdU16String());
@@ -62,13 +82,13 @@ class DraftFile {
     bool published_ = false;
 };
 
-// Nobody writes a file any more whose lock can be had.
-bool IsAbandoned(const QString& path) {
-    const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return false;
-    const bool isAbandoned = flock(file, LOCK_EX | LOCK_NB) == 0;
-    close(file);
-    return isAbandoned;
+// Removes a file of a draft's that nobody writes any more: the lock of the draft can be had. It is held
+// meanwhile, so that who has just made the draft and waits for its lock finds it gone.
+void RemoveIfAbandoned(const QString& file, const QString& draft) {
+    const int lock = open(QFile::encodeName(draft).constData(), O_RDONLY | O_CLOEXEC);
+    const bool isAbandoned = lock < 0 ? !QFile::exists(draft) : flock(lock, LOCK_EX | LOCK_NB) == 0;
+    if (isAbandoned) QFile::remove(file);
+    if (lock >= 0) close(lock);
 }
 
 // What a program left that was killed over it: the draft, and the journal of its catalogue.
@@ -77,8 +97,7 @@ void ClearAbandonedDrafts(const QDir& folder, const QString& name) {
     for (const QString& file : folder.entryList({name + QStringLiteral(".*")}, QDir::Files | QDir::Hidden)) {
         const QRegularExpressionMatch draft = kDraft.match(file);
         if (!draft.hasMatch()) continue;
-        const QString owner = folder.filePath(file.chopped(draft.capturedLength(1)));
-        if (!QFile::exists(owner) || IsAbandoned(owner)) QFile::remove(folder.filePath(file));
+        RemoveIfAbandoned(folder.filePath(file), folder.filePath(file.chopped(draft.capturedLength(1))));
     }
 }
 

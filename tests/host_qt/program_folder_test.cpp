@@ -7,6 +7,10 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <atomic>
+#include <barrier>
+#include <thread>
+#include <vector>
 
 #include "catalogue/shipped_catalogue.h"
 #include "runtime/runtime_error.h"
@@ -121,6 +125,31 @@ TEST_F(ProgramFolderTest, DraftOfAProgramThatStillWritesStays) {
     });
     EXPECT_THAT(Content(),
                 UnorderedElementsAre("通讯数据.mdb", "使用说明.ini", "参数地址表.xls", "自动保存通讯记录"));
+}
+
+TEST_F(ProgramFolderTest, FirstCallsAtOnceAllSucceedAndMakeOneCatalogue) {
+    constexpr int kRounds = 60;
+    constexpr int kCallers = 8;
+    for (int round = 0; round < kRounds; ++round) {
+        const Text folder = outer.filePath(QStringLiteral("round%1").arg(round)).toStdU16String();
+        std::atomic<int> made = 0;
+        std::atomic<int> failed = 0;
+        std::barrier start(kCallers);
+        std::vector<std::jthread> callers;
+        for (int caller = 0; caller < kCallers; ++caller) {
+            callers.emplace_back([&] {
+                start.arrive_and_wait();
+                try {
+                    if (CreateProgramFolder(folder, [](Store&) {})) ++made;
+                } catch (const RuntimeError&) {
+                    ++failed;
+                }
+            });
+        }
+        callers.clear();
+        ASSERT_EQ(failed, 0) << "round " << round;
+        ASSERT_EQ(made, 1) << "round " << round;
+    }
 }
 
 TEST_F(ProgramFolderTest, AFolderThatCannotBeMadeIsPathNotFound) {
