@@ -22,10 +22,7 @@ constexpr std::array<Range, 5> kControls = {
     {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}}};
 constexpr char16_t kByteOrderMark = 0xFEFF;
 
-// False of nearly all units, at a glance.
-bool MayBeControl(char16_t unit) {
-    return unit < u' ' || (unit > u'~' && unit <= kControls.back().last) || unit == kByteOrderMark;
-}
+bool IsPlainAscii(char16_t unit) { return unit >= u' ' && unit <= u'~'; }
 
 Text Escaped(char16_t unit) {
     Text digits = HexOf(static_cast<double>(unit));
@@ -56,8 +53,8 @@ void WalkCharacters(TextView text, Takes takes) {
 }  // namespace
 
 bool IsControl(char16_t unit) {
-    return unit == kByteOrderMark ||
-           std::any_of(kControls.begin(), kControls.end(),
+    if (IsPlainAscii(unit) || unit > kControls.back().last) return unit == kByteOrderMark;
+    return std::any_of(kControls.begin(), kControls.end(),
                        [unit](const Range& range) { return unit >= range.first && unit <= range.last; });
 }
 
@@ -67,7 +64,7 @@ std::string PrintableText(TextView text) {
     printable.reserve(kMostBytes * text.size());
     while (!text.empty()) {
         const auto control = std::find_if(
-            text.begin(), text.end(), [](char16_t unit) { return MayBeControl(unit) && IsControl(unit); });
+            text.begin(), text.end(), [](char16_t unit) { return !IsPlainAscii(unit) && IsControl(unit); });
         const auto plain = static_cast<std::size_t>(control - text.begin());
         AppendUtf8(printable, text.substr(0, plain));
         text.remove_prefix(plain);

@@ -68,8 +68,8 @@ class DraftFile {
         errno = 0;
         if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
             return true;
-        const bool isUnknownToTheFileSystem = errno == EINVAL;
-        return isUnknownToTheFileSystem && file_.rename(path);
+        const bool isUnknownHere = errno == EINVAL || errno == ENOSYS;  // to the file system, to the kernel
+        return isUnknownHere && file_.rename(path);
     }
 
     [[noreturn]] void Raise(const QString& path) const {

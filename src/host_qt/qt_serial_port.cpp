@@ -134,7 +134,8 @@ QString QtSerialPort::WantedDevice() const {
     const auto named = devices_.find(number_);
     if (named != devices_.end()) return RealDevice(named->second);
     const QList<QSerialPortInfo> ports = MachinePorts();
-    return number_ <= ports.size() ? RealDevice(ports[number_ - 1].systemLocation()) : QString();
+    const bool isThere = number_ >= 1 && number_ <= ports.size();
+    return isThere ? RealDevice(ports[number_ - 1].systemLocation()) : QString();
 }
 
 std::vector<PortDevice> QtSerialPort::Devices() const {

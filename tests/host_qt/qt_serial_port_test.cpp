@@ -21,6 +21,7 @@ namespace {
 using ::testing::EndsWith;
 using testing::MakePortUnderTest;
 using testing::PseudoTerminal;
+using ::testing::StartsWith;
 using namespace std::chrono_literals;
 
 std::string EveryByte() {
@@ -150,6 +151,18 @@ TEST_F(QtSerialPortTest, PortNumberBeyondTheMachinesPortsSaysHowToNameADevice) {
     port.SetPortOpen(true);
     EXPECT_FALSE(port.PortOpen());
     EXPECT_EQ(Problem(), "本机没有第 999 个串口。请接上串口，或指定设备: COM999=设备");
+}
+
+TEST_F(QtSerialPortTest, NumberBelowOneIsNoPort) {
+    for (const std::int16_t number : {std::int16_t{0}, std::int16_t{-1}}) {
+        QtSerialPort none;
+        none.SetCommPort(number);
+        EXPECT_EQ(ToUtf8(none.Device()), "");
+        none.SetPortOpen(true);
+        EXPECT_FALSE(none.PortOpen());
+        EXPECT_THAT(ToUtf8(none.LastProblem()),
+                    StartsWith("本机没有第 " + std::to_string(number) + " 个串口"));
+    }
 }
 
 TEST_F(QtSerialPortTest, FileIsNoSerialPort) {
